@@ -1,0 +1,28 @@
+# What every target is compiled with. Detection compares 32-bit floats with limits, so no option may change how
+# they are rounded: no fast-math, no contraction into fused operations, no extended precision.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+set(CMAKE_CXX_FLAGS_DEV "-O1 -g1" CACHE STRING "Quick to build, asserts on")
+
+add_library(vorelle_options INTERFACE)
+target_compile_options(vorelle_options INTERFACE
+  -ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow=local -Wnon-virtual-dtor -Woverloaded-virtual
+  # Keeps the machine's folders out of released programs.
+  $<$<CONFIG:Release>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)
+if(VORELLE_WERROR)
+  target_compile_options(vorelle_options INTERFACE -Werror)
+endif()
+if(VORELLE_SANITIZE)
+  target_compile_options(vorelle_options INTERFACE -fsanitize=${VORELLE_SANITIZE} -fno-omit-frame-pointer)
+  target_link_options(vorelle_options INTERFACE -fsanitize=${VORELLE_SANITIZE})
+endif()
+
+find_program(VORELLE_CCACHE ccache)
+if(VORELLE_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${VORELLE_CCACHE})
+endif()

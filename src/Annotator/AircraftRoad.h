@@ -1,0 +1,36 @@
+#pragma once
+
+#include "CockpitModel/AircraftCockpit.h"
+#include "CockpitModel/ModelData.h"
+#include "CockpitModel/Panels/PanelSet.h"
+#include "CockpitModel/SceneGraph.h"
+#include "Sim/AircraftInfo.h"
+
+#include <memory>
+
+namespace Annotator {
+
+/// The road of one aircraft, in two operations: the window, the export and the batch tests walk it, each with its own
+/// questions and guards between and around the two.
+
+/// An aircraft with its files found and its panel configuration read; no model yet.
+struct OpenedAircraft {
+    std::unique_ptr<CockpitModel::AircraftCockpit> cockpit;
+    std::unique_ptr<CockpitModel::PanelSet> panels; ///< keeps its address as long as a scene graph points to it
+};
+
+/// A cockpit with its parts' types detected. The scene graph points into the panel set of the opened aircraft.
+struct BuiltAircraft {
+    std::unique_ptr<CockpitModel::ModelData> model;
+    std::shared_ptr<CockpitModel::SceneGraph> sceneGraph;
+};
+
+/// A panel configuration that cannot be read leaves the set empty. A pilot's eye that is no number throws
+/// boost::bad_lexical_cast.
+OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository);
+
+/// Loads the model, makes its scene graph and runs the detection. A model that does not hold together throws
+/// Utils::OutOfRange with its reason.
+BuiltAircraft BuildAircraft(const OpenedAircraft& opened);
+
+} // namespace Annotator

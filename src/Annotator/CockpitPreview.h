@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Annotator/Clickable.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
+#include "CockpitModel/SceneGraph.h"
+#include "Rendering/Stage.h"
+#include "Utils/Timer.h"
+
+#include <boost/signals2/signal.hpp>
+#include <memory>
+
+namespace Annotator {
+
+/// Draws the loaded cockpit part by part, tints each part by what is known of it, marks the selected part with its
+/// motion, and answers clicks with the part under the pointer. User interface thread.
+class CockpitPreview : public Rendering::Stage, public Clickable {
+public:
+    void Render(Rendering::Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection) override;
+    void OnMouseEvent(const CanvasMouseEvent& event) override;
+
+    /// Model and store are not owned and must live until the next call. Null in all three empties the preview.
+    void SetScene(std::shared_ptr<CockpitModel::SceneGraph> scene, CockpitModel::ModelData* source,
+                  const CockpitModel::AnnotationStore* store);
+    /// Restarts the pulse of the selection.
+    void SetSelectedPart(CockpitModel::NodePart* part);
+    void ShowTransparent(bool show) { showTransparent = show; }
+    const CockpitModel::NodePart* HoveredPart() const { return hoveredPart; }
+    /// Lets go of what belongs to the device, while it is current.
+    void ReleaseGpuResources();
+
+    boost::signals2::signal<void(CockpitModel::NodePart*)> partSignal; ///< a click that hit a part
+
+private:
+    bool showTransparent = true;
+    std::unique_ptr<Rendering::GPUBitmap> checkerBitmap;  ///< for parts without a texture
+    std::unique_ptr<Rendering::Geometry> sphereGeometry;  ///< marker shape
+    std::shared_ptr<CockpitModel::SceneGraph> sceneGraph; ///< empty until the first load
+    CockpitModel::NodePart* hoveredPart = nullptr;
+    CockpitModel::NodePart* selectedPart = nullptr;
+    CockpitModel::ModelData* model = nullptr; ///< source of the animation positions
+    const CockpitModel::AnnotationStore* annotationStore = nullptr;
+    Utils::Timer selectionTimer; ///< since the last SetSelectedPart
+    Utils::Timer spinTimer;      ///< since construction
+};
+
+} // namespace Annotator

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "CockpitModel/Touch/TouchTypes.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace CockpitModel {
+
+/// What a person says of one part. Its place in the scene graph is its only identity.
+struct AnnotationRecord {
+    std::int32_t NodeId = -1;
+    std::int32_t PartId = -1;
+    std::optional<TouchInteractionType> InteractionType;     ///< replaces the detected type
+    std::optional<TouchInteractionType> InteractionTypeTest; ///< what detection should find
+    std::optional<TouchEventType> EventType;                 ///< replaces the detected event type
+    bool Reverse = false;
+    std::optional<std::string> Tooltip; ///< replaces the tooltip of the part's rectangle
+
+    bool operator==(const AnnotationRecord&) const = default;
+};
+
+} // namespace CockpitModel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "CockpitModel/Blocks/ModelBlocks.h"
+#include "Utils/LinearAlgebra.h"
+
+#include <string>
+#include <vector>
+
+namespace CockpitModel {
+
+/// One node's animation: tracks of keys in ascending time, which combine by multiplication. Apart from `position` and
+/// `enabled`, which the user interface thread alone touches, it does not change once its scene graph stands.
+struct ModelAnimation {
+    bool enabled = false; ///< set above the primary yoke
+    std::string name;     ///< X-Plane's dataref, or "Dummy Animation"
+    std::vector<std::vector<RiffBlockXANK>> tracks;
+    float position = 0;                ///< times 100 / length, the fraction of the time axis
+    float rangeLow = 0, rangeHigh = 0; ///< the dataref's values at both ends
+    float scale = 1;
+    float length = 0; ///< end of the time axis
+    std::string text;
+};
+
+/// The name of an animation that moves nothing.
+inline constexpr const char* kDummyAnimationName = "Dummy Animation";
+
+/// Multiplies the animation's matrix at a position into m from the left, so that it acts within the frame that m
+/// places: m = A * m for each track in order. A track of fewer than two keys throws OutOfRange.
+void ApplyAnimation(const ModelAnimation& animation, Utils::Matrix4& m, float position);
+
+} // namespace CockpitModel

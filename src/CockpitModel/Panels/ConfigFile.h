@@ -1,0 +1,30 @@
+#pragma once
+
+#include <istream>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace CockpitModel {
+
+/// A text of named sections, each a table from key to value. A line that fits no rule is skipped in silence.
+class ConfigFile {
+public:
+    using Table = std::map<std::string, std::string>;
+
+    /// With `caseSensitive` false, section names and keys are kept and looked up in lower case; values never are.
+    ConfigFile(std::istream& stream, bool caseSensitive);
+
+    std::optional<std::string> Get(const std::string& section, const std::string& key) const;
+    /// A copy of the section's table, empty if there is no such section.
+    Table Section(const std::string& section) const;
+    const std::map<std::string, Table>& Sections() const { return sections; }
+
+private:
+    std::string Folded(std::string name) const;
+
+    std::map<std::string, Table> sections;
+    bool caseSensitive;
+};
+
+} // namespace CockpitModel

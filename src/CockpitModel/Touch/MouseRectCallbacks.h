@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <ostream>
+#include <string>
+
+namespace CockpitModel {
+
+struct MouseRect;
+
+/// What happens when a rectangle takes a mouse event. Released through the shared pointer that made it.
+class MouseRectCallbackEvent {
+public:
+    virtual void Dump(std::ostream& stream, const std::string& prefix) const = 0;
+
+protected:
+    ~MouseRectCallbackEvent() = default;
+};
+
+/// What happens while a hand or the mouse drags a rectangle. Released through the shared pointer that made it.
+class MouseRectCallbackVariable {
+public:
+    virtual void Dump(std::ostream& stream, const std::string& prefix) const = 0;
+
+protected:
+    ~MouseRectCallbackVariable() = default;
+};
+
+/// Runs code in the simulator's gauge expression language.
+class CallbackCode final : public MouseRectCallbackEvent {
+public:
+    void Dump(std::ostream& stream, const std::string& prefix) const override;
+
+    std::string Code;
+};
+
+/// Sends a numbered simulator event.
+class CallbackEventID final : public MouseRectCallbackEvent {
+public:
+    void Dump(std::ostream& stream, const std::string& prefix) const override;
+
+    std::uint32_t EventID = 0;
+};
+
+/// The mouse function of a compiled gauge: it takes an argument block and a mouse flag.
+using GaugeMouseFunction = void (*)(void* arguments, std::uint32_t mouseFlag);
+
+/// Calls a function of a compiled gauge; the meaning of the arguments lies in that gauge.
+class CallbackFSFunc final : public MouseRectCallbackEvent {
+public:
+    void Dump(std::ostream& stream, const std::string& prefix) const override;
+
+    GaugeMouseFunction Func = nullptr;
+    std::uint64_t ArgumentA = 0, ArgumentB = 0;
+};
+
+/// Flips an X-Plane dataref between two values.
+class CallbackXPToggle final : public MouseRectCallbackEvent {
+public:
+    CallbackXPToggle(std::string var, float valA, float valB) : Var(std::move(var)), ValA(valA), ValB(valB) {}
+    void Dump(std::ostream& stream, const std::string& prefix) const override;
+
+    std::string Var;
+    float ValA, ValB;
+};
+
+/// Sets a simulator variable in percent.
+class CallbackDraggingCode final : public MouseRectCallbackVariable {
+public:
+    void Dump(std::ostream& stream, const std::string& prefix) const override;
+
+    std::string Code; ///< name of the variable
+};
+
+/// Turns a drag into steps of one of two event callbacks.
+class CallbackJumpDragging final : public MouseRectCallbackVariable {
+public:
+    void Dump(std::ostream& stream, const std::string& prefix) const override;
+
+    std::int32_t XDelta = 0, YDelta = 0;
+    bool TwoCallbacks = false;
+    std::shared_ptr<MouseRectCallbackEvent> PositiveCallback, NegativeCallback;
+};
+
+/// Moves an X-Plane dataref through a range.
+class CallbackXPVariable final : public MouseRectCallbackVariable {
+public:
+    CallbackXPVariable(std::string var, float min, float max) : Var(std::move(var)), Min(min), Max(max) {}
+    void Dump(std::ostream& stream, const std::string& prefix) const override;
+
+    std::string Var;
+    float Min, Max;
+};
+
+} // namespace CockpitModel

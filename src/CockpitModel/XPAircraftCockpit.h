@@ -1,0 +1,23 @@
+#pragma once
+
+#include "CockpitModel/AircraftCockpit.h"
+
+namespace Sim {
+struct AircraftInfo;
+}
+
+namespace CockpitModel {
+
+/// The cockpit of an X-Plane aircraft: `<name>_cockpit.obj` beside `<name>.acf`.
+struct XPAircraftCockpit final : AircraftCockpit {
+    /// Reads the pilot's eye from the .acf. A value of it that is no number throws boost::bad_lexical_cast.
+    explicit XPAircraftCockpit(const Sim::AircraftInfo& info);
+
+    bool IsValid() const override { return !cockpitObjPath.empty(); }
+    std::unique_ptr<ModelData> LoadModel() const override;
+
+    std::string aircraftFolder;
+    std::string cockpitObjPath; ///< empty when there is no such file
+};
+
+} // namespace CockpitModel

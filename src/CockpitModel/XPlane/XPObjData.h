@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CockpitModel {
+
+/// For "none" in the unsigned fields below.
+inline constexpr std::uint32_t kXPObjNone = 0xFFFFFFFF;
+
+/// As the file gives it: X-Plane's right-handed axes, metres.
+struct XPObjVertex {
+    float x = 0, y = 0, z = 0;
+    float nx = 0, ny = 0, nz = 0;
+    float u = 0, v = 0;
+};
+
+/// A manipulator that the cockpit model can use.
+struct XPObjManip {
+    std::string dataref;
+    float value1 = 0, value2 = 0;
+};
+
+/// One "TRIS" line with the state in force at it.
+struct XPObjDrawCall {
+    std::uint32_t animNode = 0;
+    std::int32_t offset = 0, count = 0; ///< into XPObjData::indices
+    std::uint32_t texture = kXPObjNone;
+    bool drawEnabled = true;
+    std::optional<XPObjManip> toggle, drag; ///< at most one is set
+    std::uint32_t line = 0;                 ///< its place in the file, from 1
+    std::uint32_t manipLine = 0;            ///< that of the manipulator in force; 0 for none
+};
+
+/// One "ANIM_trans" or "ANIM_rotate": exactly one of the two is set.
+struct XPObjAnimStep {
+    std::optional<std::array<float, 6>> translation; ///< x1 y1 z1 x2 y2 z2
+    std::optional<std::array<float, 5>> rotation;    ///< axis x y z, degrees r1 r2
+    float value1 = 0, value2 = 0;                    ///< the dataref's values at the two ends
+    std::string dataref;
+};
+
+struct XPObjAnimNode {
+    std::uint32_t index = 0;
+    std::uint32_t parent = kXPObjNone;
+    std::vector<XPObjAnimStep> steps;
+    std::vector<std::uint32_t> children;
+};
+
+/// What the cockpit model needs of an X-Plane object.
+struct XPObjData {
+    std::vector<std::string> textures; ///< relative to the aircraft folder; entry 0 is the panel's
+    std::vector<XPObjVertex> vertices;
+    std::vector<std::int32_t> indices;
+    std::vector<XPObjDrawCall> drawCalls;
+    std::vector<XPObjAnimNode> animNodes; ///< entry 0 is the root
+};
+
+} // namespace CockpitModel

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "Rendering/DrawParams.h"
+#include "Rendering/GeometryVertex.h"
+#include "Rendering/MemBitmap.h"
+#include "Utils/LinearAlgebra.h"
+#include "Utils/NonAssignable.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace Rendering {
+
+struct Size {
+    std::uint32_t width = 0, height = 0; ///< pixels
+    bool operator==(const Size&) const = default;
+};
+
+/// A texture on a device, owned by whoever made it. It must not be used after its context has gone.
+class GPUBitmap : public Utils::NonAssignable {
+public:
+    virtual ~GPUBitmap() = default;
+    virtual Rendering::Size Size() const = 0;
+};
+
+/// A triangle list on a device, owned by whoever made it.
+class Geometry : public Utils::NonAssignable {
+public:
+    virtual ~Geometry() = default;
+};
+
+/// A scope in which drawing goes to a bitmap. An implementation's destructor restores unless that was done.
+class RenderToTextureLock : public Utils::NonAssignable {
+public:
+    virtual void Restore() = 0;
+    virtual ~RenderToTextureLock();
+
+protected:
+    bool restored = false;
+};
+
+/// A bitmap that another process can open.
+class SharedGPUBitmap : public Utils::NonAssignable {
+public:
+    virtual ~SharedGPUBitmap() = default;
+    virtual std::unique_ptr<GPUBitmap>& Bitmap() = 0;
+    virtual void* SharedHandle() const = 0;
+};
+
+/// A camera's raw picture with its distortion map, for CreateBitmapFromCameraImage.
+struct CameraImage {
+    Rendering::Size size;
+    std::span<const std::uint8_t> grey; ///< a byte a pixel, row by row
+    Rendering::Size distortionSize;     ///< in texels of two floats
+    std::span<const float> distortion;
+};
+
+/// The graphics device as the logic knows it. Clip space is left-handed with depth from 0 (near) to 1; no face is
+/// culled. A bitmap's row 0 is its picture's top row; texture coordinates have v = 0 at the bottom of the picture, as
+/// X-Plane has them, and each device turns what it must. All operations but DeferRelease belong to the thread that
+/// renders. A failing device call is a fatal error.
+class Context : public Utils::NonAssignable {
+public:
+    virtual ~Context() = default;
+
+    /// True when this context made the object; false for null and for objects of another device.
+    virtual bool IsGeometryValid(const Geometry* geometry) const = 0;
+    virtual bool IsBitmapValid(const GPUBitmap* bitmap) const = 0;
+    virtual std::unique_ptr<GPUBitmap> CreateBitmapFromCameraImage(const CameraImage& image) = 0;
+    virtual std::unique_ptr<GPUBitmap> CreateRenderTarget(Size size, std::uint32_t samples, std::uint32_t quality) = 0;
+    /// The bitmap's bytes are cairo's: blue, green, red, alpha.
+    virtual std::unique_ptr<GPUBitmap> CreateBitmap(const MemBitmap& bitmap) = 0;
+    /// A path that holds ".dds" in any case is read as DDS, every other one as PNG. A PNG that cannot be read gives one
+    /// transparent pixel, a DDS that cannot be read is a fatal error.
+    virtual std::unique_ptr<GPUBitmap> LoadBitmap(const std::string& path) = 0;
+    virtual std::unique_ptr<SharedGPUBitmap> CreateSharedBitmap(Size size) = 0; ///< null on failure
+    virtual std::unique_ptr<RenderToTextureLock> BeginRenderToTexture(GPUBitmap& bitmap, bool keepDepth) = 0;
+    virtual void CopyBitmap(GPUBitmap& target, GPUBitmap& source) = 0; ///< resolves a multisampled source
+    virtual void CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Size origin, Size size) = 0;
+    /// An empty list is the caller's to avoid.
+    virtual std::unique_ptr<Geometry> CreateGeometry(const std::vector<GeometryVertex>& vertices) = 0;
+    virtual void DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
+                              const Geometry& geometry, const GPUBitmap* bitmap,
+                              const std::vector<const GPUBitmap*>* furtherBitmaps,
+                              const GeometryDrawParams& params) = 0;
+    virtual std::uint64_t GetModeFlag() const = 0; ///< as given at construction
+    virtual void DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& projection,
+                            const DrawRectangle& rectangle, GPUBitmap& bitmap, const RectDrawParams& params) = 0;
+
+    /// Any thread may hand over an object of the device; the rendering thread lets go of it in ReleaseDeferred.
+    virtual void DeferRelease(std::shared_ptr<void> object);
+    virtual void ReleaseDeferred();
+
+    using QueuedDraw = std::function<void(Context&, const Utils::Matrix4& view, void* argument)>;
+    /// Puts a draw off until FlushDrawQueue, which calls the farthest from the viewer first (so that blended ones
+    /// cover what lies behind them) and empties the queue. `position` is in world space; draws with `last` set come
+    /// after all others.
+    virtual void QueueDraw(const Utils::Vector3& position, bool last, QueuedDraw draw);
+    virtual void FlushDrawQueue(const Utils::Matrix4& view, void* argument);
+
+    virtual void GenerateMips(GPUBitmap* bitmap);
+    virtual void ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour);
+
+private:
+    struct QueueEntry {
+        Utils::Vector3 position = Utils::Vector3::Zero(); ///< world space; view space once the flush has begun
+        bool last = false;
+        QueuedDraw draw;
+    };
+
+    std::mutex mutex; ///< guards releaseList
+    std::vector<std::shared_ptr<void>> releaseList;
+    std::vector<QueueEntry> drawQueue;
+};
+
+} // namespace Rendering

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Utils/LinearAlgebra.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Rendering {
+
+/// How one geometry is drawn. Colours are red, green, blue from 0 to 1.
+struct GeometryDrawParams {
+    bool blend = false;        ///< alpha blending on
+    bool plainProgram = false; ///< with blend on, stay with the plain program
+    bool depthTest = true;
+    bool depthWrite = true;                        ///< only where depthTest is on
+    Utils::Vector3 firstColour{0.3f, 0.3f, 0.3f};  ///< ambient light on the texture
+    Utils::Vector3 secondColour{0.7f, 0.7f, 0.7f}; ///< directional light on the texture
+    Utils::Vector3 thirdColour{0.0f, 0.0f, 0.0f};
+    Utils::Vector3 fourthColour{0.0f, 0.0f, 0.0f};
+    float opacity = 1.0f;
+    float shaderParam1 = 0.0f;
+    float shaderParam2 = 5.0f;
+    float shaderParam3 = -1.0f;
+    float shaderParam4 = 0.0f;
+    std::string effect; ///< name of a special program; empty means the normal one
+    std::vector<Utils::Matrix4> matrices{4, Utils::Matrix4::Identity()}; ///< fewer than 100
+    bool leftEye = true;     ///< to the left half of the viewport, with the left eye's matrix
+    bool rightEye = true;    ///< to the right half, with the right eye's
+    bool singleView = false; ///< once to the whole viewport, with the left eye's matrix
+};
+
+/// Where a rectangle stands: its centre, its full width and height, and its turn. World space.
+struct DrawRectangle {
+    Utils::Vector3 position = Utils::Vector3::Zero();
+    Utils::Vector2 size{1.0f, 1.0f};
+    Utils::Quaternion rotation = Utils::Quaternion::Identity();
+};
+
+/// How one rectangle is drawn.
+struct RectDrawParams {
+    std::uint32_t mode = 0; ///< 0: both halves; 1: the half of `eye` alone; others: once, to the whole viewport
+    std::uint32_t eye = 0;  ///< 0 left, 1 right
+    bool blend = false;
+    bool dim = false; ///< third parameter of the shader 0.1 instead of 1.0
+    bool depthTest = true;
+    bool depthWrite = true;
+    float param1 = 0.0f, param2 = 0.0f, param3 = 0.0f;
+    Utils::Vector2 textureOrigin{0.0f, 0.0f}; ///< top left
+    Utils::Vector2 textureSize{1.0f, 1.0f};
+    Utils::Vector4 colour{1.0f, 1.0f, 1.0f, 1.0f};
+    std::string effect; ///< empty or "sobel"
+};
+
+} // namespace Rendering

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Rendering/Context.h"
+
+namespace Rendering::Memory {
+
+/// A bitmap that keeps its pixels; red, green, blue, alpha.
+class MemoryBitmap : public GPUBitmap {
+public:
+    MemoryBitmap(const Context* owner, MemBitmap pixels);
+    Rendering::Size Size() const override;
+
+    const Context* const owner;
+    MemBitmap pixels;
+};
+
+/// A geometry that keeps its vertices.
+class MemoryGeometry : public Geometry {
+public:
+    MemoryGeometry(const Context* owner, std::vector<GeometryVertex> vertices);
+
+    const Context* const owner;
+    const std::vector<GeometryVertex> vertices;
+};
+
+/// A device without a picture: it keeps its objects in main memory, and its draws change nothing. Everything but the
+/// picture runs on it.
+class MemoryContext : public Context {
+public:
+    bool IsGeometryValid(const Geometry* geometry) const override;
+    bool IsBitmapValid(const GPUBitmap* bitmap) const override;
+    std::unique_ptr<GPUBitmap> CreateBitmapFromCameraImage(const CameraImage& image) override;
+    std::unique_ptr<GPUBitmap> CreateRenderTarget(Rendering::Size size, std::uint32_t samples,
+                                                  std::uint32_t quality) override;
+    std::unique_ptr<GPUBitmap> CreateBitmap(const MemBitmap& bitmap) override;
+    std::unique_ptr<GPUBitmap> LoadBitmap(const std::string& path) override;
+    std::unique_ptr<SharedGPUBitmap> CreateSharedBitmap(Rendering::Size size) override;
+    std::unique_ptr<RenderToTextureLock> BeginRenderToTexture(GPUBitmap& bitmap, bool keepDepth) override;
+    void CopyBitmap(GPUBitmap& target, GPUBitmap& source) override;
+    void CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Rendering::Size origin, Rendering::Size size) override;
+    std::unique_ptr<Geometry> CreateGeometry(const std::vector<GeometryVertex>& vertices) override;
+    void DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
+                      const Geometry& geometry, const GPUBitmap* bitmap,
+                      const std::vector<const GPUBitmap*>* furtherBitmaps, const GeometryDrawParams& params) override;
+    std::uint64_t GetModeFlag() const override { return 0; }
+    void DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& projection, const DrawRectangle& rectangle,
+                    GPUBitmap& bitmap, const RectDrawParams& params) override;
+};
+
+} // namespace Rendering::Memory

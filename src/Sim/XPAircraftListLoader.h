@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Sim/AircraftListLoader.h"
+
+namespace Sim {
+
+/// Finds the aircraft of the X-Plane installation in the working directory: the first .acf file of each folder
+/// Aircraft/<group>/<aircraft>, in the order in which the file system lists them. A file system error passes through.
+class XPAircraftListLoader final : public AircraftListLoader {
+public:
+    AircraftList LoadAircraftList() override;
+};
+
+} // namespace Sim

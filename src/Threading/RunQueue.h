@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Rendering/Stage.h"
+
+#include <deque>
+#include <functional>
+#include <mutex>
+
+namespace Threading {
+
+/// Work for the head of the next frame. Any thread may post.
+class RunQueue {
+public:
+    void Post(std::function<void()> work);
+    /// Runs what was posted before this call, in order; what the work itself posts waits for the next call. An
+    /// exception passes through and drops the rest.
+    void RunAll();
+
+private:
+    std::mutex mutex; ///< guards items; not held while work runs
+    std::deque<std::function<void()>> items;
+};
+
+/// Drains a queue, which must outlive it, in a frame.
+class RunQueueStage : public Rendering::Stage {
+public:
+    explicit RunQueueStage(RunQueue& runQueue) : queue(&runQueue) {}
+    void Render(Rendering::Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection) override;
+
+private:
+    RunQueue* queue;
+};
+
+} // namespace Threading

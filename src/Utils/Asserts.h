@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Utils/Place.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace Utils {
+
+/// Reports a condition that the program cannot go on from: logs a text that names the place, stops the log and keeps a
+/// copy of it, shows the text in the fatal error dialog and throws a plain std::exception. Any thread may call it.
+/// `file` is the place's path below src with back-slashes (see HERE in Utils/Place.h).
+[[noreturn]] void FatalError(const char* file, std::int32_t line);
+/// The same for a device call that returned a result code.
+[[noreturn]] void FatalError(const char* file, std::int32_t line, std::int32_t result);
+
+/// Shows a text to the person and blocks until it is dismissed. Called on the thread that failed.
+using FatalErrorDialog = std::function<void(const std::string& caption, const std::string& text)>;
+/// Replaces the dialog, which prints to the standard error stream until then, and returns the one before.
+/// Not to be called while a fatal error is under way on another thread.
+FatalErrorDialog SetFatalErrorDialog(FatalErrorDialog dialog);
+
+} // namespace Utils

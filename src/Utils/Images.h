@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Rendering/MemBitmap.h"
+
+#include <cairo.h>
+#include <string>
+
+namespace Utils {
+
+/// Copies the pixels of an ARGB32 image surface, which stays the caller's: blue, green, red, alpha, premultiplied.
+/// A surface without a size, as cairo gives for a file it cannot read, makes one transparent pixel and a log line.
+void FromCairoSurface(Rendering::MemBitmap& target, cairo_surface_t* surface);
+
+} // namespace Utils

@@ -1,0 +1,16 @@
+#pragma once
+
+namespace Utils {
+
+/// Base of classes that stand for a resource: they are neither copied nor assigned.
+class NonAssignable {
+public:
+    NonAssignable(const NonAssignable&) = delete;
+    NonAssignable& operator=(const NonAssignable&) = delete;
+
+protected:
+    NonAssignable() = default;
+    ~NonAssignable() = default;
+};
+
+} // namespace Utils

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <boost/filesystem/path.hpp>
+#include <string>
+
+namespace Utils {
+
+/// The path under which a file system that takes no notice of case would find `path`: the path itself when it exists,
+/// else the one whose components differ only in the case of ASCII letters, for each component the exact name first and
+/// else the first in byte order. Back-slashes count as separators. Empty when there is none.
+boost::filesystem::path FindIgnoringCase(const boost::filesystem::path& path);
+
+/// The user's application data folder: XDG_DATA_HOME, else .local/share of the home. Empty when there is no home.
+boost::filesystem::path UserDataFolder();
+
+/// The name of the folder that holds a file, up to that name's last dot: "A/Big.Jet 1.2/x.acf" gives "Big.Jet 1".
+/// It names an aircraft's annotation and detected-data files.
+std::string FolderStem(const std::string& filePath);
+
+/// The whole file as bytes; empty when it cannot be read.
+std::string ReadFile(const boost::filesystem::path& path);
+
+} // namespace Utils

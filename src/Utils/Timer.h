@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+namespace Utils {
+
+/// Seconds on the high-resolution counter since construction or the last restart.
+class Timer {
+public:
+    Timer();
+    double Elapsed();
+    double ElapsedAndRestart();
+
+private:
+    void Start();
+
+    std::int64_t start = 0;     ///< counter value
+    std::int64_t frequency = 0; ///< counts a second
+    bool started = false;
+    bool valid = false; ///< the counter could be read when the timer started
+};
+
+} // namespace Utils
