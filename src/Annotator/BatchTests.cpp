@@ -78,8 +78,7 @@ std::size_t AircraftTests::Passed() const {
 
 AircraftTestError::AircraftTestError(const Sim::AircraftInfo& info, const std::string& why)
     : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why), displayName(info.displayName),
-      acfPath(info.acfPath), reason(why) {
-}
+      acfPath(info.acfPath), reason(why) {}
 
 std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
     try {
