@@ -19,7 +19,7 @@ struct CanvasPoint {
 class CanvasControl {
 public:
     /// Sets the projection for a client size; a size of zero pixels counts as one.
-    void Resize(CanvasPoint clientSize);
+    void Resize(CanvasPoint newSize);
 
     /// Sets or clears the flag of a key, by the toolkit's code; false for a key without a use.
     bool SetKey(int keyCode, bool down);

@@ -23,8 +23,8 @@ public:
     const std::vector<GeometryVertex> vertices;
 };
 
-/// A device without a picture: it keeps its objects in main memory, and its draws change nothing. Everything but the
-/// picture runs on it.
+/// A device without a picture: it keeps its objects in main memory, clears and copies them, and its draws check their
+/// arguments as the other devices do but change nothing. Everything but the picture runs on it.
 class MemoryContext : public Context {
 public:
     bool IsGeometryValid(const Geometry* geometry) const override;
@@ -45,6 +45,7 @@ public:
     std::uint64_t GetModeFlag() const override { return 0; }
     void DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& projection, const DrawRectangle& rectangle,
                     GPUBitmap& bitmap, const RectDrawParams& params) override;
+    void ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour) override;
 };
 
 } // namespace Rendering::Memory

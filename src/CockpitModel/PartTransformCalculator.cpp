@@ -1,0 +1,63 @@
+#include "CockpitModel/PartTransformCalculator.h"
+
+#include "CockpitModel/Node.h"
+#include "Utils/Asserts.h"
+
+namespace CockpitModel {
+
+namespace {
+
+bool MovesAnything(const ModelAnimation& animation) {
+    return animation.name != "none" && animation.name != kDummyAnimationName;
+}
+
+bool Contains(const std::string& text, const char* word) {
+    return text.find(word) != std::string::npos;
+}
+
+/// The matrix that places a node's space in its parent's, with its animation where it stands now.
+Utils::Matrix4 PlaceInParent(const Node& node) {
+    Utils::Matrix4 m = node.localMatrix;
+    if (node.animation)
+        ApplyAnimation(*node.animation, m, node.animation->position);
+    return m;
+}
+
+} // namespace
+
+PartTransformCalculator::PartTransformCalculator(const NodePart& movedPart, const ModelAnimation& variedAnimation)
+    : part(&movedPart), animation(&variedAnimation) {
+    for (const Node* n = movedPart.node; n; n = n->parent) {
+        if (n->animation == animation) {
+            node = n;
+            return;
+        }
+        prefix = prefix * PlaceInParent(*n);
+    }
+    Utils::FatalError(HERE);
+}
+
+Utils::Matrix4 PartTransformCalculator::TransformAt(float t) const {
+    Utils::Matrix4 m = node->localMatrix * node->parentMatrix;
+    ApplyAnimation(*animation, m, t);
+    return prefix * m;
+}
+
+std::optional<PartTransformCalculator> FindPartTransform(const NodePart& part) {
+    for (const Node* node = part.node; node; node = node->parent)
+        if (node->animation && MovesAnything(*node->animation))
+            return PartTransformCalculator(part, *node->animation);
+    return std::nullopt;
+}
+
+bool IsYokeRollName(const std::string& animationName) {
+    return Contains(animationName, "YOKE X POSITION") ||
+           Contains(animationName, "sim/cockpit2/controls/yoke_roll_ratio");
+}
+
+bool IsYokePitchName(const std::string& animationName) {
+    return Contains(animationName, "YOKE Y POSITION") ||
+           Contains(animationName, "sim/cockpit2/controls/yoke_pitch_ratio");
+}
+
+} // namespace CockpitModel
