@@ -17,12 +17,12 @@ using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
 
 PartTest RunTest(const AnnotationRecord& record, const NodePart& part, const AnnotationStore& store) {
-    PartTest test{.NodeId = record.NodeId, .PartId = record.PartId};
-    test.rectangle = part.Rect() ? part.Rect()->Text : std::string();
-    test.expected = *record.InteractionTypeTest;
-    test.detected = part.InteractionType;
-    test.passed = store.Evaluate(part).testPassed.value_or(false);
-    return test;
+    return {.NodeId = record.NodeId,
+            .PartId = record.PartId,
+            .rectangle = part.Rect() ? part.Rect()->Text : std::string(),
+            .expected = *record.InteractionTypeTest,
+            .detected = part.InteractionType,
+            .passed = store.Evaluate(part).testPassed.value_or(false)};
 }
 
 void RunTests(const SceneGraph& sceneGraph, const AnnotationStore& store, AircraftTests& tests) {
@@ -62,7 +62,9 @@ AircraftTests TestAnnotated(const Sim::AircraftInfo& info, const std::string& an
     AnnotationStore store(sceneGraph);
     store.Read(annotations);
 
-    AircraftTests tests{.displayName = info.displayName, .acfPath = info.acfPath};
+    AircraftTests tests;
+    tests.displayName = info.displayName;
+    tests.acfPath = info.acfPath;
     tests.hasCockpitObject = opened.cockpit->IsValid();
     RunTests(sceneGraph, store, tests);
     tests.unplaced = UnplacedExpectations(annotations, sceneGraph);

@@ -28,6 +28,10 @@ struct PartEvaluation {
 /// "QVRA/Annotations" where "QVRA" is there.
 std::string AnnotationPath(const Sim::AircraftInfo& info);
 
+/// Every record of an annotation file in file order, whether or not a scene has a place for it; a field with an unknown
+/// word stays empty. Empty for a file that is no XML.
+std::vector<AnnotationRecord> ReadAnnotationFile(const std::string& path);
+
 /// The annotations of one loaded cockpit: a slot for each part that the scene graph had when the store was made. The
 /// graph must outlive it. User interface thread only.
 class AnnotationStore {
