@@ -5,7 +5,6 @@
 #include <iomanip>
 #include <iostream>
 #include <sstream>
-#include <string>
 #include <unistd.h>
 
 namespace Batch {
@@ -23,6 +22,10 @@ std::string MinutesAndSeconds(double seconds) {
 }
 
 } // namespace
+
+std::string Counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
 
 Console::Console() : terminal(isatty(STDERR_FILENO) != 0) {}
 

@@ -2,9 +2,13 @@
 
 #include <chrono>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace Batch {
+
+/// "1 test", "2 tests".
+std::string Counted(std::size_t count, const std::string& noun);
 
 /// The standard error stream of a run: messages, each on a line of its own, and on a terminal a progress bar below
 /// them.

@@ -55,8 +55,8 @@ public:
     }
 
     ExitCode Finish(std::size_t aircraft) const {
-        console.Message(std::to_string(files.size()) + " detected-data files in " + folder + ", " +
-                        std::to_string(failed) + " of " + std::to_string(aircraft) + " aircraft failed");
+        console.Message(Counted(files.size(), "detected-data file") + " in " + folder + ", " + std::to_string(failed) +
+                        " of " + std::to_string(aircraft) + " aircraft failed");
         return notWritten ? kNotWritten : failed > 0 ? kAircraftFailed : kDone;
     }
 
@@ -65,7 +65,7 @@ private:
         const std::string name = Annotator::DetectedDataFileName(info);
         const std::string path = (boost::filesystem::path(folder) / name).string();
         if (const auto saved = Utils::SaveFile(path, xml); !saved) {
-            console.Message("cannot write " + path + ": " + saved.error);
+            console.Message(saved.error);
             notWritten = true;
             return;
         }

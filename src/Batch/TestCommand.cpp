@@ -4,6 +4,7 @@
 #include "Batch/Jobs.h"
 #include "Batch/TestReport.h"
 #include "Utils/SaveFile.h"
+#include "Utils/Text.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -47,6 +48,14 @@ std::string TestOne(const Sim::AircraftInfo& info) {
     }
 }
 
+AircraftReport Unloaded(const Sim::AircraftInfo& info, const std::string& reason) {
+    AircraftReport report;
+    report.tests.displayName = Utils::Readable(info.displayName);
+    report.tests.acfPath = Utils::Readable(info.acfPath);
+    report.problems.push_back(Utils::Readable(reason));
+    return report;
+}
+
 TestReport RunTests(const AircraftSelection& aircraft, std::size_t jobs, Console& console) {
     TestReport report;
     console.BeginProgress(aircraft.size());
@@ -55,9 +64,7 @@ TestReport RunTests(const AircraftSelection& aircraft, std::size_t jobs, Console
         [&](const JobResult& result) {
             const Sim::AircraftInfo& info = *aircraft[result.index];
             if (result.failure)
-                report.push_back(
-                    {{.displayName = Utils::Readable(info.displayName), .acfPath = Utils::Readable(info.acfPath)},
-                     {Utils::Readable(*result.failure)}});
+                report.push_back(Unloaded(info, *result.failure));
             else if (!result.output.empty())
                 report.push_back(ParseAircraft(result.output));
             console.Advance();
@@ -81,7 +88,7 @@ bool WriteReports(const TestReport& report, const TestOptions& options, Session&
             continue;
         const std::string path = session.CallersPath(options.files[i]);
         if (const auto saved = Utils::SaveFile(path, kReportForms[i].make(report)); !saved) {
-            session.console.Message("cannot write " + path + ": " + saved.error);
+            session.console.Message(saved.error);
             written = false;
         }
     }
@@ -89,7 +96,7 @@ bool WriteReports(const TestReport& report, const TestOptions& options, Session&
 }
 
 ExitCode Outcome(const TestTotals& totals, const TestOptions& options, Console& console) {
-    console.Message(std::to_string(totals.passed) + " tests passed, " + std::to_string(totals.failed) + " failed");
+    console.Message(Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed");
     if (totals.withProblems > 0)
         return kAircraftFailed;
     if (totals.Tests() > 0)

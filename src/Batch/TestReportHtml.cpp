@@ -1,3 +1,4 @@
+#include "Batch/Console.h"
 #include "Batch/TestReport.h"
 
 #include <array>
@@ -154,11 +155,13 @@ std::string Anchor(const Cell& cell) {
 
 std::string Verdict(const TestTotals& totals) {
     if (totals.failed > 0)
-        return Element("p", std::to_string(totals.failed) + " of " + std::to_string(totals.Tests()) + " tests failed.",
+        return Element("p", std::to_string(totals.failed) + " of " + Counted(totals.Tests(), "test") + " failed.",
                        "class=\"bad\"");
     if (totals.Tests() == 0)
         return Element("p", "There is no test.", "class=\"soft\"");
-    return Element("p", "All " + std::to_string(totals.Tests()) + " tests passed.", "class=\"good\"");
+    return Element(
+        "p", totals.Tests() == 1 ? "The test passed." : "All " + std::to_string(totals.Tests()) + " tests passed.",
+        "class=\"good\"");
 }
 
 std::string Summary(const TestReport& report) {

@@ -36,9 +36,11 @@ Json ToJson(const AnnotationRecord& unplaced) {
 }
 
 AnnotationRecord UnplacedFromJson(const Json& json) {
-    return {.NodeId = json.at("nodeId"),
-            .PartId = json.at("partId"),
-            .InteractionTypeTest = TouchInteractionTypeFromText(json.at("expected").get<std::string>())};
+    AnnotationRecord record;
+    record.NodeId = json.at("nodeId");
+    record.PartId = json.at("partId");
+    record.InteractionTypeTest = TouchInteractionTypeFromText(json.at("expected").get<std::string>());
+    return record;
 }
 
 template <typename List>
@@ -96,9 +98,13 @@ AircraftReport ParseAircraft(std::string_view json) {
 
 std::string JsonReport(const TestReport& report) {
     const TestTotals totals = Totals(report);
-    const Json json{{"passed", totals.passed},       {"failed", totals.failed},   {"total", totals.Tests()},
-                    {"clickable", totals.clickable}, {"covered", totals.covered}, {"withProblems", totals.withProblems},
-                    {"aircraft", ListToJson(report)}};
+    Json aircraft = Json::array();
+    for (const AircraftReport& one : report)
+        aircraft.push_back(ToJson(one));
+    const Json json{{"passed", totals.passed},        {"failed", totals.failed},
+                    {"total", totals.Tests()},        {"clickable", totals.clickable},
+                    {"covered", totals.covered},      {"withProblems", totals.withProblems},
+                    {"aircraft", std::move(aircraft)}};
     return json.dump(1) + "\n";
 }
 
