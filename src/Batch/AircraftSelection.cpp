@@ -1,5 +1,6 @@
 #include "Batch/AircraftSelection.h"
 
+#include "Annotator/FailureTexts.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Utils/Text.h"
 
@@ -53,7 +54,7 @@ Sim::AircraftList LoadInstallation(Console& console) {
             console.Message("no aircraft below " + (boost::filesystem::current_path() / "Aircraft").string());
         return aircraft;
     } catch (const boost::filesystem::filesystem_error& error) {
-        throw CommandError(kAircraftFailed, "cannot scan " + error.path1().string() + ": " + error.code().message());
+        throw CommandError(kAircraftFailed, "cannot list the aircraft: " + Annotator::ReasonText(error));
     }
 }
 

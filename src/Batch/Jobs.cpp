@@ -1,10 +1,10 @@
 #include "Batch/Jobs.h"
 
+#include "Annotator/FailureTexts.h"
 #include "Batch/BatchLog.h"
 #include "Batch/Command.h"
 #include "Batch/HeldSignals.h"
 #include "Logging/Logger.h"
-#include "Utils/RangeCheck.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -56,7 +56,7 @@ std::string Answer(const Job& job, std::size_t index) {
     } catch (const std::bad_alloc&) {
         return kThrew + std::string("out of memory");
     } catch (const std::exception& error) {
-        return kThrew + Utils::Describe(error);
+        return kThrew + Annotator::ReasonText(error);
     }
 }
 

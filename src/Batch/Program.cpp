@@ -1,8 +1,8 @@
 #include "Batch/Program.h"
 
+#include "Annotator/FailureTexts.h"
 #include "Batch/BatchLog.h"
 #include "Batch/Commands.h"
-#include "Utils/RangeCheck.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -77,7 +77,7 @@ ExitCode RunAction(const CommandLine& line, Session& session) {
         session.console.Message(error.what());
         return error.code;
     } catch (const std::exception& error) {
-        session.console.Message(Utils::Describe(error));
+        session.console.Message(Annotator::ReasonText(error));
         return kAircraftFailed;
     }
 }

@@ -49,19 +49,19 @@ a { color: var(--link); }
 .soft { color: var(--soft); }
 .good { color: var(--good); }
 .bad { color: var(--bad); }
-.warn { color: var(--warn); }
+.warn { color: var(--warn); white-space: nowrap; }
 .tiles { display: grid; grid-template-columns: repeat(auto-fit, minmax(9rem, 1fr)); gap: .75rem; margin: 1.5rem 0; }
 .tile { padding: .75rem 1rem; background: var(--card); border: 1px solid var(--line); border-radius: .5rem; }
 .tile b { display: block; font-size: 1.6rem; line-height: 1.2; font-variant-numeric: tabular-nums; }
 .scroll { overflow-x: auto; background: var(--card); border: 1px solid var(--line); border-radius: .5rem; }
 table { border-collapse: collapse; width: 100%; }
 th, td { padding: .45rem .75rem; border-bottom: 1px solid var(--line); text-align: left; vertical-align: top; }
-tr:last-child > * { border-bottom: 0; }
+tbody tr:last-child > * { border-bottom: 0; }
 thead th { color: var(--soft); font-size: .85rem; font-weight: 600; white-space: nowrap; }
 .number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
 .path { display: block; color: var(--soft); font-size: .8rem; overflow-wrap: anywhere; }
 td.rectangle { font-family: ui-monospace, monospace; font-size: .85rem; overflow-wrap: anywhere; }
-.matrix table { width: auto; }
+.matrix { width: fit-content; max-width: 100%; }
 .matrix th, .matrix td { text-align: center; min-width: 5.2rem; }
 .matrix tbody th { text-align: right; color: var(--soft); font-size: .85rem; }
 .matrix td a { display: block; border-radius: .3rem; font-weight: 600; text-decoration: none; }
@@ -212,7 +212,7 @@ std::string Problems(const TestReport& report) {
 std::string Coverage(const AircraftTests& tests) {
     const std::string value = std::to_string(tests.covered), most = std::to_string(tests.clickable);
     if (tests.clickable == 0)
-        return Element("td", "no clickable part", "class=\"soft\"");
+        return Element("td", "–", "class=\"soft\"");
     return Element("td", Element("meter", "", "max=\"" + most + "\" value=\"" + value + "\"") + value + " of " + most +
                              " parts");
 }
