@@ -26,9 +26,10 @@ function(vorelle_room name)
   target_link_libraries(${name} PUBLIC ${ROOM_USES} PRIVATE vorelle_options)
 endfunction()
 
-# vorelle_test(NAME FOLDERS folder... USES target...): one test program, its folders relative to tests.
+# vorelle_test(NAME FOLDERS folder... USES target... [RUNNER program]): one test program, its folders and the program
+# that runs it relative to tests.
 function(vorelle_test name)
-  cmake_parse_arguments(TEST "" "" "FOLDERS;USES" ${ARGN})
+  cmake_parse_arguments(TEST "" "RUNNER" "FOLDERS;USES" ${ARGN})
   set(sources)
   foreach(folder IN LISTS TEST_FOLDERS)
     file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
@@ -42,6 +43,10 @@ function(vorelle_test name)
   target_link_libraries(${name} PRIVATE ${TEST_USES} GTest::gmock vorelle_options)
   target_compile_definitions(${name} PRIVATE
     VORELLE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VORELLE_BINARY_DIR="${PROJECT_BINARY_DIR}")
-  add_test(NAME ${name} COMMAND ${name})
+  set(runner)
+  if(TEST_RUNNER)
+    set(runner ${PROJECT_SOURCE_DIR}/tests/${TEST_RUNNER})
+  endif()
+  add_test(NAME ${name} COMMAND ${runner} $<TARGET_FILE:${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()

@@ -2,6 +2,7 @@
 
 #include "Annotator/AircraftRoad.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
+#include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Utils/RangeCheck.h"
 
 #include <algorithm>
@@ -45,7 +46,7 @@ std::size_t CountClickable(const SceneGraph& sceneGraph) {
 /// The expectations that the store dropped, as it keeps no record without a place in the scene.
 std::vector<AnnotationRecord> UnplacedExpectations(const std::string& path, const SceneGraph& sceneGraph) {
     const auto& nodes = sceneGraph.Nodes();
-    std::vector<AnnotationRecord> records = CockpitModel::ReadAnnotationFile(path);
+    std::vector<AnnotationRecord> records = CockpitModel::ReadAnnotations(path);
     std::erase_if(records, [&](const AnnotationRecord& record) {
         return !record.InteractionTypeTest ||
                (record.NodeId >= 0 && std::cmp_less(record.NodeId, nodes.size()) && record.PartId >= 0 &&

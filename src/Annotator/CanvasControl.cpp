@@ -1,5 +1,7 @@
 #include "Annotator/CanvasControl.h"
 
+#include "CockpitModel/AircraftCockpit.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -22,6 +24,11 @@ Utils::Matrix4 ColumnTurn(float pitch, float roll, float yaw) {
 }
 
 } // namespace
+
+Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit) {
+    const Utils::Vector3 place = cockpit.modelOffset + cockpit.pilotEye;
+    return {place.x(), place.y(), -place.z()};
+}
 
 void CanvasControl::Resize(CanvasPoint newSize) {
     clientSize = {std::max(newSize.x, 1), std::max(newSize.y, 1)};

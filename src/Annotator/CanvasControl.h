@@ -7,12 +7,19 @@
 #include <memory>
 #include <vector>
 
+namespace CockpitModel {
+struct AircraftCockpit;
+}
+
 namespace Annotator {
 
 /// A point or size of the canvas in client pixels.
 struct CanvasPoint {
     int x = 0, y = 0;
 };
+
+/// Where the camera stands when a cockpit opens: at the pilot's eye, in the camera's axes.
+Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit);
 
 /// What the canvas does with mouse and keys, without a toolkit: it moves the camera, and turns the pointer into a ray
 /// for its clickables. User interface thread.

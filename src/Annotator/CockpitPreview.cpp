@@ -121,7 +121,7 @@ void CockpitPreview::TintPart(GeometryDrawParams& params, const NodePart& part) 
         params.secondColour = {0.1f, 0.1f, 0.3f};
     }
     if (&part == selectedPart) {
-        params.firstColour = {0.0f, 0.0f, SelectionBlue(selectionTimer.Elapsed())};
+        params.firstColour = {0.0f, 0.0f, SelectionBlue(Seconds(selectionTimer))};
         params.secondColour = {0.0f, 0.0f, 0.1f};
     } else if (&part == hoveredPart) {
         params.firstColour = {0.7f, 0.7f, 1.0f};
@@ -152,7 +152,7 @@ void CockpitPreview::DrawMarkers(Frame& frame, const Matrix4& world, const NodeP
     params.opacity = 1.0f;
     params.firstColour = params.secondColour = {0.1f, 0.5f, 0.1f};
     // A zero axis gives a quaternion without a vector part, whose matrix is the identity.
-    const auto spin = Utils::RotationAboutAxis(part.RotationAxis, static_cast<float>(spinTimer.Elapsed()));
+    const auto spin = Utils::RotationAboutAxis(part.RotationAxis, static_cast<float>(Seconds(spinTimer)));
     DrawSphere(frame, Utils::Rotation(spin), Utils::TransformPoint(part.AxisTip, world));
 
     params.firstColour = params.secondColour = {0.5f, 0.1f, 0.1f};

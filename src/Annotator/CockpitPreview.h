@@ -8,6 +8,7 @@
 
 #include <boost/signals2/signal.hpp>
 #include <memory>
+#include <optional>
 
 namespace Annotator {
 
@@ -28,6 +29,8 @@ public:
     /// Restarts the pulse of the selection.
     void SetSelectedPart(CockpitModel::NodePart* part);
     void ShowTransparent(bool show) { showTransparent = show; }
+    /// From now on pulse and spin stand where they are after so many seconds: a picture comes out the same each time.
+    void StopClock(double seconds) { stoppedAt = seconds; }
     const CockpitModel::NodePart* HoveredPart() const { return hoveredPart; }
     /// Lets go of what belongs to the device, while it is current.
     void ReleaseGpuResources();
@@ -38,6 +41,7 @@ private:
     struct Frame;
 
     bool IsShown(const CockpitModel::NodePart& part) const { return showTransparent || !part.IsTransparent(); }
+    double Seconds(Utils::Timer& timer) const { return stoppedAt ? *stoppedAt : timer.Elapsed(); }
     void LoadOwnResources(Rendering::Context& context);
     void DrawNode(Frame& frame, const Utils::Matrix4& world, const CockpitModel::Node& node);
     void DrawMarkers(Frame& frame, const Utils::Matrix4& world, const CockpitModel::NodePart& part);
@@ -54,9 +58,10 @@ private:
     CockpitModel::NodePart* selectedPart = nullptr;
     CockpitModel::ModelData* model = nullptr; ///< source of the animation positions
     const CockpitModel::AnnotationStore* annotationStore = nullptr;
-    Utils::Timer selectionTimer; ///< since the last SetSelectedPart
-    Utils::Timer spinTimer;      ///< since construction
-    bool busy = false;           ///< a frame or a pointer event is under way
+    Utils::Timer selectionTimer;     ///< since the last SetSelectedPart
+    Utils::Timer spinTimer;          ///< since construction
+    std::optional<double> stoppedAt; ///< what both timers show instead; seconds
+    bool busy = false;               ///< a frame or a pointer event is under way
 };
 
 } // namespace Annotator

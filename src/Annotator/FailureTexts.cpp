@@ -51,6 +51,10 @@ std::string SaveFailureText(const std::string& path, const std::string& reason) 
     return "The annotations cannot be saved:\n" + Absolute(path) + "\n\n" + reason;
 }
 
+std::string SelectionFailureText(const std::exception& error) {
+    return "This part cannot be shown:\n\n" + ReasonText(error);
+}
+
 std::string FrameFailureText(const std::exception& error) {
     return "The cockpit cannot be shown:\n\n" + ReasonText(error);
 }

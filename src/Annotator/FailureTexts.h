@@ -18,6 +18,7 @@ std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception&
 std::string ExportFailureText(const std::exception& error);
 std::string TestRunFailureText(const std::exception& error);
 std::string SaveFailureText(const std::string& path, const std::string& reason);
+std::string SelectionFailureText(const std::exception& error);
 std::string FrameFailureText(const std::exception& error);
 
 } // namespace Annotator

@@ -4,8 +4,8 @@
     expected_detection.py INSTALLATION OUT-FOLDER    writes one detected-data file per aircraft
     expected_detection.py INSTALLATION --list        prints a line per part, with its measures
 
-It shares no code with the program. All arithmetic that the program does in 32-bit floats is done here in doubles that are
-rounded after every operation, which gives the same results for sums, products, quotients and square roots.
+It shares no code with the program. All arithmetic that the program does in 32-bit floats is done here in doubles that
+are rounded after every operation, which gives the same results for sums, products, quotients and square roots.
 """
 import math
 import os
@@ -47,7 +47,7 @@ class Values:
         if not match:
             self.broken = True
             return None
-        self.text = self.text[match.end():]
+        self.text = self.text[match.end() :]
         return match.group()
 
     def number(self):
@@ -62,7 +62,7 @@ class Values:
 
     def integer(self):
         found = self._take(INTEGER)
-        return 0 if found is None else max(-2 ** 31, min(2 ** 31 - 1, int(found)))
+        return 0 if found is None else max(-(2**31), min(2**31 - 1, int(found)))
 
     def word(self):
         words = [] if self.broken else self.text.split(None, 1)
@@ -100,10 +100,10 @@ class Object:
 
 def read_object(path):
     obj, stack = Object(), [0]
-    texture, cockpit, enabled, manipulator, callback = NO_TEXTURE, False, True, None, None
+    texture, cockpit, enabled, callback = NO_TEXTURE, False, True, None
     for line in lines_of(path):
         tokens = re.split(rb"[ \t]+", line)
-        keyword, values = tokens[0], Values(line[len(tokens[0]):])
+        keyword, values = tokens[0], Values(line[len(tokens[0]) :])
         if keyword == b"VT":
             obj.positions.append(tuple(values.number() for _ in range(3)))
         elif keyword == b"IDX":
@@ -212,18 +212,22 @@ def hamilton(a, b):
         return result
 
     (ax, ay, az, aw), (bx, by, bz, bw) = a, b
-    return [total((1, aw, bx), (1, ax, bw), (1, ay, bz), (-1, az, by)),
-            total((1, aw, by), (-1, ax, bz), (1, ay, bw), (1, az, bx)),
-            total((1, aw, bz), (1, ax, by), (-1, ay, bx), (1, az, bw)),
-            total((1, aw, bw), (-1, ax, bx), (-1, ay, by), (-1, az, bz))]
+    return [
+        total((1, aw, bx), (1, ax, bw), (1, ay, bz), (-1, az, by)),
+        total((1, aw, by), (-1, ax, bz), (1, ay, bw), (1, az, bx)),
+        total((1, aw, bz), (1, ax, by), (-1, ay, bx), (1, az, bw)),
+        total((1, aw, bw), (-1, ax, bx), (-1, ay, by), (-1, az, bz)),
+    ]
 
 
 def rotation_matrix(q):
     x, y, z, w = q
-    return [[1 - 2 * (y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w), 0],
-            [2 * (x * y - z * w), 1 - 2 * (x * x + z * z), 2 * (y * z + x * w), 0],
-            [2 * (x * z + y * w), 2 * (y * z - x * w), 1 - 2 * (x * x + y * y), 0],
-            [0, 0, 0, 1]]
+    return [
+        [1 - 2 * (y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w), 0],
+        [2 * (x * y - z * w), 1 - 2 * (x * x + z * z), 2 * (y * z + x * w), 0],
+        [2 * (x * z + y * w), 2 * (y * z - x * w), 1 - 2 * (x * x + y * y), 0],
+        [0, 0, 0, 1],
+    ]
 
 
 def product(a, b):
@@ -379,7 +383,9 @@ def aircraft_of(installation):
     top = os.path.join(installation, "Aircraft")
     for group in folders(top):
         for folder in folders(group):
-            names = [e.name for e in os.scandir(folder) if e.is_file() and os.path.splitext(e.name)[1].lower() == ".acf"]
+            names = [
+                e.name for e in os.scandir(folder) if e.is_file() and os.path.splitext(e.name)[1].lower() == ".acf"
+            ]
             if names:
                 wanted = os.path.splitext(names[0])[0] + "_cockpit.obj"
                 entries = sorted(os.listdir(folder))
@@ -399,8 +405,13 @@ def xml_of(by_node):
     rows = []
     for node in sorted(by_node):
         for position, part in enumerate(by_node[node]):
-            fields = [("NodeId", node), ("PartId", position), ("InteractionType", part.type), ("EventType", "Wheel"),
-                      ("Reverse", 0)]
+            fields = [
+                ("NodeId", node),
+                ("PartId", position),
+                ("InteractionType", part.type),
+                ("EventType", "Wheel"),
+                ("Reverse", 0),
+            ]
             inner = "".join(f"        <{name}>{value}</{name}>\n" for name, value in fields)
             rows.append(f"    <Part>\n{inner}    </Part>\n")
     return f"<NodePartList>\n{''.join(rows)}</NodePartList>\n" if rows else "<NodePartList/>\n"
@@ -410,8 +421,10 @@ def list_parts(obj, by_node):
     for node in sorted(by_node):
         for position, part in enumerate(by_node[node]):
             name = keys_of(obj.nodes[node])[3].decode("latin-1") if node else "-"
-            print(f"  {node:3} {position:3}  {part.type:11} {part.callback or '-':6} balance {part.balance:<12.7g}"
-                  f" sweep {part.sweep:<12.7g} corners {len(part.corners):4}  {name}")
+            print(
+                f"  {node:3} {position:3}  {part.type:11} {part.callback or '-':6} balance {part.balance:<12.7g}"
+                f" sweep {part.sweep:<12.7g} corners {len(part.corners):4}  {name}"
+            )
 
 
 def main():

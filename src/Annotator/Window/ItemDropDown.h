@@ -48,6 +48,11 @@ public:
         return Utils::At(items, line - 1);
     }
 
+    std::optional<T> GetChosen() const {
+        const boost::optional<T> item = GetSelectedItem();
+        return item ? std::optional<T>(*item) : std::nullopt;
+    }
+
     /// Selects the line of a value, or the first line for none. A value that has no line leaves the selection alone.
     void SelectItem(const std::optional<T>& value) {
         const auto found = value ? std::find(items.begin(), items.end(), *value) : items.end();

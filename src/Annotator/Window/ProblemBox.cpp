@@ -10,4 +10,12 @@ void ShowProblem(wxWindow* parent, const std::string& text) {
     wxMessageBox(ToWide(text), "Vorelle Aircraft Annotator", wxOK | wxICON_ERROR, parent);
 }
 
+void RunGuarded(wxWindow* parent, const std::function<void()>& work, std::string (*textOf)(const std::exception&)) {
+    try {
+        work();
+    } catch (const std::exception& error) {
+        ShowProblem(parent, textOf(error));
+    }
+}
+
 } // namespace Annotator
