@@ -1,11 +1,13 @@
 #pragma once
 
+#include "CockpitModel/LargeLeaf.h"
 #include "Rendering/GeometryVertex.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace CockpitModel {
@@ -25,36 +27,63 @@ struct PartHit {
 /// The ray with both its ends moved by the matrix and its direction made a unit again; a zero direction stays zero.
 PartRay TransformRay(const PartRay& ray, const Utils::Matrix4& matrix);
 
-/// Axis-aligned bounds of some triangles.
+/// Axis-aligned bounds of some triangles; coordinates that are no numbers are not counted. Zero without triangles.
 struct PartTreeBox {
-    Utils::Vector3 centre = Utils::Vector3::Zero();
-    /// y from max to min, in each x from min to max, in each z from min to max.
-    std::array<Utils::Vector3, 8> corners{};
+    Utils::Vector3 min = Utils::Vector3::Zero(), max = Utils::Vector3::Zero();
     float radius = 0; ///< greatest distance from the centre to a vertex
+
+    Utils::Vector3 Centre() const { return (min + max) / 2.0f; }
+    /// y from max to min, in each x from min to max, in each z from min to max.
+    std::array<Utils::Vector3, 8> Corners() const;
 };
 
 struct PartTreeNode {
-    PartTreeBox box;
-    std::vector<std::uint64_t> triangles; ///< those that this node tests itself
-    std::uint64_t left = 0, right = 0;    ///< positions in PartTree::nodes
+    PartTreeBox box;                   ///< of the triangles that were handed to this node
+    std::uint32_t firstTriangle = 0;   ///< those that this node tests itself, see PartTree::Triangles
+    std::uint32_t triangleCount = 0;   ///< 0 for most nodes with children
+    std::uint32_t left = 0, right = 0; ///< positions in PartTree::nodes
+    std::uint32_t largeLeaf = kNoLargeLeaf;
     bool hasChildren = false;
 };
 
 /// The picking tree over a part's triangles, in the part's space: it finds the nearest triangle under a ray. Complete
 /// and read-only after construction, so that any thread may ask it.
+///
+/// A node is split at the middle of its box, on the axis where the fewest triangles lie on both sides. Those stand in
+/// both children; a triangle that lies in the plane stands in neither and cannot be hit below. The tree, and so every
+/// answer, is the one of that rule: what else is here only finds the same answer sooner.
 class PartTree : public PartTreeNode {
 public:
     PartTree() = default;
-    /// Three vertices make a triangle; an incomplete one at the end is left out.
+    /// Three vertices make a triangle; an incomplete one at the end is left out. Takes memory and time in proportion to
+    /// their number: where splitting would repeat triangles without end, a node stays a leaf (see PartTreeBuilder.h).
     explicit PartTree(const std::vector<Rendering::GeometryVertex>& vertices, bool keepTextureCoordinates = false);
 
     /// The hit with the smallest distance.
     std::optional<PartHit> Intersect(const PartRay& ray) const;
 
+    /// What a node tests itself, as positions in `triangles`, in ascending order.
+    std::span<const std::uint32_t> Triangles(const PartTreeNode& node) const {
+        return {triangleIndices.data() + node.firstTriangle, node.triangleCount};
+    }
+
     std::vector<PartTreeNode> nodes; ///< all but the root
     std::vector<std::array<Utils::Vector3, 3>> triangles;
     std::vector<std::array<Utils::Vector2, 3>> textureCoordinates; ///< only when kept
     bool keepTextureCoordinates = false;
+
+private:
+    friend class PartTreeBuilder;
+
+    std::optional<PartHit> IntersectQuickly(const PartRay& ray) const;
+    void TestOwnTriangles(const PartTreeNode& node, const WideRay& ray, float& nearest) const;
+    std::optional<PartHit> IntersectPlainly(const PartTreeNode& node, const PartRay& ray) const;
+    std::optional<PartHit> TestTriangle(std::uint32_t index, const PartRay& ray) const;
+    Utils::Vector2 TextureAt(std::uint32_t index, const Utils::Vector3& position) const;
+
+    bool quick = false; ///< all coordinates are of a size that cannot overflow, and no hit needs more than its distance
+    std::vector<std::uint32_t> triangleIndices; ///< of all nodes
+    LargeLeaves largeLeaves;
 };
 
 } // namespace CockpitModel

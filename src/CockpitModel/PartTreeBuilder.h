@@ -1,0 +1,67 @@
+#pragma once
+
+#include "CockpitModel/PartTree.h"
+#include "Utils/Float4.h"
+#include "Utils/NonAssignable.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory_resource>
+#include <vector>
+
+namespace CockpitModel {
+
+/// Splits the triangles of one tree by the rule of PartTree.
+class PartTreeBuilder : Utils::NonAssignable {
+public:
+    /// What stops a split far beyond any real part, so that memory and time stay in proportion to the number of
+    /// triangles. Cockpits need up to 19 levels, 3 references a triangle in the lists that a part's nodes keep, and 17
+    /// in those that they are handed.
+    static constexpr std::uint32_t kMaxDepth = 96;
+    static constexpr std::uint64_t kMaxKept = 24;    ///< references a triangle
+    static constexpr std::uint64_t kMaxHanded = 128; ///< references a triangle
+
+    explicit PartTreeBuilder(PartTree& builtTree);
+    /// Fills everything but the tree's triangles and texture coordinates, which it needs.
+    void Build();
+
+private:
+    /// Lanes x, y, z; the fourth holds anything.
+    struct Extent {
+        Utils::Float4 min, max;
+        void Add(const Extent& other);
+    };
+    /// A list of triangles at the end of `lists`.
+    struct List {
+        std::uint32_t first, count;
+        Extent extent;
+    };
+    struct Split {
+        int axis;
+        std::uint32_t left, right, both; ///< triangles
+    };
+
+    List AllTriangles();
+    PartTreeNode BuildNode(const List& list, std::uint32_t depth);
+    Split Classify(const List& list, PartTreeBox& box);
+    bool MaySplit(const Split& split, std::uint32_t count, std::uint32_t depth);
+    std::array<List, 2> Divide(const List& list, int axis);
+    void Keep(const List& list, PartTreeNode& node);
+
+    PartTree& tree;
+    std::array<std::byte, 8192> room; ///< most parts need no more
+    std::pmr::monotonic_buffer_resource pool{room.data(), room.size()};
+    std::pmr::vector<Extent> extents{&pool};         ///< by triangle
+    std::pmr::vector<std::uint32_t> lists{&pool};    ///< those that wait for their node, the next one last
+    std::pmr::vector<std::uint32_t> leftList{&pool}; ///< while a list is divided
+    std::pmr::vector<std::uint8_t> sides{&pool};     ///< by place in the present list: bit a is left of the middle of
+                                                     ///< axis a, bit a + 4 right of it
+    std::pmr::vector<std::uint32_t> kept{&pool};
+    std::pmr::vector<PartTreeNode> nodes{&pool};
+    std::vector<std::uint64_t> sortedLeaf; ///< room for large leaves
+    std::uint64_t keptLimit, handedLimit;
+    std::uint64_t keptOrWaiting = 0, handed = 0;
+};
+
+} // namespace CockpitModel
