@@ -19,6 +19,8 @@ namespace {
 
 /// What is read at once from a stream that does not know its size.
 constexpr std::size_t kFirstRead = 64 << 10;
+/// More than there is, so that the first read meets the end and a caller can append a few bytes in place.
+constexpr std::size_t kSpareRoom = 64;
 /// A size above is no file's: the end of a folder opened as a file, for one.
 constexpr std::streamoff kGreatestSize = std::streamoff{4} << 30;
 
@@ -118,8 +120,7 @@ std::string ReadFile(const fs::path& path) {
 std::string ReadAll(std::istream& stream) {
     std::string text;
     const std::size_t size = SizeLeft(stream);
-    // One byte more than there is, so that the first read meets the end.
-    std::size_t room = size == 0 ? kFirstRead : size + 1;
+    std::size_t room = size == 0 ? kFirstRead : size + kSpareRoom;
     while (stream) {
         const std::size_t had = text.size();
         text.resize(had + room);

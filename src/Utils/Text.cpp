@@ -78,13 +78,9 @@ bool NextLine(std::string_view& text, std::string_view& line) {
         return false;
     const std::size_t end = text.find('\n');
     line = text.substr(0, end);
-    if (end == text.npos) {
-        text = {};
-        return true;
-    }
+    text.remove_prefix(end == text.npos ? text.size() : end + 1);
     if (line.ends_with('\r'))
         line.remove_suffix(1);
-    text.remove_prefix(end + 1);
     return true;
 }
 
