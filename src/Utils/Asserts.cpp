@@ -24,16 +24,6 @@ std::string CrashLogName() {
     return "error-" + to_iso_string(boost::posix_time::second_clock::local_time()) + ".txt";
 }
 
-void ShowDialog(const std::string& text) {
-    FatalErrorDialog show;
-    {
-        const std::lock_guard lock(dialogMutex);
-        show = dialog;
-    }
-    if (show)
-        show(kDialogCaption, text);
-}
-
 [[noreturn]] void Report(const std::string& codes, const char* file, std::int32_t line) {
     const std::string crashLog = CrashLogName();
     std::string text = "Vorelle Fatal Error Encountered (" + codes + ")\n";
@@ -43,7 +33,7 @@ void ShowDialog(const std::string& text) {
     Logging::Logger::Get().Log(HERE, text);
     const std::string crashLogPath = Logging::Logger::Get().Stop(crashLog);
     text += "\nBe sure to attach the crash-log: " + crashLogPath;
-    ShowDialog(text);
+    ShowErrorBox(kDialogCaption, text);
     throw std::exception();
 }
 
@@ -57,6 +47,16 @@ void FatalError(const char* file, std::int32_t line) {
 void FatalError(const char* file, std::int32_t line, std::int32_t result) {
     const std::uint32_t lastError = Platform::LastError();
     Report(std::to_string(result) + ", " + std::to_string(lastError), file, line);
+}
+
+void ShowErrorBox(const std::string& caption, const std::string& text) {
+    FatalErrorDialog show;
+    {
+        const std::lock_guard lock(dialogMutex);
+        show = dialog;
+    }
+    if (show)
+        show(caption, text);
 }
 
 FatalErrorDialog SetFatalErrorDialog(FatalErrorDialog newDialog) {

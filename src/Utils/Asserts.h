@@ -17,6 +17,8 @@ namespace Utils {
 
 /// Shows a text to the person and blocks until it is dismissed. Called on the thread that failed.
 using FatalErrorDialog = std::function<void(const std::string& caption, const std::string& text)>;
+/// Shows a text that comes ahead of a fatal error in the same dialog. Any thread may call it.
+void ShowErrorBox(const std::string& caption, const std::string& text);
 /// Replaces the dialog, which prints to the standard error stream until then, and returns the one before.
 /// Any thread may call it.
 FatalErrorDialog SetFatalErrorDialog(FatalErrorDialog newDialog);

@@ -4,6 +4,7 @@
 #include "Utils/Asserts.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace Rendering::Memory {
@@ -17,6 +18,11 @@ public:
     void Restore() override { restored = true; }
 };
 
+ContextId NextId() {
+    static std::atomic<ContextId> next = 0;
+    return next++;
+}
+
 std::uint32_t ColourByte(float value) {
     return static_cast<std::uint32_t>(std::clamp(value, 0.0f, 1.0f) * 255.0f + 0.5f);
 }
@@ -28,23 +34,25 @@ std::uint32_t Packed(const Utils::Vector4& colour) {
 
 } // namespace
 
-MemoryBitmap::MemoryBitmap(const Context* owner, MemBitmap pixels) : owner(owner), pixels(std::move(pixels)) {}
+MemoryBitmap::MemoryBitmap(ContextId owner, MemBitmap pixels) : owner(owner), pixels(std::move(pixels)) {}
 
 Rendering::Size MemoryBitmap::Size() const {
     return {static_cast<std::uint32_t>(pixels.Width()), static_cast<std::uint32_t>(pixels.Height())};
 }
 
-MemoryGeometry::MemoryGeometry(const Context* owner, std::vector<GeometryVertex> vertices)
+MemoryGeometry::MemoryGeometry(ContextId owner, std::vector<GeometryVertex> vertices)
     : owner(owner), vertices(std::move(vertices)) {}
+
+MemoryContext::MemoryContext() : id(NextId()) {}
 
 bool MemoryContext::IsGeometryValid(const Geometry* geometry) const {
     const auto* own = dynamic_cast<const MemoryGeometry*>(geometry);
-    return own && own->owner == this;
+    return own && own->owner == id;
 }
 
 bool MemoryContext::IsBitmapValid(const GPUBitmap* bitmap) const {
     const auto* own = dynamic_cast<const MemoryBitmap*>(bitmap);
-    return own && own->owner == this;
+    return own && own->owner == id;
 }
 
 std::unique_ptr<GPUBitmap> MemoryContext::CreateBitmapFromCameraImage(const CameraImage& image) {
@@ -54,23 +62,23 @@ std::unique_ptr<GPUBitmap> MemoryContext::CreateBitmapFromCameraImage(const Came
     MemBitmap pixels(image.size.width, image.size.height);
     std::transform(pixels.Pixels().begin(), pixels.Pixels().end(), image.grey.begin(), pixels.Pixels().begin(),
                    [](std::uint32_t, std::uint32_t grey) { return 0xFF000000 | grey << 16 | grey << 8 | grey; });
-    return std::make_unique<MemoryBitmap>(this, std::move(pixels));
+    return std::make_unique<MemoryBitmap>(id, std::move(pixels));
 }
 
 std::unique_ptr<GPUBitmap> MemoryContext::CreateRenderTarget(Rendering::Size size, std::uint32_t, std::uint32_t) {
-    return std::make_unique<MemoryBitmap>(this, MemBitmap(size.width, size.height));
+    return std::make_unique<MemoryBitmap>(id, MemBitmap(size.width, size.height));
 }
 
 std::unique_ptr<GPUBitmap> MemoryContext::CreateBitmap(const MemBitmap& bitmap) {
     if (bitmap.Width() == 0 || bitmap.Height() == 0)
-        return std::make_unique<MemoryBitmap>(this, MemBitmap(1, 1));
+        return std::make_unique<MemoryBitmap>(id, MemBitmap(1, 1));
     MemBitmap pixels;
     bitmap.CopySwappingRedBlue(pixels);
-    return std::make_unique<MemoryBitmap>(this, std::move(pixels));
+    return std::make_unique<MemoryBitmap>(id, std::move(pixels));
 }
 
 std::unique_ptr<GPUBitmap> MemoryContext::LoadBitmap(const std::string& path) {
-    return std::make_unique<MemoryBitmap>(this, std::move(ReadBitmapFile(path).front()));
+    return std::make_unique<MemoryBitmap>(id, std::move(ReadBitmapFile(path).front()));
 }
 
 std::unique_ptr<SharedGPUBitmap> MemoryContext::CreateSharedBitmap(Rendering::Size) {
@@ -98,7 +106,7 @@ void MemoryContext::CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Rende
 }
 
 std::unique_ptr<Geometry> MemoryContext::CreateGeometry(const std::vector<GeometryVertex>& vertices) {
-    return std::make_unique<MemoryGeometry>(this, vertices);
+    return std::make_unique<MemoryGeometry>(id, vertices);
 }
 
 void MemoryContext::DrawGeometry(const Utils::Matrix4&, const Utils::Matrix4&, const Utils::Matrix4&,
