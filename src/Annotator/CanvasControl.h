@@ -7,6 +7,10 @@
 #include <memory>
 #include <vector>
 
+namespace CockpitModel {
+struct AircraftCockpit;
+}
+
 namespace Annotator {
 
 /// A point or size of the canvas in client pixels.
@@ -14,12 +18,15 @@ struct CanvasPoint {
     int x = 0, y = 0;
 };
 
+/// Where the camera stands when a cockpit opens: at the pilot's eye, in the camera's axes.
+Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit);
+
 /// What the canvas does with mouse and keys, without a toolkit: it moves the camera, and turns the pointer into a ray
 /// for its clickables. User interface thread.
 class CanvasControl {
 public:
     /// Sets the projection for a client size; a size of zero pixels counts as one.
-    void Resize(CanvasPoint clientSize);
+    void Resize(CanvasPoint newSize);
 
     /// Sets or clears the flag of a key, by the toolkit's code; false for a key without a use.
     bool SetKey(int keyCode, bool down);

@@ -8,11 +8,16 @@
 
 #include <boost/signals2/signal.hpp>
 #include <memory>
+#include <optional>
 
 namespace Annotator {
 
+/// Blue of the selected part, from 0 to 1, some seconds after it was selected: a dip and a partial return.
+float SelectionBlue(double seconds);
+
 /// Draws the loaded cockpit part by part, tints each part by what is known of it, marks the selected part with its
-/// motion, and answers clicks with the part under the pointer. User interface thread.
+/// motion, and answers clicks with the part under the pointer. User interface thread. A frame or a pointer event that
+/// arrives while one of them is under way, from a dialog's own event loop, returns at once.
 class CockpitPreview : public Rendering::Stage, public Clickable {
 public:
     void Render(Rendering::Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection) override;
@@ -24,6 +29,8 @@ public:
     /// Restarts the pulse of the selection.
     void SetSelectedPart(CockpitModel::NodePart* part);
     void ShowTransparent(bool show) { showTransparent = show; }
+    /// From now on pulse and spin stand where they are after so many seconds: a picture comes out the same each time.
+    void StopClock(double seconds) { stoppedAt = seconds; }
     const CockpitModel::NodePart* HoveredPart() const { return hoveredPart; }
     /// Lets go of what belongs to the device, while it is current.
     void ReleaseGpuResources();
@@ -31,6 +38,18 @@ public:
     boost::signals2::signal<void(CockpitModel::NodePart*)> partSignal; ///< a click that hit a part
 
 private:
+    struct Frame;
+
+    bool IsShown(const CockpitModel::NodePart& part) const { return showTransparent || !part.IsTransparent(); }
+    double Seconds(Utils::Timer& timer) const { return stoppedAt ? *stoppedAt : timer.Elapsed(); }
+    void LoadOwnResources(Rendering::Context& context);
+    void DrawNode(Frame& frame, const Utils::Matrix4& world, const CockpitModel::Node& node);
+    void DrawMarkers(Frame& frame, const Utils::Matrix4& world, const CockpitModel::NodePart& part);
+    void DrawSphere(const Frame& frame, const Utils::Matrix4& turn, const Utils::Vector3& position) const;
+    void TintPart(Rendering::GeometryDrawParams& params, const CockpitModel::NodePart& part);
+    void TintByAnnotation(Rendering::GeometryDrawParams& params, const CockpitModel::NodePart& part) const;
+    void FindHoveredPart(const CanvasMouseEvent& event);
+
     bool showTransparent = true;
     std::unique_ptr<Rendering::GPUBitmap> checkerBitmap;  ///< for parts without a texture
     std::unique_ptr<Rendering::Geometry> sphereGeometry;  ///< marker shape
@@ -39,8 +58,10 @@ private:
     CockpitModel::NodePart* selectedPart = nullptr;
     CockpitModel::ModelData* model = nullptr; ///< source of the animation positions
     const CockpitModel::AnnotationStore* annotationStore = nullptr;
-    Utils::Timer selectionTimer; ///< since the last SetSelectedPart
-    Utils::Timer spinTimer;      ///< since construction
+    Utils::Timer selectionTimer;     ///< since the last SetSelectedPart
+    Utils::Timer spinTimer;          ///< since construction
+    std::optional<double> stoppedAt; ///< what both timers show instead; seconds
+    bool busy = false;               ///< a frame or a pointer event is under way
 };
 
 } // namespace Annotator

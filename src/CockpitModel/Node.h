@@ -17,6 +17,8 @@ class SceneGraph;
 /// A place in the cockpit's tree, owned by its scene graph. Its matrices belong to the user interface thread: the
 /// graph hands the worker's results over to them.
 struct Node : Utils::NonAssignable {
+    Node() = default;
+
     Node* parent = nullptr; ///< null for a node that is nobody's child
     SceneGraph* graph = nullptr;
     std::int32_t index = 0;                                         ///< place in SceneGraph::Nodes

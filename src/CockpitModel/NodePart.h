@@ -21,6 +21,8 @@ struct Panel;
 /// What a person sees, picks and annotates: the triangles of one draw call, in the space of its node. Owned by its
 /// node and alive as long as the scene graph, so that plain pointers to it serve everywhere else.
 struct NodePart : Utils::NonAssignable {
+    NodePart() = default;
+
     std::int32_t id = -1; ///< place in its node's parts
     Node* node = nullptr;
     TouchEventType EventType = TouchEventType::Wheel; ///< as detected

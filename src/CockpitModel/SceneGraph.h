@@ -41,6 +41,8 @@ public:
 
     /// Makes geometry and textures when they are missing or belong to another device.
     void PrepareGpuResources(Rendering::Context& context);
+    /// Lets go of geometry and textures, while their device is current. They are made again when they are needed.
+    void ReleaseGpuResources();
     /// Pulls animation positions and one slice of the visibility over, and hands the enabled flags back.
     void SyncFromModel(ModelData& source);
     /// Has the worker compute the matrices for the present positions; the first call waits for them.

@@ -38,7 +38,8 @@ public:
 class RenderToTextureLock : public Utils::NonAssignable {
 public:
     virtual void Restore() = 0;
-    virtual ~RenderToTextureLock();
+    /// Not restored by now is a fatal error.
+    virtual ~RenderToTextureLock() noexcept(false);
 
 protected:
     bool restored = false;

@@ -2,6 +2,7 @@
 
 #include "Utils/LinearAlgebra.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -30,6 +31,16 @@ struct GeometryDrawParams {
     bool singleView = false; ///< once to the whole viewport, with the left eye's matrix
 };
 
+/// A draw takes fewer matrices than this; more are a fatal error.
+inline constexpr std::size_t kMatrixLimit = 100;
+
+/// The programs that every device has for geometry.
+enum class GeometryProgram { Plain, Blending, EdgeBlend, TimeWarp, TimeWarpTextureClip, LevelsAdjust, Fxaa };
+inline constexpr std::size_t kGeometryProgramCount = 7;
+
+/// The program that the parameters ask for. An effect without a program throws std::out_of_range.
+GeometryProgram ProgramOf(const GeometryDrawParams& params);
+
 /// Where a rectangle stands: its centre, its full width and height, and its turn. World space.
 struct DrawRectangle {
     Utils::Vector3 position = Utils::Vector3::Zero();
@@ -51,5 +62,10 @@ struct RectDrawParams {
     Utils::Vector4 colour{1.0f, 1.0f, 1.0f, 1.0f};
     std::string effect; ///< empty or "sobel"
 };
+
+enum class RectProgram { Plain, Sobel };
+inline constexpr std::size_t kRectProgramCount = 2;
+
+RectProgram ProgramOf(const RectDrawParams& params); ///< throws like the geometry's
 
 } // namespace Rendering

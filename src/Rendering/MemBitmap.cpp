@@ -18,7 +18,8 @@ void MemBitmap::Resize(std::uint64_t newWidth, std::uint64_t newHeight) {
 
 void MemBitmap::SetPixel(std::uint64_t x, std::uint64_t y, std::uint8_t b0, std::uint8_t b1, std::uint8_t b2,
                          std::uint8_t b3) {
-    pixels[width * y + x] = std::uint32_t{b0} | std::uint32_t{b1} << 8 | std::uint32_t{b2} << 16 | std::uint32_t{b3} << 24;
+    pixels[width * y + x] =
+        std::uint32_t{b0} | std::uint32_t{b1} << 8 | std::uint32_t{b2} << 16 | std::uint32_t{b3} << 24;
 }
 
 void MemBitmap::CopySwappingRedBlue(MemBitmap& target) const {

@@ -17,8 +17,10 @@ namespace Utils {
 
 /// Shows a text to the person and blocks until it is dismissed. Called on the thread that failed.
 using FatalErrorDialog = std::function<void(const std::string& caption, const std::string& text)>;
+/// Shows a text that comes ahead of a fatal error in the same dialog. Any thread may call it.
+void ShowErrorBox(const std::string& caption, const std::string& text);
 /// Replaces the dialog, which prints to the standard error stream until then, and returns the one before.
-/// Not to be called while a fatal error is under way on another thread.
-FatalErrorDialog SetFatalErrorDialog(FatalErrorDialog dialog);
+/// Any thread may call it.
+FatalErrorDialog SetFatalErrorDialog(FatalErrorDialog newDialog);
 
 } // namespace Utils

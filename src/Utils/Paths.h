@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/filesystem/path.hpp>
+#include <istream>
 #include <string>
 
 namespace Utils {
@@ -19,5 +20,7 @@ std::string FolderStem(const std::string& filePath);
 
 /// The whole file as bytes; empty when it cannot be read.
 std::string ReadFile(const boost::filesystem::path& path);
+/// What is left in a stream; empty when it was not opened.
+std::string ReadAll(std::istream& stream);
 
 } // namespace Utils

@@ -13,6 +13,7 @@ std::string_view Trimmed(std::string_view text);
 std::vector<std::string_view> Words(std::string_view line);
 
 /// Takes the next line off the front of `text`, without its LF or CR LF; false when nothing is left.
+/// A last line that only a CR ends loses it too.
 bool NextLine(std::string_view& text, std::string_view& line);
 
 /// ASCII letters in lower case, all other bytes as they stand.

@@ -12,11 +12,11 @@ namespace CockpitModel {
 struct AnnotationRecord {
     std::int32_t NodeId = -1;
     std::int32_t PartId = -1;
-    std::optional<TouchInteractionType> InteractionType;     ///< replaces the detected type
-    std::optional<TouchInteractionType> InteractionTypeTest; ///< what detection should find
-    std::optional<TouchEventType> EventType;                 ///< replaces the detected event type
+    std::optional<TouchInteractionType> InteractionType = std::nullopt;     ///< replaces the detected type
+    std::optional<TouchInteractionType> InteractionTypeTest = std::nullopt; ///< what detection should find
+    std::optional<TouchEventType> EventType = std::nullopt;                 ///< replaces the detected event type
     bool Reverse = false;
-    std::optional<std::string> Tooltip; ///< replaces the tooltip of the part's rectangle
+    std::optional<std::string> Tooltip = std::nullopt; ///< replaces the tooltip of the part's rectangle
 
     bool operator==(const AnnotationRecord&) const = default;
 };

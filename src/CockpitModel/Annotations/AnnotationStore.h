@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CockpitModel/Annotations/AnnotationRecord.h"
+#include "Utils/SaveFile.h"
 
 #include <optional>
 #include <string>
@@ -37,13 +38,8 @@ public:
     /// Fills slots from a file. What cannot be read is left out in silence: a field with an unknown word, a record
     /// without a place in the scene, a file that is no XML.
     void Read(const std::string& path);
-    /// Replaces the file by all filled slots, or leaves it byte for byte as it was and returns why not. Never throws.
-    struct WriteResult {
-        bool saved = false;
-        std::string error; ///< in words, where not saved
-        explicit operator bool() const { return saved; }
-    };
-    WriteResult Write(const std::string& path) const noexcept;
+    /// Replaces the file by all filled slots, or leaves it byte for byte as it was and returns why not.
+    Utils::SaveResult Write(const std::string& path) const noexcept;
 
     /// A part outside the table throws Utils::OutOfRange.
     std::optional<AnnotationRecord> Get(const NodePart& part) const;

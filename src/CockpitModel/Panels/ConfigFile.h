@@ -21,7 +21,8 @@ public:
     const std::map<std::string, Table>& Sections() const { return sections; }
 
 private:
-    std::string Folded(std::string name) const;
+    void ReadKey(const std::string& line, Table* section) const;
+    std::string Folded(const std::string& name) const;
 
     std::map<std::string, Table> sections;
     bool caseSensitive;

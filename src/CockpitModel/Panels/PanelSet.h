@@ -11,6 +11,9 @@
 
 namespace CockpitModel {
 
+struct NodePart;
+struct PanelPartEntry;
+
 /// A clickable rectangle on a panel's texture, in texture coordinates: 0 to 1 over the panel.
 struct PanelEntry {
     float U = 0, V = 0;
@@ -20,6 +23,9 @@ struct PanelEntry {
 
 /// A 2D panel that a texture shows.
 struct Panel {
+    /// Appends what a part that shows this panel shows of each entry, in their order.
+    void ProduceEntries(const NodePart& part, std::vector<PanelPartEntry>& out) const;
+
     std::string Texture; ///< lower case
     std::vector<PanelEntry> Entries;
 };

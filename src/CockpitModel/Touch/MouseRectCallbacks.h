@@ -1,18 +1,23 @@
 #pragma once
 
+#include "CockpitModel/Touch/MouseRectCallbackTarget.h"
+
 #include <cstdint>
 #include <memory>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace CockpitModel {
 
 struct MouseRect;
+struct NodePart;
 
 /// What happens when a rectangle takes a mouse event. Released through the shared pointer that made it.
 class MouseRectCallbackEvent {
 public:
     virtual void Dump(std::ostream& stream, const std::string& prefix) const = 0;
+    virtual void Fire(MouseRectCallbackTarget& target, const MouseRect& rect, MouseEventKind kind) const = 0;
 
 protected:
     ~MouseRectCallbackEvent() = default;
@@ -22,15 +27,19 @@ protected:
 class MouseRectCallbackVariable {
 public:
     virtual void Dump(std::ostream& stream, const std::string& prefix) const = 0;
+    /// `value` is 0 to 1 over the range of a variable, or the step of a drag; `part` is the one being touched.
+    virtual void Apply(MouseRectCallbackTarget& target, const MouseRect& rect, float value,
+                       const NodePart& part) const = 0;
 
 protected:
     ~MouseRectCallbackVariable() = default;
 };
 
-/// Runs code in the simulator's gauge expression language.
+/// Runs code in the simulator's gauge expression language, with the mouse event in the place of "(M:Event)".
 class CallbackCode final : public MouseRectCallbackEvent {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;
+    void Fire(MouseRectCallbackTarget& target, const MouseRect& rect, MouseEventKind kind) const override;
 
     std::string Code;
 };
@@ -39,17 +48,19 @@ public:
 class CallbackEventID final : public MouseRectCallbackEvent {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;
+    void Fire(MouseRectCallbackTarget& target, const MouseRect& rect, MouseEventKind kind) const override;
 
     std::uint32_t EventID = 0;
 };
 
-/// The mouse function of a compiled gauge: it takes an argument block and a mouse flag.
+/// The mouse function of a compiled gauge: it takes an argument block of 40 bytes and a mouse flag.
 using GaugeMouseFunction = void (*)(void* arguments, std::uint32_t mouseFlag);
 
 /// Calls a function of a compiled gauge; the meaning of the arguments lies in that gauge.
 class CallbackFSFunc final : public MouseRectCallbackEvent {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;
+    void Fire(MouseRectCallbackTarget& target, const MouseRect& rect, MouseEventKind kind) const override;
 
     GaugeMouseFunction Func = nullptr;
     std::uint64_t ArgumentA = 0, ArgumentB = 0;
@@ -60,6 +71,7 @@ class CallbackXPToggle final : public MouseRectCallbackEvent {
 public:
     CallbackXPToggle(std::string var, float valA, float valB) : Var(std::move(var)), ValA(valA), ValB(valB) {}
     void Dump(std::ostream& stream, const std::string& prefix) const override;
+    void Fire(MouseRectCallbackTarget& target, const MouseRect& rect, MouseEventKind kind) const override;
 
     std::string Var;
     float ValA, ValB;
@@ -69,6 +81,8 @@ public:
 class CallbackDraggingCode final : public MouseRectCallbackVariable {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;
+    void Apply(MouseRectCallbackTarget& target, const MouseRect& rect, float value,
+               const NodePart& part) const override;
 
     std::string Code; ///< name of the variable
 };
@@ -77,6 +91,8 @@ public:
 class CallbackJumpDragging final : public MouseRectCallbackVariable {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;
+    void Apply(MouseRectCallbackTarget& target, const MouseRect& rect, float value,
+               const NodePart& part) const override;
 
     std::int32_t XDelta = 0, YDelta = 0;
     bool TwoCallbacks = false;
@@ -88,6 +104,8 @@ class CallbackXPVariable final : public MouseRectCallbackVariable {
 public:
     CallbackXPVariable(std::string var, float min, float max) : Var(std::move(var)), Min(min), Max(max) {}
     void Dump(std::ostream& stream, const std::string& prefix) const override;
+    void Apply(MouseRectCallbackTarget& target, const MouseRect& rect, float value,
+               const NodePart& part) const override;
 
     std::string Var;
     float Min, Max;

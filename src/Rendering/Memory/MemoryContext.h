@@ -4,29 +4,34 @@
 
 namespace Rendering::Memory {
 
+/// Tells a context's objects from those of others, also of one that stood at the same address before it.
+using ContextId = std::uint64_t;
+
 /// A bitmap that keeps its pixels; red, green, blue, alpha.
 class MemoryBitmap : public GPUBitmap {
 public:
-    MemoryBitmap(const Context* owner, MemBitmap pixels);
+    MemoryBitmap(ContextId owner, MemBitmap pixels);
     Rendering::Size Size() const override;
 
-    const Context* const owner;
+    const ContextId owner;
     MemBitmap pixels;
 };
 
 /// A geometry that keeps its vertices.
 class MemoryGeometry : public Geometry {
 public:
-    MemoryGeometry(const Context* owner, std::vector<GeometryVertex> vertices);
+    MemoryGeometry(ContextId owner, std::vector<GeometryVertex> vertices);
 
-    const Context* const owner;
+    const ContextId owner;
     const std::vector<GeometryVertex> vertices;
 };
 
-/// A device without a picture: it keeps its objects in main memory, and its draws change nothing. Everything but the
-/// picture runs on it.
+/// A device without a picture: it keeps its objects in main memory, clears and copies them, and its draws check their
+/// arguments as the other devices do but change nothing. Everything but the picture runs on it.
 class MemoryContext : public Context {
 public:
+    MemoryContext();
+
     bool IsGeometryValid(const Geometry* geometry) const override;
     bool IsBitmapValid(const GPUBitmap* bitmap) const override;
     std::unique_ptr<GPUBitmap> CreateBitmapFromCameraImage(const CameraImage& image) override;
@@ -45,6 +50,10 @@ public:
     std::uint64_t GetModeFlag() const override { return 0; }
     void DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& projection, const DrawRectangle& rectangle,
                     GPUBitmap& bitmap, const RectDrawParams& params) override;
+    void ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour) override;
+
+private:
+    const ContextId id;
 };
 
 } // namespace Rendering::Memory

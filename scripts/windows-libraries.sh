@@ -1,0 +1,139 @@
+#!/usr/bin/env bash
+# windows-libraries.sh CACHE: builds the static libraries of the Windows programs from Debian's source packages, once, into
+# CACHE/prefix. A library that stands there already is left alone.
+set -euo pipefail
+root=$(dirname "$(dirname "$(readlink -f "$0")")")
+source "$root/scripts/packages.sh"
+
+[ $# -eq 1 ] || fail "usage: windows-libraries.sh CACHE"
+mkdir -p "$1"
+cache=$(cd "$1" && pwd)
+prefix=$cache/prefix
+host=x86_64-w64-mingw32
+jobs=$(nproc)
+export CC=$host-gcc-posix CXX=$host-g++-posix
+mkdir -p "$prefix"/{include,lib} "$cache"/{sources,build,logs} "$cache"/apt/{lists,archives}/partial
+
+# The machine's own package sources, for source packages, in a list of their own.
+write_source_list() {
+  apt-get indextargets --format '$(REPO_URI)|$(RELEASE)|$(COMPONENT)|$(TRUSTED)' 'Created-By: Packages' | sort -u |
+    while IFS='|' read -r uri release component trusted; do
+      [ "$trusted" = yes ] && option='[trusted=yes] ' || option=
+      echo "deb-src $option$uri $release $component"
+    done >"$cache/apt/sources.list"
+}
+
+apt_options=(-qq -o Dir::Etc::sourcelist="$cache/apt/sources.list" -o Dir::Etc::sourceparts=-
+  -o Dir::State::lists="$cache/apt/lists" -o APT::Sandbox::User=root)
+
+fetch() { # PACKAGE...: the tarballs as their authors released them
+  write_source_list
+  apt-get "${apt_options[@]}" update
+  (cd "$cache/sources" && apt-get "${apt_options[@]}" source --tar-only "$@")
+}
+
+unpack() { # NAME PATTERN: leaves the sources in build/NAME
+  rm -rf "$cache/build/$1"
+  mkdir -p "$cache/build/$1"
+  tar -xf "$cache"/sources/$2 -C "$cache/build/$1" --strip-components=1
+}
+
+with_cmake() { # NAME SUBDIR OPTION...
+  local source=$cache/build/$1/$2
+  shift 2
+  cmake -S "$source" -B "$source/out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
+    -DVORELLE_WINDOWS_PREFIX="$prefix" -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_BUILD_TYPE=Release \
+    -DBUILD_SHARED_LIBS=OFF "$@"
+  cmake --build "$source/out" -j "$jobs"
+  cmake --install "$source/out"
+}
+
+with_configure() { # NAME OPTION...
+  local source=$cache/build/$1
+  shift
+  (cd "$source" && ./configure --host=$host --prefix="$prefix" --disable-shared --enable-static \
+    CPPFLAGS="-I$prefix/include" LDFLAGS="-L$prefix/lib" PKG_CONFIG_LIBDIR="$prefix/lib/pkgconfig" "$@" &&
+    make -j "$jobs" && make install)
+}
+
+build_boost() { # of Boost, only Filesystem is more than headers
+  unpack boost 'boost1.74_*.orig.tar.xz'
+  ln -sfn /usr/include/boost "$prefix/include/boost"
+  local source
+  for source in "$cache"/build/boost/libs/filesystem/src/*.cpp; do
+    $CXX -O2 -DBOOST_FILESYSTEM_STATIC_LINK=1 -DBOOST_FILESYSTEM_SOURCE -I"$prefix/include" -c "$source" \
+      -o "${source%.cpp}.o"
+  done
+  $host-ar rcs "$prefix/lib/libboost_filesystem.a" "$cache"/build/boost/libs/filesystem/src/*.o
+}
+
+build_tinyxml2() {
+  unpack tinyxml2 'tinyxml2_*.orig.tar.xz'
+  with_cmake tinyxml2 . -DBUILD_TESTING=OFF
+}
+
+build_polyclipping() {
+  unpack polyclipping 'libpolyclipping_*.orig.tar.*'
+  $CXX -O2 -c "$cache/build/polyclipping/cpp/clipper.cpp" -o "$cache/build/polyclipping/clipper.o"
+  $host-ar rcs "$prefix/lib/libpolyclipping.a" "$cache/build/polyclipping/clipper.o"
+  mkdir -p "$prefix/include/polyclipping"
+  cp "$cache/build/polyclipping/cpp/clipper.hpp" "$prefix/include/polyclipping/"
+}
+
+build_libpng() { # the packaged zlib is linked by the name of its archive, or its DLL would be needed
+  cp /usr/$host/lib/libz.a "$prefix/lib/"
+  cp /usr/$host/include/z{lib,conf}.h "$prefix/include/"
+  mkdir -p "$prefix/lib/pkgconfig"
+  printf 'Name: zlib\nDescription: zlib\nVersion: 1.2\nLibs: -L%s/lib -lz\nCflags: -I%s/include\n' "$prefix" "$prefix" \
+    >"$prefix/lib/pkgconfig/zlib.pc"
+  unpack libpng 'libpng1.6_*.orig.tar.*'
+  with_configure libpng
+}
+
+build_pixman() {
+  unpack pixman 'pixman_*.orig.tar.*'
+  with_configure pixman --disable-gtk --disable-libpng
+}
+
+build_cairo() {
+  unpack cairo 'cairo_*.orig.tar.*'
+  with_configure cairo --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
+    --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace \
+    --enable-png
+}
+
+build_wxwidgets() {
+  unpack wxwidgets 'wxwidgets3.2_*.orig.tar.*'
+  with_cmake wxwidgets . -DwxBUILD_SHARED=OFF -DwxBUILD_SAMPLES=OFF -DwxBUILD_TESTS=OFF -DwxUSE_LIBJPEG=OFF \
+    -DwxUSE_LIBTIFF=OFF -DwxUSE_EXPAT=OFF -DwxUSE_XRC=OFF -DwxUSE_STC=OFF -DwxUSE_WEBVIEW=OFF -DwxUSE_XML=OFF \
+    -DwxUSE_MEDIACTRL=OFF -DwxUSE_RIBBON=OFF -DwxUSE_PROPGRID=OFF -DwxUSE_AUI=OFF -DwxUSE_HTML=OFF \
+    -DwxUSE_RICHTEXT=OFF -DwxUSE_LIBPNG=OFF -DwxUSE_ZLIB=OFF -DwxUSE_OPENGL=OFF -DwxUSE_NANOSVG=OFF
+}
+
+build_googletest() {
+  with_cmake_of_package /usr/src/googletest googletest
+}
+
+with_cmake_of_package() { # SOURCE NAME: sources that Debian installs
+  mkdir -p "$cache/build/$2"
+  cmake -S "$1" -B "$cache/build/$2" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
+    -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_BUILD_TYPE=Release
+  cmake --build "$cache/build/$2" -j "$jobs"
+  cmake --install "$cache/build/$2"
+}
+
+libraries=(boost tinyxml2 polyclipping libpng pixman cairo googletest wxwidgets)
+[ -n "${WINDOWS_LIBRARIES-}" ] && read -ra libraries <<<"$WINDOWS_LIBRARIES"
+missing=()
+for library in "${libraries[@]}"; do
+  [ -e "$prefix/$library.done" ] || missing+=("$library")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+say "Windows libraries: fetching the sources"
+fetch boost1.74 tinyxml2 libpolyclipping libpng1.6 pixman cairo wxwidgets3.2 || fail "the sources could not be fetched"
+for library in "${missing[@]}"; do
+  say "Windows libraries: building $library"
+  "build_$library" >"$cache/logs/$library.log" 2>&1 || { tail -n 30 "$cache/logs/$library.log" >&2; fail "$library failed"; }
+  touch "$prefix/$library.done"
+done

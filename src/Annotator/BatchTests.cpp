@@ -1,0 +1,107 @@
+#include "Annotator/BatchTests.h"
+
+#include "Annotator/AircraftRoad.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
+#include "CockpitModel/Annotations/AnnotationXml.h"
+#include "Utils/RangeCheck.h"
+
+#include <algorithm>
+#include <boost/filesystem/operations.hpp>
+
+namespace Annotator {
+
+namespace {
+
+using CockpitModel::AnnotationRecord;
+using CockpitModel::AnnotationStore;
+using CockpitModel::NodePart;
+using CockpitModel::SceneGraph;
+
+PartTest RunTest(const AnnotationRecord& record, const NodePart& part, const AnnotationStore& store) {
+    return {.NodeId = record.NodeId,
+            .PartId = record.PartId,
+            .rectangle = part.Rect() ? part.Rect()->Text : std::string(),
+            .expected = *record.InteractionTypeTest,
+            .detected = part.InteractionType,
+            .passed = store.Evaluate(part).testPassed.value_or(false)};
+}
+
+void RunTests(const SceneGraph& sceneGraph, const AnnotationStore& store, AircraftTests& tests) {
+    for (const AnnotationRecord& record : store.ListAll()) {
+        if (!record.InteractionTypeTest)
+            continue;
+        const NodePart& part = *Utils::At(Utils::At(sceneGraph.Nodes(), record.NodeId)->parts, record.PartId);
+        tests.parts.push_back(RunTest(record, part, store));
+        tests.covered += part.Rect() != nullptr;
+    }
+}
+
+std::size_t CountClickable(const SceneGraph& sceneGraph) {
+    std::size_t count = 0;
+    for (const auto& node : sceneGraph.Nodes())
+        count += node->clickableParts.size();
+    return count;
+}
+
+/// The expectations that the store dropped, as it keeps no record without a place in the scene.
+std::vector<AnnotationRecord> UnplacedExpectations(const std::string& path, const SceneGraph& sceneGraph) {
+    const auto& nodes = sceneGraph.Nodes();
+    std::vector<AnnotationRecord> records = CockpitModel::ReadAnnotations(path);
+    std::erase_if(records, [&](const AnnotationRecord& record) {
+        return !record.InteractionTypeTest ||
+               (record.NodeId >= 0 && std::cmp_less(record.NodeId, nodes.size()) && record.PartId >= 0 &&
+                std::cmp_less(record.PartId, nodes[static_cast<std::size_t>(record.NodeId)]->parts.size()));
+    });
+    return records;
+}
+
+AircraftTests TestAnnotated(const Sim::AircraftInfo& info, const std::string& annotations,
+                            CockpitModel::GaugeRepository& repository) {
+    const OpenedAircraft opened = OpenAircraft(info, repository);
+    const BuiltAircraft built = BuildAircraft(opened);
+    const SceneGraph& sceneGraph = *built.sceneGraph;
+    AnnotationStore store(sceneGraph);
+    store.Read(annotations);
+
+    AircraftTests tests;
+    tests.displayName = info.displayName;
+    tests.acfPath = info.acfPath;
+    tests.hasCockpitObject = opened.cockpit->IsValid();
+    RunTests(sceneGraph, store, tests);
+    tests.unplaced = UnplacedExpectations(annotations, sceneGraph);
+    tests.clickable = CountClickable(sceneGraph);
+    return tests;
+}
+
+} // namespace
+
+std::size_t AircraftTests::Passed() const {
+    return static_cast<std::size_t>(std::ranges::count(parts, true, &PartTest::passed));
+}
+
+AircraftTestError::AircraftTestError(const Sim::AircraftInfo& info, const std::string& why)
+    : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why), displayName(info.displayName),
+      acfPath(info.acfPath), reason(why) {}
+
+std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
+    try {
+        const std::string annotations = CockpitModel::AnnotationPath(info);
+        if (!boost::filesystem::exists(annotations))
+            return std::nullopt;
+        return TestAnnotated(info, annotations, repository);
+    } catch (const std::exception& error) {
+        throw AircraftTestError(info, Utils::Describe(error));
+    }
+}
+
+std::vector<AircraftTests> RunAllTests(Sim::AircraftListLoader& loader) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    std::vector<AircraftTests> results;
+    for (const auto& info : loader.LoadAircraftList()) {
+        if (std::optional<AircraftTests> tests = TestAircraft(*info, repository))
+            results.push_back(std::move(*tests));
+    }
+    return results;
+}
+
+} // namespace Annotator

@@ -1,0 +1,122 @@
+#include "Annotator/CanvasControl.h"
+
+#include "CockpitModel/AircraftCockpit.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Annotator {
+
+namespace {
+
+constexpr float kFieldOfView = 1.0f; // radians, vertical
+constexpr float kNearPlane = 0.05f, kFarPlane = 30.0f;
+constexpr float kMetresPerSecond = 1.0f;
+constexpr float kRadiansPerDrag = 2.0f; // across the whole canvas
+constexpr float kHalfTurn = 3.1415927f, kQuarterTurn = 1.5707964f;
+
+// The toolkit's codes of the arrow keys; letters have the code of their capital.
+constexpr int kLeftKey = 314, kUpKey = 315, kRightKey = 316, kDownKey = 317;
+
+/// Rz(roll) x Rx(pitch) x Ry(yaw) as column vectors have it, where an angle turns the other way round.
+Utils::Matrix4 ColumnTurn(float pitch, float roll, float yaw) {
+    return Utils::RotationZ(-roll) * Utils::RotationX(-pitch) * Utils::RotationY(-yaw);
+}
+
+} // namespace
+
+Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit) {
+    const Utils::Vector3 place = cockpit.modelOffset + cockpit.pilotEye;
+    return {place.x(), place.y(), -place.z()};
+}
+
+void CanvasControl::Resize(CanvasPoint newSize) {
+    clientSize = {std::max(newSize.x, 1), std::max(newSize.y, 1)};
+    const float aspect = static_cast<float>(clientSize.x) / static_cast<float>(clientSize.y);
+    projection = Utils::PerspectiveFov(kFieldOfView, aspect, kNearPlane, kFarPlane);
+}
+
+bool CanvasControl::SetKey(int keyCode, bool down) {
+    static constexpr std::pair<int, bool CanvasControl::*> keys[] = {
+        {'W', &CanvasControl::moveForward}, {kUpKey, &CanvasControl::moveForward},
+        {'S', &CanvasControl::moveBack},    {kDownKey, &CanvasControl::moveBack},
+        {'A', &CanvasControl::moveLeft},    {kLeftKey, &CanvasControl::moveLeft},
+        {'D', &CanvasControl::moveRight},   {kRightKey, &CanvasControl::moveRight},
+        {'Z', &CanvasControl::moveUp},      {'X', &CanvasControl::moveDown},
+    };
+    for (const auto& [code, flag] : keys) {
+        if (code == keyCode) {
+            this->*flag = down;
+            return true;
+        }
+    }
+    return false;
+}
+
+void CanvasControl::ReleaseKeys() {
+    moveForward = moveBack = moveLeft = moveRight = moveUp = moveDown = false;
+}
+
+void CanvasControl::MoveCamera(float dt) {
+    if (moveForward)
+        StepCamera(0.0f, 0.0f, dt);
+    else if (moveBack)
+        StepCamera(kHalfTurn, 0.0f, dt);
+    if (moveLeft)
+        StepCamera(-kQuarterTurn, 0.0f, dt);
+    else if (moveRight)
+        StepCamera(kQuarterTurn, 0.0f, dt);
+    if (moveUp)
+        StepCamera(0.0f, -kQuarterTurn, dt);
+    else if (moveDown)
+        StepCamera(0.0f, kQuarterTurn, dt);
+}
+
+void CanvasControl::StepCamera(float yawOffset, float pitchOffset, float dt) {
+    const Utils::Vector3& rotation = camera.Rotation();
+    const Utils::Matrix4 turn =
+        ColumnTurn(pitchOffset, 0.0f, yawOffset) * ColumnTurn(rotation.x(), rotation.y(), rotation.z());
+    // A camera with the Euler angles of this turn, whatever they are, looks along (-m20, -m21, m22): roll keeps the
+    // view axis. Reading it off the matrix spares the way through angles, which are not unique when it looks straight
+    // up. The camera's position counts z the other way round.
+    const Utils::Vector3 direction = -turn.row(2).head<3>();
+    camera.SetPosition(camera.Position() + direction * (kMetresPerSecond * dt));
+}
+
+void CanvasControl::Press(CanvasPoint pointer) {
+    lastMouse = pointer;
+    clickArmed = true;
+}
+
+void CanvasControl::Motion(CanvasPoint pointer, bool dragging) {
+    if (!dragging) {
+        TellClickables(pointer, 1);
+        return;
+    }
+    clickArmed = false;
+    const float dx = static_cast<float>(pointer.x - lastMouse.x), dy = static_cast<float>(pointer.y - lastMouse.y);
+    lastMouse = pointer;
+    const Utils::Vector3 turn(dy / static_cast<float>(clientSize.y), 0.0f, dx / static_cast<float>(clientSize.x));
+    camera.SetRotation(camera.Rotation() + turn * kRadiansPerDrag);
+}
+
+void CanvasControl::Release(CanvasPoint pointer) {
+    // Disarmed first: a clickable may open a dialog, in which the toolkit delivers further events.
+    if (std::exchange(clickArmed, false))
+        TellClickables(pointer, 0);
+}
+
+void CanvasControl::TellClickables(CanvasPoint pointer, std::int32_t type) {
+    const float nx = static_cast<float>(pointer.x) / static_cast<float>(clientSize.x);
+    const float ny = static_cast<float>(pointer.y) / static_cast<float>(clientSize.y);
+    CanvasMouseEvent event;
+    event.type = type;
+    event.view = camera.ViewMatrix();
+    event.projection = projection;
+    event.ray.direction =
+        Utils::Normalised({(2.0f * nx - 1.0f) / projection(0, 0), (1.0f - 2.0f * ny) / projection(1, 1), 1.0f});
+    for (const std::shared_ptr<Clickable>& clickable : clickables)
+        clickable->OnMouseEvent(event);
+}
+
+} // namespace Annotator

@@ -1,0 +1,206 @@
+#include "Annotator/CockpitPreview.h"
+
+#include "CockpitModel/PartTransformCalculator.h"
+#include "Rendering/GeometryLoader.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace Annotator {
+
+namespace {
+
+using CockpitModel::Node;
+using CockpitModel::NodePart;
+using CockpitModel::TouchInteractionType;
+using Rendering::GeometryDrawParams;
+using Utils::Matrix4;
+using Utils::Vector3;
+
+constexpr const char* kCheckerFile = "QVRA/Images/checker.png";
+constexpr const char* kSphereFile = "QVRA/Models/Sphere.obj";
+constexpr float kMarkerScale = 0.1f;
+constexpr float kPathStep = 0.05f;
+
+/// Sets a flag for the length of a scope.
+class FlagScope : public Utils::NonAssignable {
+public:
+    explicit FlagScope(bool& scopedFlag) : flag(scopedFlag) { flag = true; }
+    ~FlagScope() { flag = false; }
+
+private:
+    bool& flag;
+};
+
+GeometryDrawParams SingleViewParams() {
+    GeometryDrawParams params;
+    params.leftEye = params.rightEye = false;
+    params.singleView = true;
+    params.shaderParam1 = 1.0f;
+    return params;
+}
+
+} // namespace
+
+/// What the draws of one frame share. One record of parameters serves them all: it holds a list and a text, which a
+/// new record would allocate for each part.
+struct CockpitPreview::Frame {
+    Rendering::Context& context;
+    const Matrix4& view;
+    const Matrix4& projection;
+    GeometryDrawParams params = SingleViewParams();
+    const Vector3 plainFirst = params.firstColour, plainSecond = params.secondColour;
+};
+
+float SelectionBlue(double seconds) {
+    const double pulse = 0.5 * std::cos(std::min(8.0 * seconds, 5.0)) + 0.5;
+    return static_cast<float>(0.7 + 0.3 * pulse);
+}
+
+void CockpitPreview::SetScene(std::shared_ptr<CockpitModel::SceneGraph> scene, CockpitModel::ModelData* source,
+                              const CockpitModel::AnnotationStore* store) {
+    sceneGraph = std::move(scene);
+    model = source;
+    annotationStore = store;
+}
+
+void CockpitPreview::SetSelectedPart(NodePart* part) {
+    selectedPart = part;
+    selectionTimer.ElapsedAndRestart();
+}
+
+void CockpitPreview::ReleaseGpuResources() {
+    checkerBitmap.reset();
+    sphereGeometry.reset();
+    if (sceneGraph)
+        sceneGraph->ReleaseGpuResources();
+}
+
+void CockpitPreview::Render(Rendering::Context& context, const Matrix4& view, const Matrix4& projection) {
+    if (!sceneGraph || busy)
+        return;
+    const FlagScope scope(busy);
+    LoadOwnResources(context);
+    sceneGraph->PrepareGpuResources(context);
+    sceneGraph->SyncFromModel(*model);
+    sceneGraph->Refresh();
+    Frame frame{context, view, projection};
+    sceneGraph->VisitNodes(view, projection,
+                           [&](const Matrix4& world, const Matrix4&, const Matrix4&, const Matrix4&, Node& node) {
+                               DrawNode(frame, world, node);
+                           });
+}
+
+void CockpitPreview::LoadOwnResources(Rendering::Context& context) {
+    if (!context.IsBitmapValid(checkerBitmap.get()))
+        checkerBitmap = context.LoadBitmap(kCheckerFile);
+    if (!context.IsGeometryValid(sphereGeometry.get()))
+        sphereGeometry = Rendering::LoadGeometryFile(context, kSphereFile, true);
+}
+
+void CockpitPreview::DrawNode(Frame& frame, const Matrix4& world, const Node& node) {
+    for (const auto& part : node.parts) {
+        if (!IsShown(*part))
+            continue;
+        frame.params.firstColour = frame.plainFirst;
+        frame.params.secondColour = frame.plainSecond;
+        frame.params.opacity = 1.0f;
+        frame.params.blend = false;
+        TintPart(frame.params, *part);
+        const Rendering::GPUBitmap* texture = part->textureIndex ? sceneGraph->Texture(*part->textureIndex) : nullptr;
+        frame.context.DrawGeometry(world, frame.view, frame.projection, *part->geometry,
+                                   texture ? texture : checkerBitmap.get(), nullptr, frame.params);
+        if (part.get() == selectedPart)
+            DrawMarkers(frame, world, *part);
+    }
+}
+
+void CockpitPreview::TintPart(GeometryDrawParams& params, const NodePart& part) {
+    if (part.Rect()) {
+        params.firstColour = {0.4f, 0.4f, 0.7f};
+        params.secondColour = {0.1f, 0.1f, 0.3f};
+    }
+    if (&part == selectedPart) {
+        params.firstColour = {0.0f, 0.0f, SelectionBlue(Seconds(selectionTimer))};
+        params.secondColour = {0.0f, 0.0f, 0.1f};
+    } else if (&part == hoveredPart) {
+        params.firstColour = {0.7f, 0.7f, 1.0f};
+        params.secondColour = {0.3f, 0.3f, 0.0f};
+    } else if (part.IsTransparent()) {
+        params.opacity = 0.5f;
+        params.blend = true;
+    } else {
+        TintByAnnotation(params, part);
+    }
+}
+
+void CockpitPreview::TintByAnnotation(GeometryDrawParams& params, const NodePart& part) const {
+    if (const auto annotation = annotationStore->Get(part)) {
+        const auto& expected = annotation->InteractionTypeTest;
+        if (expected && *expected != part.InteractionType)
+            params.firstColour = {1.0f, 0.0f, 0.0f};
+        else if (expected)
+            params.firstColour = {0.3f, 0.7f, 0.3f};
+    } else if (part.InteractionType == TouchInteractionType::YokePrimary) {
+        params.firstColour = {1.0f, 1.0f, 0.5f};
+    }
+}
+
+void CockpitPreview::DrawMarkers(Frame& frame, const Matrix4& world, const NodePart& part) {
+    GeometryDrawParams& params = frame.params;
+    params.blend = true;
+    params.opacity = 1.0f;
+    params.firstColour = params.secondColour = {0.1f, 0.5f, 0.1f};
+    // A zero axis gives a quaternion without a vector part, whose matrix is the identity.
+    const auto spin = Utils::RotationAboutAxis(part.RotationAxis, static_cast<float>(Seconds(spinTimer)));
+    DrawSphere(frame, Utils::Rotation(spin), Utils::TransformPoint(part.AxisTip, world));
+
+    params.firstColour = params.secondColour = {0.5f, 0.1f, 0.1f};
+    DrawSphere(frame, Matrix4::Identity(), Utils::TransformPoint(part.FarthestVertex, world));
+
+    const auto path = CockpitModel::FindPartTransform(part);
+    if (!path)
+        return;
+    params.opacity = 0.5f;
+    // The sum of the 32-bit steps passes 1 after 20 spheres.
+    for (float t = 0.0f; t <= 1.0f; t += kPathStep)
+        DrawSphere(frame, Matrix4::Identity(), Utils::TransformPoint(part.FarthestVertex, path->TransformAt(t)));
+}
+
+void CockpitPreview::DrawSphere(const Frame& frame, const Matrix4& turn, const Vector3& position) const {
+    const Matrix4 world = Utils::Scaling(kMarkerScale) * turn * Utils::Translation(position);
+    frame.context.DrawGeometry(world, frame.view, frame.projection, *sphereGeometry, checkerBitmap.get(), nullptr,
+                               frame.params);
+}
+
+void CockpitPreview::OnMouseEvent(const CanvasMouseEvent& event) {
+    if (!sceneGraph || busy)
+        return;
+    FindHoveredPart(event);
+    if (hoveredPart && event.type == 0)
+        partSignal(hoveredPart);
+}
+
+void CockpitPreview::FindHoveredPart(const CanvasMouseEvent& event) {
+    const FlagScope scope(busy);
+    hoveredPart = nullptr;
+    float best = std::numeric_limits<float>::max();
+    const auto pick = [&](const Matrix4& world, const Matrix4&, const Matrix4& view, const Matrix4&, Node& node) {
+        if (node.parts.empty())
+            return;
+        const Matrix4 toNode = (world * view).inverse();
+        const CockpitModel::PartRay ray = CockpitModel::TransformRay(event.ray, toNode);
+        for (const auto& part : node.parts) {
+            if (!IsShown(*part))
+                continue;
+            const auto hit = part->tree.Intersect(ray);
+            if (hit && hit->distance < best) {
+                hoveredPart = part.get();
+                best = hit->distance;
+            }
+        }
+    };
+    sceneGraph->VisitNodes(event.view, event.projection, pick);
+}
+
+} // namespace Annotator

@@ -1,0 +1,62 @@
+#include "Annotator/FailureTexts.h"
+
+#include "Annotator/DetectedDataExport.h"
+#include "Utils/RangeCheck.h"
+
+#include <boost/filesystem.hpp>
+#include <typeinfo>
+
+namespace Annotator {
+
+namespace {
+
+namespace fs = boost::filesystem;
+
+std::string Absolute(const std::string& path) {
+    boost::system::error_code ignored;
+    const fs::path folder = fs::current_path(ignored);
+    return (folder / path).string();
+}
+
+} // namespace
+
+std::string ReasonText(const std::exception& error) {
+    if (const auto* file = dynamic_cast<const fs::filesystem_error*>(&error))
+        return file->path1().string() + ": " + file->code().message();
+    // A fatal error throws the plain base class when its own dialog has been dismissed.
+    if (typeid(error) == typeid(std::exception))
+        return "A fatal error was met, which has been shown and logged.";
+    return Utils::Describe(error);
+}
+
+std::string ScanFailureText(const std::exception& error) {
+    return "The aircraft of this folder cannot be listed:\n" + Absolute("Aircraft") + "\n\n" + ReasonText(error) +
+           "\n\nStart the program in the folder of an X-Plane installation.";
+}
+
+std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error) {
+    return info.displayName + " cannot be loaded:\n" + info.acfPath + "\n\n" + ReasonText(error);
+}
+
+std::string ExportFailureText(const std::exception& error) {
+    return "The detected data cannot be saved into this folder:\n" + Absolute(DetectedDataFolder()) + "\n\n" +
+           ReasonText(error);
+}
+
+std::string TestRunFailureText(const std::exception& error) {
+    return "The tests cannot be run to their end:\n\n" + ReasonText(error);
+}
+
+std::string SaveFailureText(const std::string& path, const std::string& reason) {
+    return "The annotations cannot be saved:\n" + Absolute(path) + "\n\n" + reason;
+}
+
+std::string SelectionFailureText(const std::exception& error) {
+    return "This part cannot be shown:\n\n" + ReasonText(error);
+}
+
+std::string FrameFailureText(const std::exception& error) {
+    return "The cockpit cannot be shown:\n\n" + ReasonText(error);
+}
+
+} // namespace Annotator

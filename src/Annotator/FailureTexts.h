@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Sim/AircraftInfo.h"
+
+#include <exception>
+#include <string>
+
+namespace Annotator {
+
+/// What the desktop tool tells a person when something fails: what was tried, on which file or folder, and why it went
+/// wrong.
+
+/// The reason in words, with the path where the error names one.
+std::string ReasonText(const std::exception& error);
+
+std::string ScanFailureText(const std::exception& error);
+std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error);
+std::string ExportFailureText(const std::exception& error);
+std::string TestRunFailureText(const std::exception& error);
+std::string SaveFailureText(const std::string& path, const std::string& reason);
+std::string SelectionFailureText(const std::exception& error);
+std::string FrameFailureText(const std::exception& error);
+
+} // namespace Annotator

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Annotator/PaneTexts.h"
+#include "Annotator/Window/ItemDropDown.h"
+#include "Annotator/Window/Page.h"
+
+#include <wx/slider.h>
+
+namespace Annotator {
+
+/// The page "Animations": the animations above the part on show, and a slider that moves all animations of the
+/// source model which follow the dataref of the chosen one.
+class AnimationsPane : public Page {
+public:
+    AnimationsPane(wxWindow* parent, wxWindowID id);
+
+    /// Part and model stay valid until the next call; without a part the model is not kept.
+    void SetPart(CockpitModel::NodePart* newPart, CockpitModel::ModelData* newModel);
+
+private:
+    void OnAnimationChosen();
+    void OnSliderMoved();
+
+    CockpitModel::NodePart* part = nullptr;
+    CockpitModel::ModelData* model = nullptr;
+    wxStaticText* infoText;
+    wxSlider* positionSlider;
+    ItemDropDown<AnimData>* dropDown;
+    CockpitModel::ModelAnimation* selectedAnimation = nullptr; ///< the slider acts on it
+};
+
+} // namespace Annotator

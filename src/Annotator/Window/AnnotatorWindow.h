@@ -1,0 +1,96 @@
+#pragma once
+
+#include "Annotator/CockpitPreview.h"
+#include "Annotator/Window/AircraftSelectorDropdown.h"
+#include "Annotator/Window/AnimationsPane.h"
+#include "Annotator/Window/DXCanvas.h"
+#include "Annotator/Window/InteractionPane.h"
+#include "Annotator/Window/PartInfoPane.h"
+#include "Annotator/Window/TestPane.h"
+#include "Annotator/Window/TextureViewPane.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
+#include "CockpitModel/Panels/PanelSet.h"
+#include "CockpitModel/SceneGraph.h"
+#include "Sim/AircraftListLoader.h"
+#include "Threading/RunQueue.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+#include <wx/frame.h>
+#include <wx/statusbr.h>
+#include <wx/treectrl.h>
+
+namespace Annotator {
+
+/// The main window, from the pick of an aircraft to a saved correction. It owns the loaded aircraft and shares its
+/// scene graph with the preview. Without an aircraft, at start and after a load that failed, tree, panes and preview
+/// are empty. User interface thread.
+class AnnotatorWindow : public wxFrame {
+public:
+    /// The loader is not owned. What the scan of the aircraft throws passes through.
+    explicit AnnotatorWindow(Sim::AircraftListLoader* loader);
+    ~AnnotatorWindow() override;
+
+    /// Runs in a frame, from the run queue. What stops the load passes through and leaves no aircraft loaded.
+    void LoadAircraft(const Sim::AircraftInfo& info);
+    /// Shows a part of the loaded scene, or none, in tree, preview and panes.
+    void SelectPart(CockpitModel::NodePart* part);
+
+private:
+    void MakeMenus();
+    void MakeStatusBar();
+    void MakeTree(wxPanel* parent);
+    void MakeCanvas(wxPanel* parent);
+    void MakeSidePanel(wxPanel* parent);
+    void MakeNotebook(wxPanel* parent);
+    void MakePreview();
+
+    void OnRunAllTests(wxCommandEvent& event);
+    void OnSaveDetectedData(wxCommandEvent& event);
+    void OnTreeSelectionChanged(wxTreeEvent& event);
+    void OnSaveAnnotation(wxCommandEvent& event);
+    void OnShowTransparent(wxCommandEvent& event);
+    void OnAircraftSelected(const Sim::AircraftInfo& info);
+    void OnCanvasFailure(const std::exception& error);
+
+    void LoadGuarded(const Sim::AircraftInfo& info);
+    void RebuildTree();
+    void AddNodeItems(CockpitModel::Node& node);
+    const wxTreeItemId& ItemOf(const CockpitModel::NodePart& part) const;
+    void HighlightItem(const wxTreeItemId& item);
+    void ShowAnnotation(CockpitModel::NodePart& part);
+    void ReleaseScene();
+    void ShowEmptyState();
+
+    Sim::AircraftListLoader* aircraftListLoader;
+    AircraftSelectorDropdown* aircraftSelector = nullptr;
+    wxTreeCtrl* partTree = nullptr;
+    DXCanvas* canvas = nullptr;
+    wxStatusBar* statusBar = nullptr;
+    InteractionPane* interactionPane = nullptr;
+    AnimationsPane* animationsPane = nullptr;
+    PartInfoPane* partInfoPane = nullptr;
+    TestPane* testPane = nullptr;
+    TextureViewPane* textureViewPane = nullptr;
+    wxCheckBox* showTransparentCheckBox = nullptr;
+    Threading::RunQueue runQueue; ///< work for the next frame
+    std::string aircraftName;
+    std::string annotationPath;
+    std::unique_ptr<CockpitModel::AircraftCockpit> cockpit;
+    CockpitModel::GaugeRepository gaugeRepository;
+    std::unique_ptr<CockpitModel::PanelSet> panels;
+    std::unique_ptr<CockpitModel::ModelData> model; ///< source of the animation positions
+    std::shared_ptr<CockpitModel::SceneGraph> sceneGraph;
+    std::shared_ptr<CockpitPreview> preview;
+    std::vector<wxTreeItemId> nodeItems; ///< by node index
+    std::unordered_map<const CockpitModel::NodePart*, wxTreeItemId> partItems;
+    std::optional<wxTreeItemId> highlightedItem;
+    CockpitModel::NodePart* selectedPart = nullptr;
+    std::unique_ptr<CockpitModel::AnnotationStore> annotationStore;
+    CockpitModel::AnnotationRecord currentAnnotation; ///< working record of the selected part; two panes point to it
+};
+
+} // namespace Annotator

@@ -1,0 +1,190 @@
+// The window's scene: the load of an aircraft, the tree of its nodes and parts, the selection and Save.
+#include "Annotator/AircraftRoad.h"
+#include "Annotator/FailureTexts.h"
+#include "Annotator/Window/AnnotatorWindow.h"
+#include "Annotator/Window/ProblemBox.h"
+#include "Logging/Logger.h"
+#include "Utils/Asserts.h"
+#include "Utils/Paths.h"
+
+#include <stdexcept>
+
+namespace Annotator {
+
+namespace {
+
+using CockpitModel::Node;
+using CockpitModel::NodePart;
+
+/// Only part items carry data.
+class NodePartTreeItemData : public wxTreeItemData {
+public:
+    explicit NodePartTreeItemData(NodePart* itemPart) : part(itemPart) {}
+
+    NodePart* part; ///< of the loaded scene
+};
+
+/// The fatal error's text is fixed and its exception empty, so the reason goes to the log ahead of it and out in words
+/// after it.
+void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCockpit& cockpit) {
+    if (cockpit.IsValid())
+        return;
+    const std::string reason = "There is no cockpit object beside " + info.acfPath;
+    Logging::Logger::Get().Log(HERE, reason);
+    try {
+        Utils::FatalError("Annotator\\AnnotatorWindow.cpp", 158);
+    } catch (const std::exception&) {
+        throw std::runtime_error(reason);
+    }
+}
+
+Utils::Vector3 PilotsEye(const CockpitModel::AircraftCockpit& cockpit) {
+    const Utils::Vector3 eye = cockpit.modelOffset + cockpit.pilotEye;
+    return {eye.x(), eye.y(), -eye.z()};
+}
+
+CockpitModel::AnnotationRecord NewAnnotation(const NodePart& part) {
+    CockpitModel::AnnotationRecord record;
+    record.NodeId = part.node->index;
+    record.PartId = part.id;
+    return record;
+}
+
+} // namespace
+
+void AnnotatorWindow::LoadGuarded(const Sim::AircraftInfo& info) {
+    try {
+        LoadAircraft(info);
+    } catch (const std::exception& error) {
+        ShowEmptyState();
+        CallAfter([this, text = LoadFailureText(info, error)] { ShowProblem(this, text); });
+    }
+}
+
+void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
+    SelectPart(nullptr);
+    // The old scene goes first: memory then holds one aircraft, and a load that fails leaves nothing half replaced.
+    ReleaseScene();
+    aircraftName = info.displayName;
+    OpenedAircraft opened = OpenAircraft(info, gaugeRepository);
+    RequireModel(info, *opened.cockpit);
+    BuiltAircraft built = BuildAircraft(opened);
+    cockpit = std::move(opened.cockpit);
+    panels = std::move(opened.panels);
+    model = std::move(built.model);
+    sceneGraph = std::move(built.sceneGraph);
+    annotationStore = std::make_unique<CockpitModel::AnnotationStore>(*sceneGraph);
+    annotationPath = CockpitModel::AnnotationPath(info);
+    annotationStore->Read(annotationPath);
+    preview->SetScene(sceneGraph, model.get(), annotationStore.get());
+    RebuildTree();
+    canvas->control.camera.SetPosition(PilotsEye(*cockpit));
+    canvas->SetFocus();
+}
+
+void AnnotatorWindow::ReleaseScene() {
+    preview->SetScene(nullptr, nullptr, nullptr);
+    annotationStore.reset();
+    sceneGraph.reset();
+    model.reset();
+    panels.reset();
+    cockpit.reset();
+}
+
+void AnnotatorWindow::ShowEmptyState() {
+    SelectPart(nullptr);
+    ReleaseScene();
+    highlightedItem.reset();
+    partItems.clear();
+    nodeItems.clear();
+    partTree->DeleteAllItems();
+    aircraftName.clear();
+    annotationPath.clear();
+}
+
+void AnnotatorWindow::RebuildTree() {
+    selectedPart = nullptr;
+    partTree->DeleteAllItems();
+    partTree->AddRoot(ToWide(aircraftName));
+    highlightedItem.reset();
+    partItems.clear();
+    nodeItems.clear();
+    nodeItems.reserve(sceneGraph->Nodes().size());
+    const Utils::Matrix4 unused = Utils::Matrix4::Identity();
+    sceneGraph->VisitNodes(
+        unused, unused, [this](const auto&, const auto&, const auto&, const auto&, Node& node) { AddNodeItems(node); });
+    partTree->ExpandAll();
+}
+
+void AnnotatorWindow::AddNodeItems(Node& node) {
+    const auto index = static_cast<std::size_t>(node.index);
+    const wxTreeItemId parentItem = node.parent ? Utils::At(nodeItems, node.parent->index) : partTree->GetRootItem();
+    if (nodeItems.size() <= index)
+        nodeItems.resize(index + 1);
+    nodeItems[index] = partTree->AppendItem(parentItem, "N: " + std::to_string(node.index));
+    for (std::size_t i = 0; i < node.parts.size(); ++i) {
+        NodePart* part = node.parts[i].get();
+        partItems[part] =
+            partTree->AppendItem(nodeItems[index], "P: " + std::to_string(i), -1, -1, new NodePartTreeItemData(part));
+    }
+}
+
+void AnnotatorWindow::OnTreeSelectionChanged(wxTreeEvent& event) {
+    if (const auto* data = dynamic_cast<NodePartTreeItemData*>(partTree->GetItemData(event.GetItem())))
+        RunGuarded(
+            this, [&] { SelectPart(data->part); }, SelectionFailureText);
+}
+
+void AnnotatorWindow::SelectPart(NodePart* part) {
+    if (part == selectedPart)
+        return;
+    selectedPart = part;
+    preview->SetSelectedPart(part);
+    textureViewPane->SetPart(part);
+    partInfoPane->SetPart(part);
+    if (part) {
+        HighlightItem(ItemOf(*part));
+        ShowAnnotation(*part);
+    } else {
+        testPane->SetPart(nullptr, nullptr);
+        interactionPane->SetPart(nullptr, nullptr);
+    }
+    animationsPane->SetPart(part, model.get());
+}
+
+const wxTreeItemId& AnnotatorWindow::ItemOf(const NodePart& part) const {
+    const auto found = partItems.find(&part);
+    if (found == partItems.end())
+        throw std::out_of_range("invalid unordered_map<K, T> key");
+    return found->second;
+}
+
+void AnnotatorWindow::HighlightItem(const wxTreeItemId& item) {
+    partTree->SelectItem(item, true);
+    partTree->SetFocusedItem(item);
+    if (highlightedItem) {
+        partTree->SetItemBold(*highlightedItem, false);
+        partTree->SetItemTextColour(*highlightedItem, *wxBLACK);
+    }
+    partTree->SetItemBold(item, true);
+    partTree->SetItemTextColour(item, *wxBLUE);
+    highlightedItem = item;
+}
+
+void AnnotatorWindow::ShowAnnotation(NodePart& part) {
+    currentAnnotation = annotationStore->Get(part).value_or(NewAnnotation(part));
+    testPane->SetPart(&part, &currentAnnotation);
+    interactionPane->SetPart(&part, &currentAnnotation);
+}
+
+void AnnotatorWindow::OnSaveAnnotation(wxCommandEvent&) {
+    if (!selectedPart)
+        return;
+    testPane->Commit();
+    interactionPane->Commit();
+    annotationStore->Set(*selectedPart, currentAnnotation);
+    if (const auto result = annotationStore->Write(annotationPath); !result)
+        ShowProblem(this, SaveFailureText(annotationPath, result.error));
+}
+
+} // namespace Annotator

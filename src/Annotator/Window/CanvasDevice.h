@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Rendering/Camera.h"
+#include "Rendering/Context.h"
+#include "Utils/NonAssignable.h"
+
+#include <memory>
+#include <wx/glcanvas.h>
+
+namespace Annotator {
+
+/// The toolkit's window that a device of this platform can draw on.
+class CanvasBase : public wxGLCanvas {
+protected:
+    CanvasBase(wxWindow* parent, wxWindowID id);
+};
+
+/// A graphics device with its targets on a canvas. Objects of its context must go before it does. User interface
+/// thread; a failing call is a fatal error.
+class CanvasDevice : public Utils::NonAssignable {
+public:
+    virtual ~CanvasDevice() = default;
+
+    virtual Rendering::Context& Context() = 0;
+    /// To be called ahead of everything that makes, uses or lets go of objects outside a frame.
+    virtual void MakeCurrent() = 0;
+    /// Remakes the targets, in pixels of the screen.
+    virtual void Resize(Rendering::Size size) = 0;
+    /// Sets the viewport to the whole target and clears it to mid grey and the farthest depth.
+    virtual void BeginFrame() = 0;
+    virtual void Present() = 0;
+};
+
+/// The canvas must be on the screen and outlive the device, as must the camera.
+std::unique_ptr<CanvasDevice> MakeCanvasDevice(CanvasBase& canvas, const Rendering::Camera& camera);
+
+} // namespace Annotator

@@ -1,0 +1,71 @@
+#include "Annotator/Window/CanvasDevice.h"
+#include "Logging/Logger.h"
+#include "Rendering/OpenGL/GLContext.h"
+#include "Rendering/OpenGL/GLFrameTarget.h"
+#include "Utils/Asserts.h"
+
+#include <optional>
+
+namespace Annotator {
+
+namespace {
+
+constexpr const char* kPlace = "Annotator\\DXCanvas.cpp";
+constexpr std::int32_t kMakingDevice = 280;
+
+const Utils::Vector4 kMidGrey(0.5f, 0.5f, 0.5f, 1.0f);
+
+wxGLAttributes SurfaceAttributes() {
+    wxGLAttributes attributes;
+    attributes.PlatformDefaults().MinRGBA(8, 8, 8, 0).DoubleBuffer().EndList();
+    return attributes;
+}
+
+wxGLContextAttrs ContextAttributes() {
+    wxGLContextAttrs attributes;
+    attributes.PlatformDefaults().CoreProfile().OGLVersion(3, 3).EndList();
+    return attributes;
+}
+
+class CanvasDeviceGL final : public CanvasDevice {
+public:
+    CanvasDeviceGL(CanvasBase& window, const Rendering::Camera& camera) : canvas(&window) {
+        const wxGLContextAttrs attributes = ContextAttributes();
+        glContext.emplace(canvas, nullptr, &attributes);
+        if (!glContext->IsOK() || !glContext->SetCurrent(*canvas)) {
+            Logging::Logger::Get().Log(HERE, "The display has no OpenGL 3.3 core context");
+            Utils::FatalError(kPlace, kMakingDevice);
+        }
+        context.emplace(camera);
+        target.emplace(*context);
+    }
+
+    ~CanvasDeviceGL() override { MakeCurrent(); }
+
+    Rendering::Context& Context() override { return *context; }
+    void MakeCurrent() override { glContext->SetCurrent(*canvas); }
+    void Resize(Rendering::Size size) override { target->Resize(size); }
+    void BeginFrame() override { target->Begin(kMidGrey); }
+    void Present() override {
+        target->Present();
+        canvas->SwapBuffers();
+        context->ReleaseDeferred();
+    }
+
+private:
+    CanvasBase* canvas;
+    std::optional<wxGLContext> glContext;
+    std::optional<Rendering::OpenGL::GLContext> context;
+    std::optional<Rendering::OpenGL::GLFrameTarget> target;
+};
+
+} // namespace
+
+CanvasBase::CanvasBase(wxWindow* parent, wxWindowID id)
+    : wxGLCanvas(parent, SurfaceAttributes(), id, wxDefaultPosition, wxDefaultSize, 0) {}
+
+std::unique_ptr<CanvasDevice> MakeCanvasDevice(CanvasBase& canvas, const Rendering::Camera& camera) {
+    return std::make_unique<CanvasDeviceGL>(canvas, camera);
+}
+
+} // namespace Annotator

@@ -1,0 +1,149 @@
+#include "CockpitModel/NodePart.h"
+#include "CockpitModel/Panels/PanelParts.h"
+#include "CockpitModel/Panels/PanelSet.h"
+#include "CockpitModel/SceneGraph.h"
+#include "Utils/RangeCheck.h"
+
+namespace CockpitModel {
+
+namespace {
+
+using Rendering::GeometryVertex;
+using Soup = std::vector<GeometryVertex>;
+
+constexpr std::uint32_t kTriangleList = 1;
+constexpr std::uint32_t kTriangleFan = 2;
+constexpr std::uint32_t kTriangleStrip = 3;
+constexpr std::int32_t kOpaqueBlendKind = 2;
+constexpr float kOpaqueAlpha = 0.9f;
+
+/// "<file>(<line>): <what>", as far as the model knows file and line.
+std::string AtSource(const ModelData& model, const RiffBlockPART& block, const std::string& what) {
+    std::string place = model.sourcePath;
+    if (block.SourceLine != 0)
+        place += "(" + std::to_string(block.SourceLine) + ")";
+    return place.empty() ? what : place + ": " + what;
+}
+
+/// The entry of a list that a block names; the reason of a failure says which index named what.
+template <typename List, typename Index>
+auto& NamedEntry(List& list, Index index, const ModelData& model, const RiffBlockPART& block, const char* kind) {
+    if (index >= list.size())
+        throw Utils::OutOfRange(AtSource(model, block,
+                                         "TRIS needs " + std::string(kind) + " " + std::to_string(index) +
+                                             ", but the model has " + std::to_string(list.size())));
+    return list[index];
+}
+
+GeometryVertex ToGeometryVertex(const Vertex& vertex) {
+    GeometryVertex result;
+    result.position = {vertex.x, vertex.y, vertex.z};
+    result.normal = {vertex.nx, vertex.ny, vertex.nz};
+    result.texture = result.secondTexture = {vertex.u, vertex.v};
+    return result;
+}
+
+/// A range that leaves the pool fails as a whole, before room is taken for it.
+void CheckIndexRange(const ModelData& model, const RiffBlockPART& block, std::size_t poolSize) {
+    const std::uint64_t end = std::uint64_t{block.IndexOffset} + block.IndexCount;
+    if (block.IndexCount == 0 || end <= poolSize)
+        return;
+    throw Utils::OutOfRange(AtSource(model, block,
+                                     "TRIS " + std::to_string(static_cast<std::int32_t>(block.IndexOffset)) + " " +
+                                         std::to_string(static_cast<std::int32_t>(block.IndexCount)) +
+                                         " reaches beyond the " + std::to_string(poolSize) + " indices of the file"));
+}
+
+Soup ExpandIndices(const ModelData& model, const RiffBlockPART& block) {
+    const auto& indices = NamedEntry(model.indexBlocks, 0u, model, block, "index block").Children;
+    const auto& pool = NamedEntry(model.vertexBlocks, block.VertexBlock, model, block, "vertex block").Children;
+    CheckIndexRange(model, block, indices.size());
+    Soup raw;
+    raw.reserve(block.IndexCount);
+    for (std::uint32_t i = 0; i < block.IndexCount; ++i) {
+        const std::uint32_t vertex = indices[block.IndexOffset + i] + block.VertexOffset;
+        raw.push_back(ToGeometryVertex(NamedEntry(pool, vertex, model, block, "vertex")));
+    }
+    return raw;
+}
+
+/// Triangles from corners in sequence: each further corner closes one with the corner before it and with the first of
+/// a fan, or the one before that of a strip. The winding of a strip is not turned.
+Soup Unroll(const Soup& raw, bool fan) {
+    Soup soup;
+    for (std::size_t i = 2; i < raw.size(); ++i)
+        soup.insert(soup.end(), {raw[fan ? 0 : i - 2], raw[i - 1], raw[i]});
+    return soup;
+}
+
+Soup MakeTriangles(Soup raw, std::uint32_t type) {
+    if (type == kTriangleList)
+        return raw;
+    if (type == kTriangleFan || type == kTriangleStrip)
+        return Unroll(raw, type == kTriangleFan);
+    return {};
+}
+
+const Material& FindMaterial(const ModelData& model, const RiffBlockPART& block) {
+    const auto& materials = model.materials.Children;
+    if (block.MaterialIndex >= materials.size())
+        throw Utils::OutOfRange(AtSource(model, block, "TRIS before any TEXTURE line, so the part has no material"));
+    return materials[block.MaterialIndex];
+}
+
+void AddToNode(Node& node, std::unique_ptr<NodePart> part) {
+    part->node = &node;
+    part->id = static_cast<std::int32_t>(node.parts.size());
+    if (part->Rect())
+        node.clickableParts.push_back(part.get());
+    node.parts.push_back(std::move(part));
+}
+
+/// A part of its own for each rectangle of a panel that the base part shows.
+void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
+    base.panel = panels ? panels->Find(base.textureName) : nullptr;
+    if (!base.panel)
+        return;
+    std::vector<PanelPartEntry> entries;
+    base.panel->ProduceEntries(base, entries);
+    for (PanelPartEntry& entry : entries) {
+        auto part = std::make_unique<NodePart>();
+        part->vertices = std::move(entry.vertices);
+        part->panelRect = std::move(entry.rect);
+        part->block.mouseRect = &part->panelRect;
+        part->tree = PartTree(part->vertices);
+        part->textureIndex = base.textureIndex;
+        part->textureName = base.textureName;
+        part->panel = base.panel;
+        part->material = base.material;
+        AddToNode(node, std::move(part));
+    }
+}
+
+} // namespace
+
+bool NodePart::IsTransparent() const {
+    return material && !(material->BlendKind == kOpaqueBlendKind && material->Alpha >= kOpaqueAlpha);
+}
+
+void SceneGraph::BuildParts(const RiffBlockPART& block) {
+    Node& node = *NamedEntry(nodes, block.Node, model, block, "node");
+    Soup soup = MakeTriangles(ExpandIndices(model, block), block.Type);
+    if (soup.size() < 3)
+        return;
+    auto part = std::make_unique<NodePart>();
+    part->node = &node;
+    part->vertices = std::move(soup);
+    part->block = block;
+    part->tree = PartTree(part->vertices);
+    part->material = &FindMaterial(model, block);
+    if (part->material->TextureDiffuse >= 0) {
+        part->textureIndex = part->material->TextureDiffuse;
+        part->textureName =
+            NamedEntry(model.textures.Children, std::uint32_t(*part->textureIndex), model, block, "texture");
+        AddPanelParts(node, *part, panels);
+    }
+    AddToNode(node, std::move(part));
+}
+
+} // namespace CockpitModel

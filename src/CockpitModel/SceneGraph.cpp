@@ -1,0 +1,230 @@
+#include "CockpitModel/SceneGraph.h"
+
+#include "CockpitModel/PartMotion.h"
+#include "Logging/Logger.h"
+#include "Utils/Paths.h"
+#include "Utils/RangeCheck.h"
+
+#include <algorithm>
+
+namespace CockpitModel {
+
+namespace {
+
+/// Visibility flags are refreshed in this many slices, so that a frame touches few nodes.
+constexpr std::size_t kVisibilitySlices = 20;
+
+/// Where a texture lies on disk, its name taken without notice of case; empty when there is no such file.
+boost::filesystem::path TexturePath(const std::string& folder, const std::string& name) {
+    if (name.empty() || name.front() == '$')
+        return {};
+    return Utils::FindIgnoringCase(boost::filesystem::path(folder) / name);
+}
+
+} // namespace
+
+SceneGraph::SceneGraph(const ModelData& source, const AircraftCockpit& cockpit, const PanelSet* panelSet)
+    : TriggeredWorker([this] { UpdateTransforms(); }), model(source), textureFolder(cockpit.textureFolder),
+      panels(panelSet) {
+    std::uint32_t indexCount = 0;
+    for (const RiffBlockPART& part : model.parts)
+        indexCount += part.IndexCount;
+    Logging::Logger::Get().Log(HERE, "Model has " + std::to_string(model.parts.size()) + " parts, " +
+                                         std::to_string(indexCount) + " total drawn vertices, stored in array size " +
+                                         std::to_string(model.vertexBlocks.size()));
+    MakeNodes();
+    LinkParents();
+    PrepareUpdate();
+    for (const RiffBlockPART& block : model.parts)
+        BuildParts(block);
+    SetAllPositions(0.0f);
+    for (const auto& node : nodes)
+        for (const auto& part : node->parts)
+            AnalysePartMotion(*part);
+    SetAllPositions(1.0f);
+}
+
+SceneGraph::~SceneGraph() {
+    Stop();
+}
+
+void SceneGraph::MakeNodes() {
+    nodes.reserve(model.sceneElements.Children.size());
+    for (const SceneGraphElement& element : model.sceneElements.Children) {
+        auto node = std::make_unique<Node>();
+        node->graph = this;
+        node->index = static_cast<std::int32_t>(nodes.size());
+        if (element.Child >= 0)
+            node->childIndex = element.Child;
+        if (element.Peer >= 0)
+            node->peerIndex = element.Peer;
+        if (element.MapOffset >= 0) {
+            const AnimationNode& entry =
+                Utils::At(model.animationMap.Children, std::size_t(element.MapOffset) / sizeof(AnimationNode));
+            node->localMatrix = Utils::At(model.matrices.Children, entry.MatrixIndex);
+        }
+        const std::int16_t link = Utils::At(model.animationLinks.Children, nodes.size());
+        if (link >= 0 && static_cast<std::size_t>(link) < model.animations.size()) {
+            node->animationIndex = link;
+            node->animation = &model.animations[static_cast<std::size_t>(link)];
+        }
+        nodes.push_back(std::move(node));
+    }
+}
+
+void SceneGraph::LinkParents() {
+    for (const auto& node : nodes) {
+        std::optional<std::int32_t> next = node->childIndex;
+        // A chain cannot be longer than the table; the bound keeps links that run in a circle from hanging the load.
+        for (std::size_t i = 0; next && i < nodes.size(); ++i) {
+            Node& child = *Utils::At(nodes, *next);
+            child.parentIndex = node->index;
+            child.parent = node.get();
+            next = child.peerIndex;
+        }
+    }
+}
+
+/// Lays the nodes out breadth-first from node 0: a node's peer ahead of its child.
+void SceneGraph::PrepareUpdate() {
+    std::vector<bool> reached(nodes.size(), false);
+    const auto append = [&](std::int32_t index, std::ptrdiff_t parent) {
+        Node* const node = Utils::At(nodes, index).get();
+        if (reached[static_cast<std::size_t>(index)])
+            return;
+        reached[static_cast<std::size_t>(index)] = true;
+        updateSteps.push_back({node, parent});
+    };
+    append(0, -1);
+    for (std::size_t i = 0; i < updateSteps.size(); ++i) {
+        const UpdateStep step = updateSteps[i];
+        if (step.node->peerIndex)
+            append(*step.node->peerIndex, step.parent);
+        if (step.node->childIndex)
+            append(*step.node->childIndex, static_cast<std::ptrdiff_t>(i));
+    }
+    scratchList.reserve(updateSteps.size());
+}
+
+void SceneGraph::SetAllPositions(float position) {
+    for (ModelAnimation& animation : model.animations)
+        animation.position = position;
+    {
+        const std::lock_guard lock(mutex);
+        positions.assign(model.animations.size(), position);
+    }
+    UpdateTransforms();
+    const std::lock_guard lock(mutex);
+    AdoptPublished();
+}
+
+void SceneGraph::UpdateTransforms() {
+    {
+        const std::lock_guard lock(mutex);
+        scratchPositions.assign(positions.begin(), positions.end());
+    }
+    scratchList.resize(updateSteps.size());
+    for (std::size_t i = 0; i < updateSteps.size(); ++i) {
+        const UpdateStep& step = updateSteps[i];
+        TraversalEntry& entry = scratchList[i];
+        entry.node = step.node;
+        if (step.parent < 0)
+            entry.parentMatrix.setIdentity();
+        else
+            entry.parentMatrix = scratchList[static_cast<std::size_t>(step.parent)].worldMatrix;
+        entry.worldMatrix.noalias() = step.node->localMatrix * entry.parentMatrix;
+        if (step.node->animation)
+            ApplyAnimation(*step.node->animation, entry.worldMatrix,
+                           scratchPositions[static_cast<std::size_t>(*step.node->animationIndex)]);
+    }
+    // The lists trade places: every entry of the one that comes back is written anew by the next run.
+    const std::lock_guard lock(mutex);
+    publishedList.swap(scratchList);
+    publishedIsNew = true;
+}
+
+/// Hands the last finished matrices to the nodes. The mutex is held.
+void SceneGraph::AdoptPublished() {
+    if (!publishedIsNew)
+        return;
+    for (const TraversalEntry& entry : publishedList) {
+        entry.node->worldMatrix = entry.worldMatrix;
+        entry.node->parentMatrix = entry.parentMatrix;
+    }
+    publishedIsNew = false;
+}
+
+Rendering::GPUBitmap* SceneGraph::Texture(std::int32_t index) const {
+    return Utils::At(textures, index).get();
+}
+
+void SceneGraph::PrepareGpuResources(Rendering::Context& context) {
+    const auto first = std::ranges::find_if(nodes, [](const auto& node) { return !node->parts.empty(); });
+    if (first != nodes.end() && !context.IsGeometryValid((*first)->parts.front()->geometry.get()))
+        gpuResourcesStale = true;
+    if (!gpuResourcesStale)
+        return;
+    for (const auto& node : nodes)
+        for (const auto& part : node->parts)
+            part->geometry = context.CreateGeometry(part->vertices);
+    textures.clear();
+    for (const std::string& name : model.textures.Children) {
+        const boost::filesystem::path path = TexturePath(textureFolder, name);
+        textures.push_back(path.empty() ? nullptr : context.LoadBitmap(path.string()));
+    }
+    gpuResourcesStale = false;
+}
+
+void SceneGraph::ReleaseGpuResources() {
+    for (const auto& node : nodes)
+        for (const auto& part : node->parts)
+            part->geometry.reset();
+    textures.clear();
+    gpuResourcesStale = true;
+}
+
+void SceneGraph::SyncFromModel(ModelData& source) {
+    for (std::size_t i = 0; i < model.animations.size(); ++i) {
+        model.animations[i].position = Utils::At(source.animations, i).position;
+        source.animations[i].enabled = model.animations[i].enabled;
+    }
+    const std::size_t count = source.visibilityInfos.size();
+    if (count == 0)
+        return;
+    const std::size_t step = std::max<std::size_t>(count / kVisibilitySlices, 1);
+    const std::size_t end = std::min(visibilityCursor + step, count);
+    for (std::size_t i = visibilityCursor; i < end; ++i)
+        Utils::At(nodes, i)->visible = source.visibilityInfos[i].Visible;
+    visibilityCursor = end < count ? end : 0;
+}
+
+void SceneGraph::Refresh() {
+    {
+        const std::lock_guard lock(mutex);
+        std::ranges::transform(model.animations, positions.begin(), &ModelAnimation::position);
+    }
+    if (firstRefreshDone) {
+        Trigger();
+        return;
+    }
+    RunAndWait();
+    firstRefreshDone = true;
+    const std::lock_guard lock(mutex);
+    AdoptPublished();
+}
+
+void SceneGraph::VisitNodes(const Utils::Matrix4& view, const Utils::Matrix4& projection, Visitor visitor) {
+    const std::lock_guard lock(mutex);
+    AdoptPublished();
+    for (const TraversalEntry& entry : publishedList)
+        visitor(entry.worldMatrix, entry.parentMatrix, view, projection, *entry.node);
+}
+
+void SceneGraph::SetYokePrimary(NodePart& part) {
+    yokePrimary = &part;
+    for (const Node* node = part.node; node; node = node->parent)
+        if (node->animation)
+            node->animation->enabled = true;
+}
+
+} // namespace CockpitModel

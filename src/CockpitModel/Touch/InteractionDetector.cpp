@@ -1,0 +1,168 @@
+#include "CockpitModel/Touch/InteractionDetector.h"
+
+#include "CockpitModel/PartTransformCalculator.h"
+#include "CockpitModel/SceneGraph.h"
+#include "CockpitModel/Touch/MouseFlags.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace CockpitModel {
+
+namespace {
+
+constexpr float kBalancedTwist = 0.3f;
+constexpr float kTwistRadius = 0.1f; // metres
+constexpr float kWorstYokeScore = -1000000.0f;
+
+constexpr std::uint32_t kFiresEvent = 1;
+constexpr std::uint32_t kTakesValue = 2;
+constexpr std::uint32_t kSteps = 3;
+
+/// Simulator variables of levers that are driven by percent instead of by stepping.
+constexpr std::array<const char*, 3> kPercentLevers = {"L:Throttle1Position", "L:RPMLever1Position",
+                                                       "L:Eng1_MixtureManualLever"};
+
+/// Whether animations at or above a node are those of a yoke.
+struct YokeNames {
+    bool roll = false, pitch = false;
+    bool Both() const { return roll && pitch; }
+};
+
+/// Answers for each node once: a cockpit's chains can be as deep as it has nodes.
+class YokeSearch {
+public:
+    explicit YokeSearch(std::size_t nodeCount) : known(nodeCount) {}
+
+    YokeNames AtOrAbove(const Node& node) {
+        std::vector<const Node*> climbed;
+        const Node* next = &node;
+        for (; next && !known[Place(*next)]; next = next->parent)
+            climbed.push_back(next);
+        YokeNames names = next ? *known[Place(*next)] : YokeNames();
+        for (auto step = climbed.rbegin(); step != climbed.rend(); ++step) {
+            if (const ModelAnimation* animation = (*step)->animation) {
+                names.roll |= IsYokeRollName(animation->name);
+                names.pitch |= IsYokePitchName(animation->name);
+            }
+            known[Place(**step)] = names;
+        }
+        return names;
+    }
+
+private:
+    static std::size_t Place(const Node& node) { return static_cast<std::size_t>(node.index); }
+
+    std::vector<std::optional<YokeNames>> known; ///< by node
+};
+
+TouchInteractionType TypeOfCallback(const MouseRect& rect) {
+    switch (rect.CallbackType) {
+    case kTakesValue:
+    case kSteps:
+        return TouchInteractionType::Twist;
+    case kFiresEvent:
+        return TouchInteractionType::Tap;
+    case 0:
+        return rect.EventCallback ? TouchInteractionType::Tap : TouchInteractionType::None;
+    default:
+        return TouchInteractionType::None;
+    }
+}
+
+bool Turns(const ModelAnimation& animation) {
+    const auto isTurn = [](const RiffBlockXANK& key) { return !key.IsTranslation && key.Rotation.w() != 1.0f; };
+    return std::ranges::any_of(animation.tracks, [&](const auto& track) { return std::ranges::any_of(track, isTurn); });
+}
+
+/// A draggable part is twisted only if it really turns, sits balanced on its axis and stays near it.
+bool IsTwist(const NodePart& part) {
+    const ModelAnimation* const animation = part.node->animation;
+    if (animation && !Turns(*animation))
+        return false;
+    if (part.BalanceFactor > kBalancedTwist)
+        return false;
+    return !(animation && part.SweepRadius > kTwistRadius);
+}
+
+void DriveLeverByPercent(MouseRect& rect, const ModelAnimation& animation) {
+    for (const char* lever : kPercentLevers) {
+        if (animation.name.find(lever) == std::string::npos)
+            continue;
+        auto callback = std::make_shared<CallbackDraggingCode>();
+        callback->Code = lever;
+        rect.VariableCallback = std::move(callback);
+        rect.CallbackType = kTakesValue;
+    }
+}
+
+void ClassifyPart(NodePart& part, YokeSearch& yokes) {
+    part.InteractionType = TouchInteractionType::None;
+    MouseRect* const rect = part.Rect();
+    if (!rect) {
+        if (yokes.AtOrAbove(*part.node).Both())
+            part.InteractionType = TouchInteractionType::YokePart;
+        return;
+    }
+    part.InteractionType = TypeOfCallback(*rect);
+    if (part.InteractionType != TouchInteractionType::Twist || IsTwist(part))
+        return;
+    part.InteractionType = TouchInteractionType::Move;
+    if (rect->CallbackType == kSteps && part.node->animation)
+        DriveLeverByPercent(*rect, *part.node->animation);
+}
+
+void AssignEventType(NodePart& part) {
+    part.EventType = TouchEventType::Wheel;
+    const MouseRect* const rect = part.Rect();
+    if (!rect)
+        return;
+    const auto* const jump = dynamic_cast<const CallbackJumpDragging*>(rect->VariableCallback.get());
+    if (jump && jump->TwoCallbacks) {
+        part.EventType = TouchEventType::LClickLClick;
+        return;
+    }
+    const MouseFlagSet flags = DecodeMouseFlags(rect->MouseFlags);
+    if (flags.RightSingle && flags.RightRelease && rect->CallbackType == kSteps)
+        part.EventType = TouchEventType::LClickRClick;
+}
+
+/// Wide and to the left: the pilot's yoke rather than the copilot's.
+float YokeScore(const NodePart& part) {
+    return 10.0f * part.SweepRadius - Utils::TransformPoint(part.AxisTip, part.node->worldMatrix).x();
+}
+
+void ChoosePrimaryYoke(SceneGraph& sceneGraph) {
+    NodePart* best = nullptr;
+    float bestScore = kWorstYokeScore;
+    for (const auto& node : sceneGraph.Nodes()) {
+        for (const auto& part : node->parts) {
+            if (part->InteractionType != TouchInteractionType::YokePart)
+                continue;
+            if (const float score = YokeScore(*part); score > bestScore) {
+                bestScore = score;
+                best = part.get();
+            }
+        }
+    }
+    if (!best)
+        return;
+    best->InteractionType = TouchInteractionType::YokePrimary;
+    sceneGraph.SetYokePrimary(*best);
+}
+
+} // namespace
+
+void InteractionDetector::Detect(SceneGraph& sceneGraph) const {
+    YokeSearch yokes(sceneGraph.Nodes().size());
+    for (const auto& node : sceneGraph.Nodes()) {
+        for (const auto& part : node->parts) {
+            ClassifyPart(*part, yokes);
+            AssignEventType(*part);
+        }
+    }
+    ChoosePrimaryYoke(sceneGraph);
+}
+
+} // namespace CockpitModel

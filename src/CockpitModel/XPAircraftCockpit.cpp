@@ -1,0 +1,52 @@
+#include "CockpitModel/XPAircraftCockpit.h"
+
+#include "CockpitModel/XPlane/XPObjConverter.h"
+#include "CockpitModel/XPlane/XPObjReader.h"
+#include "Logging/Logger.h"
+#include "Sim/AcfFile.h"
+#include "Sim/AircraftInfo.h"
+#include "Utils/Paths.h"
+
+#include <boost/filesystem/fstream.hpp>
+#include <boost/lexical_cast.hpp>
+
+namespace CockpitModel {
+
+namespace {
+
+constexpr float kMetresPerFoot = 0.3048f;
+
+/// Every line of the key is read, though the last one wins: a bad value must not pass.
+void ReadFeet(const std::string& acf, std::string_view key, float metresPerFoot, float& metres) {
+    Sim::ForEachAcfProperty(acf, key, [&](std::string_view value) {
+        const std::string_view feet = value.substr(0, value.find_first_of(" \t"));
+        metres = boost::lexical_cast<float>(feet.data(), feet.size()) * metresPerFoot;
+    });
+}
+
+} // namespace
+
+XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info) {
+    Logging::Logger::Get().Log(HERE, "AircraftCockpit::GenerateXP");
+    const boost::filesystem::path acfPath = info.acfPath;
+    aircraftFolder = acfPath.parent_path().string();
+    const boost::filesystem::path object = acfPath.parent_path() / (acfPath.stem().string() + "_cockpit.obj");
+    cockpitObjPath = Utils::FindIgnoringCase(object).string();
+
+    const std::string acf = Utils::ReadFile(acfPath);
+    ReadFeet(acf, "acf/_pe_xyz/0", kMetresPerFoot, pilotEye.x());
+    ReadFeet(acf, "acf/_pe_xyz/1", kMetresPerFoot, pilotEye.y());
+    ReadFeet(acf, "acf/_pe_xyz/2", -kMetresPerFoot, pilotEye.z()); // X-Plane's axes are right-handed
+}
+
+std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
+    auto model = std::make_unique<ModelData>();
+    model->sourcePath = cockpitObjPath;
+    XPObjData data;
+    boost::filesystem::ifstream stream(cockpitObjPath, std::ios::binary);
+    ReadXPObj(stream, data);
+    XPObjConverter().Convert(aircraftFolder, data, *model);
+    return model;
+}
+
+} // namespace CockpitModel

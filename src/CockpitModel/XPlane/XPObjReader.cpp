@@ -1,0 +1,311 @@
+#include "CockpitModel/XPlane/XPObjReader.h"
+
+#include "CockpitModel/XPlane/NumberText.h"
+#include "Utils/Paths.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace CockpitModel {
+
+namespace {
+
+constexpr const char* kPanelTexture = "cockpit_3d/-PANELS-/Panel.png";
+constexpr std::uint32_t kPanelTextureIndex = 0;
+constexpr std::uint32_t kRoot = 0;
+/// How many bytes of names the draw calls of an object can copy, beside twice its size. No real object comes near; it
+/// keeps a long name that many draw calls share from filling the memory.
+constexpr std::size_t kNameRoom = 64 << 20;
+
+/// What parts the tokens of a line.
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+/// What parts the values behind a keyword: the white space of a stream, less the line feed.
+bool IsSpace(char c) {
+    return IsBlank(c) || c == '\r' || c == '\v' || c == '\f';
+}
+
+/// One line, taken from its front: the keyword, then the values in order. From the first value on that is missing or
+/// malformed, numbers read as 0 and words as empty. The text ends with a line feed, so that no scan needs its end.
+class Line {
+public:
+    Line(const char* place, const char* textEnd) : at(place), end(textEnd) {}
+
+    /// The next run of bytes other than blanks, tabs and the line's end.
+    std::string_view Token() {
+        while (IsBlank(*at))
+            ++at;
+        const char* start = at;
+        while (!IsBlank(*at) && *at != '\n' && !(*at == '\r' && at[1] == '\n'))
+            ++at;
+        return {start, at};
+    }
+
+    bool Read(std::int32_t& value) {
+        const NumberRead<std::int32_t> number = good ? ReadInteger(SkipSpace(at), end) : NumberRead<std::int32_t>();
+        good = number.next;
+        at = good ? number.next : at;
+        value = number.value;
+        return good;
+    }
+
+    std::int32_t Integer() {
+        std::int32_t value = 0;
+        Read(value);
+        return value;
+    }
+
+    template <std::size_t N>
+    std::array<float, N> Floats() {
+        std::array<float, N> values{};
+        const char* place = at; // kept in a register, which the line itself is not
+        for (std::size_t i = 0; i < N && good; ++i) {
+            const NumberRead<float> number = ReadFloat(SkipSpace(place), end);
+            good = number.next;
+            place = good ? number.next : place;
+            values[i] = number.value;
+        }
+        at = place;
+        return values;
+    }
+
+    float Float() { return Floats<1>()[0]; }
+
+    std::string_view Word() {
+        at = SkipSpace(at);
+        const char* start = at;
+        while (good && !IsSpace(*at) && *at != '\n')
+            ++at;
+        good = at != start;
+        return {start, at};
+    }
+
+    const char* NextLine() const {
+        return static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at))) + 1;
+    }
+
+private:
+    static const char* SkipSpace(const char* place) {
+        while (IsSpace(*place))
+            ++place;
+        return place;
+    }
+
+    const char* at;
+    const char* end;
+    bool good = true;
+};
+
+/// Adds line by line to the data and keeps what the lines so far have put in force.
+class Reader {
+public:
+    Reader(XPObjData& target, std::size_t size) : data(target), textSize(size), nameRoom(kNameRoom + 2 * size) {
+        data.textures.emplace_back(kPanelTexture);
+        data.animNodes.emplace_back();
+    }
+
+    void ReadLines(const char* text, const char* end);
+
+    void PointCounts(Line& line);
+    void Texture(Line& line);
+    void Vertex(Line& line);
+    void Index(Line& line);
+    void TenIndices(Line& line);
+    void Triangles(Line& line);
+    void EnableDrawing(Line&) { inForce.drawEnabled = true; }
+    void DisableDrawing(Line&) { inForce.drawEnabled = false; }
+    void UsePanelTexture(Line&) { panelTexture = true; }
+    void UseOwnTexture(Line&) { panelTexture = false; }
+    void BeginBlock(Line&);
+    void EndBlock(Line&);
+    void Translation(Line& line);
+    void Rotation(Line& line);
+    void NoManipulator(Line&);
+    void Toggle(Line& line);
+    void DragAxis(Line& line);
+
+private:
+    XPObjAnimNode& CurrentNode() { return data.animNodes[inForce.animNode]; }
+    static XPObjManip Manipulator(Line& line);
+    void TakeNameRoom(std::string& name);
+
+    XPObjData& data;
+    XPObjDrawCall inForce; ///< the next draw call, less its range; its node is the innermost open block's
+    std::uint32_t ownTexture = kXPObjNone;
+    bool panelTexture = false;
+    std::uint32_t lineNumber = 0;
+    std::size_t textSize;
+    std::size_t nameRoom;
+};
+
+struct Keyword {
+    std::string_view name;
+    void (Reader::*read)(Line& line);
+};
+
+/// A line is looked up from the top, so the most frequent keywords come first.
+constexpr Keyword kKeywords[] = {
+    {"VT", &Reader::Vertex},
+    {"IDX10", &Reader::TenIndices},
+    {"IDX", &Reader::Index},
+    {"TRIS", &Reader::Triangles},
+    {"ANIM_begin", &Reader::BeginBlock},
+    {"ANIM_end", &Reader::EndBlock},
+    {"ANIM_trans", &Reader::Translation},
+    {"ANIM_rotate", &Reader::Rotation},
+    {"ATTR_cockpit", &Reader::UsePanelTexture},
+    {"ATTR_no_cockpit", &Reader::UseOwnTexture},
+    {"ATTR_draw_enable", &Reader::EnableDrawing},
+    {"ATTR_draw_disable", &Reader::DisableDrawing},
+    {"ATTR_manip_none", &Reader::NoManipulator},
+    {"ATTR_manip_toggle", &Reader::Toggle},
+    {"ATTR_manip_drag_axis", &Reader::DragAxis},
+    {"ATTR_manip_drag_xy", &Reader::NoManipulator},
+    {"ATTR_manip_command", &Reader::NoManipulator},
+    {"ATTR_manip_command_axis", &Reader::NoManipulator},
+    {"TEXTURE", &Reader::Texture},
+    {"POINT_COUNTS", &Reader::PointCounts},
+};
+
+void Reader::ReadLines(const char* text, const char* end) {
+    while (text != end) {
+        ++lineNumber;
+        Line line(text, end);
+        const std::string_view name = line.Token();
+        for (const Keyword& keyword : kKeywords) {
+            if (keyword.name == name) {
+                (this->*keyword.read)(line);
+                break;
+            }
+        }
+        text = line.NextLine();
+    }
+}
+
+/// Only tells how much room to make, and no more than a text of this size can need: nobody checks these counts.
+void Reader::PointCounts(Line& line) {
+    if (!data.vertices.empty() || !data.indices.empty())
+        return;
+    const auto room = [&](std::size_t leastBytes) {
+        const auto count = static_cast<std::size_t>(std::max(line.Integer(), 0));
+        return std::min(count, textSize / leastBytes);
+    };
+    data.vertices.reserve(room(sizeof "VT 0 0 0 0 0 0 0 0"));
+    line.Integer(); // lines
+    line.Integer(); // lights
+    data.indices.reserve(room(sizeof "0"));
+}
+
+void Reader::Texture(Line& line) {
+    const std::string_view path = line.Token();
+    if (path.empty())
+        return;
+    ownTexture = static_cast<std::uint32_t>(data.textures.size());
+    data.textures.emplace_back(path);
+}
+
+void Reader::Vertex(Line& line) {
+    const auto [x, y, z, nx, ny, nz, u, v] = line.Floats<8>();
+    data.vertices.push_back({x, y, z, nx, ny, nz, u, v});
+}
+
+void Reader::Index(Line& line) {
+    data.indices.push_back(line.Integer());
+}
+
+void Reader::TenIndices(Line& line) {
+    std::int32_t index = 0;
+    for (int i = 0; i < 10 && line.Read(index); ++i)
+        data.indices.push_back(index);
+}
+
+void Reader::Triangles(Line& line) {
+    XPObjDrawCall& call = data.drawCalls.emplace_back(inForce);
+    call.offset = line.Integer();
+    call.count = line.Integer();
+    call.texture = panelTexture ? kPanelTextureIndex : ownTexture;
+    call.line = lineNumber;
+    for (std::optional<XPObjManip>* manip : {&call.toggle, &call.drag})
+        if (*manip)
+            TakeNameRoom((*manip)->dataref);
+}
+
+void Reader::TakeNameRoom(std::string& name) {
+    if (name.size() > nameRoom)
+        name = {};
+    nameRoom -= name.size();
+}
+
+void Reader::BeginBlock(Line&) {
+    const auto index = static_cast<std::uint32_t>(data.animNodes.size());
+    CurrentNode().children.push_back(index);
+    XPObjAnimNode& node = data.animNodes.emplace_back();
+    node.index = index;
+    node.parent = inForce.animNode;
+    inForce.animNode = index;
+}
+
+void Reader::EndBlock(Line&) {
+    if (inForce.animNode != kRoot)
+        inForce.animNode = CurrentNode().parent;
+}
+
+void Reader::Translation(Line& line) {
+    XPObjAnimStep& step = CurrentNode().steps.emplace_back();
+    step.translation = line.Floats<6>();
+    step.value1 = line.Float();
+    step.value2 = line.Float();
+    step.dataref = line.Word();
+}
+
+void Reader::Rotation(Line& line) {
+    XPObjAnimStep& step = CurrentNode().steps.emplace_back();
+    step.rotation = line.Floats<5>();
+    step.value1 = line.Float();
+    step.value2 = line.Float();
+    step.dataref = line.Word();
+}
+
+void Reader::NoManipulator(Line&) {
+    inForce.toggle.reset();
+    inForce.drag.reset();
+    inForce.manipLine = 0;
+}
+
+void Reader::Toggle(Line& line) {
+    NoManipulator(line);
+    line.Word(); // the cursor
+    inForce.toggle = Manipulator(line);
+    inForce.manipLine = lineNumber;
+}
+
+void Reader::DragAxis(Line& line) {
+    NoManipulator(line);
+    line.Word();      // the cursor
+    line.Floats<3>(); // the direction
+    inForce.drag = Manipulator(line);
+    inForce.manipLine = lineNumber;
+}
+
+XPObjManip Reader::Manipulator(Line& line) {
+    XPObjManip manip;
+    manip.value1 = line.Float();
+    manip.value2 = line.Float();
+    manip.dataref = line.Word();
+    return manip;
+}
+
+} // namespace
+
+void ReadXPObj(std::istream& stream, XPObjData& data) {
+    std::string text = Utils::ReadAll(stream);
+    text += '\n';
+    const std::size_t size = text.size();
+    text.append(kNumberPadding, '\0');
+    Reader(data, size).ReadLines(text.data(), text.data() + size);
+}
+
+} // namespace CockpitModel

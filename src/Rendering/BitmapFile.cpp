@@ -1,0 +1,81 @@
+#include "Rendering/BitmapFile.h"
+
+#include "Logging/Logger.h"
+#include "Rendering/DdsFile.h"
+#include "Utils/Asserts.h"
+#include "Utils/Images.h"
+#include "Utils/Text.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace Rendering {
+
+namespace {
+
+using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+
+/// Newer cairo versions keep deep PNGs in formats of their own; everything here is 8 bits a channel.
+Surface WithEightBits(Surface surface) {
+    const cairo_format_t format = cairo_image_surface_get_format(surface.get());
+    if (format == CAIRO_FORMAT_ARGB32 || format == CAIRO_FORMAT_RGB24 || format == CAIRO_FORMAT_INVALID)
+        return surface;
+    Surface plain(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, cairo_image_surface_get_width(surface.get()),
+                                             cairo_image_surface_get_height(surface.get())),
+                  cairo_surface_destroy);
+    cairo_t* painter = cairo_create(plain.get());
+    cairo_set_source_surface(painter, surface.get(), 0.0, 0.0);
+    cairo_paint(painter);
+    cairo_destroy(painter);
+    return plain;
+}
+
+Surface OpenPng(const std::string& path) {
+    Surface surface(cairo_image_surface_create_from_png(path.c_str()), cairo_surface_destroy);
+    if (!surface)
+        Utils::FatalError(HERE);
+    if (const cairo_status_t status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
+        Logging::Logger::Get().Log(HERE, path + ": " + cairo_status_to_string(status));
+    return WithEightBits(std::move(surface));
+}
+
+std::uint32_t Unpremultiply(std::uint32_t colour, std::uint32_t alpha) {
+    return std::min((colour * 255 + alpha / 2) / alpha, 255u);
+}
+
+/// From cairo's blue, green, red, alpha, premultiplied.
+std::uint32_t Straight(std::uint32_t pixel) {
+    const std::uint32_t blue = pixel & 255, green = pixel >> 8 & 255, red = pixel >> 16 & 255, alpha = pixel >> 24;
+    if (alpha == 255 || alpha == 0)
+        return red | green << 8 | blue << 16 | alpha << 24;
+    return Unpremultiply(red, alpha) | Unpremultiply(green, alpha) << 8 | Unpremultiply(blue, alpha) << 16 |
+           alpha << 24;
+}
+
+MemBitmap ReadPng(const std::string& path) {
+    MemBitmap bitmap;
+    Utils::FromCairoSurface(bitmap, OpenPng(path).get());
+    std::transform(bitmap.Pixels().begin(), bitmap.Pixels().end(), bitmap.Pixels().begin(), Straight);
+    return bitmap;
+}
+
+std::vector<MemBitmap> ReadDds(const std::string& path) {
+    try {
+        return ReadDdsFile(path);
+    } catch (const DdsFault& fault) {
+        Logging::Logger::Get().Log(HERE, fault.what());
+    }
+    Utils::FatalError(HERE);
+}
+
+} // namespace
+
+std::vector<MemBitmap> ReadBitmapFile(const std::string& path) {
+    if (Utils::Lower(path).find(".dds") != std::string::npos)
+        return ReadDds(path);
+    std::vector<MemBitmap> levels;
+    levels.push_back(ReadPng(path));
+    return levels;
+}
+
+} // namespace Rendering

@@ -1,0 +1,52 @@
+#include "Rendering/Context.h"
+
+#include "Utils/Asserts.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Rendering {
+
+RenderToTextureLock::~RenderToTextureLock() noexcept(false) {
+    if (!restored)
+        Utils::FatalError(HERE);
+}
+
+void Context::DeferRelease(std::shared_ptr<void> object) {
+    const std::lock_guard lock(mutex);
+    releaseList.push_back(std::move(object));
+}
+
+void Context::ReleaseDeferred() {
+    std::vector<std::shared_ptr<void>> released;
+    {
+        // Let go of outside the lock, as an object may hand over others when it goes.
+        const std::lock_guard lock(mutex);
+        released.swap(releaseList);
+    }
+    for (std::shared_ptr<void>& object : released)
+        object.reset();
+}
+
+void Context::QueueDraw(const Utils::Vector3& position, bool last, QueuedDraw draw) {
+    drawQueue.push_back({position, last, std::move(draw)});
+}
+
+void Context::FlushDrawQueue(const Utils::Matrix4& view, void* argument) {
+    std::vector<QueueEntry> draws = std::exchange(drawQueue, {});
+    for (QueueEntry& entry : draws)
+        entry.position = Utils::TransformPoint(entry.position, view);
+    std::stable_sort(draws.begin(), draws.end(), [](const QueueEntry& a, const QueueEntry& b) {
+        if (a.last != b.last)
+            return b.last;
+        return Utils::LengthSquared(a.position) > Utils::LengthSquared(b.position);
+    });
+    for (const QueueEntry& entry : draws)
+        entry.draw(*this, view, argument);
+}
+
+void Context::GenerateMips(GPUBitmap*) {}
+
+void Context::ClearBitmap(GPUBitmap*, const Utils::Vector4&) {}
+
+} // namespace Rendering

@@ -1,0 +1,227 @@
+#include "Rendering/OpenGL/GLContext.h"
+
+#include "Logging/Logger.h"
+#include "Rendering/BitmapFile.h"
+#include "Rendering/OpenGL/GLError.h"
+#include "Rendering/OpenGL/GLRenderToTextureLock.h"
+#include "Rendering/OpenGL/GLState.h"
+#include "Rendering/OpenGL/PixelReader.h"
+#include "Utils/Asserts.h"
+
+#include <utility>
+
+namespace Rendering::OpenGL {
+
+namespace {
+
+constexpr int kVersion = 33; // 3.3
+
+// What the log tells of a bitmap, in the numbers of Direct3D, which the log's texture lines are in: 8-bit red, green,
+// blue, alpha; read by programs and drawn to; mip levels made by the device.
+constexpr std::uint32_t kFormat = 28, kBindFlags = 40, kGenerateMips = 1;
+
+std::string DriverText(GLenum name) {
+    const GLubyte* text = glGetString(name);
+    return text ? reinterpret_cast<const char*>(text) : "?";
+}
+
+/// The first step on a new context.
+std::shared_ptr<const void> CheckDriver() {
+    Logging::Logger::Get().Log(HERE, "OpenGL " + DriverText(GL_VERSION) + ", " + DriverText(GL_RENDERER));
+    if (!epoxy_is_desktop_gl() || epoxy_gl_version() < kVersion) {
+        Logging::Logger::Get().Log(HERE, "OpenGL 3.3 is needed");
+        Utils::FatalError(HERE, epoxy_gl_version());
+    }
+    KeepDriverMessages();
+    return std::make_shared<char>();
+}
+
+MemBitmap WhitePixel() {
+    MemBitmap pixel(1, 1);
+    pixel.SetPixel(0, 0, 255, 255, 255, 255);
+    return pixel;
+}
+
+Size SizeOf(const MemBitmap& bitmap) {
+    return {static_cast<std::uint32_t>(bitmap.Width()), static_cast<std::uint32_t>(bitmap.Height())};
+}
+
+GLGPUBitmap& Own(GPUBitmap& bitmap) {
+    return dynamic_cast<GLGPUBitmap&>(bitmap);
+}
+
+Utils::Matrix4 ToWorld(const DrawRectangle& rectangle) {
+    const Utils::Vector4 scale(rectangle.size.x() / 2.0f, rectangle.size.y() / 2.0f, 1.0f, 1.0f);
+    return scale.asDiagonal() * (Utils::Rotation(rectangle.rotation) * Utils::Translation(rectangle.position));
+}
+
+void LogTexture(Size size, const char* file, std::int32_t line) {
+    Logging::TextureDescription texture{size.width, size.height, kFormat, kBindFlags, 0, kGenerateMips, 0};
+    Logging::Logger::Get().Log(file, line, texture);
+}
+
+/// Rows of single bytes follow each other without gaps.
+void FillTexture(GLuint texture, GLint internalFormat, Size size, GLenum format, GLenum type, const void* pixels) {
+    const TextureBinding binding(GL_TEXTURE_2D, texture);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    glTexImage2D(GL_TEXTURE_2D, 0, internalFormat, static_cast<GLsizei>(size.width), static_cast<GLsizei>(size.height),
+                 0, format, type, pixels);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
+}
+
+std::size_t Area(Size size) {
+    return std::size_t{size.width} * size.height;
+}
+
+} // namespace
+
+GLContext::GLContext(const Camera& camera, std::uint64_t modeFlag)
+    : token(CheckDriver()), modeFlag(modeFlag), camera(&camera), rectShader(token), leapShader(token),
+      geometryShader(token), white(token, {1, 1}, false) {
+    white.Upload(std::array{WhitePixel()}, GL_RGBA);
+}
+
+bool GLContext::IsGeometryValid(const Geometry* geometry) const {
+    const auto* own = dynamic_cast<const GLGeometry*>(geometry);
+    return own && IsSameContext(own->Owner(), token);
+}
+
+bool GLContext::IsBitmapValid(const GPUBitmap* bitmap) const {
+    const auto* own = dynamic_cast<const GLGPUBitmap*>(bitmap);
+    return own && IsSameContext(own->Owner(), token);
+}
+
+std::unique_ptr<GPUBitmap> GLContext::CreateBitmapFromCameraImage(const CameraImage& image) {
+    if (Area(image.size) == 0 || Area(image.distortionSize) == 0 || image.grey.size() < Area(image.size) ||
+        image.distortion.size() < 2 * Area(image.distortionSize))
+        Utils::FatalError(HERE, GL_INVALID_VALUE);
+    const GLName<TextureKind> picture(token), distortion(token);
+    FillTexture(picture, GL_R8, image.size, GL_RED, GL_UNSIGNED_BYTE, image.grey.data());
+    FillTexture(distortion, GL_RG32F, image.distortionSize, GL_RG, GL_FLOAT, image.distortion.data());
+    auto target = CreateRenderTarget(image.size, 1, 0);
+    ClearBitmap(target.get(), {0.0f, 0.0f, 0.5f, 1.0f});
+    GLRenderToTextureLock lock(Own(*target), false);
+    leapShader.Draw(picture, distortion);
+    return target;
+}
+
+std::unique_ptr<GPUBitmap> GLContext::CreateRenderTarget(Size size, std::uint32_t samples, std::uint32_t) {
+    if (Area(size) == 0)
+        Utils::FatalError(HERE, GL_INVALID_VALUE);
+    return std::make_unique<GLGPUBitmap>(token, size, false, samples);
+}
+
+std::unique_ptr<GPUBitmap> GLContext::CreateBitmap(const MemBitmap& bitmap) {
+    if (bitmap.Width() == 0 || bitmap.Height() == 0)
+        return CreateBitmap(MemBitmap(1, 1));
+    const Size size = SizeOf(bitmap);
+    LogTexture(size, HERE);
+    auto made = std::make_unique<GLGPUBitmap>(token, size, true);
+    made->Upload({&bitmap, 1}, GL_BGRA);
+    return made;
+}
+
+std::unique_ptr<GPUBitmap> GLContext::LoadBitmap(const std::string& path) {
+    const std::vector<MemBitmap> levels = ReadBitmapFile(path);
+    const Size size = SizeOf(levels.front());
+    LogTexture(size, HERE);
+    auto made = std::make_unique<GLGPUBitmap>(token, size, true);
+    made->Upload(levels, GL_RGBA);
+    return made;
+}
+
+std::unique_ptr<SharedGPUBitmap> GLContext::CreateSharedBitmap(Size) {
+    return nullptr; // GL shares no textures between processes
+}
+
+std::unique_ptr<RenderToTextureLock> GLContext::BeginRenderToTexture(GPUBitmap& bitmap, bool keepDepth) {
+    return std::make_unique<GLRenderToTextureLock>(Own(bitmap), keepDepth);
+}
+
+void GLContext::CopyBitmap(GPUBitmap& target, GPUBitmap& source) {
+    blitter.Blit(Own(source), {0, 0}, source.Size(), Own(target));
+}
+
+void GLContext::CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Size origin, Size size) {
+    blitter.Blit(Own(source), origin, size, Own(target));
+}
+
+std::unique_ptr<Geometry> GLContext::CreateGeometry(const std::vector<GeometryVertex>& vertices) {
+    return std::make_unique<GLGeometry>(token, vertices);
+}
+
+void GLContext::DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
+                             const Geometry& geometry, const GPUBitmap* bitmap,
+                             const std::vector<const GPUBitmap*>* furtherBitmaps, const GeometryDrawParams& params) {
+    const auto& mesh = dynamic_cast<const GLGeometry&>(geometry);
+    const auto textureOf = [this](const GPUBitmap* given) {
+        return given ? dynamic_cast<const GLGPUBitmap&>(*given).Texture() : white.Texture();
+    };
+    textures.assign(1, textureOf(bitmap));
+    if (furtherBitmaps)
+        for (const GPUBitmap* further : *furtherBitmaps)
+            textures.push_back(textureOf(further));
+    else
+        textures.push_back(textures.front());
+    const auto draw = [&](std::size_t eye) {
+        geometryShader.Draw(world, view * camera->EyeMatrix(eye), projection, mesh, textures, params);
+    };
+    if (params.leftEye || params.rightEye) {
+        const ViewportScope viewport;
+        if (params.leftEye) {
+            viewport.before.LeftHalf().Set();
+            draw(0);
+        }
+        if (params.rightEye) {
+            viewport.before.RightHalf().Set();
+            draw(1);
+        }
+    }
+    if (params.singleView)
+        draw(0);
+}
+
+void GLContext::DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& projection, const DrawRectangle& rectangle,
+                           GPUBitmap& bitmap, const RectDrawParams& params) {
+    if (!IsBitmapValid(&bitmap))
+        Utils::FatalError(HERE);
+    const auto draw = [&, world = ToWorld(rectangle)](const Utils::Matrix4& from) {
+        rectShader.Draw(world, from, projection, Own(bitmap).Texture(), params);
+    };
+    const ViewportScope viewport;
+    if (params.mode == 0) {
+        viewport.before.LeftHalf().Set();
+        draw(view * camera->EyeMatrix(0));
+        viewport.before.RightHalf().Set();
+        draw(view * camera->EyeMatrix(1));
+        return;
+    }
+    if (params.mode == 1)
+        (params.eye == 0 ? viewport.before.LeftHalf() : viewport.before.RightHalf()).Set();
+    draw(view);
+}
+
+void GLContext::GenerateMips(GPUBitmap* bitmap) {
+    if (bitmap)
+        Own(*bitmap).GenerateMips();
+}
+
+void GLContext::ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour) {
+    if (!bitmap)
+        return;
+    const FramebufferBinding binding(Own(*bitmap).Framebuffer());
+    glClearBufferfv(GL_COLOR, 0, colour.data());
+    CheckGL(HERE, "clearing a bitmap");
+}
+
+MemBitmap GLContext::ReadBitmap(GPUBitmap& bitmap) {
+    GLGPUBitmap& own = Own(bitmap);
+    if (!own.IsMultisampled())
+        return ReadPixels(own.Framebuffer(), own.Size());
+    GLGPUBitmap resolved(token, own.Size(), false);
+    blitter.Blit(own, {0, 0}, own.Size(), resolved);
+    return ReadPixels(resolved.Framebuffer(), own.Size());
+}
+
+} // namespace Rendering::OpenGL

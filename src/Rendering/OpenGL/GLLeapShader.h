@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Rendering/OpenGL/Quad.h"
+#include "Rendering/OpenGL/Shader.h"
+
+namespace Rendering::OpenGL {
+
+/// Draws a camera's raw picture over the whole target, straightened by its distortion map. Where the map points
+/// outside the picture, the target keeps its colour.
+class GLLeapShader : public Utils::NonAssignable {
+public:
+    explicit GLLeapShader(ContextToken owner);
+
+    void Draw(GLuint picture, GLuint distortion) const;
+
+private:
+    Shader shader;
+    Quad quad;
+    GLName<SamplerKind> sampler;
+};
+
+} // namespace Rendering::OpenGL

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Utils/NonAssignable.h"
+
+#include <array>
+#include <epoxy/gl.h>
+
+namespace Rendering::OpenGL {
+
+/// Binds a texture to the first unit and puts the one before back at the scope's end.
+class TextureBinding : public Utils::NonAssignable {
+public:
+    TextureBinding(GLenum target, GLuint texture);
+    ~TextureBinding();
+
+private:
+    GLenum target;
+    GLint before = 0;
+};
+
+/// Draws to a framebuffer for the length of a scope.
+class FramebufferBinding : public Utils::NonAssignable {
+public:
+    explicit FramebufferBinding(GLuint framebuffer);
+    ~FramebufferBinding();
+
+private:
+    GLint before = 0;
+};
+
+/// Reads from a framebuffer for the length of a scope.
+class ReadBinding : public Utils::NonAssignable {
+public:
+    explicit ReadBinding(GLuint framebuffer);
+    ~ReadBinding();
+
+private:
+    GLint before = 0;
+};
+
+/// A rectangle of a framebuffer, in pixels from its lower left corner.
+struct Viewport {
+    GLint x = 0, y = 0;
+    GLsizei width = 0, height = 0;
+
+    static Viewport Current();
+    void Set() const { glViewport(x, y, width, height); }
+    Viewport LeftHalf() const { return {x, y, width / 2, height}; }
+    Viewport RightHalf() const { return {x + width / 2, y, width / 2, height}; }
+};
+
+/// Puts the viewport back at the scope's end.
+class ViewportScope : public Utils::NonAssignable {
+public:
+    ~ViewportScope() { before.Set(); }
+
+    const Viewport before = Viewport::Current();
+};
+
+} // namespace Rendering::OpenGL

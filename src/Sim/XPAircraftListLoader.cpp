@@ -1,0 +1,77 @@
+#include "Sim/XPAircraftListLoader.h"
+
+#include "Sim/AcfFile.h"
+#include "Sim/XPAircraftInfo.h"
+#include "Utils/Paths.h"
+#include "Utils/Text.h"
+
+#include <boost/filesystem/operations.hpp>
+#include <optional>
+
+namespace fs = boost::filesystem;
+
+namespace Sim {
+
+namespace {
+
+/// What an entry is once links are followed. A link that leads nowhere or in a circle is nothing at all; an entry that
+/// cannot be asked throws.
+fs::file_type TypeOf(const fs::directory_entry& entry) {
+    boost::system::error_code error;
+    const fs::file_status status = entry.status(error);
+    if (status.type() == fs::status_error && error != boost::system::errc::too_many_symbolic_link_levels)
+        throw fs::filesystem_error("cannot tell what this is", entry.path(), error);
+    return status.type();
+}
+
+std::vector<fs::path> Subfolders(const fs::path& folder) {
+    std::vector<fs::path> subfolders;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+        if (TypeOf(entry) == fs::directory_file)
+            subfolders.push_back(entry.path());
+    return subfolders;
+}
+
+std::optional<fs::path> FirstAcfFile(const fs::path& folder) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+        if (Utils::Lower(entry.path().extension().string()) == ".acf" && TypeOf(entry) == fs::regular_file)
+            return entry.path();
+    return std::nullopt;
+}
+
+/// A value's words with one blank between each.
+std::string Joined(std::string_view value) {
+    std::string text;
+    for (const char c : value)
+        if (const bool blank = c == ' ' || c == '\t'; !blank)
+            text += c;
+        else if (text.back() != ' ')
+            text += ' ';
+    return text;
+}
+
+std::unique_ptr<AircraftInfo> MakeInfo(const fs::path& acfPath) {
+    auto info = std::make_unique<XPAircraftInfo>();
+    info->acfPath = acfPath.string();
+    info->displayName = acfPath.filename().string();
+    const std::string acf = Utils::ReadFile(acfPath);
+    if (const std::string_view description = LastAcfProperty(acf, "acf/_descrip"); !description.empty())
+        info->displayName = Joined(description);
+    return info;
+}
+
+} // namespace
+
+AircraftList XPAircraftListLoader::LoadAircraftList() {
+    AircraftList list;
+    const fs::path root = "Aircraft";
+    if (!fs::exists(root))
+        return list;
+    for (const fs::path& group : Subfolders(root))
+        for (const fs::path& aircraft : Subfolders(group))
+            if (const std::optional<fs::path> acfPath = FirstAcfFile(aircraft))
+                list.push_back(MakeInfo(*acfPath));
+    return list;
+}
+
+} // namespace Sim

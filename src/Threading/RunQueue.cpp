@@ -1,0 +1,28 @@
+#include "Threading/RunQueue.h"
+
+#include <utility>
+
+namespace Threading {
+
+void RunQueue::Post(std::function<void()> work) {
+    const std::lock_guard lock(mutex);
+    items.push_back(std::move(work));
+}
+
+void RunQueue::RunAll() {
+    std::deque<std::function<void()>> taken;
+    {
+        const std::lock_guard lock(mutex);
+        taken.swap(items);
+    }
+    while (!taken.empty()) {
+        taken.front()();
+        taken.pop_front();
+    }
+}
+
+void RunQueueStage::Render(Rendering::Context&, const Utils::Matrix4&, const Utils::Matrix4&) {
+    queue->RunAll();
+}
+
+} // namespace Threading

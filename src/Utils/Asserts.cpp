@@ -1,0 +1,68 @@
+#include "Utils/Asserts.h"
+
+#include "Logging/Logger.h"
+#include "Utils/Platform.h"
+
+#include <boost/date_time/posix_time/posix_time.hpp>
+#include <exception>
+#include <iostream>
+#include <mutex>
+
+namespace Utils {
+
+namespace {
+
+constexpr const char* kSupportForum = "https://vorelle.example/support";
+constexpr const char* kDialogCaption = "Vorelle FSX";
+
+std::mutex dialogMutex; // guards dialog
+FatalErrorDialog dialog = [](const std::string& caption, const std::string& text) {
+    std::cerr << caption << ": " << text << std::endl;
+};
+
+std::string CrashLogName() {
+    return "error-" + to_iso_string(boost::posix_time::second_clock::local_time()) + ".txt";
+}
+
+[[noreturn]] void Report(const std::string& codes, const char* file, std::int32_t line) {
+    const std::string crashLog = CrashLogName();
+    std::string text = "Vorelle Fatal Error Encountered (" + codes + ")\n";
+    text += std::string(file) + ": Line " + std::to_string(line) + "\n";
+    text += std::string("Please post this message to ") + kSupportForum + "\n";
+    text += "Be sure to include what hardware, software, and versions you are running\n";
+    Logging::Logger::Get().Log(HERE, text);
+    const std::string crashLogPath = Logging::Logger::Get().Stop(crashLog);
+    text += "\nBe sure to attach the crash-log: " + crashLogPath;
+    ShowErrorBox(kDialogCaption, text);
+    throw std::exception();
+}
+
+} // namespace
+
+void FatalError(const char* file, std::int32_t line) {
+    const std::uint32_t lastError = Platform::LastError();
+    Report("W:" + std::to_string(lastError), file, line);
+}
+
+void FatalError(const char* file, std::int32_t line, std::int32_t result) {
+    const std::uint32_t lastError = Platform::LastError();
+    Report(std::to_string(result) + ", " + std::to_string(lastError), file, line);
+}
+
+void ShowErrorBox(const std::string& caption, const std::string& text) {
+    FatalErrorDialog show;
+    {
+        const std::lock_guard lock(dialogMutex);
+        show = dialog;
+    }
+    if (show)
+        show(caption, text);
+}
+
+FatalErrorDialog SetFatalErrorDialog(FatalErrorDialog newDialog) {
+    const std::lock_guard lock(dialogMutex);
+    std::swap(dialog, newDialog);
+    return newDialog;
+}
+
+} // namespace Utils

@@ -1,0 +1,134 @@
+#include "Utils/Paths.h"
+
+#include "Utils/Text.h"
+
+#include <algorithm>
+#include <boost/algorithm/string/classification.hpp>
+#include <boost/algorithm/string/split.hpp>
+#include <boost/filesystem/fstream.hpp>
+#include <boost/filesystem/operations.hpp>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+namespace fs = boost::filesystem;
+
+namespace Utils {
+
+namespace {
+
+/// What is read at once from a stream that does not know its size.
+constexpr std::size_t kFirstRead = 64 << 10;
+/// More than there is, so that the first read meets the end and a caller can append a few bytes in place.
+constexpr std::size_t kSpareRoom = 64;
+/// A size above is no file's: the end of a folder opened as a file, for one.
+constexpr std::streamoff kGreatestSize = std::streamoff{4} << 30;
+
+bool Exists(const fs::path& path) {
+    boost::system::error_code error;
+    return fs::exists(path, error);
+}
+
+/// The entry of a folder that a name means, below that folder; empty when there is none.
+fs::path FindEntry(const fs::path& folder, const std::string& name) {
+    if (Exists(folder / name))
+        return folder / name;
+    const std::string wanted = Lower(name);
+    std::string found;
+    boost::system::error_code error;
+    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; entry != end;
+         entry.increment(error)) {
+        const std::string candidate = entry->path().filename().string();
+        if (Lower(candidate) == wanted && (found.empty() || candidate < found) && Exists(folder / candidate))
+            found = candidate;
+    }
+    return found.empty() ? fs::path() : folder / found;
+}
+
+std::vector<std::string> Split(const std::string& text, const char* separators) {
+    std::vector<std::string> pieces;
+    boost::split(pieces, text, boost::is_any_of(separators), boost::token_compress_on);
+    std::erase(pieces, "");
+    return pieces;
+}
+
+/// FindEntry for a name that can hold back-slashes. On a system where they are part of names, such a name comes first.
+fs::path Descend(const fs::path& folder, const std::string& name) {
+    const fs::path whole = FindEntry(folder, name);
+    if (!whole.empty() || name.find('\\') == name.npos)
+        return whole;
+    fs::path found = folder;
+    for (const std::string& piece : Split(name, "\\")) {
+        found = FindEntry(found, piece);
+        if (found.empty())
+            return {};
+    }
+    return found;
+}
+
+/// How many bytes are left in a stream; 0 where it cannot tell.
+std::size_t SizeLeft(std::istream& stream) {
+    if (!stream.rdbuf())
+        return 0;
+    std::streambuf& buffer = *stream.rdbuf();
+    const std::streamoff here = buffer.pubseekoff(0, std::ios::cur, std::ios::in);
+    if (here < 0)
+        return 0;
+    const std::streamoff end = buffer.pubseekoff(0, std::ios::end, std::ios::in);
+    buffer.pubseekpos(here, std::ios::in);
+    return end < here || end - here > kGreatestSize ? 0 : static_cast<std::size_t>(end - here);
+}
+
+} // namespace
+
+fs::path FindIgnoringCase(const fs::path& path) {
+    const std::string text = path.string();
+    // The system's calls end a name at a NUL byte and would find another file.
+    if (text.empty() || text.find('\0') != text.npos)
+        return {};
+    if (Exists(path))
+        return path;
+    fs::path found = path.root_directory();
+    for (const std::string& name : Split(text, "/")) {
+        found = Descend(found, name);
+        if (found.empty())
+            return {};
+    }
+    return found;
+}
+
+fs::path UserDataFolder() {
+    const char* dataHome = std::getenv("XDG_DATA_HOME");
+    if (dataHome && fs::path(dataHome).is_absolute())
+        return dataHome;
+    const char* home = std::getenv("HOME");
+    return home && *home ? fs::path(home) / ".local/share" : fs::path();
+}
+
+std::string FolderStem(const std::string& filePath) {
+    return fs::path(filePath).parent_path().stem().string();
+}
+
+std::string ReadFile(const fs::path& path) {
+    boost::system::error_code error;
+    if (!fs::is_regular_file(path, error))
+        return {};
+    fs::ifstream file(path, std::ios::binary);
+    return ReadAll(file);
+}
+
+std::string ReadAll(std::istream& stream) {
+    std::string text;
+    const std::size_t size = SizeLeft(stream);
+    std::size_t room = size == 0 ? kFirstRead : size + kSpareRoom;
+    while (stream) {
+        const std::size_t had = text.size();
+        text.resize(had + room);
+        stream.read(text.data() + had, static_cast<std::streamsize>(room));
+        text.resize(had + static_cast<std::size_t>(stream.gcount()));
+        room = std::max(kFirstRead, text.size());
+    }
+    return text;
+}
+
+} // namespace Utils

@@ -1,0 +1,220 @@
+#include "Utils/SaveFile.h"
+
+#include "Utils/NonAssignable.h"
+
+#include <algorithm>
+#include <boost/filesystem/operations.hpp>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <fcntl.h>
+#include <mutex>
+#include <optional>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace fs = boost::filesystem;
+
+namespace Utils {
+
+namespace {
+
+/// A temporary is named by its target, the process that writes it and this ending: ".Jet.xml.4711.saving".
+constexpr std::string_view kEnding = ".saving";
+/// Room that a file name leaves for the target's own, of 255 bytes: two dots, ten digits and the ending.
+constexpr std::size_t kLongestTargetName = 255 - 12 - kEnding.size();
+constexpr int kMostLinks = 40;
+constexpr mode_t kPermissions = 07777;
+
+/// Saves of one process take turns, as their temporaries have the same name.
+std::mutex savingMutex;
+
+[[noreturn]] void Fail(int code) {
+    throw std::system_error(code, std::generic_category());
+}
+
+void Check(int result) {
+    if (result < 0)
+        Fail(errno);
+}
+
+class OpenFile : NonAssignable {
+public:
+    OpenFile(const fs::path& path, int flags, mode_t mode = 0)
+        : descriptor(open(path.c_str(), flags | O_CLOEXEC, mode)) {
+        Check(descriptor);
+    }
+    ~OpenFile() {
+        if (descriptor >= 0)
+            close(descriptor);
+    }
+    int Get() const { return descriptor; }
+
+    void Write(std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR)
+                continue;
+            Check(static_cast<int>(std::min<ssize_t>(written, 0)));
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+
+    /// Some file systems tell only here that there was no room.
+    void Close() { Check(close(std::exchange(descriptor, -1))); }
+
+private:
+    int descriptor;
+};
+
+/// A new file that is gone at the end of its scope unless it was renamed.
+class Temporary : NonAssignable {
+public:
+    Temporary(fs::path path, mode_t mode) : file(path, O_WRONLY | O_CREAT | O_EXCL, mode), path(std::move(path)) {}
+    ~Temporary() {
+        if (!path.empty())
+            unlink(path.c_str());
+    }
+    void RenameTo(const fs::path& target) {
+        file.Close();
+        Check(rename(path.c_str(), target.c_str()));
+        path.clear();
+    }
+
+    OpenFile file;
+
+private:
+    fs::path path;
+};
+
+/// Empty where there is no such file.
+std::optional<struct stat> StatusOf(const fs::path& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) == 0)
+        return status;
+    if (errno != ENOENT)
+        Fail(errno);
+    return std::nullopt;
+}
+
+/// Also through a link that points to nothing yet.
+fs::path FollowLinks(fs::path path) {
+    boost::system::error_code error;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
+        if (links == kMostLinks)
+            Fail(ELOOP);
+        const fs::path target = fs::read_symlink(path);
+        path = target.is_absolute() ? target : path.parent_path() / target;
+    }
+    return path;
+}
+
+fs::path FolderOf(const fs::path& target) {
+    return target.has_parent_path() ? target.parent_path() : fs::path(".");
+}
+
+std::string TemporaryPrefix(const fs::path& target) {
+    return "." + target.filename().string().substr(0, kLongestTargetName) + ".";
+}
+
+/// The process that a temporary's name tells; empty for the name of any other file.
+std::optional<pid_t> WriterOf(std::string_view name, std::string_view prefix) {
+    if (!name.starts_with(prefix) || !name.ends_with(kEnding) || name.size() <= prefix.size() + kEnding.size())
+        return std::nullopt;
+    name.remove_prefix(prefix.size());
+    name.remove_suffix(kEnding.size());
+    pid_t process = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
+    if (error != std::errc() || end != name.data() + name.size() || process <= 0)
+        return std::nullopt;
+    return process;
+}
+
+/// This process holds none while it looks: one with its number was left by an earlier process of that number.
+bool IsAbandonedBy(pid_t process) {
+    return process == getpid() || (kill(process, 0) != 0 && errno == ESRCH);
+}
+
+/// A folder that cannot be listed is no reason not to save.
+void SweepAbandoned(const fs::path& target) {
+    const std::string prefix = TemporaryPrefix(target);
+    boost::system::error_code error;
+    for (fs::directory_iterator entry(FolderOf(target), error), end; entry != end; entry.increment(error)) {
+        const std::optional<pid_t> writer = WriterOf(entry->path().filename().string(), prefix);
+        if (writer && IsAbandonedBy(*writer))
+            unlink(entry->path().c_str());
+    }
+}
+
+/// Owner first, as a change of owner can take bits off the mode. A process that may not give files away owns the new
+/// one itself.
+void TakeOver(const struct stat& old, const OpenFile& file) {
+    [[maybe_unused]] const int given = fchown(file.Get(), old.st_uid, old.st_gid);
+    Check(fchmod(file.Get(), old.st_mode & kPermissions));
+}
+
+/// After a crash of the machine a renamed file is sure to be there only when its folder was flushed too. Not all file
+/// systems can, and the file is in its place already.
+void FlushFolder(const fs::path& folder) {
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+}
+
+void Replace(const fs::path& target, const std::optional<struct stat>& old, std::string_view bytes) {
+    // The folder's right is enough to rename over a file; one that is itself not to be written stays.
+    if (old)
+        Check(faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS));
+    SweepAbandoned(target);
+    const std::string name = TemporaryPrefix(target) + std::to_string(getpid()) + std::string(kEnding);
+    Temporary temporary(FolderOf(target) / name, old ? S_IRUSR | S_IWUSR : 0666);
+    temporary.file.Write(bytes);
+    if (old)
+        TakeOver(*old, temporary.file);
+    Check(fsync(temporary.file.Get()));
+    temporary.RenameTo(target);
+    FlushFolder(FolderOf(target));
+}
+
+/// A pipe that nobody reads fails instead of waiting for a reader.
+void WriteInto(const fs::path& path, std::string_view bytes) {
+    OpenFile file(path, O_WRONLY | O_NONBLOCK);
+    Check(fcntl(file.Get(), F_SETFL, 0));
+    file.Write(bytes);
+    file.Close();
+}
+
+void Save(const std::string& path, std::string_view bytes) {
+    const std::optional<struct stat> old = StatusOf(path);
+    if (old && S_ISDIR(old->st_mode))
+        Fail(EISDIR);
+    if (old && !S_ISREG(old->st_mode))
+        return WriteInto(path, bytes);
+    const std::lock_guard lock(savingMutex);
+    Replace(FollowLinks(path), old, bytes);
+}
+
+SaveResult TrySave(const std::string& path, std::string_view bytes) {
+    try {
+        Save(path, bytes);
+        return {true, {}};
+    } catch (const std::exception& error) {
+        return {false, "Cannot save " + path + ": " + error.what()};
+    }
+}
+
+} // namespace
+
+SaveResult SaveFile(const std::string& path, std::string_view bytes) noexcept {
+    try {
+        return TrySave(path, bytes);
+    } catch (...) {
+        return {false, "Out of memory"}; // short enough to need no memory
+    }
+}
+
+} // namespace Utils

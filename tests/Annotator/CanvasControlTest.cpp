@@ -1,0 +1,194 @@
+#include "Annotator/CanvasControl.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <numbers>
+#include <random>
+
+namespace Annotator {
+namespace {
+
+using Utils::Vector3;
+
+constexpr float kPi = std::numbers::pi_v<float>;
+constexpr int kLeft = 314, kUp = 315, kRight = 316, kDown = 317;
+
+struct PointerLog : Clickable {
+    void OnMouseEvent(const CanvasMouseEvent& event) override {
+        events.push_back(event);
+        if (then)
+            then();
+    }
+
+    std::vector<CanvasMouseEvent> events;
+    std::function<void()> then;
+};
+
+void ExpectNear(const Vector3& found, const Vector3& expected, const std::string& what, float tolerance = 1e-5f) {
+    EXPECT_TRUE((found - expected).cwiseAbs().maxCoeff() <= tolerance)
+        << what << ": found " << found << ", expected " << expected;
+}
+
+/// Where a camera at the origin gets to in a second with these keys held.
+Vector3 MoveOf(const Vector3& rotation, const std::vector<int>& keys) {
+    CanvasControl control;
+    control.camera.SetRotation(rotation);
+    for (const int key : keys)
+        EXPECT_TRUE(control.SetKey(key, true)) << key;
+    control.MoveCamera(1.0f);
+    return control.camera.Position();
+}
+
+TEST(CanvasControl, KeysMoveAlongTheCamerasAxes) {
+    // Positions count z backwards: -z is ahead at yaw 0. A pitch of 30 degrees looks down, and a yaw of 90 to the
+    // right.
+    const float deg30 = kPi / 6, deg90 = kPi / 2, cos30 = 0.8660254f;
+    const struct {
+        const char* name;
+        Vector3 rotation; // pitch, roll, yaw
+        Vector3 w, d, z;  // S, A and X go the opposite way
+    } rows[] = {
+        {"level", {0, 0, 0}, {0, 0, -1}, {1, 0, 0}, {0, 1, 0}},
+        {"yaw 90", {0, 0, deg90}, {1, 0, 0}, {0, 0, 1}, {0, 1, 0}},
+        {"yaw 180", {0, 0, kPi}, {0, 0, 1}, {-1, 0, 0}, {0, 1, 0}},
+        {"pitch 30", {deg30, 0, 0}, {0, -0.5f, -cos30}, {1, 0, 0}, {0, cos30, -0.5f}},
+        {"pitch -30", {-deg30, 0, 0}, {0, 0.5f, -cos30}, {1, 0, 0}, {0, cos30, 0.5f}},
+        {"pitch 30, yaw 90", {deg30, 0, deg90}, {cos30, -0.5f, 0}, {0, 0, 1}, {0.5f, cos30, 0}},
+        {"straight down", {deg90, 0, 0}, {0, -1, 0}, {1, 0, 0}, {0, 0, -1}},
+        {"straight up, yaw 90", {-deg90, 0, deg90}, {0, 1, 0}, {0, 0, 1}, {-1, 0, 0}},
+        {"roll 90", {0, deg90, 0}, {0, 0, -1}, {0, -1, 0}, {1, 0, 0}},
+    };
+    for (const auto& row : rows) {
+        ExpectNear(MoveOf(row.rotation, {'W'}), row.w, std::string("W at ") + row.name);
+        ExpectNear(MoveOf(row.rotation, {'S'}), -row.w, std::string("S at ") + row.name);
+        ExpectNear(MoveOf(row.rotation, {'D'}), row.d, std::string("D at ") + row.name);
+        ExpectNear(MoveOf(row.rotation, {'A'}), -row.d, std::string("A at ") + row.name);
+        ExpectNear(MoveOf(row.rotation, {'Z'}), row.z, std::string("Z at ") + row.name);
+        ExpectNear(MoveOf(row.rotation, {'X'}), -row.z, std::string("X at ") + row.name);
+    }
+}
+
+TEST(CanvasControl, MovesAgreeWithTheViewMatrixAtAnyRotation) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<float> angle(-7.0f, 7.0f);
+    for (int i = 0; i < 200; ++i) {
+        const Vector3 rotation(angle(random), angle(random), angle(random));
+        Rendering::Camera camera;
+        camera.SetRotation(rotation);
+        const Utils::Matrix4 view = camera.ViewMatrix();
+        const auto inView = [&](int key) {
+            const Vector3 move = MoveOf(rotation, {key});
+            return Utils::TransformPoint({move.x(), move.y(), -move.z()}, view);
+        };
+        ExpectNear(inView('W'), {0, 0, 1}, "ahead");
+        ExpectNear(inView('A'), {-1, 0, 0}, "left");
+        ExpectNear(inView('X'), {0, -1, 0}, "down");
+    }
+}
+
+TEST(CanvasControl, OpposedKeysHaveAWinnerAndOthersAddUp) {
+    const Vector3 level = Vector3::Zero();
+    ExpectNear(MoveOf(level, {'S', 'W'}), {0, 0, -1}, "W beats S");
+    ExpectNear(MoveOf(level, {'D', 'A'}), {-1, 0, 0}, "A beats D");
+    ExpectNear(MoveOf(level, {'X', 'Z'}), {0, 1, 0}, "Z beats X");
+    ExpectNear(MoveOf(level, {'W', 'A', 'Z'}), {-1, 1, -1}, "three steps");
+    ExpectNear(MoveOf(level, {kUp, kRight}), {1, 0, -1}, "arrows");
+    ExpectNear(MoveOf(level, {kDown, kLeft}), {-1, 0, 1}, "arrows back");
+    ExpectNear(MoveOf(level, {}), {0, 0, 0}, "no key");
+}
+
+TEST(CanvasControl, AKeyMovesUntilItIsUp) {
+    CanvasControl control;
+    control.SetKey('W', true);
+    control.SetKey('D', true);
+    control.MoveCamera(0.25f);
+    control.SetKey('W', false);
+    control.MoveCamera(0.5f);
+    ExpectNear(control.camera.Position(), {0.75f, 0, -0.25f}, "W for a quarter second");
+    control.ReleaseKeys();
+    control.MoveCamera(1.0f);
+    ExpectNear(control.camera.Position(), {0.75f, 0, -0.25f}, "no key left");
+    for (const int unused : {int('w'), int('Q'), 27, 318, 0, -1})
+        EXPECT_FALSE(control.SetKey(unused, true)) << unused;
+}
+
+struct CanvasPointer : testing::Test {
+    CanvasPointer() {
+        control.Resize({800, 400});
+        control.clickables = {first, second};
+    }
+
+    CanvasControl control;
+    std::shared_ptr<PointerLog> first = std::make_shared<PointerLog>(), second = std::make_shared<PointerLog>();
+};
+
+TEST_F(CanvasPointer, ADragTurnsTheViewAndTellsNobody) {
+    control.camera.SetRotation({0, 0.5f, 0});
+    control.Press({100, 100});
+    control.Motion({300, 100}, true);
+    ExpectNear(control.camera.Rotation(), {0, 0.5f, 0.5f}, "a quarter of the width to the right");
+    control.Motion({300, 300}, true);
+    ExpectNear(control.camera.Rotation(), {1.0f, 0.5f, 0.5f}, "half the height down");
+    control.Motion({300 - 4000, 300}, true);
+    ExpectNear(control.camera.Rotation(), {1.0f, 0.5f, -9.5f}, "five widths to the left, not wrapped");
+    control.Release({300, 300});
+    EXPECT_TRUE(first->events.empty());
+
+    control.Press({0, 0}); // elsewhere: the way there is no drag
+    control.Motion({400, 0}, true);
+    ExpectNear(control.camera.Rotation(), {1.0f, 0.5f, -8.5f}, "from the new press on");
+}
+
+TEST_F(CanvasPointer, APressAndReleaseIsAClickOnce) {
+    control.Release({5, 5});
+    EXPECT_TRUE(first->events.empty()) << "a release without a press";
+    control.Press({400, 200});
+    control.Motion({400, 200}, false);
+    control.Release({400, 200});
+    control.Release({400, 200});
+    ASSERT_EQ(first->events.size(), 2u);
+    EXPECT_EQ(first->events[0].type, 1);
+    EXPECT_EQ(first->events[1].type, 0);
+    EXPECT_EQ(second->events.size(), 2u);
+}
+
+TEST_F(CanvasPointer, AReleaseInsideAClicksDialogIsNoSecondClick) {
+    first->then = [this] { control.Release({1, 1}); };
+    control.Press({1, 1});
+    control.Release({1, 1});
+    EXPECT_EQ(first->events.size(), 1u);
+}
+
+TEST_F(CanvasPointer, RaysPassThroughThePointer) {
+    control.camera.SetPosition({1, 2, 3});
+    const struct {
+        CanvasPoint pointer;
+        float x, y; // where the ray meets the clip square, whose top is y = 1
+    } rows[] = {{{400, 200}, 0, 0}, {{0, 0}, -1, 1}, {{800, 400}, 1, -1}, {{600, 300}, 0.5f, -0.5f}};
+    for (const auto& row : rows) {
+        control.Motion(row.pointer, false);
+        const CanvasMouseEvent& event = first->events.back();
+        const Vector3 direction = event.ray.direction;
+        ExpectNear(event.ray.origin, {0, 0, 0}, "origin");
+        EXPECT_NEAR(Utils::Length(direction), 1.0f, 1e-6f);
+        EXPECT_GT(direction.z(), 0.0f);
+        // A field of view of 1 radian reaches tan(0.5) up at distance 1, and twice that to the side at 800 x 400.
+        ExpectNear(direction / direction.z(), {row.x * 2 * std::tan(0.5f), row.y * std::tan(0.5f), 1}, "through");
+        EXPECT_EQ(event.view, control.camera.ViewMatrix());
+        EXPECT_EQ(event.projection, control.projection);
+    }
+}
+
+TEST_F(CanvasPointer, ACanvasWithoutPixelsStaysSound) {
+    control.Resize({0, -3});
+    control.Press({0, 0});
+    control.Motion({1, 1}, true);
+    control.Motion({1, 1}, false);
+    EXPECT_TRUE(control.projection.allFinite());
+    EXPECT_TRUE(control.camera.Rotation().allFinite());
+    EXPECT_TRUE(first->events.back().ray.direction.allFinite());
+    ExpectNear(control.camera.Rotation(), {2, 0, 2}, "one pixel is the whole canvas");
+}
+
+} // namespace
+} // namespace Annotator

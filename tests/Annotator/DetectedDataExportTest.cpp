@@ -1,0 +1,100 @@
+#include "Annotator/DetectedDataExport.h"
+
+#include "Sim/XPAircraftInfo.h"
+#include "Support/ModelBuilder.h"
+#include "Support/TemporaryFolder.h"
+
+#include <boost/filesystem.hpp>
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = boost::filesystem;
+
+/// A list in an order of the test's making; a cockpit is made as the real record makes it.
+class FixedList : public Sim::AircraftListLoader {
+public:
+    explicit FixedList(std::vector<std::string> paths) : acfPaths(std::move(paths)) {}
+    Sim::AircraftList LoadAircraftList() override {
+        Sim::AircraftList list;
+        for (const std::string& path : acfPaths) {
+            auto info = std::make_unique<Sim::XPAircraftInfo>();
+            info->acfPath = path;
+            info->displayName = path;
+            list.push_back(std::move(info));
+        }
+        return list;
+    }
+
+private:
+    std::vector<std::string> acfPaths;
+};
+
+const std::string kTriangle = "VT 0 0 0 0 0 1 0 0\nVT 1 0 0 0 0 1 0 0\nVT 0 1 0 0 0 1 0 0\nIDX 0\nIDX 1\nIDX 2\n";
+const std::string kFolder = "QVRA/AirLogs/1389-2a5530b-4/";
+
+std::string PartXml(int node, int part, const std::string& type) {
+    return "    <Part>\n        <NodeId>" + std::to_string(node) + "</NodeId>\n        <PartId>" +
+           std::to_string(part) + "</PartId>\n        <InteractionType>" + type +
+           "</InteractionType>\n        <EventType>Wheel</EventType>\n        <Reverse>0</Reverse>\n    </Part>\n";
+}
+
+std::string ListXml(const std::string& parts) {
+    return "<NodePartList>\n" + parts + "</NodePartList>\n";
+}
+
+TEST(DetectedDataExportTest, WritesEveryPartInOrder) {
+    Support::TemporaryFolder folder;
+    const Support::WorkingDirectory here(folder.path);
+    folder.Write("Aircraft/A/Big.Jet 1.2/jet.acf", "");
+    folder.Write("Aircraft/A/Big.Jet 1.2/jet_cockpit.obj",
+                 "TEXTURE a.png\n" + kTriangle +
+                     "TRIS 0 3\nATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\nATTR_manip_none\nANIM_begin\n"
+                     "ANIM_trans 0 0 0 0 0 1 0 1 sim/x\nATTR_manip_drag_axis hand 0 0 1 0 1 sim/x\nTRIS 0 3\nANIM_end");
+    FixedList list({"Aircraft/A/Big.Jet 1.2/jet.acf"});
+    Annotator::SaveDetectedData(list);
+    const std::string expected = ListXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move"));
+    EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"), expected);
+    Annotator::SaveDetectedData(list);
+    EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"), expected) << "a second run replaces the file by the same";
+}
+
+TEST(DetectedDataExportTest, OneThatFailsIsSkippedAndTheLaterOfTwoStemsWins) {
+    Support::TemporaryFolder folder;
+    const Support::WorkingDirectory here(folder.path);
+    folder.Write("Aircraft/A/Plane/a.acf", "");
+    folder.Write("Aircraft/A/Plane/a_cockpit.obj", "TEXTURE a.png\n" + kTriangle + "TRIS 0 3\n");
+    folder.Write("Aircraft/A/Broken/b.acf", "");
+    folder.Write("Aircraft/A/Broken/b_cockpit.obj", kTriangle + "TRIS 0 3\n");
+    folder.Write("Aircraft/A/Bare/c.acf", "");
+    folder.Write("Aircraft/B/Plane/d.acf", "");
+    folder.Write("Aircraft/B/Plane/d_cockpit.obj",
+                 "TEXTURE a.png\n" + kTriangle + "ATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\n");
+    folder.Write(kFolder + "Broken.xml", "of an earlier run");
+    FixedList list(
+        {"Aircraft/A/Plane/a.acf", "Aircraft/A/Broken/b.acf", "Aircraft/A/Bare/c.acf", "Aircraft/B/Plane/d.acf"});
+    Annotator::SaveDetectedData(list);
+    EXPECT_EQ(folder.Read(kFolder + "Plane.xml"), ListXml(PartXml(0, 0, "Tap")));
+    EXPECT_EQ(folder.Read(kFolder + "Broken.xml"), "of an earlier run");
+    EXPECT_EQ(folder.Read(kFolder + "Bare.xml"), "<NodePartList/>\n") << "an aircraft without a cockpit object";
+}
+
+TEST(DetectedDataExportTest, WhatEndsTheRunAndWhatDoesNot) {
+    Support::TemporaryFolder folder;
+    const Support::WorkingDirectory here(folder.path);
+    folder.Write("Aircraft/A/Plane/a.acf", "");
+    fs::create_directories(folder.path / (kFolder + "Plane.xml"));
+    FixedList list({"Aircraft/A/Plane/a.acf"});
+    EXPECT_NO_THROW(Annotator::SaveDetectedData(list)) << "a folder where the file should be is passed over";
+
+    folder.Write("Aircraft/A/Bad/b.acf", "P acf/_pe_xyz/0 far\n");
+    FixedList bad({"Aircraft/A/Bad/b.acf"});
+    EXPECT_THROW(Annotator::SaveDetectedData(bad), std::bad_cast) << "a pilot's eye that is no number";
+
+    Support::TemporaryFolder blocked;
+    const Support::WorkingDirectory there(blocked.path);
+    blocked.Write("QVRA", "a file where the folder should be");
+    EXPECT_THROW(Annotator::SaveDetectedData(list), fs::filesystem_error);
+}
+
+} // namespace

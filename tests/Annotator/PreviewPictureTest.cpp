@@ -1,0 +1,115 @@
+#include "Annotator/PreviewPicture.h"
+
+#include "Support/DataFolder.h"
+#include "Support/ModelBuilder.h"
+#include "Support/RecordingContext.h"
+
+#include <gtest/gtest.h>
+#include <numbers>
+#include <stdexcept>
+
+namespace Annotator {
+namespace {
+
+using Support::DrawCall;
+using Utils::Matrix4;
+using Utils::Vector3;
+
+/// A cockpit of a panel, a window pane and a slide that moves 4 m up, seen from (1, 2, -3) in the camera's axes.
+struct Picture : testing::Test {
+    Picture() {
+        Support::BindDataFolder();
+        Support::ModelBuilder builder;
+        builder.Part(0, {{0, 0, 9}, {1, 0, 9}, {0, 1, 9}});
+        builder.Texture("glass.png");
+        builder.model.materials.Children[1].Alpha = 0.5f;
+        builder.Part(0, {{0, 0, 8}, {1, 0, 8}, {0, 1, 8}}).MaterialIndex = 1;
+        builder.Part(builder.Node(0, Support::Animation("sim/slide", {{Support::TranslationKey(0, 0, 0, 0),
+                                                                       Support::TranslationKey(100, 0, 4, 0)}})),
+                     {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        auto cockpit = std::make_unique<Support::ModelCockpit>(builder.model);
+        cockpit->modelOffset = {1, 0, 1};
+        cockpit->pilotEye = {0, 2, 2};
+        opened.cockpit = std::move(cockpit);
+        built = BuildAircraft(opened);
+        store = std::make_unique<CockpitModel::AnnotationStore>(*built.sceneGraph);
+    }
+
+    std::vector<DrawCall> Draw(const PictureRequest& request) {
+        context.draws.clear();
+        DrawPreviewPicture(context, request, opened, built, *store);
+        return context.draws;
+    }
+
+    Support::RecordingContext context;
+    OpenedAircraft opened;
+    BuiltAircraft built;
+    std::unique_ptr<CockpitModel::AnnotationStore> store;
+};
+
+TEST_F(Picture, LooksFromThePilotsEyeOrAsAsked) {
+    const auto draws = Draw({});
+    ASSERT_EQ(draws.size(), 3u);
+    EXPECT_TRUE(draws[0].view.isApprox(Utils::Translation({-1, -2, -3}))) << draws[0].view;
+    EXPECT_TRUE(draws[0].projection.isApprox(Utils::PerspectiveFov(1.0f, 1.6f, 0.05f, 30.0f)));
+
+    PictureRequest request;
+    request.size = {300, 300};
+    request.eye = Vector3(0, 0, -5);
+    request.yaw = std::numbers::pi_v<float> / 2; // to the right: what lies at x is ahead
+    const DrawCall aside = Draw(request).at(0);
+    EXPECT_TRUE(Utils::TransformPoint({7, 0, 5}, aside.view).isApprox(Vector3(0, 0, 7), 1e-5f));
+    EXPECT_TRUE(aside.projection.isApprox(Utils::PerspectiveFov(1.0f, 1.0f, 0.05f, 30.0f)));
+    request.yaw = 0;
+    request.pitch = std::numbers::pi_v<float> / 2; // down
+    EXPECT_TRUE(Utils::TransformPoint({0, -7, 5}, Draw(request).at(0).view).isApprox(Vector3(0, 0, 7), 1e-5f));
+}
+
+TEST_F(Picture, ShowsPositionsSelectionAndHiddenGlass) {
+    PictureRequest request;
+    request.positions = {{"sim/slide", 0.25f}};
+    request.selected = {1, 0};
+    request.showTransparent = false;
+    const auto draws = Draw(request);
+    ASSERT_EQ(draws.size(), 1u + 1 + 2 + 20);
+    EXPECT_TRUE(draws[1].world.isApprox(Utils::Translation({0, 1, 0}))) << draws[1].world;
+    EXPECT_EQ(draws[1].params.secondColour, Vector3(0, 0, 0.1f));
+
+    const auto again = Draw(request);
+    for (std::size_t i = 0; i < draws.size(); ++i) {
+        EXPECT_EQ(again[i].world, draws[i].world) << i;
+        EXPECT_EQ(again[i].params.firstColour, draws[i].params.firstColour) << i;
+    }
+}
+
+TEST_F(Picture, LetsGoOfWhatBelongsToTheDevice) {
+    Draw({});
+    for (const auto& node : built.sceneGraph->Nodes())
+        for (const auto& part : node->parts)
+            EXPECT_EQ(part->geometry, nullptr);
+}
+
+TEST_F(Picture, SaysWhatTheAircraftDoesNotHave) {
+    const auto reason = [this](const PictureRequest& request) -> std::string {
+        try {
+            Draw(request);
+        } catch (const std::invalid_argument& error) {
+            return error.what();
+        }
+        return "drawn";
+    };
+    PictureRequest request;
+    request.positions = {{"sim/slide", 0.0f}, {"sim/flaps", 1.0f}};
+    EXPECT_EQ(reason(request), "no animation of the cockpit follows sim/flaps");
+    request.positions.clear();
+    request.selected = {2, 0};
+    EXPECT_EQ(reason(request), "the cockpit has no node 2, but 2 nodes from 0 on");
+    request.selected = {-1, 0};
+    EXPECT_EQ(reason(request), "the cockpit has no node -1, but 2 nodes from 0 on");
+    request.selected = {0, 2};
+    EXPECT_EQ(reason(request), "node 0 has no part 2, but 2 parts from 0 on");
+    EXPECT_TRUE(context.draws.empty());
+}
+
+} // namespace
+} // namespace Annotator

@@ -1,0 +1,317 @@
+#include "Annotator/Window/AnnotatorWindow.h"
+
+#include "Annotator/Window/WindowFixture.h"
+
+#include <boost/filesystem.hpp>
+#include <wx/button.h>
+#include <wx/menu.h>
+#include <wx/notebook.h>
+#include <wx/sizer.h>
+
+namespace {
+
+using namespace Support;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class AnnotatorWindowTest : public WindowTest {
+protected:
+    void ChooseMenu(int menu) {
+        wxMenu& chosen = *window->GetMenuBar()->GetMenu(static_cast<std::size_t>(menu));
+        wxCommandEvent event(wxEVT_MENU, chosen.FindItemByPosition(0)->GetId());
+        chosen.ProcessEvent(event);
+    }
+};
+
+TEST_F(AnnotatorWindowTest, StartsEmptyWithItsControlsInOrder) {
+    loader.aircraft.emplace_back("Caf\xE9", "Made/Cafe", MakerOf(LeverModel()));
+    Open();
+    EXPECT_EQ(window->GetTitle(), "Vorelle Aircraft Annotator");
+    EXPECT_EQ(window->GetSize(), wxSize(1400, 800));
+    EXPECT_EQ(window->GetMenuBar()->GetMenuLabelText(0), "Tests");
+    EXPECT_EQ(window->GetMenuBar()->GetMenu(0)->FindItemByPosition(0)->GetItemLabelText(), "Run All Tests");
+    EXPECT_EQ(window->GetMenuBar()->GetMenuLabelText(1), "Detected Data");
+    EXPECT_EQ(window->GetMenuBar()->GetMenu(1)->FindItemByPosition(0)->GetItemLabelText(),
+              "Save Detected Aircraft Data");
+    EXPECT_EQ(window->GetStatusBar()->GetStatusText(0), "Loading...");
+    EXPECT_EQ(window->GetStatusBar()->GetStatusText(1), "Click and drag to rotate view.  Arrow keys or WASD to move.");
+    EXPECT_THAT(Lines(*selector), ElementsAre("Select an aircraft...", "Trainer", "Caf\xEF\xBF\xBD"));
+    EXPECT_EQ(selector->GetSelection(), 0);
+    EXPECT_EQ(loader.scans, 1);
+
+    auto& notebook = *Find<wxNotebook>(*window);
+    std::vector<std::string> pages;
+    for (std::size_t i = 0; i < notebook.GetPageCount(); ++i)
+        pages.push_back(notebook.GetPageText(i).ToStdString());
+    EXPECT_THAT(pages, ElementsAre("VR Interaction", "Animations", "Info", "Tests", "UVs"));
+    EXPECT_EQ(TreeText(), "");
+    EXPECT_EQ(IdLabel(), "ID: None");
+}
+
+TEST_F(AnnotatorWindowTest, GivesTreeCanvasAndSidePanelTheirSharesOfTheWidth) {
+    Open();
+    wxWindow* side = Find<wxNotebook>(*window)->GetParent();
+    const int width = tree->GetParent()->GetClientSize().x;
+    EXPECT_NEAR(tree->GetSize().x, width / 7, 2);
+    EXPECT_NEAR(canvas->GetSize().x, 4 * width / 7, 2);
+    EXPECT_NEAR(side->GetSize().x, 2 * width / 7, 2);
+    EXPECT_EQ(canvas->GetPosition().x, tree->GetSize().x);
+}
+
+TEST_F(AnnotatorWindowTest, NamesEveryControlThatTakesTheFocus) {
+    Open();
+    std::vector<std::string> nameless;
+    const std::function<void(wxWindow&)> visit = [&](wxWindow& parent) {
+        for (wxWindow* child : parent.GetChildren()) {
+            const bool plainName = child->GetName() == "choice" || child->GetName() == "text" ||
+                                   child->GetName() == "slider" || child->GetName() == "treeCtrl" ||
+                                   child->GetName() == "GLCanvas";
+            if (child->AcceptsFocus() && plainName)
+                nameless.push_back(child->GetName().ToStdString());
+            visit(*child);
+        }
+    };
+    visit(*window);
+    EXPECT_TRUE(nameless.empty()) << testing::PrintToString(nameless);
+}
+
+TEST_F(AnnotatorWindowTest, LoadsAPickedAircraftInTheNextFrame) {
+    Open();
+    Choose(*selector, 0);
+    PumpFrames(2);
+    EXPECT_EQ(TreeText(), "");
+    Choose(*selector, 1);
+    EXPECT_EQ(TreeText(), "") << "the handler only posts the load";
+    PumpFrames(2);
+    EXPECT_EQ(TreeText(), "Trainer\n"
+                          " N: 0\n"
+                          "  P: 0\n"
+                          "  N: 1\n"
+                          "   P: 0\n"
+                          "   P: 1\n"
+                          "   N: 2\n"
+                          "    P: 0\n");
+    EXPECT_TRUE(tree->IsExpanded(Item({"N: 0", "N: 1"})));
+    EXPECT_EQ(window->GetStatusBar()->GetStatusText(0), "Loading...");
+    EXPECT_EQ(IdLabel(), "ID: None");
+    EXPECT_EQ(wxWindow::FindFocus(), canvas);
+    EXPECT_TRUE(dialogs.texts.empty());
+}
+
+TEST_F(AnnotatorWindowTest, PutsTheCameraAtThePilotsEye) {
+    loader.aircraft[0].make = [] {
+        auto cockpit = std::make_unique<ModelCockpit>(LeverModel());
+        cockpit->modelOffset = {1, 2, 4};
+        cockpit->pilotEye = {0.25f, 0.5f, 0.125f};
+        return cockpit;
+    };
+    Open();
+    canvas->control.camera.SetRotation({0.1f, 0.0f, 0.2f});
+    Load();
+    EXPECT_EQ(canvas->control.camera.Position(), Utils::Vector3(1.25f, 2.5f, -4.125f));
+    EXPECT_EQ(canvas->control.camera.Rotation(), Utils::Vector3(0.1f, 0.0f, 0.2f));
+}
+
+TEST_F(AnnotatorWindowTest, SelectsAPartFromTheTree) {
+    Open();
+    Load();
+    const wxTreeItemId lever = Item({"N: 0", "N: 1", "P: 0"}), shape = Item({"N: 0", "N: 1", "P: 1"});
+    tree->SelectItem(lever);
+    EXPECT_EQ(IdLabel(), "ID: (1,0)");
+    EXPECT_TRUE(IsHighlighted(lever));
+
+    tree->SelectItem(Item({"N: 0"}));
+    EXPECT_EQ(IdLabel(), "ID: (1,0)") << "a node item changes nothing";
+    EXPECT_TRUE(IsHighlighted(lever));
+
+    tree->SelectItem(shape);
+    EXPECT_EQ(IdLabel(), "ID: (1,1)");
+    EXPECT_TRUE(IsHighlighted(shape));
+    EXPECT_FALSE(tree->IsBold(lever));
+    EXPECT_EQ(tree->GetItemTextColour(lever), *wxBLACK);
+}
+
+TEST_F(AnnotatorWindowTest, SelectsAPartFromThePreview) {
+    Open();
+    Load();
+    const wxSize size = canvas->GetClientSize();
+    // The lever's square spans -0.1 to 0.1 metres about the view's axis at 1 metre.
+    Click({size.x / 2, size.y / 2});
+    EXPECT_EQ(IdLabel(), "ID: (1,0)");
+    EXPECT_EQ(tree->GetSelection(), Item({"N: 0", "N: 1", "P: 0"}));
+    EXPECT_TRUE(IsHighlighted(Item({"N: 0", "N: 1", "P: 0"})));
+    // To the lower right of it there is only the large square behind.
+    Click({3 * size.x / 4, 3 * size.y / 4});
+    EXPECT_EQ(IdLabel(), "ID: (0,0)");
+    EXPECT_TRUE(IsHighlighted(Item({"N: 0", "P: 0"})));
+    EXPECT_FALSE(tree->IsBold(Item({"N: 0", "N: 1", "P: 0"})));
+}
+
+TEST_F(AnnotatorWindowTest, ClearsTheSelectionWhenAnotherAircraftIsLoaded) {
+    ModelBuilder other;
+    other.Part(0, SquareAhead(0, 0, 1, 1));
+    loader.aircraft.emplace_back("Other", "Made/Other", MakerOf(std::move(other.model)));
+    Open();
+    Load(1);
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    Load(2);
+    EXPECT_EQ(TreeText(), "Other\n N: 0\n  P: 0\n");
+    EXPECT_EQ(IdLabel(), "ID: None");
+    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    EXPECT_EQ(IdLabel(), "ID: (0,0)");
+    EXPECT_TRUE(IsHighlighted(Item({"N: 0", "P: 0"})));
+}
+
+TEST_F(AnnotatorWindowTest, SavesAndFindsAnAnnotationAgain) {
+    Open();
+    Load();
+    auto& save = *FindLabelled<wxButton>(*window, "Save");
+    Fire(save, wxEVT_BUTTON);
+    EXPECT_FALSE(boost::filesystem::exists("QVRA/Annotations/Trainer.xml")) << "no part was selected";
+
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    auto& interaction = *Find<Annotator::InteractionPane>(*window);
+    auto& tests = *Find<Annotator::TestPane>(*window);
+    Find<wxChoice>(interaction)->SetSelection(3);
+    Find<wxTextCtrl>(interaction)->SetValue(wxString::FromUTF8("Gr\xC3\xBC\xC3\x9F"));
+    Find<wxChoice>(tests)->SetSelection(2);
+    Fire(save, wxEVT_BUTTON);
+    const std::string saved = folder.Read("QVRA/Annotations/Trainer.xml");
+    EXPECT_THAT(saved, HasSubstr("<NodeId>1</NodeId>"));
+    EXPECT_THAT(saved, HasSubstr("<PartId>0</PartId>"));
+    EXPECT_THAT(saved, HasSubstr("<InteractionType>Twist</InteractionType>")) << "kept although a test was chosen";
+    EXPECT_THAT(saved, HasSubstr("<InteractionTypeTest>Tap</InteractionTypeTest>"));
+    EXPECT_THAT(saved, HasSubstr("<Tooltip>Gr\xC3\xBC\xC3\x9F</Tooltip>"));
+    Fire(save, wxEVT_BUTTON);
+    EXPECT_EQ(folder.Read("QVRA/Annotations/Trainer.xml"), saved);
+
+    Close();
+    Open();
+    Load();
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    EXPECT_EQ(Find<wxChoice>(*Find<Annotator::InteractionPane>(*window))->GetSelection(), 3);
+    EXPECT_EQ(Find<wxChoice>(*Find<Annotator::TestPane>(*window))->GetSelection(), 2);
+    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    EXPECT_EQ(Find<wxChoice>(*Find<Annotator::InteractionPane>(*window))->GetSelection(), 0);
+    EXPECT_TRUE(dialogs.texts.empty());
+}
+
+TEST_F(AnnotatorWindowTest, TellsWhenASaveFails) {
+    Open();
+    Load();
+    boost::filesystem::create_directories("QVRA/Annotations/Trainer.xml/in the way");
+    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    auto& types = *Find<wxChoice>(*Find<Annotator::InteractionPane>(*window));
+    types.SetSelection(2);
+    Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+    ASSERT_EQ(dialogs.texts.size(), 1u);
+    EXPECT_THAT(dialogs.texts[0], HasSubstr(folder / "QVRA/Annotations/Trainer.xml"));
+    EXPECT_EQ(types.GetSelection(), 2);
+    EXPECT_EQ(IdLabel(), "ID: (0,0)");
+}
+
+TEST_F(AnnotatorWindowTest, SurvivesALoadThatFails) {
+    struct NoObject final : CockpitModel::AircraftCockpit {
+        bool IsValid() const override { return false; }
+        std::unique_ptr<CockpitModel::ModelData> LoadModel() const override { return nullptr; }
+    };
+    loader.aircraft.emplace_back("Empty", "Made/Empty", [] { return std::make_unique<NoObject>(); });
+    loader.aircraft.emplace_back("Broken", "Made/Broken", []() -> std::unique_ptr<CockpitModel::AircraftCockpit> {
+        throw Utils::OutOfRange("broken_cockpit.obj(7): TRIS before any TEXTURE line");
+    });
+    Open();
+    Load(1);
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    Load(2);
+    ASSERT_EQ(dialogs.texts.size(), 2u);
+    EXPECT_THAT(dialogs.texts[0], HasSubstr("Annotator\\AnnotatorWindow.cpp: Line 158\n"));
+    EXPECT_THAT(dialogs.texts[1], testing::AllOf(HasSubstr("Empty"), HasSubstr("Aircraft/Made/Empty/plane.acf"),
+                                                 HasSubstr("no cockpit object")));
+    EXPECT_EQ(TreeText(), "");
+    EXPECT_EQ(IdLabel(), "ID: None");
+
+    Load(3);
+    ASSERT_EQ(dialogs.texts.size(), 3u);
+    EXPECT_THAT(dialogs.texts[2], HasSubstr("broken_cockpit.obj(7): TRIS before any TEXTURE line"));
+    Load(1);
+    EXPECT_EQ(dialogs.texts.size(), 3u);
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    EXPECT_EQ(IdLabel(), "ID: (1,0)");
+}
+
+TEST_F(AnnotatorWindowTest, TellsWhatAFrameThrowsAndStandsEmptyThen) {
+    struct ThrowingOnce final : Rendering::Stage {
+        void Render(Rendering::Context&, const Utils::Matrix4&, const Utils::Matrix4&) override {
+            if (std::exchange(armed, false))
+                throw std::runtime_error("lost the picture");
+        }
+        bool armed = false;
+    };
+    Open();
+    const auto stage = std::make_shared<ThrowingOnce>();
+    canvas->stages.Add(stage);
+    Load();
+    stage->armed = true;
+    PumpFrames(3);
+    ASSERT_EQ(dialogs.texts.size(), 1u);
+    EXPECT_THAT(dialogs.texts[0], HasSubstr("lost the picture"));
+    EXPECT_EQ(TreeText(), "");
+    Load();
+    EXPECT_NE(TreeText(), "");
+}
+
+TEST_F(AnnotatorWindowTest, TellsWhyTheTestsOrTheExportStopped) {
+    loader.aircraft.emplace_back("Broken", "Made/Broken", []() -> std::unique_ptr<CockpitModel::AircraftCockpit> {
+        throw std::runtime_error("no such luck");
+    });
+    folder.Write("QVRA/Annotations/Broken.xml", "<Overrides/>");
+    folder.Write("QVRA/AirLogs", "a file where the folder should be");
+    Open();
+    const auto windows = wxTopLevelWindows.GetCount();
+    ChooseMenu(0);
+    ASSERT_EQ(dialogs.texts.size(), 1u);
+    EXPECT_THAT(dialogs.texts[0], testing::AllOf(HasSubstr("Broken"), HasSubstr("no such luck")));
+    PumpFrames(1);
+    EXPECT_EQ(wxTopLevelWindows.GetCount(), windows) << "no result window";
+    ChooseMenu(1);
+    ASSERT_EQ(dialogs.texts.size(), 2u);
+    EXPECT_THAT(dialogs.texts[1], HasSubstr(folder / "QVRA/AirLogs"));
+}
+
+TEST_F(AnnotatorWindowTest, SavesTheDetectedDataOfAllAircraftAndLeavesTheLoadedOneAlone) {
+    loader.aircraft.emplace_back("Second", "Made/Second.1", MakerOf(LeverModel()));
+    Open();
+    Load();
+    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    ChooseMenu(1);
+    EXPECT_EQ(loader.scans, 2);
+    EXPECT_THAT(folder.Read("QVRA/AirLogs/1389-2a5530b-4/Trainer.xml"), HasSubstr("<NodeId>2</NodeId>"));
+    EXPECT_TRUE(boost::filesystem::exists("QVRA/AirLogs/1389-2a5530b-4/Second.xml"));
+    EXPECT_EQ(IdLabel(), "ID: (0,0)");
+    EXPECT_TRUE(dialogs.texts.empty());
+}
+
+TEST_F(AnnotatorWindowTest, PassesOnWhatTheScanThrows) {
+    struct NoFolder final : Sim::AircraftListLoader {
+        Sim::AircraftList LoadAircraftList() override { throw std::runtime_error("no folder"); }
+    } failing;
+    EXPECT_THROW(new Annotator::AnnotatorWindow(&failing), std::runtime_error);
+}
+
+std::size_t ThreadCount() {
+    const boost::filesystem::directory_iterator tasks("/proc/self/task"), end;
+    return static_cast<std::size_t>(std::distance(tasks, end));
+}
+
+TEST_F(AnnotatorWindowTest, KeepsThreadsSteadyOverFiftyLoads) {
+    Open();
+    Load();
+    const std::size_t before = ThreadCount();
+    for (int i = 0; i < 50; ++i) {
+        Load();
+        tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    }
+    EXPECT_EQ(ThreadCount(), before);
+}
+
+} // namespace

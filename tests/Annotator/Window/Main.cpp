@@ -1,0 +1,62 @@
+// The tests run inside a toolkit application with an event loop, so that real windows can be shown and driven.
+#include "Annotator/Window/AnnotatorApp.h"
+#include "Annotator/Window/Toolkit.h"
+#include "Logging/Logger.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/Asserts.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <wx/evtloop.h>
+
+namespace {
+
+class TestApp : public wxApp {
+public:
+    bool OnInit() override { return true; }
+    bool OnExceptionInMainLoop() override { throw; }
+};
+
+void FailOnAssert(const wxString& file, int line, const wxString&, const wxString& condition, const wxString& message) {
+    ADD_FAILURE() << file << ":" << line << ": the toolkit asserts " << condition << " " << message;
+}
+
+/// What the program shows of a fatal error that comes ahead of the toolkit's start, on the standard output.
+int FailBeforeToolkit() {
+    Support::DialogRecorder dialogs;
+    dialogs.whileUp = [&] { std::cout << dialogs.captions.back() << "\n" << dialogs.texts.back() << std::endl; };
+    try {
+        Utils::FatalError("Annotator\\Main.cpp", 7);
+    } catch (const std::exception&) {
+        return 3;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const Support::TemporaryFolder userData;
+    setenv("XDG_DATA_HOME", userData.path.c_str(), 1);
+    Logging::Logger::Create();
+    Logging::Logger::Get().Start();
+    Annotator::PrepareToolkit();
+    if (argc > 1 && std::string(argv[1]) == "--fail-before-toolkit")
+        return FailBeforeToolkit();
+
+    testing::InitGoogleTest(&argc, argv);
+    wxSetAssertHandler(FailOnAssert);
+    wxApp::SetInstance(new TestApp);
+    int argumentCount = 0;
+    if (!wxEntryStart(argumentCount, static_cast<char**>(nullptr)) || !wxTheApp->CallOnInit())
+        return 1;
+    wxTheApp->SetExitOnFrameDelete(false);
+    int result = 1;
+    {
+        wxEventLoop loop;
+        const wxEventLoopActivator active(&loop);
+        result = RUN_ALL_TESTS();
+    }
+    wxEntryCleanup();
+    return result;
+}

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+#include <wx/app.h>
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
+#include <wx/window.h>
+
+namespace Support {
+
+/// Lets the toolkit deliver what is waiting and run its idle handlers until a condition holds; false when it does not
+/// within a time that no healthy machine needs.
+inline bool PumpUntil(const std::function<bool()>& done) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    do {
+        wxYield();
+        wxTheApp->ProcessIdle();
+        if (done())
+            return true;
+    } while (std::chrono::steady_clock::now() < end);
+    return false;
+}
+
+/// Runs this many rounds of the event loop, each with a frame of every canvas on the screen.
+inline void PumpFrames(int count) {
+    for (int i = 0; i < count; ++i) {
+        wxYield();
+        wxTheApp->ProcessIdle();
+    }
+}
+
+/// Dismisses every modal dialog ahead of its showing, and keeps what message boxes said.
+class DialogRecorder : public wxModalDialogHook {
+public:
+    DialogRecorder() { Register(); }
+    ~DialogRecorder() override { Unregister(); }
+
+    std::vector<std::string> captions, texts;
+    std::function<void()> whileUp; ///< run when a dialog would show
+
+protected:
+    int Enter(wxDialog* dialog) override {
+        captions.push_back(dialog->GetTitle().ToStdString(wxConvUTF8));
+        if (const auto* message = dynamic_cast<wxMessageDialog*>(dialog)) {
+            captions.back() = message->GetTitle().ToStdString(wxConvUTF8);
+            texts.push_back(message->GetMessage().ToStdString(wxConvUTF8));
+        }
+        if (whileUp)
+            whileUp();
+        return wxID_OK;
+    }
+};
+
+/// The first window of a type below `root`, in creation order, that a condition holds for.
+template <typename Type>
+Type* Find(
+    wxWindow& root, const std::function<bool(Type&)>& matches = [](Type&) { return true; }) {
+    for (wxWindow* child : root.GetChildren()) {
+        if (auto* found = dynamic_cast<Type*>(child); found && matches(*found))
+            return found;
+        if (auto* found = Find<Type>(*child, matches))
+            return found;
+    }
+    return nullptr;
+}
+
+/// The labels of all windows of a type below `root`, in creation order.
+template <typename Type>
+std::vector<std::string> Labels(wxWindow& root) {
+    std::vector<std::string> labels;
+    for (wxWindow* child : root.GetChildren()) {
+        if (const auto* found = dynamic_cast<Type*>(child))
+            labels.push_back(found->GetLabelText().ToStdString(wxConvUTF8));
+        for (std::string& label : Labels<Type>(*child))
+            labels.push_back(std::move(label));
+    }
+    return labels;
+}
+
+template <typename Type>
+Type* FindLabelled(wxWindow& root, const std::string& label) {
+    return Find<Type>(root, [&](Type& window) { return window.GetLabelText() == wxString(label); });
+}
+
+/// The lines of a choice.
+template <typename Choice>
+std::vector<std::string> Lines(const Choice& choice) {
+    std::vector<std::string> lines;
+    for (unsigned i = 0; i < choice.GetCount(); ++i)
+        lines.push_back(choice.GetString(i).ToStdString(wxConvUTF8));
+    return lines;
+}
+
+/// Does what a person's choice of a line does.
+template <typename Choice>
+void Choose(Choice& choice, int line) {
+    choice.SetSelection(line);
+    wxCommandEvent event(wxEVT_CHOICE, choice.GetId());
+    event.SetEventObject(&choice);
+    event.SetInt(line);
+    choice.ProcessWindowEvent(event);
+}
+
+inline void Fire(wxWindow& control, wxEventTypeTag<wxCommandEvent> type) {
+    wxCommandEvent event(type, control.GetId());
+    event.SetEventObject(&control);
+    control.ProcessWindowEvent(event);
+}
+
+} // namespace Support

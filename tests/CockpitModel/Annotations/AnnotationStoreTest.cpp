@@ -1,0 +1,224 @@
+#include "CockpitModel/Annotations/AnnotationStore.h"
+
+#include "CockpitModel/SceneGraph.h"
+#include "Sim/AircraftInfo.h"
+#include "Support/ModelBuilder.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/RangeCheck.h"
+
+#include <gtest/gtest.h>
+
+namespace CockpitModel {
+
+namespace {
+
+using Type = TouchInteractionType;
+
+/// A scene of two nodes: one part in the root, two below.
+class AnnotationStoreTest : public testing::Test {
+protected:
+    static ModelData Model() {
+        Support::ModelBuilder builder;
+        const int node = builder.Node(0);
+        for (const int owner : {0, node, node})
+            builder.Part(owner, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        return builder.model;
+    }
+
+    NodePart& Part(std::size_t node, std::size_t part) { return *scene.Nodes()[node]->parts[part]; }
+
+    void Read(const std::string& xml) {
+        folder.Write("a.xml", xml);
+        store.Read(folder / "a.xml");
+    }
+    /// Reads one record for part 0 of node 0 with these further elements.
+    AnnotationRecord ReadRecord(const std::string& elements) {
+        Read("<Overrides><Override><NodeId>0</NodeId><PartId>0</PartId>" + elements + "</Override></Overrides>");
+        return store.Get(Part(0, 0)).value_or(AnnotationRecord{});
+    }
+    std::string Written() {
+        EXPECT_TRUE(store.Write(folder / "out.xml"));
+        return folder.Read("out.xml");
+    }
+
+    Support::TemporaryFolder folder;
+    Support::ModelCockpit cockpit{Model()};
+    SceneGraph scene{cockpit.model, cockpit, nullptr};
+    AnnotationStore store{scene};
+};
+
+struct StubInfo final : Sim::AircraftInfo {
+    explicit StubInfo(const std::string& path) { acfPath = path; }
+    std::unique_ptr<AircraftCockpit> CreateCockpit() const override { return nullptr; }
+    std::unique_ptr<AircraftInfo> Clone() const override { return std::make_unique<StubInfo>(*this); }
+};
+
+} // namespace
+
+TEST_F(AnnotationStoreTest, WritesFilledSlotsInTheirOrder) {
+    EXPECT_TRUE(store.ListAll().empty());
+    EXPECT_EQ(Written(), "<Overrides/>\n");
+    store.Set(Part(1, 1), AnnotationRecord{1, 1});
+    store.Set(Part(0, 0), AnnotationRecord{.NodeId = 0,
+                                           .PartId = 0,
+                                           .InteractionType = Type::Radio,
+                                           .InteractionTypeTest = Type::YokePart,
+                                           .EventType = TouchEventType::LClickRClick,
+                                           .Reverse = true,
+                                           .Tooltip = "A < B & \"C\""});
+    EXPECT_EQ(Written(), "<Overrides>\n"
+                         "    <Override>\n"
+                         "        <NodeId>0</NodeId>\n"
+                         "        <PartId>0</PartId>\n"
+                         "        <InteractionType>Radio</InteractionType>\n"
+                         "        <InteractionTypeTest>YokePart</InteractionTypeTest>\n"
+                         "        <EventType>LClick/RClick</EventType>\n"
+                         "        <Tooltip>A &lt; B &amp; \"C\"</Tooltip>\n"
+                         "        <Reverse>1</Reverse>\n"
+                         "    </Override>\n"
+                         "    <Override>\n"
+                         "        <NodeId>1</NodeId>\n"
+                         "        <PartId>1</PartId>\n"
+                         "        <Reverse>0</Reverse>\n"
+                         "    </Override>\n"
+                         "</Overrides>\n");
+    const std::vector<AnnotationRecord> before = store.ListAll();
+    AnnotationStore other(scene);
+    other.Read(folder / "out.xml");
+    EXPECT_EQ(other.ListAll(), before);
+    other.Set(Part(0, 0), std::nullopt);
+    EXPECT_EQ(other.ListAll(), std::vector<AnnotationRecord>{before[1]});
+}
+
+TEST_F(AnnotationStoreTest, ReadsFieldsAndLeavesUnknownWordsOut) {
+    const struct {
+        const char* elements;
+        AnnotationRecord record;
+    } rows[] = {
+        {"<InteractionType>Push</InteractionType>", {0, 0, Type::Tap}},
+        {"<InteractionType>YokePart</InteractionType>", {0, 0, Type::YokePart}},
+        {"<InteractionType>tap</InteractionType><EventType>Wheel</EventType>", {0, 0, {}, {}, TouchEventType::Wheel}},
+        {"<InteractionTypeTest>Turn</InteractionTypeTest><Reverse>1</Reverse>", {0, 0, {}, {}, {}, true}},
+        {"<EventType/><Tooltip/>", {0, 0, {}, {}, {}, false, ""}},
+        {"<Tooltip>a&lt;b</Tooltip>", {0, 0, {}, {}, {}, false, "a<b"}},
+        {"<Tooltip><![CDATA[a<b]]></Tooltip>", {0, 0, {}, {}, {}, false, "a<b"}},
+        {"<Tooltip><!-- -->late</Tooltip>", {0, 0, {}, {}, {}, false, ""}},
+        {"<Tooltip>one<b/>two</Tooltip><Tooltip>second</Tooltip>", {0, 0, {}, {}, {}, false, "one"}},
+        {"<InteractionType> Tap</InteractionType>", {0, 0}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ReadRecord(row.elements), row.record) << row.elements;
+    for (const char* no : {"true", "0", "2", "", "-1", "x1"})
+        EXPECT_FALSE(ReadRecord("<Reverse>" + std::string(no) + "</Reverse>").Reverse) << no;
+    for (const char* yes : {"1", " 1", "01", "1x"})
+        EXPECT_TRUE(ReadRecord("<Reverse>" + std::string(yes) + "</Reverse>").Reverse) << yes;
+}
+
+TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
+    const struct {
+        const char* nodeId;
+        const char* partId;
+        bool kept;
+    } rows[] = {
+        {"1", "0", true},
+        {" 1", "\n0 ", true},
+        {"+1", "0x9", true},
+        {"1.9", "0,5", true},
+        {"2", "0", false},
+        {"1", "2", false},
+        {"-1", "0", false},
+        {"1", "-1", false},
+        {"", "0", false},
+        {"1", "none", false},
+        {"0", "1", false},
+        {"99999999999999999999", "0", false},
+        {"1", "4294967296", false},
+        {"18446744073709551617", "0", false},
+        {"1", "-99999999999999999999", false},
+    };
+    for (const auto& row : rows) {
+        store.Set(Part(1, 0), std::nullopt);
+        Read("<Overrides><Override><NodeId>" + std::string(row.nodeId) + "</NodeId><PartId>" + row.partId +
+             "</PartId></Override></Overrides>");
+        EXPECT_EQ(store.Get(Part(1, 0)).has_value(), row.kept) << row.nodeId << " / " << row.partId;
+        EXPECT_EQ(store.ListAll().size(), row.kept ? 1u : 0u) << row.nodeId << " / " << row.partId;
+    }
+    Read("<Overrides><Override><PartId>0</PartId></Override><Override><NodeId>1</NodeId></Override></Overrides>");
+    EXPECT_TRUE(store.ListAll().empty());
+}
+
+TEST_F(AnnotationStoreTest, TakesAnyRootAndTheLaterOfTwoRecords) {
+    Read("<?xml version=\"1.0\"?><Other><Overrides/><Override><NodeId>1</NodeId><PartId>1</PartId>"
+         "<Tooltip>first</Tooltip><Reverse>1</Reverse></Override><override/>"
+         "<Override><NodeId>1</NodeId><PartId>1</PartId><EventType>Wheel</EventType></Override></Other>");
+    const std::vector<AnnotationRecord> expected = {{1, 1, {}, {}, TouchEventType::Wheel}};
+    EXPECT_EQ(store.ListAll(), expected);
+    std::string deep;
+    for (int i = 0; i < 1'000'000; ++i)
+        deep += "<Override>";
+    for (const std::string& xml : {std::string(), std::string("<Overrides><Override>"), std::string("no xml"),
+                                   std::string("<!-- -->"), std::string("\0<a/>", 5), deep})
+        Read(xml);
+    store.Read(folder / "missing.xml");
+    store.Read(folder.path.string());
+    EXPECT_EQ(store.ListAll(), expected);
+}
+
+TEST_F(AnnotationStoreTest, EvaluatesTheDetectedTypeAgainstTheTest) {
+    NodePart& part = Part(1, 0);
+    part.InteractionType = Type::Twist;
+    const struct {
+        std::optional<AnnotationRecord> record;
+        bool hasTest, testPassed;
+        Type type;
+    } rows[] = {
+        {std::nullopt, false, false, Type::Twist},
+        {AnnotationRecord{1, 0}, false, false, Type::Twist},
+        {AnnotationRecord{1, 0, Type::Tap}, false, false, Type::Tap},
+        {AnnotationRecord{1, 0, Type::Tap, Type::Twist}, true, true, Type::Tap},
+        {AnnotationRecord{1, 0, Type::Tap, Type::Tap}, true, false, Type::Tap},
+        {AnnotationRecord{1, 0, {}, Type::Move}, true, false, Type::Twist},
+    };
+    for (const auto& row : rows) {
+        store.Set(part, row.record);
+        const PartEvaluation evaluation = store.Evaluate(part);
+        EXPECT_EQ(evaluation.part, &part);
+        EXPECT_EQ(evaluation.annotation, row.record);
+        EXPECT_EQ(evaluation.hasTest, row.hasTest);
+        EXPECT_EQ(evaluation.testPassed, std::optional(row.testPassed));
+        EXPECT_EQ(evaluation.interactionType, row.type);
+    }
+}
+
+TEST_F(AnnotationStoreTest, RejectsPartsOfNoPlace) {
+    Node stranger;
+    NodePart part;
+    part.node = &stranger;
+    for (const auto& [node, id] : {std::pair(0, 1), {0, -1}, {2, 0}, {-1, 0}}) {
+        stranger.index = node;
+        part.id = id;
+        EXPECT_THROW(store.Get(part), Utils::OutOfRange) << node << ' ' << id;
+        EXPECT_THROW(store.Set(part, AnnotationRecord{}), Utils::OutOfRange) << node << ' ' << id;
+    }
+}
+
+TEST_F(AnnotationStoreTest, AFailedWriteLeavesTheFile) {
+    folder.Write("folder/inside", "kept");
+    const auto result = store.Write(folder / "folder");
+    EXPECT_FALSE(result);
+    EXPECT_NE(result.error.find("Is a directory"), std::string::npos) << result.error;
+    EXPECT_EQ(folder.Read("folder/inside"), "kept");
+}
+
+TEST(AnnotationPath, NamesTheFileByTheFolder) {
+    const Support::TemporaryFolder installation;
+    const Support::WorkingDirectory inside(installation.path);
+    EXPECT_EQ(AnnotationPath(StubInfo("Aircraft/G/Foo.Bar/plane.acf")), "QVRA/Annotations/Foo.xml");
+    EXPECT_FALSE(boost::filesystem::exists("QVRA"));
+    boost::filesystem::create_directory("QVRA");
+    EXPECT_EQ(AnnotationPath(StubInfo("Aircraft/G/Big.Jet 1.2/x.acf")), "QVRA/Annotations/Big.Jet 1.xml");
+    EXPECT_TRUE(boost::filesystem::is_directory("QVRA/Annotations"));
+    EXPECT_EQ(AnnotationPath(StubInfo("Aircraft/G/Plain/x.acf")), "QVRA/Annotations/Plain.xml");
+}
+
+} // namespace CockpitModel

@@ -1,0 +1,236 @@
+#include "CockpitModel/Panels/PanelParts.h"
+
+#include "CockpitModel/NodePart.h"
+#include "CockpitModel/Panels/PanelSet.h"
+
+#include <array>
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+namespace CockpitModel {
+
+namespace {
+
+using Point = std::array<double, 2>;
+using Polygon = std::vector<Point>;
+using testing::FloatNear;
+
+constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+constexpr float kInfinite = std::numeric_limits<float>::infinity();
+
+PanelEntry Entry(float u, float v, float width, float height) {
+    PanelEntry entry;
+    entry.U = u, entry.V = v, entry.Width = width, entry.Height = height;
+    entry.Rect.Text = "rectangle";
+    return entry;
+}
+
+/// The surface that all parts here lie on: position as a function of texture coordinates.
+Utils::Vector3 Surface(double u, double v) {
+    return Utils::Vector3(static_cast<float>(2 * u - v + 1), static_cast<float>(3 * v), static_cast<float>(u + v - 5));
+}
+
+void AddTriangle(NodePart& part, std::initializer_list<Utils::Vector2> corners) {
+    for (const Utils::Vector2& corner : corners) {
+        Rendering::GeometryVertex vertex;
+        vertex.texture = corner;
+        vertex.position = Surface(corner.x(), corner.y());
+        part.vertices.push_back(vertex);
+    }
+}
+
+std::vector<Rendering::GeometryVertex> Clip(const PanelEntry& entry, const NodePart& part) {
+    std::vector<PanelPartEntry> out;
+    ClipEntryToPart(entry, part, out);
+    EXPECT_LE(out.size(), 1u);
+    return out.empty() ? std::vector<Rendering::GeometryVertex>() : out[0].vertices;
+}
+
+double TwiceArea(const Point& a, const Point& b, const Point& c) {
+    return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
+}
+
+Point TextureOf(const Rendering::GeometryVertex& vertex) {
+    return {vertex.texture.x(), vertex.texture.y()};
+}
+
+double AreaOf(const std::vector<Rendering::GeometryVertex>& soup) {
+    double area = 0;
+    for (std::size_t i = 0; i + 2 < soup.size(); i += 3)
+        area += std::abs(TwiceArea(TextureOf(soup[i]), TextureOf(soup[i + 1]), TextureOf(soup[i + 2]))) / 2;
+    return area;
+}
+
+double AreaOf(const Polygon& polygon) {
+    double area = 0;
+    for (std::size_t i = 2; i < polygon.size(); ++i)
+        area += TwiceArea(polygon[0], polygon[i - 1], polygon[i]) / 2;
+    return std::abs(area);
+}
+
+/// The part of a polygon where sign * (coordinate - limit) is not negative.
+Polygon CutAtLimit(const Polygon& polygon, std::size_t axis, double limit, double sign) {
+    Polygon kept;
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+        const Point &a = polygon[i], &b = polygon[(i + 1) % polygon.size()];
+        const double da = sign * (a[axis] - limit), db = sign * (b[axis] - limit);
+        if (da >= 0)
+            kept.push_back(a);
+        if (da * db < 0)
+            kept.push_back({a[0] + (b[0] - a[0]) * da / (da - db), a[1] + (b[1] - a[1]) * da / (da - db)});
+    }
+    return kept;
+}
+
+Polygon CutToEntry(Polygon polygon, const PanelEntry& entry) {
+    polygon = CutAtLimit(polygon, 0, entry.U, 1);
+    polygon = CutAtLimit(polygon, 0, double{entry.U} + entry.Width, -1);
+    polygon = CutAtLimit(polygon, 1, entry.V, 1);
+    return CutAtLimit(polygon, 1, double{entry.V} + entry.Height, -1);
+}
+
+/// How far a point lies outside of a triangle of either winding.
+double DistanceOutside(const Polygon& triangle, const Point& point) {
+    double outside = 0;
+    const double winding = TwiceArea(triangle[0], triangle[1], triangle[2]) < 0 ? -1 : 1;
+    for (std::size_t i = 0; i < 3; ++i) {
+        const Point &a = triangle[i], &b = triangle[(i + 1) % 3];
+        outside = std::max(outside, -winding * TwiceArea(a, b, point) / std::hypot(b[0] - a[0], b[1] - a[1]));
+    }
+    return outside;
+}
+
+} // namespace
+
+TEST(ClipEntryToPart, GivesAWholeTriangleBackAsAFan) {
+    NodePart part;
+    AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
+    std::vector<PanelPartEntry> out;
+    ClipEntryToPart(Entry(-1, -1, 3, 3), part, out);
+    ASSERT_EQ(out.size(), 1u);
+    EXPECT_EQ(out[0].rect.Text, "rectangle");
+    const auto& soup = out[0].vertices;
+    ASSERT_EQ(soup.size(), 9u);
+    for (std::size_t i = 0; i < 9; i += 3) {
+        EXPECT_NEAR(soup[i].texture.x(), 1.0 / 3, 1e-6);
+        EXPECT_NEAR(soup[i].texture.y(), 1.0 / 3, 1e-6);
+        EXPECT_EQ(soup[i + 2].texture, soup[(i + 4) % 9].texture) << "the fan goes round";
+    }
+    EXPECT_NEAR(AreaOf(soup), 0.5, 1e-6);
+    for (const auto& vertex : soup) {
+        EXPECT_EQ(vertex.normal, Utils::Vector3(0, 0, 1));
+        EXPECT_EQ(vertex.secondTexture, Utils::Vector2(0, 0));
+        EXPECT_NEAR(vertex.position.z(), vertex.texture.x() + vertex.texture.y() - 5 - 0.001, 2e-6);
+    }
+}
+
+TEST(ClipEntryToPart, CutsAtTheRectangle) {
+    NodePart part;
+    AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
+    // Right of 0.5 lies the triangle (0.5, 0), (1, 0), (0.5, 0.5), with its centre at (2/3, 1/6).
+    const auto corner = Clip(Entry(0.5f, -1, 2, 3), part);
+    ASSERT_EQ(corner.size(), 9u);
+    std::vector<std::vector<float>> corners;
+    for (std::size_t i = 1; i < 9; i += 3)
+        corners.push_back({corner[i].texture.x(), corner[i].texture.y()});
+    const auto near = [](float u, float v) { return testing::ElementsAre(FloatNear(u, 1e-6f), FloatNear(v, 1e-6f)); };
+    EXPECT_THAT(corners, testing::UnorderedElementsAre(near(0.5f, 0), near(1, 0), near(0.5f, 0.5f)));
+    EXPECT_NEAR(corner[0].texture.x(), 2.0 / 3, 1e-6);
+    EXPECT_NEAR(corner[0].texture.y(), 1.0 / 6, 1e-6);
+    // Surface(2/3, 1/6) less the lift
+    EXPECT_NEAR(corner[0].position.x(), 2.1666667, 1e-5);
+    EXPECT_NEAR(corner[0].position.y(), 0.5, 1e-5);
+    EXPECT_NEAR(corner[0].position.z(), -4.1676667, 1e-5);
+    // A rectangle inside gives itself; one that cuts the long side gives a pentagon.
+    EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.2f, 0.3f), part).size(), 12u);
+    EXPECT_NEAR(AreaOf(Clip(Entry(0.1f, 0.1f, 0.2f, 0.3f), part)), 0.06, 1e-6);
+    EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.5f, 0.5f), part).size(), 15u);
+}
+
+TEST(ClipEntryToPart, TakesAllTrianglesThatShowTheRectangle) {
+    NodePart part;
+    AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
+    AddTriangle(part, {{5, 5}, {6, 5}, {5, 6}});
+    AddTriangle(part, {{1, 1}, {0, 1}, {1, 0}});
+    AddTriangle(part, {{0, 0}, {1, 0}});
+    EXPECT_EQ(Clip(Entry(-1, -1, 3, 3), part).size(), 18u);
+    EXPECT_NEAR(AreaOf(Clip(Entry(5.5f, 5, 2, 2), part)), 0.125, 1e-6);
+    EXPECT_TRUE(Clip(Entry(2, 2, 1, 1), part).empty());
+    Panel panel;
+    panel.Entries = {Entry(2, 2, 1, 1), Entry(0, 0, 1, 1), Entry(5, 5, 1, 1)};
+    panel.Entries[1].Rect.Text = "first";
+    panel.Entries[2].Rect.Text = "second";
+    std::vector<PanelPartEntry> out;
+    panel.ProduceEntries(part, out);
+    ASSERT_EQ(out.size(), 2u);
+    EXPECT_EQ(out[0].rect.Text, "first");
+    EXPECT_EQ(out[1].rect.Text, "second");
+}
+
+TEST(ClipEntryToPart, SkipsTrianglesThatShowNothing) {
+    const std::initializer_list<Utils::Vector2> corners[] = {
+        {{0, 0}, {0.0049f, 0}, {0, 1}},       // a short edge
+        {{0, 0}, {1, 0}, {0.996f, 0}},        // another
+        {{0, 0}, {0.5f, 0.5f}, {1, 1}},       // no area
+        {{0, 0}, {0.5f, 0.5000001f}, {1, 1}}, // next to none
+        {{kNone, 0}, {1, 0}, {0, 1}},
+        {{0, 0}, {1, kNone}, {0, 1}},
+        {{0, 0}, {1, 0}, {0, kInfinite}},
+        {{-kInfinite, 0}, {1, 0}, {0, 1}},
+        {{0, 0}, {1e30f, 0}, {0, 1}},
+        {{0, 0}, {1, 0}, {0, -3e12f}}, // from 2^62 / 2000000 = 2.3e12 on
+        {{3e38f, 3e38f}, {-3e38f, 0}, {0, -3e38f}},
+    };
+    int row = 0;
+    for (const auto& triangle : corners) {
+        NodePart part;
+        AddTriangle(part, triangle);
+        EXPECT_TRUE(Clip(Entry(-1, -1, 3, 3), part).empty()) << "triangle " << row++;
+        AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
+        EXPECT_EQ(Clip(Entry(-1, -1, 3, 3), part).size(), 9u) << "the others are not touched";
+    }
+    NodePart part;
+    AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
+    for (const PanelEntry& entry : {Entry(0, 0, 0, 1), Entry(0, 0, 1, 0), Entry(kNone, 0, 1, 1),
+                                    Entry(0, 0, kInfinite, 1), Entry(0, -1e30f, 1, 2e30f)})
+        EXPECT_TRUE(Clip(entry, part).empty());
+    AddTriangle(part, {{0, 0}, {0.0051f, 0}, {0, 1}});
+    EXPECT_EQ(Clip(Entry(-1, -1, 3, 3), part).size(), 18u) << "an edge just long enough";
+    NodePart wide;
+    AddTriangle(wide, {{-2e12f, -2e12f}, {2e12f, -2e12f}, {0, 2e12f}});
+    EXPECT_NEAR(AreaOf(Clip(Entry(0, 0, 1, 1), wide)), 1.0, 1e-6) << "the range reaches so far";
+}
+
+TEST(ClipEntryToPart, CoversTheIntersection) {
+    std::mt19937 random(20);
+    std::uniform_real_distribution<float> coordinate(-1, 2), size(0.01f, 1.5f);
+    const auto corner = [&] { return Utils::Vector2(coordinate(random), coordinate(random)); };
+    constexpr double kSteps = 2e-6; // corners are cut to steps of 5e-7 and met points rounded to them
+    int shown = 0;
+    for (int run = 0; run < 2000; ++run) {
+        NodePart part;
+        AddTriangle(part, {corner(), corner(), corner()});
+        const Polygon triangle = {TextureOf(part.vertices[0]), TextureOf(part.vertices[1]),
+                                  TextureOf(part.vertices[2])};
+        if (AreaOf(triangle) < 0.01)
+            continue;
+        const PanelEntry entry = Entry(coordinate(random), coordinate(random), size(random), size(random));
+        const auto soup = Clip(entry, part);
+        ASSERT_NEAR(AreaOf(soup), AreaOf(CutToEntry(triangle, entry)), 1e-5) << "run " << run;
+        shown += !soup.empty();
+        for (const auto& vertex : soup) {
+            const Point point = TextureOf(vertex);
+            ASSERT_LE(DistanceOutside(triangle, point), kSteps) << "run " << run;
+            ASSERT_NEAR(point[0], entry.U + entry.Width / 2, entry.Width / 2 + kSteps) << "run " << run;
+            ASSERT_NEAR(point[1], entry.V + entry.Height / 2, entry.Height / 2 + kSteps) << "run " << run;
+            const Utils::Vector3 lifted = Surface(point[0], point[1]) - Utils::Vector3(0, 0, 0.001f);
+            ASSERT_LT((vertex.position - lifted).norm(), 2e-4f) << "run " << run;
+        }
+    }
+    EXPECT_GT(shown, 500);
+}
+
+} // namespace CockpitModel

@@ -1,0 +1,124 @@
+#include "CockpitModel/Panels/PanelSet.h"
+#include "CockpitModel/SceneGraph.h"
+#include "CockpitModel/Touch/InteractionDetector.h"
+#include "Support/ModelBuilder.h"
+#include "Support/TestGaugeFile.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace CockpitModel {
+
+namespace {
+
+using Type = TouchInteractionType;
+
+constexpr std::uint32_t kWheelAndRightClick = 0x80086000;
+
+/// From the text of a configuration to detected parts. The one gauge, of 100 x 100 pixels, fills the panel, so that an
+/// area's place on the texture is a hundredth of its pixels; the parts show texture coordinates equal to x and y.
+class PanelRoadTest : public testing::Test {
+protected:
+    PanelRoadTest() {
+        auto file = std::make_unique<Support::TestGaugeFile>();
+        gauge = &file->gauges["gauge"];
+        gauge->NativeSize = gauge->Size = {100, 100};
+        repository.Add("file", std::move(file));
+    }
+
+    void Build() {
+        std::istringstream stream("[VCockpit01]\nTexture=PANEL.png\nsize_mm=100,100\ngauge00=file!gauge,0,0\n");
+        panels.Read(stream, repository);
+        scene.emplace(builder.model, cockpit, &panels);
+        InteractionDetector().Detect(*scene);
+    }
+    const std::vector<std::unique_ptr<NodePart>>& Parts(int node) {
+        return scene->Nodes()[static_cast<std::size_t>(node)]->parts;
+    }
+
+    CockpitModel::Gauge* gauge = nullptr;
+    GaugeRepository repository{"/"};
+    PanelSet panels;
+    Support::ModelBuilder builder;
+    Support::ModelCockpit cockpit;
+    std::optional<SceneGraph> scene;
+};
+
+} // namespace
+
+TEST_F(PanelRoadTest, PanelPartsStandBeforeTheirBasePart) {
+    gauge->MouseAreas = {Support::CodeArea(10, 10, 20, 20, "push", 0x20000000),
+                         Support::CodeArea(150, 0, 9, 9, "off", 0), Support::PairArea(40, 10, 20, 20, "less", "more"),
+                         Support::CodeArea(10, 40, 20, 20, "WheelUp WheelDown", kWheelAndRightClick)};
+    builder.Part(0, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
+    Build();
+    const auto& parts = Parts(0);
+    ASSERT_EQ(parts.size(), 4u);
+    const struct {
+        Type type;
+        TouchEventType eventType;
+        std::uint32_t callbackType;
+    } rows[] = {
+        {Type::Tap, TouchEventType::Wheel, 1},
+        {Type::Twist, TouchEventType::LClickLClick, 3},
+        {Type::Twist, TouchEventType::LClickRClick, 3},
+    };
+    for (std::size_t i = 0; i < 3; ++i) {
+        const NodePart& part = *parts[i];
+        EXPECT_EQ(part.id, static_cast<std::int32_t>(i));
+        EXPECT_EQ(part.Rect(), &part.panelRect);
+        EXPECT_EQ(part.Rect()->CallbackType, rows[i].callbackType);
+        EXPECT_EQ(part.InteractionType, rows[i].type) << i;
+        EXPECT_EQ(part.EventType, rows[i].eventType) << i;
+        EXPECT_EQ(part.panel, panels.Find("panel.PNG"));
+        EXPECT_EQ(part.material, parts[3]->material);
+        EXPECT_EQ(part.textureName, "panel.png");
+    }
+    EXPECT_EQ(parts[3]->id, 3);
+    EXPECT_EQ(parts[3]->Rect(), nullptr);
+    EXPECT_EQ(parts[3]->panel, parts[0]->panel);
+    EXPECT_EQ(scene->Nodes()[0]->clickableParts.size(), 3u);
+}
+
+TEST_F(PanelRoadTest, PanelPartsArePickedAheadOfTheSurface) {
+    gauge->MouseAreas = {Support::CodeArea(10, 10, 20, 20, "push", 0)};
+    builder.Part(0, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
+    Build();
+    const auto& parts = Parts(0);
+    ASSERT_EQ(parts.size(), 2u);
+    const PartRay through{{0.2f, 0.15f, 0}, {0, 0, 1}}, beside{{0.35f, 0.15f, 0}, {0, 0, 1}};
+    for (const auto& part : parts)
+        ASSERT_TRUE(part->tree.Intersect(through));
+    EXPECT_NEAR(parts[0]->tree.Intersect(through)->distance, 1.999f, 1e-5f);
+    EXPECT_NEAR(parts[1]->tree.Intersect(through)->distance, 2.0f, 1e-5f);
+    EXPECT_FALSE(parts[0]->tree.Intersect(beside));
+    EXPECT_TRUE(parts[1]->tree.Intersect(beside));
+}
+
+TEST_F(PanelRoadTest, APartWithAnotherTextureShowsNothing) {
+    gauge->MouseAreas = {Support::CodeArea(0, 0, 100, 100, "push", 0)};
+    const int other = builder.Texture("other.png");
+    builder.Part(0, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}}).MaterialIndex = static_cast<std::uint32_t>(other);
+    Build();
+    ASSERT_EQ(Parts(0).size(), 1u);
+    EXPECT_EQ(Parts(0)[0]->panel, nullptr);
+}
+
+TEST_F(PanelRoadTest, ALeverIsDrivenByPercentWhileThePanelKeepsItsSteps) {
+    gauge->MouseAreas = {Support::PairArea(10, 10, 20, 20, "less", "more")};
+    const int lever = builder.Node(
+        0, Support::Animation("(L:Throttle1Position,percent)",
+                              {{Support::TranslationKey(0, 0, 0, 0), Support::TranslationKey(100, 0, 0.1f, 0)}}));
+    builder.Part(lever, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
+    Build();
+    const NodePart& part = *Parts(lever).at(0);
+    EXPECT_EQ(part.InteractionType, Type::Move);
+    EXPECT_EQ(part.Rect()->CallbackType, 2u);
+    const auto* code = dynamic_cast<const CallbackDraggingCode*>(part.Rect()->VariableCallback.get());
+    ASSERT_NE(code, nullptr);
+    EXPECT_EQ(code->Code, "L:Throttle1Position");
+    EXPECT_EQ(part.EventType, TouchEventType::Wheel);
+    EXPECT_EQ(panels.Find("panel.png")->Entries.at(0).Rect.CallbackType, 3u);
+}
+
+} // namespace CockpitModel

@@ -1,0 +1,288 @@
+#include "CockpitModel/SceneGraph.h"
+
+#include "CockpitModel/Touch/InteractionDetector.h"
+#include "Rendering/Memory/MemoryContext.h"
+#include "Support/ModelBuilder.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/RangeCheck.h"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+using namespace CockpitModel;
+using Support::Animation;
+using Support::ModelBuilder;
+using Support::TranslationKey;
+
+ModelAnimation SlideX(const std::string& name, float distance) {
+    return Animation(name, {{TranslationKey(0, 0, 0, 0), TranslationKey(100, distance, 0, 0)}});
+}
+
+
+float X(const Node& node) {
+    return node.worldMatrix(3, 0);
+}
+
+std::vector<int> VisitOrder(SceneGraph& graph) {
+    std::vector<int> order;
+    graph.VisitNodes(Utils::Matrix4::Identity(), Utils::Matrix4::Identity(),
+                     [&](const auto&, const auto&, const auto&, const auto&, Node& node) { order.push_back(node.index); });
+    return order;
+}
+
+TEST(SceneGraphTest, LinksParentsThroughTheFirstChildAndVisitsPeersAheadOfChildren) {
+    ModelBuilder builder;
+    const int a = builder.Node(0), b = builder.Node(0), c = builder.Node(0);
+    const int below = builder.Node(a);
+    SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
+    EXPECT_EQ(graph.Nodes()[0]->parent, nullptr);
+    for (int peer : {a, b, c})
+        EXPECT_EQ(graph.Nodes()[peer]->parentIndex, 0) << peer;
+    EXPECT_EQ(graph.Nodes()[below]->parent, graph.Nodes()[a].get());
+    EXPECT_EQ(VisitOrder(graph), (std::vector<int>{0, a, b, below, c}));
+}
+
+TEST(SceneGraphTest, WorldIsAnimationTimesLocalTimesParent) {
+    ModelBuilder builder;
+    const int outer = builder.Node(0, SlideX("outer", 2));
+    const int inner = builder.Node(outer, SlideX("inner", 1));
+    const int still = builder.Node(outer);
+    builder.model.matrices.Children[inner] = Utils::RotationZ(1.5707964f) * Utils::Translation({0, 5, 0});
+    builder.model.sceneElements.Children[still].MapOffset = -1;
+    builder.model.matrices.Children[still] = Utils::Translation({99, 0, 0});
+    SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
+    const Node& node = *graph.Nodes()[inner];
+    // At position 1: the inner slide (1, 0, 0) is turned to (0, 1, 0), moved by (0, 5, 0) and by the outer slide.
+    EXPECT_NEAR(node.worldMatrix(3, 0), 2, 1e-6);
+    EXPECT_NEAR(node.worldMatrix(3, 1), 6, 1e-6);
+    EXPECT_NEAR(node.parentMatrix(3, 0), 2, 1e-6);
+    EXPECT_EQ(graph.Nodes()[still]->localMatrix, Utils::Matrix4(Utils::Matrix4::Identity())) << "no map offset, no matrix";
+    EXPECT_NEAR(X(*graph.Nodes()[still]), 2, 1e-6);
+}
+
+TEST(SceneGraphTest, AnimationLinksOutsideTheListMeanNoAnimation) {
+    ModelBuilder builder;
+    const int node = builder.Node(0, SlideX("a", 1));
+    builder.model.animationLinks.Children[node] = 2; // there are two animations
+    SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
+    EXPECT_EQ(graph.Nodes()[node]->animation, nullptr);
+    EXPECT_FALSE(graph.Nodes()[node]->animationIndex);
+    EXPECT_EQ(graph.Nodes()[0]->animation, nullptr) << "the root has a record and no animation";
+}
+
+struct BrokenModel {
+    const char* name;
+    void (*damage)(ModelData&);
+};
+
+TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
+    const BrokenModel rows[] = {
+        {"map entry", [](ModelData& m) { m.animationMap.Children.pop_back(); }},
+        {"matrix", [](ModelData& m) { m.animationMap.Children[1].MatrixIndex = 2; }},
+        {"animation link", [](ModelData& m) { m.animationLinks.Children.pop_back(); }},
+        {"child", [](ModelData& m) { m.sceneElements.Children[0].Child = 7; }},
+        {"peer", [](ModelData& m) { m.sceneElements.Children[1].Peer = 7; }},
+        {"no nodes", [](ModelData& m) { m.sceneElements.Children.clear(); m.parts.clear(); }},
+        {"no index block", [](ModelData& m) { m.indexBlocks.clear(); }},
+        {"vertex block", [](ModelData& m) { m.parts[0].VertexBlock = 1; }},
+        {"node of a part", [](ModelData& m) { m.parts[0].Node = 2; }},
+        {"index range", [](ModelData& m) { m.parts[0].IndexCount = 4; }},
+        {"negative offset", [](ModelData& m) { m.parts[0].IndexOffset = 0xFFFFFFFF; }},
+        {"negative count", [](ModelData& m) { m.parts[0].IndexCount = 0x80000000; }},
+        {"vertex", [](ModelData& m) { m.indexBlocks[0].Children[2] = 3; }},
+        {"vertex offset", [](ModelData& m) { m.parts[0].VertexOffset = 1; }},
+        {"material", [](ModelData& m) { m.parts[0].MaterialIndex = 0xFFFFFFFF; }},
+        {"texture", [](ModelData& m) { m.materials.Children[0].TextureDiffuse = 1; }},
+    };
+    for (const BrokenModel& row : rows) {
+        ModelBuilder builder;
+        builder.Node(0, SlideX("a", 1));
+        builder.Part(1, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        ASSERT_NO_THROW(SceneGraph(builder.model, Support::ModelCockpit(), nullptr));
+        row.damage(builder.model);
+        try {
+            SceneGraph(builder.model, Support::ModelCockpit(), nullptr);
+            ADD_FAILURE() << row.name << " was taken";
+        } catch (const std::out_of_range& error) {
+            EXPECT_STREQ(error.what(), "invalid vector<T> subscript") << row.name;
+        }
+    }
+}
+
+TEST(SceneGraphTest, AMissingMaterialNamesFileAndLine) {
+    ModelBuilder builder;
+    auto& part = builder.Part(0, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    part.MaterialIndex = 0xFFFFFFFF;
+    part.SourceLine = 17;
+    builder.model.sourcePath = "A/b_cockpit.obj";
+    try {
+        SceneGraph(builder.model, Support::ModelCockpit(), nullptr);
+        FAIL();
+    } catch (const std::exception& error) {
+        EXPECT_EQ(Utils::Describe(error),
+                  "A/b_cockpit.obj(17): TRIS before any TEXTURE line, so the part has no material");
+    }
+    builder.model.parts[0].IndexCount = 2;
+    EXPECT_NO_THROW(SceneGraph(builder.model, Support::ModelCockpit(), nullptr))
+        << "a block of two corners makes no part, so its material does not matter";
+}
+
+TEST(SceneGraphTest, PositionsFlowInAndEnabledFlagsFlowOut) {
+    ModelBuilder builder;
+    const int outer = builder.Node(0, SlideX("outer", 2));
+    const int inner = builder.Node(outer, SlideX("inner", 1));
+    builder.Part(inner, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    ModelData source = builder.model;
+    SceneGraph graph(source, Support::ModelCockpit(), nullptr);
+    EXPECT_FLOAT_EQ(X(*graph.Nodes()[inner]), 3) << "a new graph stands at position 1";
+    source.animations[inner].position = 0.5f;
+    graph.SetYokePrimary(*graph.Nodes()[inner]->parts[0]);
+    graph.SyncFromModel(source);
+    graph.Refresh();
+    EXPECT_FLOAT_EQ(X(*graph.Nodes()[inner]), 0.5f) << "the first refresh waits for its update";
+    EXPECT_TRUE(source.animations[inner].enabled && source.animations[outer].enabled);
+    EXPECT_FALSE(source.animations[0].enabled);
+    source.animations[outer].position = 1;
+    graph.SyncFromModel(source);
+    for (int frame = 0; frame < 10000 && X(*graph.Nodes()[inner]) < 2.0f; ++frame) {
+        graph.Refresh();
+        VisitOrder(graph);
+        std::this_thread::yield();
+    }
+    EXPECT_FLOAT_EQ(X(*graph.Nodes()[inner]), 2.5f);
+}
+
+TEST(SceneGraphTest, VisibilityIsRefreshedInSlices) {
+    struct Row {
+        int nodes;
+        std::vector<int> firstOfSlice;
+    };
+    for (const Row& row : {Row{5, {0, 1, 2, 3, 4, 0}}, Row{40, {0, 2, 4}}, Row{45, {0, 2}}}) {
+        ModelBuilder builder;
+        while (static_cast<int>(builder.model.visibilityInfos.size()) < row.nodes)
+            builder.Node(0);
+        ModelData source = builder.model;
+        SceneGraph graph(source, Support::ModelCockpit(), nullptr);
+        const std::size_t step = std::max(row.nodes / 20, 1);
+        for (int first : row.firstOfSlice) {
+            for (auto& info : source.visibilityInfos)
+                info.Visible = false;
+            for (const auto& node : graph.Nodes())
+                node->visible = true;
+            graph.SyncFromModel(source);
+            for (const auto& node : graph.Nodes()) {
+                const auto at = static_cast<std::size_t>(node->index - first);
+                EXPECT_EQ(node->visible, !(node->index >= first && at < step)) << row.nodes << " node " << node->index;
+            }
+        }
+    }
+}
+
+TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
+    Support::TemporaryFolder folder;
+    folder.Write("Panel.PNG", "no picture, but a file");
+    ModelBuilder builder;
+    builder.model.textures.Children = {"panel.png", "$procedural", "", "missing.png"};
+    builder.Part(0, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    Support::ModelCockpit cockpit;
+    cockpit.textureFolder = folder.path.string();
+    folder.Write("$procedural", "never looked at");
+    SceneGraph graph(builder.model, cockpit, nullptr);
+    Rendering::Memory::MemoryContext first, second;
+    graph.PrepareGpuResources(first);
+    const auto* geometry = graph.Nodes()[0]->parts[0]->geometry.get();
+    EXPECT_TRUE(first.IsGeometryValid(geometry));
+    EXPECT_NE(graph.Texture(0), nullptr) << "a name that differs in case is found";
+    for (int none : {1, 2, 3})
+        EXPECT_EQ(graph.Texture(none), nullptr) << none;
+    EXPECT_THROW(graph.Texture(4), std::out_of_range);
+    EXPECT_THROW(graph.Texture(-1), std::out_of_range);
+    graph.PrepareGpuResources(first);
+    EXPECT_EQ(graph.Nodes()[0]->parts[0]->geometry.get(), geometry) << "what is valid is kept";
+    graph.PrepareGpuResources(second);
+    EXPECT_TRUE(second.IsGeometryValid(graph.Nodes()[0]->parts[0]->geometry.get()));
+    EXPECT_TRUE(second.IsBitmapValid(graph.Texture(0)));
+}
+
+TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
+    ModelBuilder builder;
+    for (int i = 0; i < 50; ++i)
+        builder.Node(i, SlideX("slider", 1));
+    builder.Part(50, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    ModelData source = builder.model;
+    SceneGraph graph(source, Support::ModelCockpit(), nullptr);
+    for (int frame = 0; frame < 500; ++frame) {
+        for (auto& animation : source.animations)
+            animation.position = static_cast<float>(frame % 101) / 100.0f;
+        graph.SyncFromModel(source);
+        graph.Refresh();
+        float previous = 0;
+        graph.VisitNodes({}, {}, [&](const auto& world, const auto& parent, const auto&, const auto&, Node& node) {
+            EXPECT_EQ(parent(3, 0), previous) << "a visit sees one update, whole";
+            EXPECT_EQ(node.worldMatrix, world);
+            previous = world(3, 0);
+        });
+    }
+}
+
+TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
+    const std::vector<Support::Corner> corners = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}};
+    struct Row {
+        std::uint32_t type;
+        std::size_t count;
+        std::vector<float> soup;
+    };
+    const Row rows[] = {
+        {1, 4, {0, 1, 2, 3}}, {1, 3, {0, 1, 2}}, {2, 5, {0, 1, 2, 0, 2, 3, 0, 3, 4}}, {3, 5, {0, 1, 2, 1, 2, 3, 2, 3, 4}},
+        {1, 2, {}},           {2, 2, {}},        {3, 0, {}},                          {0, 5, {}},
+        {4, 5, {}},
+    };
+    for (const Row& row : rows) {
+        ModelBuilder builder;
+        builder.Part(0, {corners.begin(), corners.begin() + static_cast<std::ptrdiff_t>(row.count)}, row.type);
+        SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
+        std::vector<float> soup;
+        for (const auto& part : graph.Nodes()[0]->parts)
+            for (const auto& vertex : part->vertices)
+                soup.push_back(vertex.position.x());
+        EXPECT_EQ(soup, row.soup) << "type " << row.type << " of " << row.count;
+    }
+}
+
+TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
+    ModelBuilder builder;
+    const int texture = builder.Texture("second.png");
+    builder.Part(0, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    builder.Part(0, {{0, 0, 0}, {1, 0, 0}}); // makes no part and takes no place
+    auto& clickable = builder.Part(0, {{0, 0, 0}, {0.5f, 0, 0}, {0, 1, 0}});
+    clickable.MaterialIndex = static_cast<std::uint32_t>(texture);
+    const MouseRect& rect = builder.Rect(1);
+    SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
+    const Node& node = *graph.Nodes()[0];
+    ASSERT_EQ(node.parts.size(), 2u);
+    EXPECT_EQ(node.parts[1]->id, 1);
+    EXPECT_EQ(node.parts[1]->Rect(), &rect) << "the copy of the model shares its rectangles";
+    EXPECT_EQ(node.parts[1]->textureName, "second.png");
+    EXPECT_EQ(node.parts[1]->textureIndex, texture);
+    EXPECT_EQ(node.parts[1]->vertices[1].secondTexture, Utils::Vector2(0.5f, 0));
+    EXPECT_EQ(node.clickableParts, std::vector<NodePart*>{node.parts[1].get()});
+    EXPECT_TRUE(node.parts[1]->tree.Intersect({{0.1f, 0.1f, -1}, {0, 0, 1}}));
+}
+
+TEST(PartBuildTest, TransparencyGoesByBlendKindAndAlpha) {
+    Material material;
+    NodePart part;
+    EXPECT_FALSE(part.IsTransparent()) << "without a material";
+    part.material = &material;
+    const std::tuple<int, float, bool> rows[] = {{2, 0.9f, false}, {2, 0.89999f, true}, {1, 1.0f, true}, {2, 1.0f, false}};
+    for (const auto& [blendKind, alpha, transparent] : rows) {
+        material.BlendKind = blendKind;
+        material.Alpha = alpha;
+        EXPECT_EQ(part.IsTransparent(), transparent) << blendKind << " " << alpha;
+    }
+}
+
+} // namespace

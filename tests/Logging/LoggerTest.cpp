@@ -1,0 +1,158 @@
+#include "Logging/Logger.h"
+
+#include "Support/FatalErrorRecorder.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/Asserts.h"
+
+#include <boost/algorithm/string.hpp>
+#include <cstdlib>
+#include <functional>
+#include <gtest/gtest.h>
+#include <regex>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using Logging::Logger;
+
+/// The log is one for a process and a fatal error ends it, so each case has a process of its own, with its own data
+/// folder; it reports through that folder's files and its exit code.
+class LoggerTest : public testing::Test {
+protected:
+    int InOwnProcess(const std::function<void()>& body) {
+        const pid_t child = fork();
+        if (child == 0) {
+            setenv("XDG_DATA_HOME", data.path.c_str(), 1);
+            try {
+                body();
+            } catch (...) {
+                _exit(99);
+            }
+            _exit(testing::Test::HasFailure() ? 1 : 0);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    std::vector<std::string> LogLines() const {
+        std::vector<std::string> lines;
+        const std::string text = data.Read("Vorelle/log.txt");
+        boost::split(lines, text, [](char c) { return c == '\n'; });
+        lines.pop_back();
+        return lines;
+    }
+
+    std::vector<std::string> CrashLogs() const {
+        std::vector<std::string> names;
+        for (const auto& entry : boost::filesystem::directory_iterator(data.path / "Vorelle"))
+            if (boost::starts_with(entry.path().filename().string(), "error-"))
+                names.push_back(entry.path().filename().string());
+        return names;
+    }
+
+    Support::TemporaryFolder data;
+};
+
+TEST_F(LoggerTest, WritesFourColumnsInOrderAndStartsAnew) {
+    data.Write("Vorelle/log.txt", "of an earlier run\n");
+    ASSERT_EQ(InOwnProcess([] {
+        Logger::Create();
+        Logger::Get().Log("A\\B.cpp", 7, "queued before the start");
+        Logger::Get().Start();
+        Logger::Get().Log("A\\B.cpp", -1, "a\ttab");
+        Logging::TextureDescription texture{64, 32, 28, 40, 0, 1, 0};
+        Logger::Get().Log(HERE, texture);
+        EXPECT_EQ(Logger::Get().Stop(""), "");
+    }), 0);
+    const auto lines = LogLines();
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_TRUE(std::regex_match(lines[0], std::regex(R"([0-9.e-]+\t\tA\\B\.cpp\t\t7\t\tqueued before the start)"))) << lines[0];
+    EXPECT_TRUE(lines[1].ends_with("\t\tA\\B.cpp\t\t-1\t\ta\ttab")) << lines[1];
+    EXPECT_TRUE(lines[2].ends_with("\t\tD3D11Tex { w = 64, h = 32, fmt = 28, BindFlags = 40, CPUAccessFlags = 0, "
+                                   "MiscFlags = 1, Usage = 0}")) << lines[2];
+    EXPECT_LT(std::stod(lines[0]), 1.0) << "seconds since the start, not the time of day";
+    EXPECT_TRUE(CrashLogs().empty());
+}
+
+TEST_F(LoggerTest, TakesLinesFromManyThreadsAndDropsThemAfterStop) {
+    constexpr int kThreads = 8, kLines = 1000;
+    ASSERT_EQ(InOwnProcess([] {
+        Logger::Get().Start();
+        std::vector<std::thread> threads;
+        for (int t = 0; t < kThreads; ++t)
+            threads.emplace_back([t] {
+                for (int i = 0; i < kLines; ++i)
+                    Logger::Get().Log("T", t, std::to_string(i));
+            });
+        for (auto& thread : threads)
+            thread.join();
+        Logger::Get().Stop("copy.txt");
+        Logger::Get().Log("T", 0, "too late");
+    }), 0);
+    std::vector<int> next(kThreads, 0);
+    for (const std::string& line : LogLines()) {
+        std::smatch match;
+        ASSERT_TRUE(std::regex_match(line, match, std::regex(R"(.*\t\tT\t\t(\d)\t\t(\d+))"))) << line;
+        EXPECT_EQ(std::stoi(match[2]), next[std::stoul(match[1])]++) << "lines of one thread keep their order";
+    }
+    EXPECT_EQ(next, std::vector<int>(kThreads, kLines));
+    EXPECT_EQ(data.Read("Vorelle/copy.txt"), data.Read("Vorelle/log.txt"));
+}
+
+TEST_F(LoggerTest, FatalErrorKeepsACopyShowsTheTextAndThrows) {
+    ASSERT_EQ(InOwnProcess([this] {
+        Logger::Get().Start();
+        Support::FatalErrorRecorder dialog;
+        errno = 13;
+        EXPECT_THROW(Utils::FatalError("CockpitModel\\SceneGraph.cpp", 42), std::exception);
+        ASSERT_EQ(dialog.texts.size(), 1u);
+        EXPECT_EQ(dialog.captions[0], "Vorelle FSX");
+        data.Write("dialog", dialog.texts[0]);
+    }), 0);
+    const auto crashLogs = CrashLogs();
+    ASSERT_EQ(crashLogs.size(), 1u);
+    EXPECT_TRUE(std::regex_match(crashLogs[0], std::regex(R"(error-\d{8}T\d{6}\.txt)"))) << crashLogs[0];
+    const std::string logged = "Vorelle Fatal Error Encountered (W:13)\n"
+                               "CockpitModel\\SceneGraph.cpp: Line 42\n"
+                               "Please post this message to https://vorelle.example/support\n"
+                               "Be sure to include what hardware, software, and versions you are running\n";
+    EXPECT_EQ(data.Read("dialog"), logged + "\nBe sure to attach the crash-log: " + (data / ("Vorelle/" + crashLogs[0])));
+    EXPECT_TRUE(data.Read("Vorelle/log.txt").ends_with(logged + "\n"));
+    EXPECT_EQ(data.Read("Vorelle/" + crashLogs[0]), data.Read("Vorelle/log.txt"));
+}
+
+TEST_F(LoggerTest, ASecondFatalErrorShowsItsTextButMakesNoSecondCrashLog) {
+    ASSERT_EQ(InOwnProcess([] {
+        Logger::Get().Start();
+        Support::FatalErrorRecorder dialog;
+        EXPECT_THROW(Utils::FatalError("A.cpp", 1, -2147024809), std::exception);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // the crash log's name has a second's resolution
+        EXPECT_THROW(Utils::FatalError("B.cpp", 2), std::exception);
+        ASSERT_EQ(dialog.texts.size(), 2u);
+        EXPECT_TRUE(dialog.texts[0].starts_with("Vorelle Fatal Error Encountered (-2147024809, ")) << dialog.texts[0];
+        EXPECT_NE(dialog.texts[1].find("B.cpp: Line 2\n"), std::string::npos);
+    }), 0);
+    EXPECT_EQ(CrashLogs().size(), 1u);
+}
+
+TEST_F(LoggerTest, ADataFolderThatCannotBeWrittenCostsOnlyTheLog) {
+    data.Write("Vorelle", "a file where the folder should be");
+    EXPECT_EQ(InOwnProcess([] {
+        Logger::Get().Start();
+        Logger::Get().Log(HERE, "lost");
+        EXPECT_EQ(Logger::Get().Stop("error.txt"), "");
+    }), 0);
+    EXPECT_EQ(InOwnProcess([] {
+        unsetenv("XDG_DATA_HOME");
+        unsetenv("HOME");
+        Logger::Get().Start();
+        Support::FatalErrorRecorder dialog;
+        EXPECT_THROW(Utils::FatalError(HERE), std::exception);
+        EXPECT_EQ(dialog.texts.size(), 1u);
+    }), 0);
+}
+
+} // namespace

@@ -1,0 +1,139 @@
+#include "Rendering/DdsFile.h"
+
+#include "Support/DdsBuilder.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <iomanip>
+#include <random>
+#include <sstream>
+
+namespace {
+
+using Rendering::DdsFault;
+using Rendering::MemBitmap;
+using Support::DdsBuilder;
+
+/// A picture as text: a row a line from the top, a pixel as red, green, blue, alpha in hexadecimal.
+std::string Text(const MemBitmap& level) {
+    std::ostringstream text;
+    for (std::size_t i = 0; i < level.Pixels().size(); ++i) {
+        const std::uint32_t pixel = level.Pixels()[i];
+        for (int shift = 0; shift < 32; shift += 8)
+            text << std::hex << std::setw(2) << std::setfill('0') << (pixel >> shift & 255);
+        text << ((i + 1) % level.Width() == 0 ? '\n' : ' ');
+    }
+    return text.str();
+}
+
+std::string Decoded(const std::string& bytes) {
+    std::string text;
+    for (const MemBitmap& level : Rendering::DecodeDds(bytes, "a.dds"))
+        text += Text(level);
+    return text;
+}
+
+struct Row {
+    const char* name;
+    std::string bytes;
+    const char* picture;
+};
+
+// Red is F800 and blue 001F in five, six and five bits. The choices of a block's row are a byte, first pixel lowest;
+// E4 chooses 0, 1, 2, 3 from left to right. File rows run from the picture's bottom upwards.
+const Row kRows[] = {
+    {"BC1, first colour larger: two mixtures of a third each",
+     DdsBuilder(4, 1).Code("DXT1").Pixels({0x00, 0xF8, 0x1F, 0x00, 0xE4, 0, 0, 0}).bytes,
+     "ff0000ff 0000ffff aa0055ff 5500aaff\n"},
+    {"BC1, first colour not larger: the half and a transparent pixel",
+     DdsBuilder(4, 1).Code("DXT1").Pixels({0x1F, 0x00, 0x00, 0xF8, 0xE4, 0, 0, 0}).bytes,
+     "0000ffff ff0000ff 800080ff 00000000\n"},
+    {"BC1, a part of a block, the file's first row at the bottom",
+     DdsBuilder(1, 2).Code("DXT1").Pixels({0x00, 0xF8, 0xE0, 0x07, 0, 1, 0, 0}).bytes, "00ff00ff\nff0000ff\n"},
+    {"BC1, six bits of green and five of red fill eight",
+     DdsBuilder(1, 1).Code("DXT1").Pixels({0x21, 0x08, 0, 0, 0, 0, 0, 0}).bytes, "080408ff\n"},
+    {"BC2: four bits of alpha, and colours never transparent",
+     DdsBuilder(4, 1).Code("DXT3").Pixels({0x10, 0xF8, 0, 0, 0, 0, 0, 0, 0x1F, 0, 0, 0xF8, 0xE4, 0, 0, 0}).bytes,
+     "0000ff00 ff000011 5500aa88 aa0055ff\n"},
+    {"BC3, eight alphas: choices 0, 1, 2, 7 of 255 and 0",
+     DdsBuilder(4, 1).Code("DXT5").Pixels({255, 0, 0x88, 0x0E, 0, 0, 0, 0, 0, 0xF8, 0, 0, 0, 0, 0, 0}).bytes,
+     "ff0000ff ff000000 ff0000db ff000024\n"},
+    {"BC3, six alphas: choices 2, 5, 6, 7 of 0 and 100",
+     DdsBuilder(4, 1).Code("DXT5").Pixels({0, 100, 0xAA, 0x0F, 0, 0, 0, 0, 0, 0xF8, 0, 0, 0, 0, 0, 0}).bytes,
+     "ff000014 ff000050 ff000000 ff0000ff\n"},
+    {"plain, blue first, with alpha",
+     DdsBuilder(2, 1).Plain(0xFF0000, 0xFF00, 0xFF, 0xFF000000).Pixels({1, 2, 3, 4, 5, 6, 7, 8}).bytes,
+     "03020104 07060508\n"},
+    {"plain, red first, the fourth byte without a meaning",
+     DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({1, 2, 3, 4}).bytes, "010203ff\n"},
+    {"the longer header: BC1", DdsBuilder(1, 1).Extended(71).Pixels({0x00, 0xF8, 0, 0, 0, 0, 0, 0}).bytes,
+     "ff0000ff\n"},
+    {"the longer header: blue, green, red", DdsBuilder(1, 1).Extended(88).Pixels({1, 2, 3, 4}).bytes, "030201ff\n"},
+    {"mip levels, the second one pixel high",
+     DdsBuilder(2, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Word(28, 2).Pixels({1, 1, 1, 0, 3, 3, 3, 0, 2, 2, 2, 0}).bytes,
+     "010101ff 030303ff\n020202ff\n"},
+};
+
+TEST(DdsFileTest, DecodesEveryKindOfPixel) {
+    for (const Row& row : kRows)
+        EXPECT_EQ(Decoded(row.bytes), row.picture) << row.name;
+}
+
+struct FaultRow {
+    const char* fault; ///< what the message must tell
+    DdsBuilder file;
+};
+
+TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
+    const DdsBuilder good = DdsBuilder(8, 8).Code("DXT1");
+    const FaultRow rows[] = {
+        {"not a DDS file", DdsBuilder(8, 8).Word(0, 0)},
+        {"not a DDS file", DdsBuilder(8, 8).Word(4, 125)},
+        {"0 x 8 pixels", DdsBuilder(0, 8).Code("DXT1")},
+        {"4294967295 x 4294967295 pixels", DdsBuilder(0xFFFFFFFF, 0xFFFFFFFF).Code("DXT1")},
+        {"16385 x 1 pixels", DdsBuilder(16385, 1).Code("DXT1")},
+        {"128 bytes, its header promises 160", good},
+        {"128 bytes, its header promises 134217856", DdsBuilder(16384, 16384).Code("DXT1")},
+        {"5 mip levels, 8 x 8 pixels have at most 4", DdsBuilder(8, 8).Code("DXT1").Word(28, 5)},
+        {"cube map", DdsBuilder(8, 8).Code("DXT1").Word(112, 0x200)},
+        {"cube map", DdsBuilder(8, 8).Extended(71).Word(136, 4)},
+        {"compression code", DdsBuilder(8, 8).Code("ATI2")},
+        {"pixel format 98", DdsBuilder(8, 8).Extended(98)},
+        {"extended header", DdsBuilder(8, 8).Code("DX10")},
+        {"16 bits", DdsBuilder(8, 8).Plain(0xFF, 0xFF00, 0xFF0000, 0).Word(88, 16)},
+        {"masks", DdsBuilder(8, 8).Plain(0x3FF, 0xFF00, 0xFF0000, 0)},
+        {"neither compressed nor colours", DdsBuilder(8, 8).Word(80, 0x20000)},
+    };
+    for (const FaultRow& row : rows) {
+        try {
+            Rendering::DecodeDds(row.file.bytes, "x/a.dds");
+            ADD_FAILURE() << "taken in spite of: " << row.fault;
+        } catch (const DdsFault& fault) {
+            const std::string text = fault.what();
+            EXPECT_TRUE(text.starts_with("x/a.dds: ") && text.find(row.fault) != std::string::npos) << text;
+        }
+    }
+    EXPECT_THROW(Rendering::ReadDdsFile("no/such.dds"), DdsFault);
+}
+
+TEST(DdsFileTest, SurvivesCutAndBentFiles) {
+    std::minstd_rand random(1);
+    for (const Row& row : kRows) {
+        for (std::size_t length = 0; length < row.bytes.size(); ++length)
+            EXPECT_THROW(Rendering::DecodeDds(row.bytes.substr(0, length), "a.dds"), DdsFault) << row.name;
+        for (int round = 0; round < 2000; ++round) {
+            std::string bent = row.bytes;
+            for (int i = 0; i < 3; ++i)
+                bent[random() % bent.size()] = static_cast<char>(random());
+            try {
+                std::size_t pixels = 0;
+                for (const MemBitmap& level : Rendering::DecodeDds(bent, "a.dds"))
+                    pixels += level.Pixels().size();
+                EXPECT_LE(pixels, 2 * bent.size() + 16 * 15);
+            } catch (const DdsFault&) {
+            }
+        }
+    }
+}
+
+} // namespace

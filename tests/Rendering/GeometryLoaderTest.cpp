@@ -1,0 +1,104 @@
+#include "Rendering/GeometryLoader.h"
+#include "Rendering/Memory/MemoryContext.h"
+
+#include "Support/FatalErrorRecorder.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/RangeCheck.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Rendering::GeometryVertex;
+using Utils::Vector2;
+using Utils::Vector3;
+
+class GeometryLoaderTest : public testing::Test {
+protected:
+    std::vector<GeometryVertex> Load(const std::string& text) {
+        const std::string path = folder.Write("mesh.obj", text);
+        const auto geometry = Rendering::LoadGeometryFile(context, path, false);
+        return dynamic_cast<const Rendering::Memory::MemoryGeometry&>(*geometry).vertices;
+    }
+
+    Support::TemporaryFolder folder;
+    Rendering::Memory::MemoryContext context;
+};
+
+TEST_F(GeometryLoaderTest, ReadsTrianglesAsTheyStand) {
+    const auto vertices =
+        Load("# a comment\r\no thing\nvn 0 0 -1\nvn\t1 0 0\nv 1 2 -3.5e0\nv +4 5 6\r\n  v 7 8 9\nvt .25 .75\n"
+             "vt 0.5 1\nVT 9 9\ns off\nf 1/1/1 2/2/2 3/1/2\nf 3/2/1 2/1/1 1/1/1 9/9/9\n");
+    ASSERT_EQ(vertices.size(), 6u);
+    EXPECT_EQ(vertices[0].position, Vector3(1, 2, -3.5f));
+    EXPECT_EQ(vertices[0].normal, Vector3(0, 0, -1));
+    EXPECT_EQ(vertices[0].texture, Vector2(0.25f, 0.75f));
+    EXPECT_EQ(vertices[1].position, Vector3(4, 5, 6));
+    EXPECT_EQ(vertices[1].normal, Vector3(1, 0, 0));
+    EXPECT_EQ(vertices[1].texture, Vector2(0.5f, 1.0f));
+    EXPECT_EQ(vertices[1].secondTexture, Vector2(0.5f, 1.0f));
+    EXPECT_EQ(vertices[3].position, Vector3(7, 8, 9)) << "the order of the file is kept";
+    EXPECT_EQ(vertices[5].position, Vector3(1, 2, -3.5f)) << "a fourth corner is left out";
+    EXPECT_EQ(vertices[5].blendWeights, (std::array{1.0f, 0.0f, 0.0f, 0.0f}));
+}
+
+TEST_F(GeometryLoaderTest, AFaceThatNamesNoEntryThrowsAndSaysWhere) {
+    const std::string lists = "v 1 2 3\nvt 0 0\nvn 0 0 1\n";
+    for (const char* face :
+         {"f 0/1/1 1/1/1 1/1/1", "f 1/1/1 2/1/1 1/1/1", "f 1/1/1 1/2/1 1/1/1", "f 1/1/1 1/1/1 1/1/-1",
+          "f 1/1/1 1/1/99999999999", "f 1/1/1", "f", "f 1//1 1//1 1//1", "f 1 1 1"}) {
+        try {
+            Load(lists + face + "\nv 1 1 1\n");
+            ADD_FAILURE() << face << " was taken";
+        } catch (const Utils::OutOfRange& error) {
+            EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
+            EXPECT_TRUE(error.Reason().starts_with(folder / "mesh.obj" + "(4): ")) << error.Reason();
+        }
+    }
+}
+
+TEST_F(GeometryLoaderTest, AMissingFileIsNamedAndFatalOnlyWhenRequired) {
+    Support::FatalErrorRecorder dialog;
+    try {
+        Rendering::LoadGeometryFile(context, "no/such.obj", false);
+        ADD_FAILURE() << "a missing file was read";
+    } catch (const std::exception& error) {
+        EXPECT_STREQ(error.what(), "Could not open no/such.obj");
+    }
+    EXPECT_TRUE(dialog.texts.empty());
+    EXPECT_THROW(Rendering::LoadGeometryFile(context, "no/such.obj", true), std::exception);
+    EXPECT_EQ(dialog.texts.size(), 1u);
+}
+
+TEST_F(GeometryLoaderTest, RelativePathsKeepTheFolderOfTheFirstCall) {
+    const std::string before = Rendering::ResolveDataPath("a/b.obj");
+    const Support::WorkingDirectory elsewhere(folder.path);
+    EXPECT_EQ(Rendering::ResolveDataPath("a/b.obj"), before);
+    EXPECT_TRUE(boost::filesystem::path(before).is_absolute());
+    EXPECT_TRUE(before.ends_with("/a/b.obj")) << before;
+    EXPECT_NE(before, folder / "a/b.obj");
+    EXPECT_EQ(Rendering::ResolveDataPath("/x/y.obj"), "/x/y.obj");
+}
+
+TEST(DataFilesTest, TheMarkerSphereIsClosedRoundAndFacesOutwards) {
+    Rendering::Memory::MemoryContext context;
+    const auto geometry = Rendering::LoadGeometryFile(context, VORELLE_SOURCE_DIR "/data/QVRA/Models/Sphere.obj", true);
+    const auto& vertices = dynamic_cast<const Rendering::Memory::MemoryGeometry&>(*geometry).vertices;
+    ASSERT_EQ(vertices.size() % 3, 0u);
+    EXPECT_GE(vertices.size() / 3, 500u);
+    EXPECT_LE(vertices.size() / 3, 2000u);
+    double volume = 0.0;
+    for (std::size_t i = 0; i < vertices.size(); i += 3) {
+        const Vector3 a = vertices[i].position, b = vertices[i + 1].position, c = vertices[i + 2].position;
+        volume += a.cross(b).dot(c) / 6.0;
+        EXPECT_GT((b - a).cross(c - a).dot(a + b + c), 0.0f) << "triangle " << i / 3 << " is flat or turned inwards";
+        for (std::size_t corner = i; corner < i + 3; ++corner) {
+            EXPECT_NEAR(Utils::Length(vertices[corner].position), 1.0f, 1e-5f);
+            EXPECT_LT(Utils::Length(vertices[corner].normal - vertices[corner].position), 1e-5f);
+        }
+    }
+    // A closed surface has its volume; 4/3 pi for the round one, a little less for its facets.
+    EXPECT_NEAR(volume, 4.18879, 0.06);
+}
+
+} // namespace

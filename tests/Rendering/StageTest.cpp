@@ -1,0 +1,59 @@
+#include "Rendering/Stage.h"
+#include "Rendering/Memory/MemoryContext.h"
+#include "Threading/RunQueue.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using Utils::Matrix4;
+
+/// Notes what it is given and what it sees.
+class NotingStage : public Rendering::Stage {
+public:
+    NotingStage(const int& watched, std::vector<int>& seen) : watched(watched), seen(seen) {}
+    void Render(Rendering::Context& context, const Matrix4& view, const Matrix4& projection) override {
+        seen.push_back(watched);
+        given = {&context, view, projection};
+    }
+
+    const int& watched;
+    std::vector<int>& seen;
+    std::tuple<Rendering::Context*, Matrix4, Matrix4> given;
+};
+
+TEST(StageListTest, RunsStagesInOrderSoThatALaterOneSeesWhatAnEarlierOneChanged) {
+    Rendering::Memory::MemoryContext context;
+    int scene = 1;
+    std::vector<int> seen;
+    Threading::RunQueue queue;
+    Rendering::StageList stages;
+    const auto before = std::make_shared<NotingStage>(scene, seen), after = std::make_shared<NotingStage>(scene, seen);
+    stages.Add(before);
+    stages.Add(std::make_shared<Threading::RunQueueStage>(queue));
+    stages.Add(after);
+    queue.Post([&] { scene = 2; });
+    const Matrix4 view = Utils::Translation({1, 2, 3}), projection = Utils::PerspectiveFov(1.0f, 2.0f, 0.05f, 30.0f);
+    stages.Run(context, view, projection);
+    EXPECT_THAT(seen, ElementsAre(1, 2));
+    EXPECT_EQ(before->given, std::tuple(&context, view, projection));
+    EXPECT_EQ(after->given, before->given);
+    stages.Run(context, view, projection);
+    EXPECT_THAT(seen, ElementsAre(1, 2, 2, 2));
+}
+
+TEST(StageListTest, AnExceptionPassesThroughAndLeavesTheLockFree) {
+    Rendering::Memory::MemoryContext context;
+    Threading::RunQueue queue;
+    Rendering::StageList stages;
+    stages.Add(std::make_shared<Threading::RunQueueStage>(queue));
+    queue.Post([] { throw std::runtime_error("in a frame"); });
+    EXPECT_THROW(stages.Run(context, Matrix4::Identity(), Matrix4::Identity()), std::runtime_error);
+    bool ran = false;
+    queue.Post([&] { ran = true; });
+    stages.Run(context, Matrix4::Identity(), Matrix4::Identity());
+    EXPECT_TRUE(ran);
+}
+
+} // namespace

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Rendering/GeometryLoader.h"
+#include "Support/TemporaryFolder.h"
+
+namespace Support {
+
+/// Binds the process's relative data paths, which stay with the first working directory that is asked for one, to a
+/// folder with a marker mesh of one triangle. Every test that draws a preview calls it first.
+inline void BindDataFolder() {
+    static const TemporaryFolder folder;
+    static const std::string bound = [] {
+        folder.Write("QVRA/Models/Sphere.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nvt 0 0\nvn 0 0 1\nf 1/1/1 2/1/1 3/1/1\n");
+        const WorkingDirectory inside(folder.path);
+        return Rendering::ResolveDataPath("QVRA");
+    }();
+}
+
+} // namespace Support

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace Support {
+
+/// Puts a DDS file together: a header that can be bent field by field, and pixel bytes behind it.
+class DdsBuilder {
+public:
+    DdsBuilder(std::uint32_t width, std::uint32_t height) : bytes(128, '\0') {
+        bytes.replace(0, 4, "DDS ");
+        Word(4, 124).Word(12, height).Word(16, width).Word(28, 1).Word(76, 32);
+    }
+
+    /// Sets the little-endian word at a byte offset of the header.
+    DdsBuilder& Word(std::size_t at, std::uint32_t value) {
+        for (std::size_t i = 0; i < 4; ++i)
+            bytes[at + i] = static_cast<char>(value >> 8 * i);
+        return *this;
+    }
+    DdsBuilder& Code(std::string_view fourCC) {
+        Word(80, 4);
+        bytes.replace(84, 4, fourCC);
+        return *this;
+    }
+    /// The header's DX10 part: the format of the DXGI numbering, a picture of two dimensions.
+    DdsBuilder& Extended(std::uint32_t format) {
+        Code("DX10");
+        bytes.resize(148, '\0');
+        return Word(128, format).Word(132, 3).Word(140, 1);
+    }
+    /// Plain 32-bit pixels in the given byte order, with alpha in the last byte or without.
+    DdsBuilder& Plain(std::uint32_t red, std::uint32_t green, std::uint32_t blue, std::uint32_t alpha) {
+        return Word(80, alpha ? 0x41 : 0x40)
+            .Word(88, 32)
+            .Word(92, red)
+            .Word(96, green)
+            .Word(100, blue)
+            .Word(104, alpha);
+    }
+    DdsBuilder& Pixels(std::initializer_list<int> values) {
+        for (const int value : values)
+            bytes.push_back(static_cast<char>(value));
+        return *this;
+    }
+
+    std::string bytes;
+};
+
+} // namespace Support

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Rendering/Memory/MemoryContext.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace Support {
+
+struct DrawCall {
+    Utils::Matrix4 world = Utils::Matrix4::Identity();
+    Utils::Matrix4 view = Utils::Matrix4::Identity();
+    Utils::Matrix4 projection = Utils::Matrix4::Identity();
+    const Rendering::Geometry* geometry = nullptr;
+    const Rendering::GPUBitmap* bitmap = nullptr;
+    bool hasFurtherBitmaps = false;
+    Rendering::GeometryDrawParams params;
+};
+
+/// A device that keeps each draw call, and the path of each bitmap that it was asked to load: it reads no bitmap file.
+class RecordingContext : public Rendering::Memory::MemoryContext {
+public:
+    std::unique_ptr<Rendering::GPUBitmap> LoadBitmap(const std::string& path) override {
+        loadedPaths.push_back(path);
+        auto bitmap = CreateBitmap(Rendering::MemBitmap(2, 2));
+        loadedBitmaps.push_back(bitmap.get());
+        return bitmap;
+    }
+
+    void DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
+                      const Rendering::Geometry& geometry, const Rendering::GPUBitmap* bitmap,
+                      const std::vector<const Rendering::GPUBitmap*>* furtherBitmaps,
+                      const Rendering::GeometryDrawParams& params) override {
+        draws.push_back({world, view, projection, &geometry, bitmap, furtherBitmaps != nullptr, params});
+        if (duringDraw)
+            duringDraw();
+    }
+
+    std::vector<std::string> loadedPaths;
+    std::vector<const Rendering::GPUBitmap*> loadedBitmaps; ///< in the order of the paths
+    std::vector<DrawCall> draws;
+    std::function<void()> duringDraw;
+};
+
+} // namespace Support

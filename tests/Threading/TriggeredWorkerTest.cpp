@@ -1,0 +1,62 @@
+#include "Threading/TriggeredWorker.h"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <semaphore>
+
+namespace {
+
+class Worker : public Threading::TriggeredWorker {
+public:
+    using TriggeredWorker::RunAndWait;
+    using TriggeredWorker::Stop;
+    using TriggeredWorker::Trigger;
+    using TriggeredWorker::TriggeredWorker;
+};
+
+TEST(TriggeredWorkerTest, RunsOnAThreadOfItsOwnEachTimeItIsAsked) {
+    int runs = 0; // guarded by the waits
+    std::thread::id thread;
+    Worker worker([&] {
+        ++runs;
+        thread = std::this_thread::get_id();
+    });
+    for (int i = 1; i <= 100; ++i) {
+        worker.RunAndWait();
+        ASSERT_EQ(runs, i);
+    }
+    EXPECT_NE(thread, std::this_thread::get_id());
+    worker.Stop();
+    worker.Stop();
+    worker.RunAndWait(); // returns at once
+    EXPECT_EQ(runs, 100);
+}
+
+TEST(TriggeredWorkerTest, TriggerReturnsWhileTheWorkIsStillRunning) {
+    std::binary_semaphore started(0), gate(0);
+    std::atomic<int> finished = 0;
+    Worker worker([&] {
+        started.release();
+        gate.acquire();
+        ++finished;
+    });
+    worker.Trigger();
+    started.acquire();
+    worker.Trigger();
+    worker.Trigger();
+    EXPECT_EQ(finished, 0);
+    std::thread stopping([&] { worker.Stop(); });
+    gate.release();
+    stopping.join();
+    EXPECT_EQ(finished, 1) << "stopping waits for the present run and starts no other";
+}
+
+TEST(TriggeredWorkerTest, EndsWithoutEverHavingRun) {
+    bool ran = false;
+    {
+        Worker worker([&] { ran = true; });
+    }
+    EXPECT_FALSE(ran);
+}
+
+} // namespace
