@@ -98,8 +98,8 @@ build_pixman() {
 build_cairo() {
   unpack cairo 'cairo_*.orig.tar.*'
   with_configure cairo --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
-    --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace --disable-win32 \
-    --disable-win32-font --enable-png
+    --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace \
+    --enable-png
 }
 
 build_wxwidgets() {

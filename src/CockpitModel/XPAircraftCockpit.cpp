@@ -18,8 +18,9 @@ constexpr float kMetresPerFoot = 0.3048f;
 
 /// Every line of the key is read, though the last one wins: a bad value must not pass.
 void ReadFeet(const std::string& acf, std::string_view key, float metresPerFoot, float& metres) {
-    Sim::ForEachAcfProperty(acf, key, [&](const std::vector<std::string_view>& words) {
-        metres = boost::lexical_cast<float>(words.front().data(), words.front().size()) * metresPerFoot;
+    Sim::ForEachAcfProperty(acf, key, [&](std::string_view value) {
+        const std::string_view feet = value.substr(0, value.find_first_of(" \t"));
+        metres = boost::lexical_cast<float>(feet.data(), feet.size()) * metresPerFoot;
     });
 }
 

@@ -51,6 +51,7 @@ GLGeometryShader::GLGeometryShader(ContextToken owner)
     glBindBuffer(GL_UNIFORM_BUFFER, matrixBuffer);
     glBufferData(GL_UNIFORM_BUFFER, kMatrixBufferSize, nullptr, GL_STREAM_DRAW);
     SetUpSampler(sampler, GL_REPEAT);
+    MakeAnisotropic(sampler);
     CheckGL(HERE, "making the geometry shader");
 }
 

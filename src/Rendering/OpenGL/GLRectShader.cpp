@@ -27,6 +27,7 @@ GLRectShader::GLRectShader(ContextToken owner)
     : programs{Program{"Rect", kRectPlain}, Program{"RectSobel", kRectSobel}}, quad(owner, 0.0f),
       sampler(std::move(owner)) {
     SetUpSampler(sampler, GL_CLAMP_TO_EDGE);
+    MakeAnisotropic(sampler);
     CheckGL(HERE, "making the rectangle shader");
 }
 

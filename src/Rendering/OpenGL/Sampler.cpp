@@ -16,6 +16,9 @@ void SetUpSampler(GLuint sampler, GLint wrap) {
     glSamplerParameteri(sampler, GL_TEXTURE_WRAP_R, GL_CLAMP_TO_EDGE);
     glSamplerParameteri(sampler, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
     glSamplerParameteri(sampler, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+}
+
+void MakeAnisotropic(GLuint sampler) {
     if (!epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic") &&
         !epoxy_has_gl_extension("GL_ARB_texture_filter_anisotropic"))
         return;

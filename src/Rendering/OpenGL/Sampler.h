@@ -6,8 +6,10 @@
 
 namespace Rendering::OpenGL {
 
-/// Trilinear and as anisotropic as the device can, up to 16. `wrap` holds for u and v.
+/// Trilinear. `wrap` holds for u and v.
 void SetUpSampler(GLuint sampler, GLint wrap);
+/// As anisotropic as the device can, up to 16.
+void MakeAnisotropic(GLuint sampler);
 void BindPicture(GLuint unit, GLuint texture, GLuint sampler);
 
 /// A matrix to clip space for GL, whose depth runs from -w to w instead of from 0 to w.

@@ -112,7 +112,8 @@ const char* const kGeometryTimeWarp = R"glsl(
 in vec4 earlier;
 
 void main() {
-    vec2 at = clamp(earlier.xy / earlier.w * 0.5 + 0.5, 0.0, 1.0);
+    vec2 margin = 2.0 / vec2(textureSize(picture, 0)); // keeps the filter from the far edge, as the sampler wraps
+    vec2 at = clamp(earlier.xy / earlier.w * 0.5 + 0.5, margin, 1.0 - margin);
     result = vec4(Lit(texture(picture, at).rgb), opacity);
 }
 )glsl";

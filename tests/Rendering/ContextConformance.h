@@ -1,0 +1,134 @@
+#pragma once
+
+#include "Rendering/Context.h"
+
+#include "Support/DdsBuilder.h"
+#include "Support/FatalErrorRecorder.h"
+#include "Support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+
+/// What holds for every Context, whether it draws or not. A device is a class with
+///     Rendering::Context& Context();
+///     void MakeCurrent();     the calling thread's operations go to this device from now on
+namespace Conformance {
+
+template <typename Device>
+class ContextObjects : public testing::Test {
+protected:
+    static void SetUpTestSuite() { device = std::make_unique<Device>(); }
+    static void TearDownTestSuite() { device.reset(); }
+
+    Rendering::Context& Context() const { return device->Context(); }
+
+    static inline std::unique_ptr<Device> device;
+};
+
+TYPED_TEST_SUITE_P(ContextObjects);
+
+inline std::vector<Rendering::GeometryVertex> AnyTriangle() {
+    return std::vector<Rendering::GeometryVertex>(3);
+}
+
+TYPED_TEST_P(ContextObjects, KnowsItsOwnObjects) {
+    Rendering::Context& own = this->Context();
+    EXPECT_FALSE(own.IsBitmapValid(nullptr));
+    EXPECT_FALSE(own.IsGeometryValid(nullptr));
+    const auto bitmap = own.CreateRenderTarget({2, 3}, 1, 0);
+    const auto geometry = own.CreateGeometry(AnyTriangle());
+    EXPECT_TRUE(own.IsBitmapValid(bitmap.get()));
+    EXPECT_TRUE(own.IsGeometryValid(geometry.get()));
+    {
+        TypeParam other;
+        EXPECT_FALSE(other.Context().IsBitmapValid(bitmap.get()));
+        EXPECT_FALSE(other.Context().IsGeometryValid(geometry.get()));
+        const auto theirs = other.Context().CreateBitmap(Rendering::MemBitmap(1, 1));
+        EXPECT_FALSE(own.IsBitmapValid(theirs.get()));
+        EXPECT_TRUE(other.Context().IsBitmapValid(theirs.get()));
+    }
+    this->device->MakeCurrent();
+    EXPECT_TRUE(own.IsBitmapValid(bitmap.get()));
+}
+
+TYPED_TEST_P(ContextObjects, TellsTheObjectsOfADeviceThatIsGoneFromThoseOfTheNext) {
+    auto device = std::make_unique<TypeParam>();
+    const auto bitmap = device->Context().CreateRenderTarget({1, 1}, 1, 0);
+    const auto geometry = device->Context().CreateGeometry(AnyTriangle());
+    device.reset();
+    device = std::make_unique<TypeParam>(); // often at the same address
+    EXPECT_FALSE(device->Context().IsBitmapValid(bitmap.get()));
+    EXPECT_FALSE(device->Context().IsGeometryValid(geometry.get()));
+    device.reset();
+    this->device->MakeCurrent();
+}
+
+TYPED_TEST_P(ContextObjects, BitmapsHaveTheSizeTheyWereMadeWith) {
+    using Rendering::Size;
+    EXPECT_EQ(this->Context().CreateRenderTarget({5, 7}, 1, 0)->Size(), (Size{5, 7}));
+    EXPECT_EQ(this->Context().CreateBitmap(Rendering::MemBitmap(3, 9))->Size(), (Size{3, 9}));
+    EXPECT_EQ(this->Context().CreateBitmap(Rendering::MemBitmap())->Size(), (Size{1, 1}));
+    EXPECT_EQ(this->Context().LoadBitmap("no/such.png")->Size(), (Size{1, 1}));
+    const Support::TemporaryFolder folder;
+    const auto dds = Support::DdsBuilder(4, 8).Code("DXT1").Pixels({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_EQ(this->Context().LoadBitmap(folder.Write("x.DDS", dds.bytes))->Size(), (Size{4, 8}));
+}
+
+TYPED_TEST_P(ContextObjects, StopsAtADamagedDdsFile) {
+    const Support::TemporaryFolder folder;
+    Support::FatalErrorRecorder dialog;
+    EXPECT_THROW(this->Context().LoadBitmap(folder.Write("x.dds", "DDS ")), std::exception);
+    EXPECT_EQ(dialog.texts.size(), 1u);
+}
+
+TYPED_TEST_P(ContextObjects, RefusesBadDrawParameters) {
+    Rendering::Context& context = this->Context();
+    const auto geometry = context.CreateGeometry(AnyTriangle());
+    const auto bitmap = context.CreateBitmap(Rendering::MemBitmap(1, 1));
+    const auto target = context.CreateRenderTarget({1, 1}, 1, 0);
+    const auto lock = context.BeginRenderToTexture(*target, false);
+    const auto same = Utils::Matrix4::Identity();
+    const auto draw = [&](const Rendering::GeometryDrawParams& params) {
+        context.DrawGeometry(same, same, same, *geometry, bitmap.get(), nullptr, params);
+    };
+    Rendering::GeometryDrawParams params;
+    params.effect = "nothing";
+    try {
+        draw(params);
+        ADD_FAILURE() << "an effect without a program drew";
+    } catch (const std::out_of_range& error) {
+        EXPECT_STREQ(error.what(), "invalid unordered_map<K, T> key");
+    }
+    Rendering::RectDrawParams rect;
+    rect.effect = "fxaa";
+    EXPECT_THROW(context.DrawBitmap(same, same, {}, *bitmap, rect), std::out_of_range);
+
+    Support::FatalErrorRecorder dialog;
+    params.effect.clear();
+    params.matrices.assign(99, same);
+    EXPECT_NO_THROW(draw(params));
+    EXPECT_TRUE(dialog.texts.empty());
+    params.matrices.assign(100, same);
+    EXPECT_THROW(draw(params), std::exception);
+    EXPECT_EQ(dialog.texts.size(), 1u);
+    lock->Restore();
+    {
+        TypeParam other;
+        const auto theirs = other.Context().CreateBitmap(Rendering::MemBitmap(1, 1));
+        EXPECT_THROW(context.DrawBitmap(same, same, {}, *theirs, {}), std::exception);
+    }
+    EXPECT_EQ(dialog.texts.size(), 2u);
+    this->device->MakeCurrent();
+}
+
+TYPED_TEST_P(ContextObjects, TakesNoBitmapWhereNoneNeedBeGiven) {
+    EXPECT_NO_THROW(this->Context().ClearBitmap(nullptr, {1, 1, 1, 1}));
+    EXPECT_NO_THROW(this->Context().GenerateMips(nullptr));
+}
+
+REGISTER_TYPED_TEST_SUITE_P(ContextObjects, KnowsItsOwnObjects, TellsTheObjectsOfADeviceThatIsGoneFromThoseOfTheNext,
+                            BitmapsHaveTheSizeTheyWereMadeWith, StopsAtADamagedDdsFile, RefusesBadDrawParameters,
+                            TakesNoBitmapWhereNoneNeedBeGiven);
+
+} // namespace Conformance

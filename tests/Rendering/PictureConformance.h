@@ -1,0 +1,488 @@
+#pragma once
+
+#include "Rendering/Context.h"
+
+#include "Support/DdsBuilder.h"
+#include "Support/Picture.h"
+#include "Support/TemporaryFolder.h"
+
+#include <cairo.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <numbers>
+
+/// What every device that draws must show: small targets are drawn, read back and compared as pictures, whose letters
+/// are fields of 9 by 9 pixels, so that no filter reaches from the neighbours to the middle. A device is a
+/// class as for ContextObjects, with
+///     void Begin(Size size);                  a frame of that size is the target, black and transparent, depth 1
+///     MemBitmap ReadFrame();                  the frame's picture; red, green, blue, alpha, top row first
+///     MemBitmap Read(GPUBitmap& bitmap);      a bitmap's picture
+namespace Conformance {
+
+using Rendering::GeometryDrawParams;
+using Rendering::GeometryVertex;
+using Rendering::RectDrawParams;
+using Utils::Matrix4;
+using Utils::Vector2;
+using Utils::Vector3;
+using Vertices = std::vector<GeometryVertex>;
+
+/// A rectangle of two triangles; texture coordinates run from (0, 0) at the lower left to `texture` at the upper right.
+inline Vertices Rectangle(Vector2 lowerLeft, Vector2 upperRight, float z = 0.5f, Vector2 texture = {1, 1},
+                          Vector3 normal = {0, 0, -1}) {
+    const auto corner = [&](float right, float up) {
+        GeometryVertex vertex;
+        vertex.position = {right ? upperRight.x() : lowerLeft.x(), up ? upperRight.y() : lowerLeft.y(), z};
+        vertex.normal = normal;
+        vertex.texture = vertex.secondTexture = {right * texture.x(), up * texture.y()};
+        return vertex;
+    };
+    return {corner(0, 0), corner(0, 1), corner(1, 1), corner(1, 1), corner(1, 0), corner(0, 0)};
+}
+
+constexpr std::uint32_t kField = 9; ///< pixels a side
+
+constexpr Rendering::Size InFields(Rendering::Size fields) {
+    return {fields.width * kField, fields.height * kField};
+}
+
+inline Vertices FullView(float z = 0.5f) {
+    return Rectangle({-1, -1}, {1, 1}, z);
+}
+
+/// Draws once, in a colour without light.
+inline GeometryDrawParams Flat(Vector3 colour = {1, 1, 1}) {
+    GeometryDrawParams params;
+    params.leftEye = params.rightEye = false;
+    params.singleView = true;
+    params.firstColour = colour;
+    params.secondColour = {0, 0, 0};
+    return params;
+}
+
+/// The first pixel: red, green, blue, alpha, each give or take 2.
+inline void ExpectPixel(const Rendering::MemBitmap& bitmap, std::array<int, 4> wanted, const char* name) {
+    const std::uint32_t pixel = bitmap.Pixels()[0];
+    for (int channel = 0; channel < 4; ++channel)
+        EXPECT_NEAR(static_cast<int>(pixel >> 8 * channel & 255), wanted[static_cast<std::size_t>(channel)], 2)
+            << name << ": the pixel is 0x" << std::hex << pixel << ", alpha first, red last";
+}
+
+template <typename Device>
+class ContextPictures : public testing::Test {
+protected:
+    static void SetUpTestSuite() { device = std::make_unique<Device>(); }
+    static void TearDownTestSuite() { device.reset(); }
+
+    Rendering::Context& Context() const { return device->Context(); }
+
+    void Begin(Rendering::Size fields) { device->Begin(InFields(fields)); }
+    void Draw(const Vertices& vertices, const GeometryDrawParams& params,
+              const Rendering::GPUBitmap* bitmap = nullptr) {
+        Draw(same, same, same, vertices, params, bitmap);
+    }
+    void Draw(const Matrix4& world, const Matrix4& view, const Matrix4& projection, const Vertices& vertices,
+              const GeometryDrawParams& params, const Rendering::GPUBitmap* bitmap = nullptr) {
+        Context().DrawGeometry(world, view, projection, *Context().CreateGeometry(vertices), bitmap, nullptr, params);
+    }
+    void DrawBitmap(Rendering::GPUBitmap& bitmap, const RectDrawParams& params,
+                    Utils::Quaternion turn = Utils::Quaternion::Identity()) {
+        Context().DrawBitmap(same, same, {{0, 0, 0.5f}, {2, 2}, turn}, bitmap, params);
+    }
+    std::unique_ptr<Rendering::GPUBitmap> Make(std::string_view picture, std::uint8_t alpha = 255) {
+        return Context().CreateBitmap(Support::Bitmap(picture, kField, alpha));
+    }
+    std::unique_ptr<Rendering::GPUBitmap> MakeTarget(Rendering::Size fields, std::uint32_t samples = 1) {
+        return Context().CreateRenderTarget(InFields(fields), samples, 0);
+    }
+    std::string Frame() { return Support::Picture(device->ReadFrame(), kField); }
+    std::string PictureOf(Rendering::GPUBitmap& bitmap) { return Support::Picture(device->Read(bitmap), kField); }
+
+    const Matrix4 same = Matrix4::Identity();
+    static inline std::unique_ptr<Device> device;
+};
+
+TYPED_TEST_SUITE_P(ContextPictures);
+
+TYPED_TEST_P(ContextPictures, DrawsATriangleOfEitherWinding) {
+    Vertices triangle(3); // the centres of ten pixels lie below its long side
+    triangle[0].position = {-1, -1, 0.5f};
+    triangle[1].position = {-1, 1.25f, 0.5f};
+    triangle[2].position = {1.25f, -1, 0.5f};
+    for (int winding = 0; winding < 2; ++winding) {
+        this->Begin({4, 4});
+        EXPECT_EQ(this->Frame(), "....\n....\n....\n....\n");
+        this->Draw(triangle, Flat());
+        EXPECT_EQ(this->Frame(), "W...\nWW..\nWWW.\nWWWW\n");
+        std::swap(triangle[1], triangle[2]);
+    }
+}
+
+TYPED_TEST_P(ContextPictures, TransformsByWorldThenViewThenProjection) {
+    this->Begin({4, 4});
+    this->Draw(Utils::Translation({1, 0, 0}), Utils::Scaling(0.5f), this->same, FullView(), Flat());
+    EXPECT_EQ(this->Frame(), "....\n..WW\n..WW\n....\n") << "(x + 1) / 2, not x / 2 + 1";
+    this->Begin({4, 4});
+    const Matrix4 quarter = Utils::PerspectiveFov(std::numbers::pi_v<float> / 2, 1.0f, 0.05f, 30.0f);
+    this->Draw(Utils::Translation({0, 0, 1.5f}), this->same, quarter, FullView(), Flat());
+    EXPECT_EQ(this->Frame(), "....\n.WW.\n.WW.\n....\n") << "half as large at a distance of 2";
+}
+
+TYPED_TEST_P(ContextPictures, ClipsAtADepthOfNoughtAndOne) {
+    for (const auto& [z, seen] :
+         {std::pair(-0.3f, false), {-0.01f, false}, {0.01f, true}, {0.99f, true}, {1.01f, false}}) {
+        this->Begin({1, 1});
+        this->Draw(FullView(z), Flat());
+        EXPECT_EQ(this->Frame(), seen ? "W\n" : ".\n") << z;
+    }
+}
+
+TYPED_TEST_P(ContextPictures, KeepsDepthOrderAsItsSwitchesSay) {
+    struct Row {
+        const char* name;
+        float firstDepth, secondDepth;
+        bool firstWrites, firstTests, secondTests;
+        const char* picture;
+    };
+    for (const Row& row : {Row{"nearer first", 0.2f, 0.8f, true, true, true, "R\n"},
+                           Row{"nearer last", 0.8f, 0.2f, true, true, true, "G\n"},
+                           Row{"equally near", 0.5f, 0.5f, true, true, true, "G\n"},
+                           Row{"the first not written", 0.2f, 0.8f, false, true, true, "G\n"},
+                           Row{"the first not tested, so not written", 0.2f, 0.8f, true, false, true, "G\n"},
+                           Row{"the second not tested", 0.2f, 0.8f, true, true, false, "G\n"}}) {
+        this->Begin({1, 1});
+        GeometryDrawParams first = Flat({1, 0, 0}), second = Flat({0, 1, 0});
+        first.depthWrite = row.firstWrites;
+        first.depthTest = row.firstTests;
+        second.depthTest = row.secondTests;
+        this->Draw(FullView(row.firstDepth), first);
+        this->Draw(FullView(row.secondDepth), second);
+        EXPECT_EQ(this->Frame(), row.picture) << row.name;
+    }
+}
+
+TYPED_TEST_P(ContextPictures, ADrawThatWritesNoDepthDoesNotKeepTheNextFrameFromClearing) {
+    this->Begin({1, 1});
+    this->Draw(FullView(0.1f), Flat());
+    GeometryDrawParams params = Flat();
+    params.depthWrite = false;
+    this->Draw(FullView(0.05f), params);
+    this->Begin({1, 1});
+    this->Draw(FullView(0.9f), Flat({1, 0, 0}));
+    EXPECT_EQ(this->Frame(), "R\n");
+}
+
+TYPED_TEST_P(ContextPictures, BlendsByOpacityAndTheTexturesAlpha) {
+    struct Row {
+        const char* name;
+        bool blend, plainProgram;
+        float opacity;
+        std::array<int, 4> pixel;
+    };
+    // Blue with half an alpha is drawn on red. The alpha that is written is the source's alone.
+    const auto half = this->Make("W\n", 128);
+    for (const Row& row : {Row{"no blending", false, false, 0.5f, {0, 0, 255, 128}},
+                           Row{"blending takes both", true, false, 0.5f, {191, 0, 64, 64}},
+                           Row{"the plain program knows opacity alone", true, true, 0.5f, {128, 0, 128, 128}},
+                           Row{"the texture's alone", true, false, 1.0f, {127, 0, 128, 128}},
+                           Row{"nothing to see", true, false, 0.0f, {255, 0, 0, 0}}}) {
+        this->Begin({1, 1});
+        this->Draw(FullView(), Flat({1, 0, 0}));
+        GeometryDrawParams params = Flat({0, 0, 1});
+        params.blend = row.blend;
+        params.plainProgram = row.plainProgram;
+        params.opacity = row.opacity;
+        this->Draw(FullView(), params, half.get());
+        ExpectPixel(this->device->ReadFrame(), row.pixel, row.name);
+    }
+}
+
+TYPED_TEST_P(ContextPictures, TexturesStandUprightAndWrap) {
+    const auto texture = this->Make("RG\nBW\n");
+    this->Begin({2, 2});
+    this->Draw(FullView(), Flat(), texture.get());
+    EXPECT_EQ(this->Frame(), "RG\nBW\n") << "v is 0 at the bottom";
+    this->Begin({4, 4});
+    this->Draw(Rectangle({-1, -1}, {1, 1}, 0.5f, {2, 2}), Flat(), texture.get());
+    EXPECT_EQ(this->Frame(), "RGRG\nBWBW\nRGRG\nBWBW\n");
+    this->Begin({2, 1});
+    this->Draw(FullView(), Flat({0, 1, 1}));
+    EXPECT_EQ(this->Frame(), "CC\n") << "white where no bitmap is given";
+}
+
+TYPED_TEST_P(ContextPictures, LightsASurfaceByItsColourTerms) {
+    struct Row {
+        const char* name;
+        Vector3 normal, second, third;
+        std::array<int, 4> pixel;
+    };
+    // The light comes from (0.36, 0.48, -0.8) of the view; the first colour is (0.2, 0.4, 0.6) = (51, 102, 153).
+    const Vector3 towards(0.36f, 0.48f, -0.8f), across(0.8f, -0.6f, 0.0f), half(0.4f, 0.4f, 0.4f), none(0, 0, 0);
+    for (const Row& row : {Row{"the first alone", towards, none, none, {51, 102, 153, 255}},
+                           Row{"full on", towards, half, none, {153, 204, 255, 255}},
+                           Row{"full on from behind", -towards, half, none, {153, 204, 255, 255}},
+                           Row{"long normals count as one", 9.0f * towards, half, none, {153, 204, 255, 255}},
+                           Row{"across the light", across, half, none, {51, 102, 153, 255}},
+                           Row{"facing the viewer takes 0.8 of it", {0, 0, -1}, half, none, {133, 184, 235, 255}},
+                           Row{"no normal", none, half, none, {51, 102, 153, 255}},
+                           Row{"the third comes on top", across, half, half, {153, 204, 255, 255}}}) {
+        this->Begin({1, 1});
+        GeometryDrawParams params = Flat({0.2f, 0.4f, 0.6f});
+        params.secondColour = row.second;
+        params.thirdColour = row.third;
+        this->Draw(Rectangle({-1, -1}, {1, 1}, 0.5f, {1, 1}, row.normal), params);
+        ExpectPixel(this->device->ReadFrame(), row.pixel, row.name);
+    }
+}
+
+TYPED_TEST_P(ContextPictures, TheLightStandsInTheView) {
+    this->Begin({1, 1});
+    GeometryDrawParams params = Flat({0, 0, 0});
+    params.secondColour = {1, 1, 1};
+    // A quarter turn about z carries the world's (0.48, -0.36, -0.8) to the view's direction of the light.
+    this->Draw(this->same, Utils::RotationZ(std::numbers::pi_v<float> / 2), this->same,
+               Rectangle({-1, -1}, {1, 1}, 0.5f, {1, 1}, {0.48f, -0.36f, -0.8f}), params);
+    EXPECT_EQ(this->Frame(), "W\n");
+}
+
+TYPED_TEST_P(ContextPictures, EveryEffectDraws) {
+    const auto white = this->Make("WWWW\nWWWW\n");
+    for (const char* effect : {"", "EdgeBlend", "timewarp", "timewarp_textureclip", "levels_adjust", "fxaa"})
+        for (const bool blend : {false, true}) {
+            this->Begin({1, 1}); // the one pixel is the picture's middle
+            GeometryDrawParams params = Flat({0, 1, 0});
+            params.effect = effect;
+            params.blend = blend;
+            this->Draw(FullView(), params, white.get());
+            EXPECT_EQ(this->Frame(), "G\n") << effect << (blend ? ", blending" : "");
+        }
+}
+
+TYPED_TEST_P(ContextPictures, EffectsDoWhatTheirNamesSay) {
+    const auto draw = [this](const char* effect, const Rendering::GPUBitmap& bitmap, auto&& change) {
+        this->Begin({bitmap.Size().width / kField, bitmap.Size().height / kField});
+        GeometryDrawParams params = Flat();
+        params.effect = effect;
+        change(params);
+        this->Draw(FullView(), params, &bitmap);
+        return this->Frame();
+    };
+    const auto picture = this->Make("RGBW\n");
+    const auto halfToTheRight = [](GeometryDrawParams& params) {
+        params.matrices[0] = Utils::Translation({0.5f, 0, 0});
+    };
+    EXPECT_EQ(draw("timewarp", *picture, halfToTheRight), "GBWW\n") << "the edge goes on";
+    EXPECT_EQ(draw("timewarp_textureclip", *picture, halfToTheRight), "GBW.\n") << "nothing beyond the edge";
+    const auto greys = this->Make("gW\n");
+    EXPECT_EQ(draw("levels_adjust", *greys, [](auto& params) { params.thirdColour = {0.5f, 0.5f, 0.5f}; }), ".W\n");
+    EXPECT_EQ(draw("levels_adjust", *greys, [](auto& params) { params.fourthColour = {0.5f, 0.5f, 0.5f}; }), "WW\n");
+    const auto wide = this->Make("WWWWW\nWWWWW\nWWWWW\n");
+    const auto fade = [](GeometryDrawParams& params) {
+        params.blend = true;
+        params.shaderParam2 = 2.0f; // from nothing at the edge to all at a half
+    };
+    EXPECT_EQ(draw("EdgeBlend", *wide, fade), "<333333><555555><555555><555555><333333>\n"
+                                              "<333333><999999>W<999999><333333>\n"
+                                              "<333333><555555><555555><555555><333333>\n");
+}
+
+TYPED_TEST_P(ContextPictures, MatricesMoveTheVerticesThatNameThem) {
+    Vertices leftHalf = Rectangle({-1, -1}, {0, 1});
+    for (GeometryVertex& vertex : leftHalf)
+        vertex.blendIndices = {98, 1, 0, 0};
+    GeometryDrawParams params = Flat();
+    params.matrices.assign(99, this->same);
+    params.matrices[98] = Utils::Translation({1, 0, 0});
+    this->Begin({4, 1});
+    this->Draw(leftHalf, params);
+    EXPECT_EQ(this->Frame(), "..WW\n");
+    for (GeometryVertex& vertex : leftHalf)
+        vertex.blendWeights = {0.5f, 0.5f, 0, 0};
+    this->Begin({4, 1});
+    this->Draw(leftHalf, params);
+    EXPECT_EQ(this->Frame(), ".WW.\n") << "half of one place and half of the other";
+}
+
+TYPED_TEST_P(ContextPictures, DrawsToTheHalvesOfBothEyesOrOnce) {
+    struct Row {
+        bool left, right, single;
+        const char* picture;
+    };
+    for (const Row& row :
+         {Row{true, false, false, "W...\n"}, Row{false, true, false, "..W.\n"}, Row{true, true, false, "W.W.\n"},
+          Row{false, false, true, "WW..\n"}, Row{false, false, false, "....\n"}}) {
+        this->Begin({4, 1});
+        GeometryDrawParams params = Flat();
+        params.leftEye = row.left;
+        params.rightEye = row.right;
+        params.singleView = row.single;
+        this->Draw(Rectangle({-1, -1}, {0, 1}), params);
+        EXPECT_EQ(this->Frame(), row.picture);
+    }
+    GeometryDrawParams unknown = Flat();
+    unknown.leftEye = true;
+    unknown.effect = "nothing";
+    EXPECT_THROW(this->Draw(FullView(), unknown), std::out_of_range);
+    this->Draw(FullView(), Flat());
+    EXPECT_EQ(this->Frame(), "WWWW\n") << "the viewport is the whole again, even after a refused draw";
+}
+
+TYPED_TEST_P(ContextPictures, ShrunkTexturesShowTheirMipLevels) {
+    const auto board = this->Context().CreateBitmap(Support::Bitmap(".W.W\nW.W.\n.W.W\nW.W.\n"));
+    const auto shrunk = [&] {
+        this->device->Begin({1, 1});
+        this->Draw(FullView(), Flat(), board.get());
+        return Support::Picture(this->device->ReadFrame());
+    };
+    EXPECT_EQ(shrunk(), "g\n");
+    this->Context().ClearBitmap(board.get(), {1, 0, 0, 1});
+    this->Context().GenerateMips(board.get());
+    EXPECT_EQ(shrunk(), "R\n");
+}
+
+TYPED_TEST_P(ContextPictures, DrawsToABitmapUntilItIsRestored) {
+    const auto target = this->MakeTarget({2, 2});
+    this->Context().ClearBitmap(target.get(), {0, 0, 1, 1});
+    this->Begin({4, 4});
+    {
+        const auto lock = this->Context().BeginRenderToTexture(*target, false);
+        this->Draw(Rectangle({-1, 0}, {0, 1}), Flat({1, 0, 0}));
+        lock->Restore();
+        this->Draw(Rectangle({0, -1}, {1, 0}), Flat());
+    }
+    EXPECT_EQ(this->PictureOf(*target), "RB\nBB\n");
+    EXPECT_EQ(this->Frame(), "....\n....\n..WW\n..WW\n");
+    { const auto lock = this->Context().BeginRenderToTexture(*target, false); }
+    this->Begin({2, 2});
+    this->Draw(FullView(), Flat(), target.get());
+    EXPECT_EQ(this->Frame(), "RB\nBB\n") << "what was drawn stands upright as a texture";
+}
+
+TYPED_TEST_P(ContextPictures, ABitmapMayShareTheFramesDepth) {
+    const auto target = this->MakeTarget({2, 1});
+    for (const bool keepDepth : {true, false}) {
+        this->Begin({2, 1});
+        this->Context().ClearBitmap(target.get(), {0, 0, 0, 1});
+        this->Draw(Rectangle({-1, -1}, {0, 1}, 0.2f), Flat());
+        const auto lock = this->Context().BeginRenderToTexture(*target, keepDepth);
+        this->Draw(FullView(0.8f), Flat({1, 0, 0}));
+        lock->Restore();
+        EXPECT_EQ(this->PictureOf(*target), keepDepth ? ".R\n" : "RR\n");
+    }
+}
+
+TYPED_TEST_P(ContextPictures, CopiesWholesRegionsAndResolvesSamples) {
+    const auto source = this->Make("RGB\nCMY\n");
+    const auto target = this->MakeTarget({3, 2});
+    this->Context().CopyBitmap(*target, *source);
+    EXPECT_EQ(this->PictureOf(*target), "RGB\nCMY\n");
+    this->Context().ClearBitmap(target.get(), {1, 1, 1, 1});
+    this->Context().CopyBitmapRegion(*target, *source, InFields({1, 1}), InFields({2, 1}));
+    EXPECT_EQ(this->PictureOf(*target), "MYW\nWWW\n") << "from the region's top left to the target's";
+
+    const auto sampled = this->MakeTarget({3, 2}, 4);
+    this->Context().ClearBitmap(sampled.get(), {0, 0, 0, 1});
+    this->Begin({1, 1});
+    const auto lock = this->Context().BeginRenderToTexture(*sampled, false);
+    this->Draw(Rectangle({-1, 0}, {0, 1}), Flat()); // ends in the middle of the second column
+    lock->Restore();
+    this->Context().CopyBitmap(*target, *sampled);
+    EXPECT_EQ(this->PictureOf(*target), "Wg.\n...\n");
+}
+
+TYPED_TEST_P(ContextPictures, DrawsABitmapOnARectangle) {
+    const auto bitmap = this->Make("RG\nBW\n");
+    const auto draw = [&](Rendering::Size size, auto&& change, Utils::Quaternion turn = Utils::Quaternion::Identity()) {
+        this->Begin(size);
+        RectDrawParams params;
+        params.mode = 2;
+        change(params);
+        this->DrawBitmap(*bitmap, params, turn);
+        return this->Frame();
+    };
+    const auto asItIs = [](RectDrawParams&) {};
+    EXPECT_EQ(draw({2, 2}, asItIs), "RG\nBW\n");
+    const auto quarterTurn = Utils::RotationAboutAxis({0, 0, 1}, std::numbers::pi_v<float> / 2);
+    EXPECT_EQ(draw({2, 2}, asItIs, quarterTurn), "GW\nRB\n") << "x to y";
+    EXPECT_EQ(draw({1, 1}, [](auto& params) { params.textureSize = {0.5f, 0.5f}; }), "R\n") << "top left";
+    EXPECT_EQ(draw({4, 4}, [](auto& params) { params.textureSize = {2, 2}; }), "RGGG\nBWWW\nBWWW\nBWWW\n") << "clamps";
+    EXPECT_EQ(draw({2, 2}, [](auto& params) { params.colour = {0, 1, 1, 1}; }), ".G\nBC\n");
+    EXPECT_EQ(draw({2, 2}, [](auto& params) { params.dim = true; }), "<1A0000><001A00>\n<00001A><1A1A1A>\n");
+    EXPECT_EQ(draw({4, 2}, [](auto& params) { params.mode = 0; }), "RGRG\nBWBW\n");
+    EXPECT_EQ(draw({4, 2}, [](auto& params) { params.mode = 1; }), "RG..\nBW..\n");
+    EXPECT_EQ(draw({4, 2}, [](auto& params) { params.mode = params.eye = 1; }), "..RG\n..BW\n");
+}
+
+TYPED_TEST_P(ContextPictures, BlendsAndHidesRectanglesLikeGeometry) {
+    const auto white = this->Make("W\n", 128);
+    this->Begin({1, 1});
+    this->Draw(FullView(0.2f), Flat({1, 0, 0}));
+    RectDrawParams params;
+    params.mode = 2;
+    this->DrawBitmap(*white, params);
+    EXPECT_EQ(this->Frame(), "R\n") << "it lies behind";
+    params.depthTest = false;
+    params.blend = true;
+    params.colour = {0, 0, 1, 0.5f};
+    this->DrawBitmap(*white, params);
+    ExpectPixel(this->device->ReadFrame(), {191, 0, 64, 64}, "a quarter of blue");
+}
+
+TYPED_TEST_P(ContextPictures, SobelShowsTheEdgesOfAPicture) {
+    const auto bitmap = this->Make(".W\n");
+    this->Begin({2, 1});
+    RectDrawParams params;
+    params.mode = 2;
+    params.effect = "sobel";
+    this->DrawBitmap(*bitmap, params);
+    EXPECT_EQ(this->Frame(), "..\n");
+    const Rendering::MemBitmap frame = this->device->ReadFrame();
+    for (const std::size_t besideTheEdge : {kField - 1, kField})
+        EXPECT_GT(frame.Pixels()[besideTheEdge] & 255, 128u);
+}
+
+TYPED_TEST_P(ContextPictures, StraightensACameraImage) {
+    const std::uint8_t grey[] = {0, 128, 255, 255};
+    const auto straightened = [&](std::span<const float> map) {
+        return Support::Picture(
+            this->device->Read(*this->Context().CreateBitmapFromCameraImage({{2, 2}, grey, {2, 2}, map})));
+    };
+    const float straight[] = {0.25f, 0.25f, 0.75f, 0.25f, 0.25f, 0.75f, 0.75f, 0.75f};
+    EXPECT_EQ(straightened(straight), ".g\nWW\n");
+    const float turned[] = {0.75f, 0.75f, -0.1f, 0.25f, 0.75f, 0.25f, 0.25f, 1.1f};
+    EXPECT_EQ(straightened(turned), "W<000080>\ng<000080>\n") << "dark blue where the map points outside";
+}
+
+TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
+    const Support::TemporaryFolder folder;
+    std::uint32_t pixels[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0x80808080}; // half of white, premultiplied
+    cairo_surface_t* surface =
+        cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels), CAIRO_FORMAT_ARGB32, 2, 2, 8);
+    ASSERT_EQ(cairo_surface_write_to_png(surface, (folder / "a.png").c_str()), CAIRO_STATUS_SUCCESS);
+    cairo_surface_destroy(surface);
+    const auto png = this->Context().LoadBitmap(folder / "a.png");
+    EXPECT_EQ(Support::Picture(this->device->Read(*png)), "RG\nBW\n");
+
+    // The file's first row is the picture's bottom; its second level is green.
+    auto file = Support::DdsBuilder(2, 2).Plain(0xFF, 0xFF00, 0xFF0000, 0).Word(28, 2);
+    file.Pixels({255, 0, 0, 0, 0, 0, 255, 0}).Pixels({255, 255, 0, 0, 255, 255, 255, 0}).Pixels({0, 255, 0, 0});
+    const auto dds = this->Context().LoadBitmap(folder.Write("a.dds", file.bytes));
+    EXPECT_EQ(Support::Picture(this->device->Read(*dds)), "YW\nRB\n");
+    this->device->Begin({1, 1});
+    this->Draw(FullView(), Flat(), dds.get());
+    EXPECT_EQ(Support::Picture(this->device->ReadFrame()), "G\n");
+}
+
+REGISTER_TYPED_TEST_SUITE_P(ContextPictures, DrawsATriangleOfEitherWinding, TransformsByWorldThenViewThenProjection,
+                            ClipsAtADepthOfNoughtAndOne, KeepsDepthOrderAsItsSwitchesSay,
+                            ADrawThatWritesNoDepthDoesNotKeepTheNextFrameFromClearing,
+                            BlendsByOpacityAndTheTexturesAlpha, TexturesStandUprightAndWrap,
+                            LightsASurfaceByItsColourTerms, TheLightStandsInTheView, EveryEffectDraws,
+                            EffectsDoWhatTheirNamesSay, MatricesMoveTheVerticesThatNameThem,
+                            DrawsToTheHalvesOfBothEyesOrOnce, ShrunkTexturesShowTheirMipLevels,
+                            DrawsToABitmapUntilItIsRestored, ABitmapMayShareTheFramesDepth,
+                            CopiesWholesRegionsAndResolvesSamples, DrawsABitmapOnARectangle,
+                            BlendsAndHidesRectanglesLikeGeometry, SobelShowsTheEdgesOfAPicture, StraightensACameraImage,
+                            LoadsPicturesUprightInTheirColours);
+
+} // namespace Conformance
