@@ -47,11 +47,11 @@ Logger& Logger::Get() {
     return logger;
 }
 
-void Logger::Start(const std::string& fileName) {
+void Logger::Start(const std::string& fileName, std::ios::openmode mode) {
     if (running.exchange(true))
         return;
     const boost::filesystem::path folder = LogFolder();
-    thread = std::thread([this, path = folder.empty() ? folder : folder / fileName] { WriteLines(path); });
+    thread = std::thread([this, mode, path = folder.empty() ? folder : folder / fileName] { WriteLines(path, mode); });
 }
 
 void Logger::Log(const char* file, std::int32_t line, std::string message) {
@@ -77,7 +77,11 @@ std::string Logger::Stop(const std::string& crashLog) {
     accepting = false;
     if (thread.joinable()) {
         crashLogName = crashLog;
-        running = false;
+        {
+            const std::lock_guard wakeLock(wakeMutex);
+            running = false;
+        }
+        wake.notify_one();
         thread.join();
     }
     // A line that another thread queued while this one stopped is dropped like any later one.
@@ -85,15 +89,17 @@ std::string Logger::Stop(const std::string& crashLog) {
     return crashLogPath;
 }
 
-void Logger::WriteLines(const boost::filesystem::path& logPath) {
-    std::ofstream file(logPath.string(), std::ios::trunc);
+void Logger::WriteLines(const boost::filesystem::path& logPath, std::ios::openmode mode) {
+    std::ofstream file(logPath.string(), mode);
     const auto write = [&file](std::string* line) {
         file << *line << std::endl;
         delete line;
     };
     while (running) {
-        if (!queue.consume_one(write))
-            std::this_thread::sleep_for(kPoll);
+        if (queue.consume_one(write))
+            continue;
+        std::unique_lock lock(wakeMutex);
+        wake.wait_for(lock, kPoll, [this] { return !running; });
     }
     queue.consume_all(write);
     file.close();

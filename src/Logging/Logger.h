@@ -7,7 +7,9 @@
 #include <atomic>
 #include <boost/filesystem/path.hpp>
 #include <boost/lockfree/queue.hpp>
+#include <condition_variable>
 #include <cstdint>
+#include <ios>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -31,8 +33,8 @@ public:
     static Logger& Get();
 
     /// Starts the writer thread; a second call does nothing. `fileName` is the log's name in the folder "Vorelle" of
-    /// the user's data folder.
-    void Start(const std::string& fileName = "log.txt");
+    /// the user's data folder. With std::ios::app it goes on with a log that other processes write to as well.
+    void Start(const std::string& fileName = "log.txt", std::ios::openmode mode = std::ios::trunc);
     /// Queues one line: seconds since start, source file, line and message. After Stop the line is dropped.
     void Log(const char* file, std::int32_t line, std::string message);
     void Log(const char* file, std::int32_t line, const TextureDescription& texture);
@@ -43,7 +45,7 @@ public:
 
 private:
     Logger();
-    void WriteLines(const boost::filesystem::path& logPath);
+    void WriteLines(const boost::filesystem::path& logPath, std::ios::openmode mode);
 
     std::string crashLogName; ///< guarded by stopMutex until the writer thread ends
     std::string crashLogPath; ///< the writer thread's; others read it after they joined it
@@ -51,6 +53,8 @@ private:
     std::atomic<bool> accepting{true};          ///< false from Stop on
     boost::lockfree::queue<std::string*> queue; ///< finished lines, owned by the queue
     std::mutex stopMutex;                       ///< one Stop at a time
+    std::mutex wakeMutex;                       ///< for `wake`
+    std::condition_variable wake;               ///< Stop cuts the writer's sleep short
     Utils::Timer timer;
     std::thread thread;
 };

@@ -2,6 +2,7 @@
 
 #include "Utils/Text.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace Sim {
@@ -30,31 +31,33 @@ bool IsBeforeKey(std::string_view text) {
 
 /// Where a text holds a key next; its size where it does not.
 std::size_t Find(std::string_view text, std::string_view key) {
-    const auto* hit = static_cast<const char*>(memmem(text.data(), text.size(), key.data(), key.size()));
-    return hit ? static_cast<std::size_t>(hit - text.data()) : text.size();
+#ifdef __GLIBC__ // its search is twice as fast as the standard library's
+    const void* hit = memmem(text.data(), text.size(), key.data(), key.size());
+    return hit ? static_cast<std::size_t>(static_cast<const char*>(hit) - text.data()) : text.size();
+#else
+    return std::min(text.find(key), text.size());
+#endif
 }
 
 } // namespace
 
-void ForEachAcfProperty(std::string_view acf, std::string_view key,
-                        const std::function<void(const std::vector<std::string_view>&)>& use) {
-    std::size_t at = Find(acf, key);
-    while (at != acf.size()) {
-        std::string_view rest = acf.substr(at + key.size());
-        if (!rest.empty() && IsBlank(rest.front()) && IsBeforeKey(acf.substr(0, at))) {
-            std::string_view line;
-            Utils::NextLine(rest, line);
-            const std::vector<std::string_view> words = Utils::Words(line);
-            if (!words.empty())
-                use(words);
-        }
-        at = acf.size() - rest.size() + Find(rest, key);
+void ForEachAcfProperty(std::string_view acf, std::string_view key, const std::function<void(std::string_view)>& use) {
+    std::string_view rest = acf;
+    for (std::size_t at = Find(rest, key); at != rest.size(); at = Find(rest, key)) {
+        const std::string_view before = acf.substr(0, acf.size() - rest.size() + at);
+        rest.remove_prefix(at + key.size());
+        if (rest.empty() || !IsBlank(rest.front()) || !IsBeforeKey(before))
+            continue;
+        std::string_view line;
+        Utils::NextLine(rest, line);
+        if (const std::string_view value = Utils::Trimmed(line); !value.empty())
+            use(value);
     }
 }
 
-std::vector<std::string_view> LastAcfProperty(std::string_view acf, std::string_view key) {
-    std::vector<std::string_view> last;
-    ForEachAcfProperty(acf, key, [&](const std::vector<std::string_view>& words) { last = words; });
+std::string_view LastAcfProperty(std::string_view acf, std::string_view key) {
+    std::string_view last;
+    ForEachAcfProperty(acf, key, [&](std::string_view value) { last = value; });
     return last;
 }
 

@@ -39,10 +39,14 @@ std::optional<fs::path> FirstAcfFile(const fs::path& folder) {
     return std::nullopt;
 }
 
-std::string Joined(const std::vector<std::string_view>& words) {
+/// A value's words with one blank between each.
+std::string Joined(std::string_view value) {
     std::string text;
-    for (const std::string_view word : words)
-        text.append(text.empty() ? "" : " ").append(word);
+    for (const char c : value)
+        if (const bool blank = c == ' ' || c == '\t'; !blank)
+            text += c;
+        else if (text.back() != ' ')
+            text += ' ';
     return text;
 }
 
@@ -51,8 +55,8 @@ std::unique_ptr<AircraftInfo> MakeInfo(const fs::path& acfPath) {
     info->acfPath = acfPath.string();
     info->displayName = acfPath.filename().string();
     const std::string acf = Utils::ReadFile(acfPath);
-    if (const auto words = LastAcfProperty(acf, "acf/_descrip"); !words.empty())
-        info->displayName = Joined(words);
+    if (const std::string_view description = LastAcfProperty(acf, "acf/_descrip"); !description.empty())
+        info->displayName = Joined(description);
     return info;
 }
 

@@ -135,13 +135,13 @@ TEST_F(AnnotatorWindowTest, SelectsAPartFromThePreview) {
     Open();
     Load();
     const wxSize size = canvas->GetClientSize();
-    // The lever's square spans -0.1 to 0.1 metres about the view's axis at 1 metre, as the load leaves it at its end.
+    // The lever's square spans -0.1 to 0.1 metres about the view's axis at 1 metre.
     Click({size.x / 2, size.y / 2});
     EXPECT_EQ(IdLabel(), "ID: (1,0)");
     EXPECT_EQ(tree->GetSelection(), Item({"N: 0", "N: 1", "P: 0"}));
     EXPECT_TRUE(IsHighlighted(Item({"N: 0", "N: 1", "P: 0"})));
-    // Straight above it there is only the large square behind.
-    Click({size.x / 2, size.y / 4});
+    // To the lower right of it there is only the large square behind.
+    Click({3 * size.x / 4, 3 * size.y / 4});
     EXPECT_EQ(IdLabel(), "ID: (0,0)");
     EXPECT_TRUE(IsHighlighted(Item({"N: 0", "P: 0"})));
     EXPECT_FALSE(tree->IsBold(Item({"N: 0", "N: 1", "P: 0"})));

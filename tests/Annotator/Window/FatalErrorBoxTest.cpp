@@ -5,6 +5,7 @@
 #include "Utils/Asserts.h"
 
 #include <atomic>
+#include <gmock/gmock.h>
 #include <thread>
 
 namespace {

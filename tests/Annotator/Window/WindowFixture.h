@@ -51,17 +51,17 @@ inline std::vector<Corner> SquareAhead(float x, float y, float distance, float s
     return {a, b, c, a, c, d};
 }
 
-/// Node 0 with a large square, node 1 below it that "sim/lever" moves by half a metre to the right and back, with a
+/// Node 0 with a large square, node 1 below it that "sim/lever" moves by half a metre to the right, with a
 /// clickable square in the middle of the view and a shape beside it, and node 2 below that with a square at the left.
 inline CockpitModel::ModelData LeverModel() {
     ModelBuilder builder;
     builder.Part(0, SquareAhead(-2.0f, -2.0f, 3.0f, 4.0f));
     const int lever =
         builder.Node(0, Animation("sim/lever", {{TranslationKey(0, 0, 0, 0), TranslationKey(100, 0.5f, 0, 0)}}));
-    builder.Part(lever, SquareAhead(-0.6f, -0.1f, 1.0f, 0.2f));
+    builder.Part(lever, SquareAhead(-0.1f, -0.1f, 1.0f, 0.2f));
     builder.Rect(2).Text = "lever & knob";
-    builder.Part(lever, SquareAhead(-0.6f, 0.3f, 1.0f, 0.1f));
-    builder.Part(builder.Node(lever), SquareAhead(-1.2f, -0.1f, 1.0f, 0.2f));
+    builder.Part(lever, SquareAhead(-0.1f, 0.3f, 1.0f, 0.1f));
+    builder.Part(builder.Node(lever), SquareAhead(-0.7f, -0.1f, 1.0f, 0.2f));
     return std::move(builder.model);
 }
 

@@ -52,7 +52,7 @@ Calls Fired(const MouseRectCallbackEvent& callback, MouseEventKind kind, std::ui
     return target.calls;
 }
 
-Calls Applied(const MouseRectCallbackVariable& callback, float value, const NodePart& part = {}) {
+Calls Applied(const MouseRectCallbackVariable& callback, float value, const NodePart& part = NodePart()) {
     RecordingTarget target;
     MouseRect rect;
     rect.MouseFlags = kEverything;

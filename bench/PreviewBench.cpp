@@ -1,0 +1,173 @@
+#include "Annotator/AircraftRoad.h"
+#include "Annotator/CanvasControl.h"
+#include "Annotator/CockpitPreview.h"
+#include "Rendering/Memory/MemoryContext.h"
+#include "Sim/XPAircraftListLoader.h"
+#include "Support/DataFolder.h"
+#include "Support/ModelBuilder.h"
+#include "Utils/RangeCheck.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <ctime>
+#include <limits>
+
+namespace {
+
+using CockpitModel::NodePart;
+using Utils::Matrix4;
+
+constexpr Annotator::CanvasPoint kCanvas{1280, 800};
+
+double ThreadSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+template <typename Work>
+double Cost(Work work) {
+    const double start = ThreadSeconds();
+    work();
+    return ThreadSeconds() - start;
+}
+
+/// Both in turn within each iteration, so that what slows the machine down slows down both; best times count.
+template <typename Work, typename BareWork>
+void Compare(benchmark::State& state, Work work, BareWork bareWork, double runs = 1) {
+    double best = std::numeric_limits<double>::max(), bare = best;
+    for (auto _ : state) {
+        bare = std::min(bare, Cost(bareWork));
+        best = std::min(best, Cost(work));
+    }
+    state.counters["us"] = best / runs * 1e6;
+    state.counters["bare_us"] = bare / runs * 1e6;
+    state.counters["ratio"] = best / bare;
+}
+
+/// A scene with everything that a preview of it needs.
+struct Scene {
+    void Show() {
+        store = std::make_unique<CockpitModel::AnnotationStore>(*built.sceneGraph);
+        preview->SetScene(built.sceneGraph, built.model.get(), store.get());
+        control.Resize(kCanvas);
+        control.clickables = {preview};
+    }
+
+    Annotator::OpenedAircraft opened;
+    Annotator::BuiltAircraft built;
+    std::unique_ptr<CockpitModel::AnnotationStore> store;
+    std::shared_ptr<Annotator::CockpitPreview> preview = std::make_shared<Annotator::CockpitPreview>();
+    Annotator::CanvasControl control;
+};
+
+/// Two parts on each of many moving nodes; every second part has a rectangle and an annotation with a tooltip.
+Scene SyntheticScene(int partCount) {
+    Support::ModelBuilder builder;
+    for (int i = 0; i < partCount / 2; ++i) {
+        const int node = builder.Node(
+            0, Support::Animation("sim/" + std::to_string(i),
+                                  {{Support::TranslationKey(0, 0, 0, 0), Support::TranslationKey(100, 0, 1, 0)}}));
+        builder.Part(node, {{0, 0, 1}, {1, 0, 1}, {0, 1, 1}});
+        builder.Part(node, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
+        builder.Rect(1);
+    }
+    Scene scene;
+    scene.opened.cockpit = std::make_unique<Support::ModelCockpit>(builder.model);
+    scene.built = Annotator::BuildAircraft(scene.opened);
+    scene.Show();
+    for (const auto& node : scene.built.sceneGraph->Nodes()) {
+        for (NodePart* part : node->clickableParts) {
+            CockpitModel::AnnotationRecord record;
+            record.NodeId = node->index;
+            record.PartId = part->id;
+            record.InteractionTypeTest = CockpitModel::TouchInteractionType::Twist;
+            record.Tooltip = "Cabin pressure altitude warning horn cut-out";
+            scene.store->Set(*part, record);
+        }
+    }
+    return scene;
+}
+
+/// A frame on the memory context, beside the same draw calls with a record made ahead.
+void Frame(benchmark::State& state) {
+    Support::BindDataFolder();
+    Scene scene = SyntheticScene(static_cast<int>(state.range(0)));
+    Rendering::Memory::MemoryContext context;
+    const Matrix4 view = scene.control.camera.ViewMatrix(), projection = scene.control.projection;
+    const Rendering::GeometryDrawParams params;
+    scene.preview->Render(context, view, projection);
+    Compare(
+        state, [&] { scene.preview->Render(context, view, projection); },
+        [&] {
+            for (const auto& node : scene.built.sceneGraph->Nodes())
+                for (const auto& part : node->parts)
+                    context.DrawGeometry(node->worldMatrix, view, projection, *part->geometry, nullptr, nullptr,
+                                         params);
+        });
+}
+BENCHMARK(Frame)->Arg(2000);
+
+/// Moves of the pointer over the whole canvas, with the cockpit seen from the pilot's eye, beside a plain walk over all
+/// parts with an inverse for each node.
+void Pointer(benchmark::State& state, const Sim::AircraftInfo& info) {
+    CockpitModel::GaugeRepository repository(".");
+    Scene scene;
+    scene.opened = Annotator::OpenAircraft(info, repository);
+    scene.built = Annotator::BuildAircraft(scene.opened);
+    scene.Show();
+    scene.control.camera.SetPosition(Annotator::CameraPlace(*scene.opened.cockpit));
+    const auto overCanvas = [](auto visit) {
+        constexpr int kStep = 40;
+        for (int y = kStep / 2; y < kCanvas.y; y += kStep)
+            for (int x = kStep / 2; x < kCanvas.x; x += kStep)
+                visit(Annotator::CanvasPoint{x, y});
+    };
+    double events = 0, parts = 0;
+    overCanvas([&](Annotator::CanvasPoint) { ++events; });
+    for (const auto& node : scene.built.sceneGraph->Nodes())
+        parts += static_cast<double>(node->parts.size());
+
+    const auto plainWalk = [&](Annotator::CanvasPoint pointer) {
+        CockpitModel::PartRay ray;
+        ray.direction = Utils::Normalised(
+            {(2.0f * static_cast<float>(pointer.x) / kCanvas.x - 1.0f) / scene.control.projection(0, 0),
+             (1.0f - 2.0f * static_cast<float>(pointer.y) / kCanvas.y) / scene.control.projection(1, 1), 1.0f});
+        const Matrix4 view = scene.control.camera.ViewMatrix();
+        for (const auto& node : scene.built.sceneGraph->Nodes()) {
+            if (node->parts.empty())
+                continue;
+            const auto partRay = CockpitModel::TransformRay(ray, (node->worldMatrix * view).inverse());
+            for (const auto& part : node->parts)
+                benchmark::DoNotOptimize(part->tree.Intersect(partRay));
+        }
+    };
+    Compare(
+        state, [&] { overCanvas([&](Annotator::CanvasPoint pointer) { scene.control.Motion(pointer, false); }); },
+        [&] { overCanvas(plainWalk); }, events);
+    state.counters["parts"] = parts;
+}
+
+void RegisterAircraft(const char* installation) {
+    boost::filesystem::current_path(installation);
+    static const Sim::AircraftList aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
+    for (const auto& info : aircraft)
+        benchmark::RegisterBenchmark(("Pointer/" + info->displayName).c_str(), [&info](benchmark::State& state) {
+            try {
+                Pointer(state, *info);
+            } catch (const std::exception& error) { // an aircraft that cannot be loaded
+                state.SkipWithError(Utils::Describe(error).c_str());
+            }
+        });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (const char* installation = std::getenv("VORELLE_INSTALLATION"))
+        RegisterAircraft(installation);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+}

@@ -1,0 +1,101 @@
+#include "Batch/AircraftSelection.h"
+
+#include "Annotator/FailureTexts.h"
+#include "Sim/XPAircraftListLoader.h"
+#include "Utils/Text.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <boost/filesystem/exception.hpp>
+#include <boost/filesystem/operations.hpp>
+#include <set>
+
+namespace Batch {
+
+namespace {
+
+/// So many aircraft are offered where a word means none.
+constexpr std::size_t kOffered = 40;
+constexpr std::size_t kMostJobs = 1024;
+
+bool Contains(const std::string& text, const std::string& lowerWord) {
+    return Utils::Lower(text).find(lowerWord) != std::string::npos;
+}
+
+/// Names are compared as they are shown, too: a person types what they see.
+bool Matches(const Sim::AircraftInfo& info, const std::string& lowerWord) {
+    return !lowerWord.empty() && (Contains(info.acfPath, lowerWord) || Contains(info.displayName, lowerWord) ||
+                                  Contains(Utils::Readable(info.acfPath), lowerWord) ||
+                                  Contains(Utils::Readable(info.displayName), lowerWord));
+}
+
+std::string Listed(const AircraftSelection& aircraft) {
+    std::string text;
+    for (std::size_t i = 0; i < std::min(aircraft.size(), kOffered); ++i)
+        text += "\n  " + NameOf(*aircraft[i]);
+    if (aircraft.size() > kOffered)
+        text += "\n  and " + std::to_string(aircraft.size() - kOffered) + " more";
+    return text;
+}
+
+AircraftSelection All(const Sim::AircraftList& aircraft) {
+    AircraftSelection all;
+    for (const auto& info : aircraft)
+        all.push_back(info.get());
+    return all;
+}
+
+} // namespace
+
+Sim::AircraftList LoadInstallation(Console& console) {
+    try {
+        Sim::AircraftList aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
+        if (aircraft.empty())
+            console.Message("no aircraft below " + (boost::filesystem::current_path() / "Aircraft").string());
+        return aircraft;
+    } catch (const boost::filesystem::filesystem_error& error) {
+        throw CommandError(kAircraftFailed, "cannot list the aircraft: " + Annotator::ReasonText(error));
+    }
+}
+
+const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& word) {
+    AircraftSelection matches;
+    for (const auto& info : aircraft) {
+        if (info->acfPath == word)
+            return *info;
+        if (Matches(*info, Utils::Lower(word)))
+            matches.push_back(info.get());
+    }
+    if (matches.size() > 1)
+        throw CommandError(kWrongUsage, "'" + word + "' means several aircraft:" + Listed(matches));
+    if (matches.empty())
+        throw CommandError(kWrongUsage, "'" + word + "' means no aircraft; there are:" + Listed(All(aircraft)));
+    return *matches.front();
+}
+
+AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& words) {
+    AircraftSelection selection = All(aircraft);
+    if (words.empty())
+        return selection;
+    std::set<const Sim::AircraftInfo*> wanted;
+    for (const std::string& word : words)
+        wanted.insert(&SelectAircraft(aircraft, word));
+    std::erase_if(selection, [&](const Sim::AircraftInfo* info) { return !wanted.contains(info); });
+    return selection;
+}
+
+void AddAircraftOption(CLI::App& app, std::vector<std::string>& words) {
+    app.add_option("AIRCRAFT", words, "Only these aircraft")->type_name("");
+}
+
+void AddJobsOption(CLI::App& app, std::size_t& jobs) {
+    app.add_option("--jobs,-j", jobs, "So many aircraft at once; as many as there are processors without it")
+        ->type_name("N")
+        ->check(CLI::Range(std::size_t{1}, std::size_t{kMostJobs}));
+}
+
+std::string NameOf(const Sim::AircraftInfo& info) {
+    return info.displayName + " (" + info.acfPath + ")";
+}
+
+} // namespace Batch

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Batch/Command.h"
+
+namespace Batch {
+
+Action PrepareList(CLI::App& app);
+Action PrepareDetect(CLI::App& app);
+Action PrepareInspect(CLI::App& app);
+Action PrepareTest(CLI::App& app);
+
+} // namespace Batch

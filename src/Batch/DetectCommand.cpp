@@ -1,0 +1,114 @@
+#include "Annotator/AircraftRoad.h"
+#include "Annotator/DetectedDataExport.h"
+#include "Batch/AircraftSelection.h"
+#include "Batch/Commands.h"
+#include "Batch/Jobs.h"
+#include "Logging/Logger.h"
+#include "Utils/SaveFile.h"
+
+#include <CLI/CLI.hpp>
+#include <boost/filesystem/operations.hpp>
+#include <map>
+#include <memory>
+
+namespace Batch {
+
+namespace {
+
+struct DetectOptions {
+    std::string folder; ///< empty for the one of the desktop tool's menu entry
+    std::size_t jobs = DefaultProcesses();
+    std::vector<std::string> aircraft;
+};
+
+std::string DetectOne(const Sim::AircraftInfo& info) {
+    Logging::Logger& log = Logging::Logger::Get();
+    log.Log(HERE, "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
+    try {
+        CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+        const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+        return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened).sceneGraph);
+    } catch (const std::exception&) {
+        log.Log(HERE, "Failed to load model.  Skipping...");
+        throw;
+    }
+}
+
+/// Writes results, which come in list order: where two aircraft have the same file, the later one stands.
+class DetectedDataWriter {
+public:
+    DetectedDataWriter(std::string outputFolder, Console& messages)
+        : folder(std::move(outputFolder)), console(messages) {
+        boost::system::error_code error;
+        boost::filesystem::create_directories(folder, error);
+        if (error)
+            throw CommandError(kNotWritten, "cannot make the folder " + folder + ": " + error.message());
+    }
+
+    void Take(const Sim::AircraftInfo& info, const JobResult& result) {
+        if (result.failure) {
+            console.Message(NameOf(info) + ": " + *result.failure);
+            ++failed;
+        } else {
+            Write(info, result.output);
+        }
+    }
+
+    ExitCode Finish(std::size_t aircraft) const {
+        console.Message(Counted(files.size(), "detected-data file") + " in " + folder + ", " + std::to_string(failed) +
+                        " of " + std::to_string(aircraft) + " aircraft failed");
+        return notWritten ? kNotWritten : failed > 0 ? kAircraftFailed : kDone;
+    }
+
+private:
+    void Write(const Sim::AircraftInfo& info, const std::string& xml) {
+        const std::string name = Annotator::DetectedDataFileName(info);
+        const std::string path = (boost::filesystem::path(folder) / name).string();
+        if (const auto saved = Utils::SaveFile(path, xml); !saved) {
+            console.Message(saved.error);
+            notWritten = true;
+            return;
+        }
+        const auto [earlier, isNew] = files.try_emplace(name, &info);
+        if (!isNew)
+            console.Message(path + " is of both " + NameOf(*earlier->second) + " and " + NameOf(info) +
+                            "; the latter stands");
+        earlier->second = &info;
+    }
+
+    std::string folder;
+    Console& console;
+    std::map<std::string, const Sim::AircraftInfo*> files; ///< by name, whose they are
+    std::size_t failed = 0;
+    bool notWritten = false;
+};
+
+ExitCode Detect(const DetectOptions& options, Session& session) {
+    const Sim::AircraftList list = LoadInstallation(session.console);
+    const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
+    DetectedDataWriter writer(options.folder.empty() ? Annotator::DetectedDataFolder()
+                                                     : session.CallersPath(options.folder),
+                              session.console);
+    session.console.BeginProgress(aircraft.size());
+    RunJobs(
+        aircraft.size(), options.jobs, [&](std::size_t index) { return DetectOne(*aircraft[index]); },
+        [&](const JobResult& result) {
+            writer.Take(*aircraft[result.index], result);
+            session.console.Advance();
+        });
+    session.console.EndProgress();
+    return writer.Finish(aircraft.size());
+}
+
+} // namespace
+
+Action PrepareDetect(CLI::App& app) {
+    auto options = std::make_shared<DetectOptions>();
+    app.add_option("--out", options->folder, "Where the files go; QVRA/AirLogs/... of the installation without it")
+        ->type_name("DIR");
+    AddJobsOption(app, options->jobs);
+    AddAircraftOption(app, options->aircraft);
+    return [options](Session& session) { return Detect(*options, session); };
+}
+
+} // namespace Batch

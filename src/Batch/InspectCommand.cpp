@@ -1,0 +1,69 @@
+#include "Annotator/AircraftRoad.h"
+#include "Batch/AircraftSelection.h"
+#include "Batch/CockpitJson.h"
+#include "Batch/Commands.h"
+#include "Batch/Jobs.h"
+
+#include <CLI/CLI.hpp>
+#include <boost/filesystem/operations.hpp>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
+
+namespace Batch {
+
+namespace {
+
+struct InspectOptions {
+    std::string panel; ///< a panel configuration in place of the aircraft's own
+    std::string aircraft;
+};
+
+std::string ReadPanel(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    if (!file || (file.peek() != EOF && !(text << file.rdbuf())) || file.bad())
+        throw CommandError(kWrongUsage, "cannot read " + path + ": " + std::strerror(errno));
+    return std::move(text).str();
+}
+
+std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::string>& panel) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    if (panel) {
+        std::istringstream configuration(*panel);
+        opened.panels->Read(configuration, repository);
+    }
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+    std::ostringstream json;
+    WriteCockpitJson(json, info, *opened.cockpit, *built.sceneGraph, panel ? opened.panels.get() : nullptr);
+    return std::move(json).str();
+}
+
+ExitCode Inspect(const InspectOptions& options, Session& session) {
+    const Sim::AircraftList list = LoadInstallation(session.console);
+    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    std::optional<std::string> panel;
+    if (!options.panel.empty()) {
+        panel = ReadPanel(session.CallersPath(options.panel));
+        session.console.Message("there is no source of gauges, so that panels have no entries");
+    }
+    std::cout << RunJob(NameOf(info), [&] { return InspectOne(info, panel); });
+    return kDone;
+}
+
+} // namespace
+
+Action PrepareInspect(CLI::App& app) {
+    auto options = std::make_shared<InspectOptions>();
+    app.add_option("--panel", options->panel, "Reads this panel configuration for the aircraft and shows what it gave")
+        ->type_name("FILE");
+    app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
+    return [options](Session& session) { return Inspect(*options, session); };
+}
+
+} // namespace Batch

@@ -1,0 +1,106 @@
+#include "Batch/Program.h"
+
+#include "Annotator/FailureTexts.h"
+#include "Batch/BatchLog.h"
+#include "Batch/Commands.h"
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <boost/filesystem/operations.hpp>
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+
+namespace Batch {
+
+namespace {
+
+constexpr std::array kCommands{
+    Command{"list", "Lists the aircraft: path, a tab, name", PrepareList},
+    Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
+    Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
+    Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
+};
+
+constexpr const char* kFooter = "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other "
+                                "aircraft has.\nExit codes: 0 done, 1 a test failed, 2 wrong usage, 3 an aircraft "
+                                "could not be loaded or tested,\n4 a file could not be written.";
+
+/// The options that all commands share, and the action of the chosen one.
+struct CommandLine {
+    CommandLine();
+
+    CLI::App app{"Works out how a hand in virtual reality touches the cockpits of an X-Plane installation.",
+                 "vorelle-batch"};
+    std::string installation = ".";
+    Action action;
+};
+
+CommandLine::CommandLine() {
+    app.footer(kFooter);
+    app.set_version_flag("--version", "vorelle-batch " VORELLE_VERSION);
+    app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
+        ->type_name("DIR")
+        ->take_last();
+    app.fallthrough();
+    for (const Command& command : kCommands) {
+        CLI::App* subcommand = app.add_subcommand(command.name, command.description);
+        subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
+    }
+}
+
+void EnterInstallation(const std::string& folder) {
+    boost::system::error_code error;
+    boost::filesystem::current_path(folder, error);
+    if (error)
+        throw CommandError(kWrongUsage, "cannot enter " + folder + ": " + error.message());
+}
+
+/// A full disk behind the standard output shows at the latest when its buffer is emptied.
+void FlushOutput() {
+    errno = 0;
+    if (!std::cout.flush())
+        throw CommandError(kNotWritten, std::string("cannot write to the standard output") +
+                                            (errno != 0 ? std::string(": ") + std::strerror(errno) : ""));
+}
+
+ExitCode RunAction(const CommandLine& line, Session& session) {
+    try {
+        session.startFolder = boost::filesystem::current_path();
+        EnterInstallation(line.installation);
+        BeginLog();
+        const ExitCode code = line.action(session);
+        FlushOutput();
+        return code;
+    } catch (const CommandError& error) {
+        session.console.Message(error.what());
+        return error.code;
+    } catch (const std::exception& error) {
+        session.console.Message(Annotator::ReasonText(error));
+        return kAircraftFailed;
+    }
+}
+
+} // namespace
+
+std::string Session::CallersPath(const std::string& path) const {
+    return boost::filesystem::absolute(path, startFolder).string();
+}
+
+int Run(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    CommandLine line;
+    try {
+        line.app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return line.app.exit(error) == 0 ? kDone : kWrongUsage;
+    }
+    Session session;
+    if (!line.action) {
+        session.console.Message("a command is required; --help lists them");
+        return kWrongUsage;
+    }
+    return RunAction(line, session);
+}
+
+} // namespace Batch

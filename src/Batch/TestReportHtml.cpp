@@ -1,0 +1,274 @@
+#include "Batch/Console.h"
+#include "Batch/TestReport.h"
+
+#include <array>
+#include <cmath>
+#include <map>
+#include <utility>
+
+namespace Batch {
+
+namespace {
+
+using Annotator::AircraftTests;
+using Annotator::PartTest;
+using CockpitModel::TouchInteractionType;
+using CockpitModel::TouchInteractionTypeToText;
+
+constexpr std::array kTypes{TouchInteractionType::None,       TouchInteractionType::Tap,
+                            TouchInteractionType::Twist,      TouchInteractionType::Move,
+                            TouchInteractionType::Radio,      TouchInteractionType::YokePart,
+                            TouchInteractionType::YokePrimary};
+
+constexpr const char* kHead = R"html(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<meta name="color-scheme" content="light dark">
+<title>Vorelle batch tests</title>
+<style>
+:root {
+  --page: #f6f7f9; --card: #ffffff; --text: #1c2430; --soft: #5c6878; --line: #dde2e9;
+  --good: #1a7f4b; --good-back: #dff3e7; --bad: #b3261e; --bad-back: #fbe3e1; --warn: #8a5a00; --link: #1f5fbf;
+}
+@media (prefers-color-scheme: dark) {
+  :root {
+    --page: #12161c; --card: #1b2129; --text: #e4e8ee; --soft: #9aa7b8; --line: #303945;
+    --good: #6fd3a0; --good-back: #173726; --bad: #ff9c94; --bad-back: #46201e; --warn: #f0c060; --link: #8ab8ff;
+  }
+}
+* { box-sizing: border-box; }
+body { margin: 0 auto; padding: 2rem 1.5rem 4rem; max-width: 72rem; background: var(--page); color: var(--text);
+       font: 16px/1.5 system-ui, sans-serif; }
+h1 { margin: 0 0 .25rem; font-size: 1.7rem; }
+h2 { margin: 2.5rem 0 .75rem; font-size: 1.25rem; }
+h3 { margin: 1.75rem 0 .5rem; font-size: 1rem; scroll-margin-top: 1rem; }
+p { margin: .25rem 0 .75rem; }
+a { color: var(--link); }
+.soft { color: var(--soft); }
+.good { color: var(--good); }
+.bad { color: var(--bad); }
+.warn { color: var(--warn); white-space: nowrap; }
+.tiles { display: grid; grid-template-columns: repeat(auto-fit, minmax(9rem, 1fr)); gap: .75rem; margin: 1.5rem 0; }
+.tile { padding: .75rem 1rem; background: var(--card); border: 1px solid var(--line); border-radius: .5rem; }
+.tile b { display: block; font-size: 1.6rem; line-height: 1.2; font-variant-numeric: tabular-nums; }
+.scroll { overflow-x: auto; background: var(--card); border: 1px solid var(--line); border-radius: .5rem; }
+table { border-collapse: collapse; width: 100%; }
+th, td { padding: .45rem .75rem; border-bottom: 1px solid var(--line); text-align: left; vertical-align: top; }
+tbody tr:last-child > * { border-bottom: 0; }
+thead th { color: var(--soft); font-size: .85rem; font-weight: 600; white-space: nowrap; }
+.number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
+.path { display: block; color: var(--soft); font-size: .8rem; overflow-wrap: anywhere; }
+td.rectangle { font-family: ui-monospace, monospace; font-size: .85rem; overflow-wrap: anywhere; }
+.matrix { width: fit-content; max-width: 100%; }
+.matrix th, .matrix td { text-align: center; min-width: 5.2rem; }
+.matrix tbody th { text-align: right; color: var(--soft); font-size: .85rem; }
+.matrix td a { display: block; border-radius: .3rem; font-weight: 600; text-decoration: none; }
+.matrix a.same { background: var(--good-back); color: var(--good); }
+.matrix a.other { background: var(--bad-back); color: var(--bad); }
+.matrix a:hover, .matrix a:focus { outline: 2px solid currentColor; }
+meter { width: 6rem; vertical-align: middle; margin-right: .5rem; }
+ul { padding-left: 1.25rem; }
+:target { outline: 2px solid var(--link); outline-offset: .25rem; border-radius: .2rem; }
+</style>
+</head>
+<body>
+)html";
+
+constexpr const char* kTail = "</body>\n</html>\n";
+
+std::string Escaped(std::string_view text) {
+    std::string escaped;
+    for (const char c : WithoutControls(text)) {
+        switch (c) {
+        case '&':
+            escaped += "&amp;";
+            break;
+        case '<':
+            escaped += "&lt;";
+            break;
+        case '>':
+            escaped += "&gt;";
+            break;
+        case '"':
+            escaped += "&quot;";
+            break;
+        default:
+            escaped += c;
+        }
+    }
+    return escaped;
+}
+
+std::string Element(const std::string& name, const std::string& content, const std::string& attributes = {}) {
+    return "<" + name + (attributes.empty() ? "" : " " + attributes) + ">" + content + "</" + name + ">";
+}
+
+std::string NumberCell(std::size_t number, const char* style = "") {
+    return Element("td", std::to_string(number), std::string("class=\"number ") + (number > 0 ? style : "") + "\"");
+}
+
+std::string Tile(const std::string& figure, const std::string& label, const char* style = "") {
+    return Element("div", Element("b", figure, std::string("class=\"") + style + "\"") + label, "class=\"tile\"") +
+           "\n";
+}
+
+std::string Percent(std::size_t part, std::size_t whole) {
+    return whole == 0 ? "–" : std::to_string(100 * part / whole) + " %";
+}
+
+/// A table in a frame that scrolls sideways on narrow screens.
+std::string Table(const std::string& head, const std::string& rows, const std::string& style = {}) {
+    return "<div class=\"scroll " + style + "\">\n<table>\n<thead><tr>" + head + "</tr></thead>\n<tbody>\n" + rows +
+           "</tbody>\n</table>\n</div>\n";
+}
+
+std::string HeadCells(const std::vector<std::pair<std::string, std::string>>& namesAndStyles) {
+    std::string cells;
+    for (const auto& [name, style] : namesAndStyles)
+        cells += Element("th", name, "scope=\"col\" class=\"" + style + "\"");
+    return cells;
+}
+
+/// Expected and detected type.
+using Cell = std::pair<TouchInteractionType, TouchInteractionType>;
+
+struct TestedPart {
+    const AircraftTests* aircraft;
+    const PartTest* part;
+};
+
+using PartsByCell = std::map<Cell, std::vector<TestedPart>>;
+
+PartsByCell SortByCell(const TestReport& report) {
+    PartsByCell cells;
+    for (const AircraftReport& aircraft : report)
+        for (const PartTest& part : aircraft.tests.parts)
+            cells[{part.expected, part.detected}].push_back({&aircraft.tests, &part});
+    return cells;
+}
+
+std::string Anchor(const Cell& cell) {
+    return TouchInteractionTypeToText(cell.first) + "-as-" + TouchInteractionTypeToText(cell.second);
+}
+
+std::string Verdict(const TestTotals& totals) {
+    if (totals.failed > 0)
+        return Element("p", std::to_string(totals.failed) + " of " + Counted(totals.Tests(), "test") + " failed.",
+                       "class=\"bad\"");
+    if (totals.Tests() == 0)
+        return Element("p", "There is no test.", "class=\"soft\"");
+    return Element(
+        "p", totals.Tests() == 1 ? "The test passed." : "All " + std::to_string(totals.Tests()) + " tests passed.",
+        "class=\"good\"");
+}
+
+std::string Summary(const TestReport& report) {
+    const TestTotals totals = Totals(report);
+    std::string html = Element("h1", "Vorelle batch tests") + "\n" + Verdict(totals) + "\n<div class=\"tiles\">\n";
+    html += Tile(std::to_string(totals.Tests()), "tests");
+    html += Tile(std::to_string(totals.passed), "passed", totals.passed > 0 ? "good" : "");
+    html += Tile(std::to_string(totals.failed), "failed", totals.failed > 0 ? "bad" : "");
+    html += Tile(std::to_string(report.size()), "annotated aircraft");
+    html += Tile(std::to_string(totals.withProblems), "aircraft with problems", totals.withProblems > 0 ? "warn" : "");
+    html += Tile(Percent(totals.covered, totals.clickable), "of clickable parts covered");
+    return html + "</div>\n";
+}
+
+std::string MatrixCell(const PartsByCell& cells, const Cell& cell) {
+    const auto parts = cells.find(cell);
+    if (parts == cells.end())
+        return Element("td", "·", "class=\"soft\"");
+    return Element("td", Element("a", std::to_string(parts->second.size()),
+                                 "class=\"" + std::string(cell.first == cell.second ? "same" : "other") +
+                                     "\" href=\"#" + Anchor(cell) + "\""));
+}
+
+std::string Matrix(const PartsByCell& cells) {
+    std::string head = Element("td", "expected ↓ &ensp; detected →", "class=\"soft\"");
+    std::string rows;
+    for (const TouchInteractionType expected : kTypes) {
+        const std::string name = TouchInteractionTypeToText(expected);
+        head += Element("th", name, "scope=\"col\"");
+        std::string row = Element("th", name, "scope=\"row\"");
+        for (const TouchInteractionType detected : kTypes)
+            row += MatrixCell(cells, {expected, detected});
+        rows += Element("tr", row) + "\n";
+    }
+    return Element("h2", "Expected against detected types") + "\n" + Table(head, rows, "matrix");
+}
+
+std::string Problems(const TestReport& report) {
+    std::string items;
+    for (const auto& [tests, problems] : report)
+        for (const std::string& problem : problems)
+            items += Element("li", Element("strong", Escaped(tests.displayName)) + ": " + Escaped(problem) +
+                                       Element("span", Escaped(tests.acfPath), "class=\"path\"")) +
+                     "\n";
+    return items.empty() ? "" : Element("h2", "Problems") + "\n<ul>\n" + items + "</ul>\n";
+}
+
+std::string Coverage(const AircraftTests& tests) {
+    const std::string value = std::to_string(tests.covered), most = std::to_string(tests.clickable);
+    if (tests.clickable == 0)
+        return Element("td", "–", "class=\"soft\"");
+    return Element("td", Element("meter", "", "max=\"" + most + "\" value=\"" + value + "\"") + value + " of " + most +
+                             " parts");
+}
+
+std::string AircraftRows(const TestReport& report) {
+    std::string rows;
+    for (const auto& [tests, problems] : report) {
+        const std::string mark = problems.empty() ? "" : " " + Element("span", "▲ problem", "class=\"warn\"");
+        rows += Element("tr", Element("td", Escaped(tests.displayName) + mark +
+                                                Element("span", Escaped(tests.acfPath), "class=\"path\"")) +
+                                  NumberCell(tests.Passed(), "good") + NumberCell(tests.Failed(), "bad") +
+                                  NumberCell(tests.Total()) + Coverage(tests)) +
+                "\n";
+    }
+    return rows;
+}
+
+std::string Aircraft(const TestReport& report) {
+    return Element("h2", "Aircraft") + "\n" +
+           Table(HeadCells({{"Aircraft", ""},
+                            {"Passed", "number"},
+                            {"Failed", "number"},
+                            {"Total", "number"},
+                            {"Clickable parts with an expectation", ""}}),
+                 AircraftRows(report));
+}
+
+std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) {
+    std::string rows;
+    for (const auto& [aircraft, part] : parts)
+        rows += Element("tr", Element("td", Escaped(aircraft->displayName)) +
+                                  Element("td", std::to_string(part->NodeId), "class=\"number\"") +
+                                  Element("td", std::to_string(part->PartId), "class=\"number\"") +
+                                  Element("td", Escaped(part->rectangle), "class=\"rectangle\"")) +
+                "\n";
+    const std::string title = "Expected " + TouchInteractionTypeToText(cell.first) + ", detected " +
+                              TouchInteractionTypeToText(cell.second) + " (" + std::to_string(parts.size()) + ")";
+    return Element("h3", title, "id=\"" + Anchor(cell) + "\"") + "\n" +
+           Table(HeadCells({{"Aircraft", ""}, {"NodeId", "number"}, {"PartId", "number"}, {"Mouse rectangle", ""}}),
+                 rows);
+}
+
+std::string Parts(const PartsByCell& cells, bool passed) {
+    std::string html;
+    for (const auto& [cell, parts] : cells)
+        if ((cell.first == cell.second) == passed)
+            html += PartsOfCell(cell, parts);
+    return html.empty() ? "" : Element("h2", passed ? "Passed parts" : "Failed parts") + "\n" + html;
+}
+
+} // namespace
+
+std::string HtmlReport(const TestReport& report) {
+    const PartsByCell cells = SortByCell(report);
+    return kHead + Summary(report) + Problems(report) + Matrix(cells) + Aircraft(report) + Parts(cells, false) +
+           Parts(cells, true) + kTail;
+}
+
+} // namespace Batch

@@ -1,0 +1,98 @@
+#include "Batch/TestReport.h"
+
+#include <tinyxml2.h>
+
+namespace Batch {
+
+namespace {
+
+using Annotator::AircraftTests;
+using Annotator::PartTest;
+using CockpitModel::TouchInteractionTypeToText;
+
+class JUnitWriter {
+public:
+    explicit JUnitWriter(const TestReport& report) {
+        const TestTotals totals = Totals(report);
+        std::size_t errors = 0;
+        for (const AircraftReport& aircraft : report)
+            errors += aircraft.problems.size();
+        printer.PushHeader(false, true);
+        printer.OpenElement("testsuites");
+        Attribute("name", "vorelle-batch");
+        Counts(totals.Tests() + errors, totals.failed, errors);
+        for (const AircraftReport& aircraft : report)
+            if (aircraft.tests.Total() + aircraft.problems.size() > 0)
+                Suite(aircraft);
+        printer.CloseElement();
+    }
+
+    std::string Text() const { return printer.CStr(); }
+
+private:
+    void Attribute(const char* name, const std::string& value) {
+        printer.PushAttribute(name, WithoutControls(value).c_str());
+    }
+
+    void Counts(std::size_t tests, std::size_t failures, std::size_t errors) {
+        Attribute("tests", std::to_string(tests));
+        Attribute("failures", std::to_string(failures));
+        Attribute("errors", std::to_string(errors));
+    }
+
+    void Suite(const AircraftReport& aircraft) {
+        const AircraftTests& tests = aircraft.tests;
+        printer.OpenElement("testsuite");
+        Attribute("name", tests.displayName);
+        Counts(tests.Total() + aircraft.problems.size(), tests.Failed(), aircraft.problems.size());
+        printer.OpenElement("properties");
+        printer.OpenElement("property");
+        Attribute("name", "acfPath");
+        Attribute("value", tests.acfPath);
+        printer.CloseElement();
+        printer.CloseElement();
+        for (const PartTest& part : tests.parts)
+            Case(tests, part);
+        for (const std::string& problem : aircraft.problems)
+            Error(tests, problem);
+        printer.CloseElement();
+    }
+
+    void Case(const AircraftTests& tests, const PartTest& part) {
+        const std::string rectangle = part.rectangle.empty() ? "" : ": " + part.rectangle;
+        OpenCase(tests, "node " + std::to_string(part.NodeId) + " part " + std::to_string(part.PartId) + rectangle);
+        if (!part.passed) {
+            printer.OpenElement("failure");
+            Attribute("type", "InteractionType");
+            Attribute("message", "expected " + TouchInteractionTypeToText(part.expected) + ", detected " +
+                                     TouchInteractionTypeToText(part.detected));
+            printer.CloseElement();
+        }
+        printer.CloseElement();
+    }
+
+    void Error(const AircraftTests& tests, const std::string& problem) {
+        OpenCase(tests, "aircraft");
+        printer.OpenElement("error");
+        Attribute("type", "Aircraft");
+        Attribute("message", problem);
+        printer.CloseElement();
+        printer.CloseElement();
+    }
+
+    void OpenCase(const AircraftTests& tests, const std::string& name) {
+        printer.OpenElement("testcase");
+        Attribute("classname", tests.displayName);
+        Attribute("name", name);
+    }
+
+    tinyxml2::XMLPrinter printer;
+};
+
+} // namespace
+
+std::string JUnitReport(const TestReport& report) {
+    return JUnitWriter(report).Text();
+}
+
+} // namespace Batch

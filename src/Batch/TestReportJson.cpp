@@ -1,0 +1,111 @@
+#include "Batch/Json.h"
+#include "Batch/TestReport.h"
+
+namespace Batch {
+
+namespace {
+
+using Annotator::AircraftTests;
+using Annotator::PartTest;
+using CockpitModel::AnnotationRecord;
+using CockpitModel::TouchInteractionTypeFromText;
+using CockpitModel::TouchInteractionTypeToText;
+
+Json ToJson(const PartTest& part) {
+    return {{"nodeId", part.NodeId},
+            {"partId", part.PartId},
+            {"mouseRect", JsonText(part.rectangle)},
+            {"expected", TouchInteractionTypeToText(part.expected)},
+            {"detected", TouchInteractionTypeToText(part.detected)},
+            {"passed", part.passed}};
+}
+
+PartTest PartFromJson(const Json& json) {
+    return {.NodeId = json.at("nodeId"),
+            .PartId = json.at("partId"),
+            .rectangle = json.at("mouseRect"),
+            .expected = TouchInteractionTypeFromText(json.at("expected").get<std::string>()),
+            .detected = TouchInteractionTypeFromText(json.at("detected").get<std::string>()),
+            .passed = json.at("passed")};
+}
+
+Json ToJson(const AnnotationRecord& unplaced) {
+    return {{"nodeId", unplaced.NodeId},
+            {"partId", unplaced.PartId},
+            {"expected", TouchInteractionTypeToText(*unplaced.InteractionTypeTest)}};
+}
+
+AnnotationRecord UnplacedFromJson(const Json& json) {
+    AnnotationRecord record;
+    record.NodeId = json.at("nodeId");
+    record.PartId = json.at("partId");
+    record.InteractionTypeTest = TouchInteractionTypeFromText(json.at("expected").get<std::string>());
+    return record;
+}
+
+template <typename List>
+Json ListToJson(const List& list) {
+    Json json = Json::array();
+    for (const auto& item : list)
+        json.push_back(ToJson(item));
+    return json;
+}
+
+Json ToJson(const AircraftReport& aircraft) {
+    const AircraftTests& tests = aircraft.tests;
+    Json problems = Json::array();
+    for (const std::string& problem : aircraft.problems)
+        problems.push_back(JsonText(problem));
+    return {{"displayName", JsonText(tests.displayName)},
+            {"acfPath", JsonText(tests.acfPath)},
+            {"hasCockpitObject", tests.hasCockpitObject},
+            {"passed", tests.Passed()},
+            {"failed", tests.Failed()},
+            {"total", tests.Total()},
+            {"clickable", tests.clickable},
+            {"covered", tests.covered},
+            {"problems", std::move(problems)},
+            {"parts", ListToJson(tests.parts)},
+            {"unplaced", ListToJson(tests.unplaced)}};
+}
+
+AircraftReport AircraftFromJson(const Json& json) {
+    AircraftReport aircraft;
+    AircraftTests& tests = aircraft.tests;
+    tests.displayName = json.at("displayName");
+    tests.acfPath = json.at("acfPath");
+    tests.hasCockpitObject = json.at("hasCockpitObject");
+    tests.clickable = json.at("clickable");
+    tests.covered = json.at("covered");
+    for (const Json& part : json.at("parts"))
+        tests.parts.push_back(PartFromJson(part));
+    for (const Json& record : json.at("unplaced"))
+        tests.unplaced.push_back(UnplacedFromJson(record));
+    for (const Json& problem : json.at("problems"))
+        aircraft.problems.push_back(problem);
+    return aircraft;
+}
+
+} // namespace
+
+std::string SerialiseAircraft(const AircraftReport& aircraft) {
+    return ToJson(aircraft).dump();
+}
+
+AircraftReport ParseAircraft(std::string_view json) {
+    return AircraftFromJson(Json::parse(json));
+}
+
+std::string JsonReport(const TestReport& report) {
+    const TestTotals totals = Totals(report);
+    Json aircraft = Json::array();
+    for (const AircraftReport& one : report)
+        aircraft.push_back(ToJson(one));
+    const Json json{{"passed", totals.passed},        {"failed", totals.failed},
+                    {"total", totals.Tests()},        {"clickable", totals.clickable},
+                    {"covered", totals.covered},      {"withProblems", totals.withProblems},
+                    {"aircraft", std::move(aircraft)}};
+    return json.dump(1) + "\n";
+}
+
+} // namespace Batch

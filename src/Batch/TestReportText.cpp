@@ -1,0 +1,96 @@
+#include "Batch/TestReport.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Batch {
+
+namespace {
+
+using CockpitModel::TouchInteractionTypeToText;
+
+using Row = std::vector<std::string>;
+
+/// Characters, not bytes: all but the continuation bytes of UTF-8.
+std::size_t Width(const std::string& text) {
+    return static_cast<std::size_t>(std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
+/// Columns parted by two blanks, the last one without blanks behind it.
+void PrintAligned(std::ostream& stream, const std::vector<Row>& rows) {
+    std::vector<std::size_t> widths(rows.front().size());
+    for (const Row& row : rows)
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], Width(row[i]));
+    for (const Row& row : rows) {
+        std::string line;
+        for (std::size_t i = 0; i < row.size(); ++i)
+            line += row[i] + std::string(i + 1 < row.size() ? widths[i] - Width(row[i]) + 2 : 0, ' ');
+        stream << line << '\n';
+    }
+}
+
+std::vector<Row> CountRows(const TestReport& report) {
+    std::vector<Row> rows{{"Aircraft", "Passed", "Failed", "Total"}};
+    for (const AircraftReport& aircraft : report) {
+        const Annotator::AircraftTests& tests = aircraft.tests;
+        if (tests.Total() > 0)
+            rows.push_back({tests.displayName, std::to_string(tests.Passed()), std::to_string(tests.Failed()),
+                            std::to_string(tests.Total())});
+    }
+    return rows;
+}
+
+std::vector<Row> FailureRows(const TestReport& report) {
+    std::vector<Row> rows{{"Failed part of", "NodeId", "PartId", "Expected", "Detected", "Mouse rectangle"}};
+    for (const AircraftReport& aircraft : report)
+        for (const Annotator::PartTest& part : aircraft.tests.parts)
+            if (!part.passed)
+                rows.push_back({aircraft.tests.displayName, std::to_string(part.NodeId), std::to_string(part.PartId),
+                                TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected),
+                                part.rectangle});
+    return rows;
+}
+
+/// Quoted where it has to be.
+std::string CsvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == text.npos)
+        return text;
+    std::string quoted = "\"";
+    for (const char c : text)
+        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + '"';
+}
+
+std::string CsvLine(const Row& fields) {
+    std::string line;
+    for (const std::string& field : fields)
+        line += (&field == fields.data() ? "" : ",") + CsvField(field);
+    return line + "\n";
+}
+
+} // namespace
+
+void PrintTable(std::ostream& stream, const TestReport& report) {
+    PrintAligned(stream, CountRows(report));
+    const std::vector<Row> failures = FailureRows(report);
+    if (failures.size() > 1) {
+        stream << '\n';
+        PrintAligned(stream, failures);
+    }
+}
+
+std::string CsvReport(const TestReport& report) {
+    std::string csv = "aircraft,acfPath,nodeId,partId,mouseRect,expected,detected,result,problem\n";
+    for (const auto& [tests, problems] : report) {
+        for (const Annotator::PartTest& part : tests.parts)
+            csv += CsvLine({tests.displayName, tests.acfPath, std::to_string(part.NodeId), std::to_string(part.PartId),
+                            part.rectangle, TouchInteractionTypeToText(part.expected),
+                            TouchInteractionTypeToText(part.detected), part.passed ? "passed" : "failed", ""});
+        for (const std::string& problem : problems)
+            csv += CsvLine({tests.displayName, tests.acfPath, "", "", "", "", "", "error", problem});
+    }
+    return csv;
+}
+
+} // namespace Batch

@@ -1,0 +1,155 @@
+#include "Batch/TestReport.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
+#include <tinyxml2.h>
+
+namespace Batch {
+namespace {
+
+using CockpitModel::TouchInteractionType;
+using testing::HasSubstr;
+using testing::Not;
+
+Annotator::PartTest Part(int node, int part, TouchInteractionType expected, TouchInteractionType detected,
+                         const std::string& rectangle = "Rect") {
+    Annotator::PartTest test;
+    test.NodeId = node, test.PartId = part;
+    test.rectangle = rectangle;
+    test.expected = expected, test.detected = detected;
+    test.passed = expected == detected;
+    return test;
+}
+
+AircraftReport Aircraft(const std::string& name, std::vector<Annotator::PartTest> parts) {
+    AircraftReport aircraft;
+    aircraft.tests.displayName = name;
+    aircraft.tests.acfPath = "Aircraft/" + name + ".acf";
+    aircraft.tests.parts = std::move(parts);
+    return aircraft;
+}
+
+/// Two aircraft: one with texts that every format has to guard itself against, one that could not be loaded.
+TestReport AwkwardReport() {
+    TestReport report{Aircraft("B\"a\" & <c>,\x01", {Part(3, 0, TouchInteractionType::Tap, TouchInteractionType::Tap),
+                                                     Part(3, 1, TouchInteractionType::Tap, TouchInteractionType::Move,
+                                                          "a, \"b\" <i>&\x1F")}),
+                      Aircraft("Piper", {})};
+    report[0].tests.clickable = 10;
+    report[0].tests.covered = 2;
+    report[1].problems = {"no <material>"};
+    return report;
+}
+
+TEST(TestReport, ComesThroughItsTransportUnchanged) {
+    AircraftReport sent = AwkwardReport()[0];
+    CockpitModel::AnnotationRecord unplaced;
+    unplaced.NodeId = 70'000, unplaced.PartId = -1;
+    unplaced.InteractionTypeTest = TouchInteractionType::YokePrimary;
+    sent.tests.unplaced = {unplaced};
+    sent.tests.hasCockpitObject = false;
+    sent.problems = FindProblems(sent.tests);
+    const AircraftReport got = ParseAircraft(SerialiseAircraft(sent));
+    EXPECT_EQ(got.tests.displayName, sent.tests.displayName);
+    EXPECT_EQ(got.tests.acfPath, sent.tests.acfPath);
+    EXPECT_EQ(got.tests.hasCockpitObject, false);
+    EXPECT_EQ(got.tests.clickable, 10u);
+    EXPECT_EQ(got.tests.covered, 2u);
+    EXPECT_EQ(got.tests.unplaced, sent.tests.unplaced);
+    EXPECT_EQ(got.problems, sent.problems);
+    EXPECT_EQ(got.problems.size(), 2u);
+    ASSERT_EQ(got.tests.parts.size(), 2u);
+    const Annotator::PartTest& part = got.tests.parts[1];
+    EXPECT_EQ(part.NodeId, 3);
+    EXPECT_EQ(part.PartId, 1);
+    EXPECT_EQ(part.rectangle, sent.tests.parts[1].rectangle);
+    EXPECT_EQ(part.expected, TouchInteractionType::Tap);
+    EXPECT_EQ(part.detected, TouchInteractionType::Move);
+    EXPECT_FALSE(part.passed);
+}
+
+TEST(TestReport, AlignsItsTableByCharacters) {
+    std::ostringstream table;
+    PrintTable(table, {Aircraft("Flämmchen", {Part(0, 0, TouchInteractionType::Tap, TouchInteractionType::Tap)}),
+                       Aircraft("Nothing", {}),
+                       Aircraft("Cub", {Part(0, 0, TouchInteractionType::Tap, TouchInteractionType::Tap)})});
+    EXPECT_EQ(table.str(), "Aircraft   Passed  Failed  Total\n"
+                           "Flämmchen  1       0       1\n"
+                           "Cub        1       0       1\n");
+}
+
+TEST(TestReport, MakesJUnitThatAnXmlReaderTakes) {
+    tinyxml2::XMLDocument document;
+    ASSERT_EQ(document.Parse(JUnitReport(AwkwardReport()).c_str()), tinyxml2::XML_SUCCESS);
+    const tinyxml2::XMLElement* root = document.RootElement();
+    EXPECT_STREQ(root->Name(), "testsuites");
+    EXPECT_EQ(root->IntAttribute("tests"), 3);
+    EXPECT_EQ(root->IntAttribute("failures"), 1);
+    EXPECT_EQ(root->IntAttribute("errors"), 1);
+    const tinyxml2::XMLElement* suite = root->FirstChildElement("testsuite");
+    EXPECT_STREQ(suite->Attribute("name"), "B\"a\" & <c>,\uFFFD");
+    EXPECT_EQ(suite->IntAttribute("tests"), 2);
+    const tinyxml2::XMLElement* passed = suite->FirstChildElement("testcase");
+    EXPECT_STREQ(passed->Attribute("name"), "node 3 part 0: Rect");
+    EXPECT_EQ(passed->FirstChildElement(), nullptr);
+    const tinyxml2::XMLElement* failed = passed->NextSiblingElement("testcase");
+    EXPECT_STREQ(failed->FirstChildElement("failure")->Attribute("message"), "expected Tap, detected Move");
+    const tinyxml2::XMLElement* broken = suite->NextSiblingElement("testsuite")->FirstChildElement("testcase");
+    EXPECT_STREQ(broken->FirstChildElement("error")->Attribute("message"), "no <material>");
+}
+
+TEST(TestReport, QuotesCsvFields) {
+    EXPECT_EQ(CsvReport(AwkwardReport()),
+              "aircraft,acfPath,nodeId,partId,mouseRect,expected,detected,result,problem\n"
+              "\"B\"\"a\"\" & <c>,\x01\",\"Aircraft/B\"\"a\"\" & <c>,\x01.acf\",3,0,Rect,Tap,Tap,passed,\n"
+              "\"B\"\"a\"\" & <c>,\x01\",\"Aircraft/B\"\"a\"\" & <c>,\x01.acf\",3,1,\"a, \"\"b\"\" <i>&\x1F\",Tap,Move,"
+              "failed,\n"
+              "Piper,Aircraft/Piper.acf,,,,,,error,no <material>\n");
+}
+
+TEST(TestReport, CountsInItsJson) {
+    const auto json = nlohmann::json::parse(JsonReport(AwkwardReport()), nullptr, false);
+    EXPECT_EQ(json["passed"], 1);
+    EXPECT_EQ(json["failed"], 1);
+    EXPECT_EQ(json["total"], 2);
+    EXPECT_EQ(json["covered"], 2);
+    EXPECT_EQ(json["clickable"], 10);
+    EXPECT_EQ(json["withProblems"], 1);
+    ASSERT_EQ(json["aircraft"].size(), 2u);
+    EXPECT_EQ(json["aircraft"][1]["problems"], nlohmann::json({"no <material>"}));
+}
+
+/// What stands between two texts, each time they follow each other.
+std::vector<std::string> Between(const std::string& text, const std::string& before, const std::string& after) {
+    std::vector<std::string> found;
+    for (std::size_t at = text.find(before); at != text.npos; at = text.find(before, at)) {
+        at += before.size();
+        found.push_back(text.substr(at, text.find(after, at) - at));
+    }
+    return found;
+}
+
+TEST(TestReport, LinksTheMatrixOfItsPageToTheParts) {
+    TestReport report = AwkwardReport();
+    for (int i = 0; i < 3; ++i)
+        report[1].tests.parts.push_back(Part(i, i, TouchInteractionType::YokePart, TouchInteractionType::None));
+    const std::string html = HtmlReport(report);
+    std::set<std::string> targets;
+    for (const std::string& id : Between(html, "id=\"", "\""))
+        EXPECT_TRUE(targets.insert(id).second) << id;
+    const std::vector<std::string> links = Between(html, "href=\"#", "\"");
+    EXPECT_EQ(std::set<std::string>(links.begin(), links.end()), targets);
+    EXPECT_EQ(links.size(), 3u); // Tap as Tap, Tap as Move, YokePart as None
+    EXPECT_THAT(Between(html, "href=\"#YokePart-as-None\">", "<"), testing::ElementsAre("3"));
+    EXPECT_THAT(html, HasSubstr("B&quot;a&quot; &amp; &lt;c&gt;,\uFFFD"));
+    EXPECT_THAT(html, HasSubstr("a, &quot;b&quot; &lt;i&gt;&amp;"));
+    EXPECT_THAT(html, HasSubstr("2 of 10"));
+    EXPECT_THAT(html, HasSubstr("no &lt;material&gt;"));
+    EXPECT_THAT(html, Not(HasSubstr("http"))) << "the page stands alone";
+    EXPECT_THAT(HtmlReport({}), HasSubstr("There is no test."));
+}
+
+} // namespace
+} // namespace Batch

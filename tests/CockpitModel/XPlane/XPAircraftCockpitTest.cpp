@@ -1,0 +1,83 @@
+#include "CockpitModel/XPAircraftCockpit.h"
+
+#include "Sim/XPAircraftInfo.h"
+#include "Support/TemporaryFolder.h"
+
+#include <boost/lexical_cast.hpp>
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace CockpitModel {
+namespace {
+
+std::unique_ptr<AircraftCockpit> Open(const std::string& acfPath) {
+    Sim::XPAircraftInfo info;
+    info.acfPath = acfPath;
+    return info.CreateCockpit();
+}
+
+/// The cockpit object's name beside an .acf file of a name; empty when none is found.
+std::string ObjectFor(const Support::TemporaryFolder& folder, const std::string& acfName) {
+    const auto cockpit = Open(folder / acfName);
+    const auto& found = dynamic_cast<const XPAircraftCockpit&>(*cockpit);
+    EXPECT_EQ(found.IsValid(), !found.cockpitObjPath.empty());
+    EXPECT_EQ(found.aircraftFolder, folder.path.string());
+    return boost::filesystem::path(found.cockpitObjPath).filename().string();
+}
+
+TEST(XPAircraftCockpit, FindsItsObjectBesideTheAcfWhateverTheCase) {
+    const Support::TemporaryFolder folder;
+    folder.Write("Plane.old_cockpit.obj", "");
+    folder.Write("plane_COCKPIT.obj", "");
+    folder.Write("PLANE_cockpit.OBJ", "");
+    folder.Write("Both_Cockpit.obj", "");
+    folder.Write("Both_cockpit.obj", "");
+    EXPECT_EQ(ObjectFor(folder, "Plane.old.acf"), "Plane.old_cockpit.obj");
+    EXPECT_EQ(ObjectFor(folder, "Plane.acf"), "PLANE_cockpit.OBJ");
+    EXPECT_EQ(ObjectFor(folder, "Both.acf"), "Both_cockpit.obj");
+    EXPECT_EQ(ObjectFor(folder, "Plane.new.acf"), "");
+    const auto cockpit = Open(folder / "Both.acf");
+    boost::filesystem::remove(folder / "Both_cockpit.obj");
+    EXPECT_TRUE(cockpit->IsValid());
+}
+
+TEST(XPAircraftCockpit, ReadsThePilotsEyeInMetres) {
+    const Support::TemporaryFolder folder;
+    const auto eye = [&](const std::string& text) { return Open(folder.Write("p.acf", text))->pilotEye; };
+    EXPECT_EQ(eye(""), Utils::Vector3::Zero());
+    EXPECT_EQ(Open(folder / "missing.acf")->pilotEye, Utils::Vector3::Zero());
+    EXPECT_EQ(eye("P acf/_pe_xyz/0 1.5 9\r\nP acf/_pe_xyz/2 10\r\n"), Utils::Vector3(1.5f * 0.3048f, 0, -3.048f));
+    EXPECT_EQ(eye("P acf/_pe_xyz/1 1\nP acf/_pe_xyz/1 -2e0\nP acf/_pe_xyz/1\nP acf/_pe_xyz/10 7"),
+              Utils::Vector3(0, -2 * 0.3048f, 0));
+    EXPECT_TRUE(std::isnan(eye("P acf/_pe_xyz/1 nan").y()));
+    for (const char* bad :
+         {"P acf/_pe_xyz/0 x", "P acf/_pe_xyz/1 1.5m", "P acf/_pe_xyz/2 1,5", "P acf/_pe_xyz/2 x\nP acf/_pe_xyz/2 1"})
+        EXPECT_THROW(eye(bad), boost::bad_lexical_cast) << bad;
+}
+
+TEST(XPAircraftCockpit, LoadsItsModelAnewOnEachCall) {
+    const Support::TemporaryFolder folder;
+    const std::string object = folder.Write("p_cockpit.obj", "TEXTURE a.png\nVT 1 2 3 0 0 1 0 0\nTRIS 0 3");
+    const auto cockpit = Open(folder / "p.acf");
+    const auto model = cockpit->LoadModel();
+    EXPECT_EQ(model->textures.Children.back(), folder / "a.png");
+    EXPECT_EQ(model->parts.size(), 1u);
+    EXPECT_EQ(model->sourcePath, object);
+    folder.Write("p_cockpit.obj", "TRIS 0 3\nTRIS 3 3\n");
+    EXPECT_EQ(cockpit->LoadModel()->parts.size(), 2u);
+}
+
+TEST(XPAircraftCockpit, MakesAnEmptyModelWithoutAnObject) {
+    const Support::TemporaryFolder folder;
+    boost::filesystem::create_directories(folder / "folder_cockpit.obj");
+    for (const char* name : {"none.acf", "folder.acf"}) {
+        const auto model = Open(folder / name)->LoadModel();
+        EXPECT_EQ(model->textures.Children.size(), 1u) << name;
+        EXPECT_EQ(model->animations.size(), 1u) << name;
+        EXPECT_EQ(model->vertexBlocks.size(), 1u) << name;
+        EXPECT_TRUE(model->indexBlocks.at(0).Children.empty()) << name;
+    }
+}
+
+} // namespace
+} // namespace CockpitModel

@@ -1,0 +1,207 @@
+#include "CockpitModel/XPlane/XPObjConverter.h"
+
+#include "CockpitModel/XPlane/XPObjReader.h"
+#include "Support/FatalErrorRecorder.h"
+#include "Utils/RangeCheck.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace CockpitModel {
+namespace {
+
+ModelData Model(const std::string& objText) {
+    std::istringstream stream(objText);
+    XPObjData data;
+    ReadXPObj(stream, data);
+    ModelData model;
+    model.sourcePath = "plane_cockpit.obj";
+    XPObjConverter().Convert("Aircraft/Plane", data, model);
+    return model;
+}
+
+/// "child,peer" of each node.
+std::string Links(const ModelData& model) {
+    std::ostringstream text;
+    for (const SceneGraphElement& element : model.sceneElements.Children)
+        text << element.Child << ',' << element.Peer << ' ';
+    return std::move(text).str();
+}
+
+std::string Names(const ModelData& model) {
+    std::string names;
+    for (const ModelAnimation& animation : model.animations)
+        names += animation.name + ' ';
+    return names;
+}
+
+std::string Steps(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += "ANIM_trans 0 0 0 0 0 1 0 1 step" + std::to_string(i) + "\n";
+    return text;
+}
+
+TEST(XPObjConverter, MakesOneMaterialForEachTexture) {
+    const ModelData model = Model("TEXTURE a.png\nTEXTURE sub/b.png\n");
+    EXPECT_EQ(model.textures.Children, (std::vector<std::string>{"Aircraft/Plane/cockpit_3d/-PANELS-/Panel.png",
+                                                                 "Aircraft/Plane/a.png", "Aircraft/Plane/sub/b.png"}));
+    ASSERT_EQ(model.materials.Children.size(), 3u);
+    EXPECT_EQ(model.materials.Children[2].TextureDiffuse, 2);
+    EXPECT_EQ(model.materials.Children[2].BlendKind, 2);
+    EXPECT_EQ(model.materials.Children[2].Alpha, 1.0f);
+}
+
+TEST(XPObjConverter, TurnsVerticesToLeftHandedAxes) {
+    const ModelData model = Model("VT 1 2 3 0 0 1 0.25 0.75\nIDX 0\nIDX -1\n");
+    ASSERT_EQ(model.vertexBlocks.size(), 1u);
+    const Vertex& v = model.vertexBlocks[0].Children.at(0);
+    EXPECT_EQ((std::array{v.x, v.y, v.z}), (std::array{1.0f, 2.0f, -3.0f}));
+    EXPECT_EQ((std::array{v.nx, v.ny, v.nz}), (std::array{0.0f, 0.0f, -1.0f}));
+    EXPECT_EQ((std::array{v.u, v.v}), (std::array{0.25f, 0.75f}));
+    ASSERT_EQ(model.indexBlocks.size(), 1u);
+    EXPECT_EQ(model.indexBlocks[0].Children, (std::vector<std::uint32_t>{0, 0xFFFFFFFF}));
+}
+
+TEST(XPObjConverter, KeepsDrawCallsThatShowOrTakeAHand) {
+    const ModelData model =
+        Model("TRIS 0 3\nATTR_draw_disable\nTRIS 3 3\nATTR_manip_toggle hand 0 1 sim/gear\nTRIS -6 -9\n"
+              "ATTR_manip_drag_axis hand 1 0 0 -0.5 1e7 sim/throttle\nTRIS 9 3\n");
+    ASSERT_EQ(model.parts.size(), 3u);
+    EXPECT_EQ(model.parts[0].MaterialIndex, 0xFFFFFFFF);
+    EXPECT_EQ(model.parts[0].mouseRect, nullptr);
+    EXPECT_EQ(model.parts[0].MouseRectIndex, -1);
+    EXPECT_EQ(model.parts[1].Type, 1u);
+    EXPECT_EQ(model.parts[1].IndexOffset, 0xFFFFFFFAu);
+    EXPECT_EQ(model.parts[1].IndexCount, 0xFFFFFFF7u);
+    EXPECT_EQ(model.parts[1].SourceLine, 5u);
+    EXPECT_EQ(model.parts[1].ManipulatorLine, 4u);
+
+    ASSERT_EQ(model.mouseRects.size(), 2u);
+    const MouseRect& toggle = *model.mouseRects[0];
+    EXPECT_EQ(model.parts[1].mouseRect, &toggle);
+    EXPECT_EQ(model.parts[1].MouseRectIndex, 0);
+    EXPECT_EQ(toggle.Text, "ToggleVariable: 0 , 1 -- sim/gear");
+    EXPECT_EQ(toggle.MouseFlags, 0xA0000000);
+    EXPECT_EQ(toggle.CallbackType, 1u);
+    EXPECT_EQ(toggle.VariableCallback, nullptr);
+    const auto& flip = dynamic_cast<const CallbackXPToggle&>(*toggle.EventCallback);
+    EXPECT_EQ(flip.Var, "sim/gear");
+    EXPECT_EQ(flip.ValB, 1.0f);
+
+    const MouseRect& drag = *model.mouseRects[1];
+    EXPECT_EQ(model.parts[2].MouseRectIndex, 1);
+    EXPECT_EQ(drag.Text, "DragVariable: -0.5 , 1e+07 -- sim/throttle");
+    EXPECT_EQ(drag.CallbackType, 2u);
+    EXPECT_EQ(drag.EventCallback, nullptr);
+    const auto& slide = dynamic_cast<const CallbackXPVariable&>(*drag.VariableCallback);
+    EXPECT_EQ(slide.Min, -0.5f);
+    EXPECT_EQ(slide.Max, 1e7f);
+}
+
+TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
+    const ModelData model =
+        Model("ANIM_begin\nANIM_trans 1 2 3 4 5 6 -1 7 sim/a\nANIM_begin\n"
+              "ANIM_rotate 0 2 0 0 90 0 1 sim/b\nANIM_begin\nANIM_rotate 0 0 0 0 180 0 1 sim/zero\n");
+    ASSERT_EQ(model.animations.size(), 4u);
+    const ModelAnimation& move = model.animations[1];
+    EXPECT_EQ(move.name, "sim/a");
+    EXPECT_EQ((std::array{move.rangeLow, move.rangeHigh, move.length, move.position, move.scale}),
+              (std::array{-1.0f, 7.0f, 100.0f, 0.0f, 1.0f}));
+    ASSERT_EQ(move.tracks.size(), 1u);
+    ASSERT_EQ(move.tracks[0].size(), 2u);
+    EXPECT_TRUE(move.tracks[0][0].IsTranslation && move.tracks[0][1].IsTranslation);
+    EXPECT_EQ((std::array{move.tracks[0][0].Time, move.tracks[0][1].Time}), (std::array{0.0f, 100.0f}));
+    EXPECT_EQ(move.tracks[0][0].Translation, Utils::Vector3(1, 2, -3));
+    EXPECT_EQ(move.tracks[0][1].Translation, Utils::Vector3(4, 5, -6));
+
+    const RiffBlockXANK& turned = model.animations[2].tracks[0][1];
+    EXPECT_FALSE(turned.IsTranslation);
+    const float half = std::sqrt(0.5f);
+    EXPECT_NEAR(turned.Rotation.y(), -half, 1e-7f);
+    EXPECT_NEAR(turned.Rotation.w(), half, 1e-7f);
+    EXPECT_EQ(turned.Rotation.z(), 0.0f);
+    const RiffBlockXANK& zero = model.animations[3].tracks[0][1];
+    EXPECT_NEAR(zero.Rotation.w(), 0.0f, 1e-7f);
+    EXPECT_EQ(zero.Rotation.vec().norm(), 0.0f);
+}
+
+TEST(XPObjConverter, GivesAModelWithoutAnimationOneStillNode) {
+    const ModelData model = Model("TRIS 0 3\n");
+    ASSERT_EQ(model.animations.size(), 1u);
+    EXPECT_EQ(model.animations[0].name, "Dummy Animation");
+    EXPECT_EQ(model.animations[0].rangeHigh, 1.0f);
+    EXPECT_EQ(model.animations[0].tracks[0][1].Translation, Utils::Vector3::Zero());
+    EXPECT_EQ(model.matrices.Children.at(0), Utils::Matrix4::Identity());
+    EXPECT_EQ(model.animationLinks.Children, (std::vector<std::int16_t>{-1}));
+    EXPECT_EQ(model.parts[0].Node, 0u);
+}
+
+TEST(XPObjConverter, SplitsStepsIntoAChain) {
+    // Node 1 has three steps and the child 2: the chain is 1, 3, 4, and 2 and the draw call hang on its end.
+    const ModelData model =
+        Model("ANIM_begin\n" + Steps(3) + "TRIS 0 3\nANIM_begin\nTRIS 3 3\nANIM_end\nANIM_end\nTRIS 6 3\n");
+    EXPECT_EQ(Names(model), "Dummy Animation step0 Dummy Animation step1 step2 ");
+    EXPECT_EQ(Links(model), "1,-1 3,-1 -1,-1 4,-1 2,-1 ");
+    EXPECT_EQ(model.parts[0].Node, 4u);
+    EXPECT_EQ(model.parts[1].Node, 2u);
+    EXPECT_EQ(model.parts[2].Node, 0u);
+    EXPECT_EQ(model.animationLinks.Children, (std::vector<std::int16_t>{-1, 1, 2, 3, 4}));
+    EXPECT_EQ(model.sceneElements.Children[4].MapOffset, 32);
+    EXPECT_EQ(model.animationMap.Children[4].MatrixIndex, 4u);
+    EXPECT_EQ(model.visibilityInfos.size(), 5u);
+}
+
+TEST(XPObjConverter, SplitsTheRootAndKeepsTheOrderOfSiblings) {
+    const ModelData model =
+        Model(Steps(2) + "ANIM_begin\nANIM_end\nANIM_begin\n" + Steps(2) + "ANIM_end\nANIM_begin\n");
+    // Root 0 to its second step 4, whose children are 1, 2 and 3 in order; 2 goes on in 5.
+    EXPECT_EQ(Links(model), "4,-1 -1,2 5,3 -1,-1 1,-1 -1,-1 ");
+    EXPECT_EQ(model.animationLinks.Children.at(0), -1);
+}
+
+TEST(XPObjConverter, CountsNodesBeforeItBuilds) {
+    const ModelData most = Model("ANIM_begin\n" + Steps(32766) + "TRIS 0 3\n");
+    EXPECT_EQ(most.animations.size(), 32767u);
+    EXPECT_EQ(most.parts.at(0).Node, 32766u);
+    EXPECT_EQ(most.sceneElements.Children[4095].MapOffset, 32760);
+    EXPECT_EQ(most.sceneElements.Children[4096].MapOffset, -32768);
+
+    std::istringstream stream("ANIM_begin\n" + Steps(32767));
+    XPObjData data;
+    ReadXPObj(stream, data);
+    ModelData model;
+    model.sourcePath = "plane_cockpit.obj";
+    try {
+        XPObjConverter().Convert("Aircraft/Plane", data, model);
+        FAIL() << "32768 nodes went through";
+    } catch (const Utils::OutOfRange& error) {
+        EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
+        for (const char* word : {"plane_cockpit.obj", "32768", "32767"})
+            EXPECT_NE(error.Reason().find(word), std::string::npos) << error.Reason();
+    }
+    EXPECT_TRUE(model.materials.Children.empty() && model.vertexBlocks.empty() && model.animations.empty());
+}
+
+TEST(XPObjConverter, StopsAtBrokenTrees) {
+    const Support::FatalErrorRecorder recorder;
+    std::vector<XPObjDrawCall> drawCalls;
+    std::vector<XPObjAnimNode> oneStep(1);
+    oneStep[0].steps.resize(1);
+    EXPECT_THROW(XPObjConverter().SplitNode(oneStep, drawCalls, 0), std::exception);
+
+    std::vector<XPObjAnimNode> strangers(3); // node 2 is node 1's child and names node 0
+    for (std::uint32_t i = 0; i < 3; ++i)
+        strangers[i].index = i;
+    strangers[0].steps.resize(2);
+    strangers[1].children = {2};
+    strangers[2].parent = 0;
+    std::vector<XPObjAnimNode> sameStrangers = strangers;
+    EXPECT_THROW(XPObjConverter().SplitNode(strangers, drawCalls, 0), std::exception);
+    EXPECT_THROW(XPObjConverter().SplitAnimationSteps(sameStrangers, drawCalls), std::exception);
+    EXPECT_EQ(recorder.texts.size(), 3u);
+}
+
+} // namespace
+} // namespace CockpitModel

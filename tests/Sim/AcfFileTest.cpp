@@ -1,0 +1,62 @@
+#include "Sim/AcfFile.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace Sim {
+namespace {
+
+TEST(AcfFile, FindsTheKeyOfAPropertyLineAlone) {
+    using namespace std::string_literals;
+    const struct {
+        std::string text, value;
+    } rows[] = {
+        {"", ""},
+        {"P key one", "one"},
+        {"P key one\r\nP other two\r\n", "one"},
+        {"P key one\nP key two\n", "two"},
+        {"P key one\nP key\n", "one"},
+        {"P key one\nP key \t\r\n", "one"},
+        {" \tP\t \tkey\tone  two \t", "one  two"},
+        {"p key one", ""},
+        {"PP key one", ""},
+        {"P P key one", ""},
+        {"key one", ""},
+        {"P xkey one", ""},
+        {"P keys one", ""},
+        {"P key/0 one", ""},
+        {"P KEY one", ""},
+        {"Pkey one", ""},
+        {"P other key one", ""},
+        {"P other\nkey one", ""},
+        {"\rP key one", ""},
+        {"P key P key one", "P key one"},
+        {"P keykey key\nP\tkey one", "one"},
+        {"\0\0P key one\nx\0\nP key t\0o"s, "t\0o"s},
+        {"P key", ""},
+        {"P key\n", ""},
+        {" key one", ""},
+        {"P key \xE9t\xE9\r", "\xE9t\xE9"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(LastAcfProperty(row.text, "key"), row.value) << row.text;
+}
+
+TEST(AcfFile, GivesEachLineOfAKeyInOrder) {
+    std::vector<std::string> values;
+    ForEachAcfProperty("P key 1\nP key\nP other 2\nP key 3 4\nP key key", "key",
+                       [&](std::string_view value) { values.emplace_back(value); });
+    EXPECT_EQ(values, (std::vector<std::string>{"1", "3 4", "key"}));
+}
+
+TEST(AcfFile, IsLinearInKeysThatAreNone) {
+    std::string text;
+    for (int i = 0; i < 1000000; ++i)
+        text += " key";
+    EXPECT_EQ(LastAcfProperty(text, "key"), "");
+    EXPECT_EQ(LastAcfProperty("P key" + text, "key").size(), text.size() - 1);
+}
+
+} // namespace
+} // namespace Sim

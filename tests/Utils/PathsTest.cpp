@@ -1,0 +1,119 @@
+#include "Utils/Paths.h"
+
+#include "Support/TemporaryFolder.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace fs = boost::filesystem;
+
+namespace Utils {
+namespace {
+
+TEST(FindIgnoringCase, TakesTheExactNameFirstAndElseTheFirstInByteOrder) {
+    const Support::TemporaryFolder folder;
+    const Support::WorkingDirectory inside(folder.path);
+    for (const char* file :
+         {"Plane/Objects/a.png", "Plane/Objects/A.png", "Plane/Objects/b.PNG", "Plane/Objects/B.png",
+          "Plane/Objects/\xC9.png", "Plane/back\\slash/In.png", "other/Plane.txt", "Dirs/x", "dirs/y"})
+        folder.Write(file, "");
+    fs::create_symlink("no such file", "Plane/Objects/C.png");
+    folder.Write("Plane/Objects/c.PNG", "");
+    const struct {
+        std::string wanted, found;
+    } rows[] = {
+        {"Plane/Objects/a.png", "Plane/Objects/a.png"},
+        {"PLANE/objects/a.png", "Plane/Objects/a.png"},
+        {"Plane/Objects/a.PNG", "Plane/Objects/A.png"},
+        {"Plane/Objects/b.png", "Plane/Objects/B.png"},
+        {"Plane/Objects/C.png", "Plane/Objects/c.PNG"},
+        {"Plane/Objects/\xE9.png", ""},
+        {"Plane\\objects\\A.png", "Plane/Objects/A.png"},
+        {"plane/OBJECTS\\a.png", "Plane/Objects/a.png"},
+        {"Plane/back\\slash/in.png", "Plane/back\\slash/In.png"},
+        {"Plane/BACK\\slash/in.png", "Plane/back\\slash/In.png"},
+        {"./plane/../PLANE/objects", "./Plane/../Plane/Objects"},
+        {"Plane/Objects/a.png/b", ""},
+        {"Plane/Objects/d.png", ""},
+        {"dirs/x", ""},
+        {"DIRS/x", "Dirs/x"},
+        {"", ""},
+        {std::string("other/Plane.txt\0x", 17), ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(FindIgnoringCase(row.wanted).string(), row.found) << row.wanted;
+    EXPECT_EQ(FindIgnoringCase(folder / "OTHER/plane.TXT"), folder / "other/Plane.txt");
+}
+
+TEST(Paths, NamesAnAircraftsFilesByItsFolder) {
+    EXPECT_EQ(FolderStem("Aircraft/G/Big.Jet 1.2/x.acf"), "Big.Jet 1");
+    EXPECT_EQ(FolderStem("Aircraft/G/Plane/x.acf"), "Plane");
+    EXPECT_EQ(FolderStem("Aircraft/G/Plane./x.acf"), "Plane");
+    EXPECT_EQ(FolderStem("Plane/x.acf"), "Plane");
+    EXPECT_EQ(FolderStem("x.acf"), "");
+}
+
+TEST(Paths, ReadsWholeFiles) {
+    const Support::TemporaryFolder folder;
+    const std::string bytes = std::string("a\0\r\n\x1A", 5) + std::string(300000, 'x');
+    EXPECT_EQ(ReadFile(folder.Write("file", bytes)), bytes);
+    EXPECT_EQ(ReadFile(folder.Write("empty", "")), "");
+    EXPECT_EQ(ReadFile(folder / "missing"), "");
+    EXPECT_EQ(ReadFile(folder.path), "");
+
+    std::istringstream stream(bytes);
+    stream.seekg(5);
+    EXPECT_EQ(ReadAll(stream), std::string(300000, 'x'));
+    std::ifstream unopened(folder / "missing");
+    EXPECT_EQ(ReadAll(unopened), "");
+    std::ifstream opened(folder.path.string());
+    EXPECT_EQ(ReadAll(opened), "");
+}
+
+/// Hands out its text in small pieces and does not know its size.
+class Pipe : public std::streambuf {
+public:
+    explicit Pipe(std::string bytes) : text(std::move(bytes)) {}
+
+private:
+    int_type underflow() override {
+        const std::size_t size = std::min<std::size_t>(text.size() - at, 1000);
+        setg(text.data() + at, text.data() + at, text.data() + at + size);
+        at += size;
+        return size == 0 ? traits_type::eof() : traits_type::to_int_type(*gptr());
+    }
+
+    std::string text;
+    std::size_t at = 0;
+};
+
+TEST(Paths, ReadsStreamsThatDoNotKnowTheirSize) {
+    std::string bytes;
+    for (int i = 0; i < 70000; ++i)
+        bytes += std::to_string(i);
+    Pipe pipe(bytes);
+    std::istream stream(&pipe);
+    EXPECT_EQ(ReadAll(stream), bytes);
+}
+
+TEST(Paths, KeepsUserDataWhereThePlatformSays) {
+    const char* const dataHome = std::getenv("XDG_DATA_HOME");
+    const char* const home = std::getenv("HOME");
+    const std::string dataHomeBefore = dataHome ? dataHome : "", homeBefore = home ? home : "";
+    setenv("HOME", "/home/pilot", 1);
+    setenv("XDG_DATA_HOME", "/data", 1);
+    EXPECT_EQ(UserDataFolder(), "/data");
+    setenv("XDG_DATA_HOME", "relative", 1); // which the platform's rules say to leave aside
+    EXPECT_EQ(UserDataFolder(), "/home/pilot/.local/share");
+    unsetenv("XDG_DATA_HOME");
+    EXPECT_EQ(UserDataFolder(), "/home/pilot/.local/share");
+    unsetenv("HOME");
+    EXPECT_EQ(UserDataFolder(), "");
+    if (dataHome)
+        setenv("XDG_DATA_HOME", dataHomeBefore.c_str(), 1);
+    if (home)
+        setenv("HOME", homeBefore.c_str(), 1);
+}
+
+} // namespace
+} // namespace Utils

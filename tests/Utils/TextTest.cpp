@@ -1,0 +1,67 @@
+#include "Utils/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace Utils {
+namespace {
+
+using Views = std::vector<std::string_view>;
+
+Views Lines(std::string_view text) {
+    Views lines;
+    for (std::string_view line; NextLine(text, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+TEST(Text, EndsLinesAtLineFeeds) {
+    using namespace std::string_view_literals;
+    EXPECT_EQ(Lines(""), Views());
+    EXPECT_EQ(Lines("a\nb"), (Views{"a", "b"}));
+    EXPECT_EQ(Lines("a\r\n\r\n\nb\r"), (Views{"a", "", "", "b"}));
+    EXPECT_EQ(Lines("a\rb\r\r\nc\n"), (Views{"a\rb\r", "c"}));
+    EXPECT_EQ(Lines("\0\n\0"sv), (Views{"\0"sv, "\0"sv}));
+}
+
+TEST(Text, SplitsAtBlanksAndTabsAlone) {
+    EXPECT_EQ(Words(" \tP\t acf/_descrip  Blue\xA0"
+                    "Bird \r"),
+              (Views{"P", "acf/_descrip",
+                     "Blue\xA0"
+                     "Bird",
+                     "\r"}));
+    EXPECT_EQ(Words("one"), (Views{"one"}));
+    EXPECT_EQ(Words(" \t"), Views());
+    EXPECT_EQ(Trimmed("\t a b\v \t"), "a b\v");
+    EXPECT_EQ(Trimmed(" \t "), "");
+}
+
+TEST(Text, LowersAsciiLettersAlone) {
+    EXPECT_EQ(Lower("AZaz@[`{09.ACF\xC9\xC3\x89"), "azaz@[`{09.acf\xC9\xC3\x89");
+}
+
+TEST(Text, ReplacesWhatIsNoUtf8) {
+    const std::string bad = "\xEF\xBF\xBD";
+    const struct {
+        std::string text, readable;
+    } rows[] = {
+        {"plain", "plain"},
+        {"\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x9B\xA9 \xF4\x8F\xBF\xBF",
+         "\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x9B\xA9 \xF4\x8F\xBF\xBF"},
+        {"Caf\xE9", "Caf" + bad},
+        {"\xE9t\xE9", bad + "t" + bad},
+        {"\x80z", bad + "z"},
+        {"\xC0\xAF", bad + bad},                     // over-long "/"
+        {"\xE0\x9F\xBF", bad + bad + bad},           // over-long
+        {"\xED\xA0\x80", bad + bad + bad},           // a surrogate
+        {"\xF4\x90\x80\x80", bad + bad + bad + bad}, // above U+10FFFF
+        {"\xF0\x8F\xBF\xBF", bad + bad + bad + bad},
+        {"\xE2\x82", bad + bad}, // cut short
+        {"\xE2\x82z", bad + bad + "z"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Readable(row.text), row.readable) << row.readable;
+}
+
+} // namespace
+} // namespace Utils
