@@ -18,7 +18,8 @@ if(VORELLE_WERROR)
   target_compile_options(vorelle_options INTERFACE -Werror)
 endif()
 if(VORELLE_SANITIZE)
-  target_compile_options(vorelle_options INTERFACE -fsanitize=${VORELLE_SANITIZE} -fno-omit-frame-pointer)
+  target_compile_options(vorelle_options INTERFACE -fsanitize=${VORELLE_SANITIZE} -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
   target_link_options(vorelle_options INTERFACE -fsanitize=${VORELLE_SANITIZE})
 endif()
 

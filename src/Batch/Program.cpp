@@ -42,7 +42,6 @@ CommandLine::CommandLine() {
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
         ->take_last();
-    app.require_subcommand(1);
     app.fallthrough();
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
@@ -97,6 +96,10 @@ int Run(int argc, char** argv) {
         return line.app.exit(error) == 0 ? kDone : kWrongUsage;
     }
     Session session;
+    if (!line.action) {
+        session.console.Message("a command is required; --help lists them");
+        return kWrongUsage;
+    }
     return RunAction(line, session);
 }
 

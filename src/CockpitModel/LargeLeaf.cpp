@@ -3,69 +3,40 @@
 #include "CockpitModel/PartTree.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
-#include <limits>
 
 namespace CockpitModel {
 
 using Utils::Float4;
-using Utils::Mask4;
+using Utils::Vector3;
 
 namespace {
 
-constexpr std::size_t kPack = 4, kGroup = 4 * kPack; ///< triangles
+constexpr std::size_t kGroup = 16; ///< triangles
 
-/// The greatest float below the 64-bit 1e-8, which the triangle test compares with.
-constexpr float kBelowLimit = 1e-8f;
-static_assert(static_cast<double>(kBelowLimit) < 1e-8);
-
-/// How a hit, as it comes out in 32-bit floats, may lie off its triangle. With e1, e2 the triangle's edges, s the way
-/// from its first vertex to the ray's origin and r = 2^-24 the greatest relative rounding, each of the triple products
-/// det, s . pv and d . qv is wrong by at most 5.5 r times the lengths of its three factors (a product, a difference, a
-/// product and two sums in turn). So while |det| is at least kEdgeOn |e1| |e2|, the point where the ray meets the
-/// triangle's plane lies within 5.5 r / kEdgeOn (|e1| + |e2| + 2 |s|) of the triangle, and the distance is wrong by no
-/// more. kDrift is that factor with room for second-order terms.
-constexpr float kEdgeOn = 1.0f / 512;
+/// How far a hit may lie off its triangle, as it comes out in 32-bit floats. With e1, e2 the edges, s the way from the
+/// corner to the ray's origin and r = 2^-24 the greatest relative rounding, each of the triple products det, s . pv and
+/// d . qv is wrong by at most 5.5 r times the lengths of its three factors: a product, a difference, a product and two
+/// sums in turn. So while |det| is at least |e1| |e2| / k, the point where the ray meets the triangle's plane lies
+/// within 5.5 r k (|e1| + |e2| + 2 |s|) of the triangle, and the distance is wrong by no more. kDrift leaves room for
+/// second-order terms.
 constexpr float kRounding = 1.0f / (1 << 24);
-constexpr float kDrift = 6.5f * kRounding / kEdgeOn;
-/// Triangles of a smaller |e1| |e2| cannot be both hit and edge-on: their det would be below 1e-8.
-constexpr float kNeverEdgeOn = 0.98e-8f / kEdgeOn;
+constexpr float kDrift = 6.5f * kRounding;
+/// No triangle is hit with a |det| below this, so k is |e1| |e2| / kLeastDet at most. For a small triangle that will
+/// do.
+constexpr float kLeastDet = 0.98e-8f;
+constexpr float kLargeEdgeProduct = 2e-5f;
+/// For a large one, a ray with a smaller |det| than |e1| |e2| / k must be told from others by its normal.
+constexpr float kLargeK = 1024;
 
 /// Components of a direction below this count as 0; their quotients would leave the range of floats.
 constexpr float kParallel = 1e-15f;
 constexpr float kFar = 1e30f;
 
-struct WideVector {
-    Float4 x, y, z;
-};
-
-WideVector operator-(const WideVector& a, const WideVector& b) {
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-WideVector Cross(const WideVector& a, const WideVector& b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-Float4 Dot(const WideVector& a, const WideVector& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-struct WideTriangle {
-    WideVector p0, p1, p2;
-};
-
-WideTriangle Gather(const PartTriangle* triangles, const std::uint32_t (&indices)[4]) {
-    static_assert(sizeof(PartTriangle) == 9 * sizeof(float));
-    const float* from[4] = {triangles[indices[0]][0].data(), triangles[indices[1]][0].data(),
-                            triangles[indices[2]][0].data(), triangles[indices[3]][0].data()};
-    Float4 a[4], b[4];
-    for (int i = 0; i < 4; ++i) {
-        a[i] = Utils::Load4(from[i]);
-        b[i] = Utils::Load4(from[i] + 4);
-    }
-    Utils::Transpose(a[0], a[1], a[2], a[3]);
-    Utils::Transpose(b[0], b[1], b[2], b[3]);
-    const Float4 last = {from[0][8], from[1][8], from[2][8], from[3][8]};
-    return {{a[0], a[1], a[2]}, {a[3], b[0], b[1]}, {b[2], b[3], last}};
+/// |e1| |e2|
+float EdgeProduct(const PartTriangle& triangle) {
+    return std::sqrt(Utils::LengthSquared(triangle[1] - triangle[0]) * Utils::LengthSquared(triangle[2] - triangle[0]));
 }
 
 /// Spreads the lower ten bits to every third place.
@@ -76,187 +47,189 @@ std::uint32_t Spread(std::uint32_t v) {
     return (v | v << 2) & 0x09249249;
 }
 
-/// |e1|^2 |e2|^2
-float SquaredEdgeProduct(const PartTriangle& triangle) {
-    return Utils::LengthSquared(triangle[1] - triangle[0]) * Utils::LengthSquared(triangle[2] - triangle[0]);
-}
+struct SortedLeaf {
+    std::size_t largeCount = 0;
+    float greatestSmallProduct = 0;
+};
 
-bool MayBeEdgeOn(const PartTriangle& triangle) {
-    return SquaredEdgeProduct(triangle) > kNeverEdgeOn * kNeverEdgeOn;
-}
-
-/// The leaf's triangles in the lower halves of the keys, those that may be edge-on first, then along a curve that runs
-/// through the box cell by cell. Returns how many may be edge-on.
-std::size_t SortByPlace(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,
-                        const PartTreeBox& box, std::vector<std::uint64_t>& sorted) {
+/// Puts the leaf's triangles into the lower halves of the keys: large ones first, then along a curve that runs through
+/// the box cell by cell.
+SortedLeaf SortByPlace(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,
+                       const PartTreeBox& box, std::vector<std::uint64_t>& keys) {
     const float extent = (box.max - box.min).maxCoeff();
     const float scale = extent > 0 ? 1023.0f / (3 * extent) : 0.0f;
-    const Utils::Vector3 corner = 3 * box.min;
-    sorted.clear();
-    std::size_t edgeOnCount = 0;
+    const Vector3 corner = 3 * box.min;
+    SortedLeaf sorted;
+    keys.clear();
     for (const std::uint32_t index : leaf) {
         const PartTriangle& t = triangles[index];
-        const Utils::Vector3 cell = (t[0] + t[1] + t[2] - corner) * scale;
-        const bool edgeOn = MayBeEdgeOn(t);
-        edgeOnCount += edgeOn;
-        std::uint32_t key = edgeOn ? 0 : 1u << 30;
+        const Vector3 cell = (t[0] + t[1] + t[2] - corner) * scale;
+        const float product = EdgeProduct(t);
+        const bool large = product > kLargeEdgeProduct;
+        if (large)
+            ++sorted.largeCount;
+        else
+            sorted.greatestSmallProduct = std::max(sorted.greatestSmallProduct, product);
+        std::uint32_t key = large ? 0 : 1u << 30;
         for (int axis = 0; axis < 3; ++axis)
             key |= Spread(static_cast<std::uint32_t>(std::clamp(cell[axis], 0.0f, 1023.0f))) << axis;
-        sorted.push_back(std::uint64_t{key} << 32 | index);
+        keys.push_back(std::uint64_t{key} << 32 | index);
     }
-    std::sort(sorted.begin(), sorted.end());
-    return edgeOnCount;
-}
-
-/// 1 for planes that the ray runs along so closely that a hit, as computed, may lie anywhere.
-unsigned SeesEdgeOn(const Float4 (&normal)[3], Float4 limit, const WideRay& ray) {
-    const Float4 cosine = ray.direction[0] * normal[0] + ray.direction[1] * normal[1] + ray.direction[2] * normal[2];
-    return Utils::Bits(Utils::Abs(cosine) < limit) != 0;
+    std::sort(keys.begin(), keys.end());
+    return sorted;
 }
 
 } // namespace
 
-WideRay::WideRay(const PartRay& ray) {
-    for (int axis = 0; axis < 3; ++axis) {
-        origin[axis] = Utils::Splat(ray.origin[axis]);
-        direction[axis] = Utils::Splat(ray.direction[axis]);
-    }
-}
+/// Boxes as a ray sees them, grown by how far a hit may lie off.
+class LargeLeaves::Slabs {
+public:
+    Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin, const WideVector& rayDirection);
 
-void TestFourTriangles(const PartTriangle* triangles, const std::uint32_t (&indices)[4], const WideRay& ray,
-                       float& nearest) {
-    const WideTriangle t = Gather(triangles, indices);
-    const WideVector o = {ray.origin[0], ray.origin[1], ray.origin[2]};
-    const WideVector d = {ray.direction[0], ray.direction[1], ray.direction[2]};
-    const WideVector e1 = t.p1 - t.p0, e2 = t.p2 - t.p0, pv = Cross(d, e2);
-    const Float4 det = Dot(e1, pv);
-    const Float4 inverse = 1.0f / det;
-    const WideVector s = o - t.p0;
-    const Float4 u = Dot(s, pv) * inverse;
-    Mask4 hit = ((det < -kBelowLimit) | (det > kBelowLimit)) & (u >= 0.0f) & (u <= 1.0f);
-    if (!Utils::Bits(hit))
-        return;
-    const WideVector qv = Cross(s, e1);
-    const Float4 v = Dot(d, qv) * inverse;
-    const Float4 distance = Dot(e2, qv) * inverse;
-    hit &= (v >= 0.0f) & (u + v <= 1.0f) & (distance > kBelowLimit);
-    for (unsigned bits = Utils::Bits(hit), lane = 0; bits; bits >>= 1, ++lane)
-        if (bits & 1)
-            nearest = std::min(nearest, distance[lane]);
-}
+    /// A bit for each box that the ray meets ahead of its origin and short of the nearest hit.
+    unsigned Meet(const Boxes& boxes, float nearest) const;
+    /// True when nothing in a box that the ray enters there can be nearer than the nearest hit.
+    bool LiesBehind(float enter, float nearest) const { return enter > nearest + 2 * margin; }
 
-/// The boxes of a leaf as a ray sees them, grown by how far a hit may lie off: positions along the ray at which it
-/// enters and leaves them.
-struct LargeLeaves::Slabs {
-    Slabs(const Leaf& leaf, const WideRay& ray);
+    const WideVector origin, direction; ///< of the ray
+
+private:
+    void SetAxis(int axis, float from, float along);
 
     Float4 nearOrigin[3], farOrigin[3], inverse[3];
     bool nearIsMin[3];
     float margin;
-
-    /// A bit for each pack whose box the ray meets ahead of its origin and short of the nearest hit.
-    unsigned Meet(const Group& group, float nearest) const;
 };
 
-LargeLeaves::Slabs::Slabs(const Leaf& leaf, const WideRay& ray) {
-    const Utils::Vector3 origin(ray.origin[0][0], ray.origin[1][0], ray.origin[2][0]);
-    const float farthest =
-        Utils::Length(origin - leaf.centre) + leaf.radius; // no |s| is greater, no edge above 2 radii
-    const float coordinates = origin.cwiseAbs().maxCoeff() + leaf.centre.cwiseAbs().maxCoeff() + farthest;
-    margin = kDrift * (4 * leaf.radius + 2 * farthest) + 16 * kRounding * coordinates;
-    for (int axis = 0; axis < 3; ++axis) {
-        const float direction = ray.direction[axis][0];
-        const bool parallel = std::abs(direction) < kParallel;
-        // A slab that the ray is parallel to holds no end of it back.
-        const float growth = parallel ? kFar : margin;
-        nearIsMin[axis] = parallel || direction > 0;
-        inverse[axis] = Utils::Splat(parallel ? 1.0f : 1.0f / direction);
-        nearOrigin[axis] = ray.origin[axis] + (nearIsMin[axis] ? growth : -growth);
-        farOrigin[axis] = ray.origin[axis] - (nearIsMin[axis] ? growth : -growth);
-    }
+LargeLeaves::Slabs::Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin, const WideVector& rayDirection)
+    : origin(rayOrigin), direction(rayDirection) {
+    const Vector3 from(origin.x[0], origin.y[0], origin.z[0]);
+    // No vertex is farther from the ray's origin, and no edge longer than two radii.
+    const float farthest = Utils::Length(from - leaf.centre) + leaf.radius;
+    const float coordinates = from.cwiseAbs().maxCoeff() + leaf.centre.cwiseAbs().maxCoeff() + farthest;
+    margin = kDrift * k * (4 * leaf.radius + 2 * farthest) + 16 * kRounding * coordinates;
+    SetAxis(0, from.x(), direction.x[0]);
+    SetAxis(1, from.y(), direction.y[0]);
+    SetAxis(2, from.z(), direction.z[0]);
 }
 
-unsigned LargeLeaves::Slabs::Meet(const Group& group, float nearest) const {
+void LargeLeaves::Slabs::SetAxis(int axis, float from, float along) {
+    const bool parallel = std::abs(along) < kParallel;
+    nearIsMin[axis] = parallel || along > 0;
+    const float growth = parallel ? kFar : nearIsMin[axis] ? margin : -margin;
+    nearOrigin[axis] = Utils::Splat(from + growth);
+    farOrigin[axis] = Utils::Splat(from - growth);
+    inverse[axis] = Utils::Splat(parallel ? 1.0f : 1.0f / along);
+}
+
+unsigned LargeLeaves::Slabs::Meet(const Boxes& boxes, float nearest) const {
     Float4 enter = Utils::Splat(-margin), leave = Utils::Splat(nearest + margin);
     for (int axis = 0; axis < 3; ++axis) {
-        const Float4 nearSide = nearIsMin[axis] ? group.min[axis] : group.max[axis];
-        const Float4 farSide = nearIsMin[axis] ? group.max[axis] : group.min[axis];
-        enter = Utils::Max(enter, (nearSide - nearOrigin[axis]) * inverse[axis]);
-        leave = Utils::Min(leave, (farSide - farOrigin[axis]) * inverse[axis]);
+        const Float4* nearSide = nearIsMin[axis] ? boxes.min : boxes.max;
+        const Float4* farSide = nearIsMin[axis] ? boxes.max : boxes.min;
+        enter = Utils::Max(enter, (nearSide[axis] - nearOrigin[axis]) * inverse[axis]);
+        leave = Utils::Min(leave, (farSide[axis] - farOrigin[axis]) * inverse[axis]);
     }
     return Utils::Bits(enter <= leave);
 }
 
 std::uint32_t LargeLeaves::Add(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,
                                const PartTreeBox& box, std::vector<std::uint64_t>& sorted) {
-    const std::size_t edgeOnCount = SortByPlace(triangles, leaf, box, sorted);
-    const std::size_t groupCount = (leaf.size() + kGroup - 1) / kGroup;
-    const std::size_t planeGroupCount = (edgeOnCount + kGroup - 1) / kGroup;
-    leaves.push_back({box.Centre(), box.radius, static_cast<std::uint32_t>(groups.size()),
-                      static_cast<std::uint32_t>(groupCount), static_cast<std::uint32_t>(planes.size()),
-                      static_cast<std::uint32_t>(planeGroupCount)});
-    for (std::size_t i = 0; i < groupCount * kGroup; i += kGroup) {
-        Group& group = groups.emplace_back();
-        for (std::size_t pack = 0; pack < kPack; ++pack)
-            for (std::size_t lane = 0; lane < kPack; ++lane) {
-                // The last group's free places repeat the last triangle.
-                const std::size_t at = std::min(i + pack * kPack + lane, sorted.size() - 1);
-                group.triangles[pack][lane] = static_cast<std::uint32_t>(sorted[at]);
-            }
-        SetBoxes(triangles, group);
-        for (std::size_t pack = 0; i < edgeOnCount && pack < kPack; ++pack)
-            planes.push_back(PlanesOf(triangles, group.triangles[pack]));
-    }
-    return static_cast<std::uint32_t>(leaves.size() - 1);
+    const SortedLeaf result = SortByPlace(triangles, leaf, box, sorted);
+    while (sorted.size() % kGroup != 0)
+        sorted.push_back(sorted.back()); // tested twice, which changes nothing
+    const auto count = [](std::size_t size) { return static_cast<std::uint32_t>(size); };
+    leaves.push_back({box.Centre(), box.radius, result.greatestSmallProduct / kLeastDet, count(packBoxes.size()),
+                      count(sorted.size() / kGroup), count(groupBoxes.size()), count(normals.size()),
+                      count((result.largeCount + kGroup - 1) / kGroup)});
+    for (std::size_t i = 0; i < sorted.size(); i += kGroup)
+        AddGroup(triangles, {sorted.data() + i, kGroup}, i < result.largeCount);
+    AddGroupBoxes(leaves.back());
+    return count(leaves.size() - 1);
 }
 
-void LargeLeaves::SetBoxes(const std::vector<PartTriangle>& triangles, Group& group) {
-    for (std::size_t pack = 0; pack < kPack; ++pack) {
-        const WideTriangle t = Gather(triangles.data(), group.triangles[pack]);
-        const Float4 low[3] = {Utils::Min(t.p0.x, Utils::Min(t.p1.x, t.p2.x)),
-                               Utils::Min(t.p0.y, Utils::Min(t.p1.y, t.p2.y)),
-                               Utils::Min(t.p0.z, Utils::Min(t.p1.z, t.p2.z))};
-        const Float4 high[3] = {Utils::Max(t.p0.x, Utils::Max(t.p1.x, t.p2.x)),
-                                Utils::Max(t.p0.y, Utils::Max(t.p1.y, t.p2.y)),
-                                Utils::Max(t.p0.z, Utils::Max(t.p1.z, t.p2.z))};
+void LargeLeaves::AddGroup(const std::vector<PartTriangle>& triangles, std::span<const std::uint64_t> sorted,
+                           bool withNormals) {
+    Boxes& boxes = packBoxes.emplace_back();
+    for (std::size_t pack = 0; pack < 4; ++pack) {
+        std::array<std::uint32_t, 4> indices;
+        for (std::size_t lane = 0; lane < 4; ++lane)
+            indices[lane] = static_cast<std::uint32_t>(sorted[4 * pack + lane]);
+        const TrianglePack& t = packs.emplace_back(GatherPack(triangles.data(), indices));
+        const auto setAxis = [&](int axis, Float4 corner, Float4 first, Float4 second) {
+            const Float4 zero = {};
+            boxes.min[axis][pack] = Utils::LeastLane(corner + Utils::Min(zero, Utils::Min(first, second)));
+            boxes.max[axis][pack] = Utils::GreatestLane(corner + Utils::Max(zero, Utils::Max(first, second)));
+        };
+        setAxis(0, t.corner.x, t.firstEdge.x, t.secondEdge.x);
+        setAxis(1, t.corner.y, t.firstEdge.y, t.secondEdge.y);
+        setAxis(2, t.corner.z, t.firstEdge.z, t.secondEdge.z);
+        if (!withNormals)
+            continue;
+        Normals& n = normals.emplace_back(Normals{Cross(t.firstEdge, t.secondEdge), {}});
+        for (std::size_t lane = 0; lane < 4; ++lane)
+            if (const float limit = EdgeProduct(triangles[indices[lane]]) / kLargeK; limit > kLeastDet)
+                n.limit[lane] = 1.02f * limit;
+    }
+}
+
+void LargeLeaves::AddGroupBoxes(const Leaf& leaf) {
+    for (std::uint32_t group = 0; group < leaf.groupCount - leaf.largeGroupCount; ++group) {
+        Boxes& boxes = group % 4 == 0 ? groupBoxes.emplace_back() : groupBoxes.back();
+        const Boxes& inner = packBoxes[leaf.firstGroup + leaf.largeGroupCount + group];
         for (int axis = 0; axis < 3; ++axis) {
-            group.min[axis][pack] = std::min({low[axis][0], low[axis][1], low[axis][2], low[axis][3]});
-            group.max[axis][pack] = std::max({high[axis][0], high[axis][1], high[axis][2], high[axis][3]});
+            boxes.min[axis][group % 4] = Utils::LeastLane(inner.min[axis]);
+            boxes.max[axis][group % 4] = Utils::GreatestLane(inner.max[axis]);
         }
     }
 }
 
-LargeLeaves::PackPlanes LargeLeaves::PlanesOf(const std::vector<PartTriangle>& triangles,
-                                              const std::uint32_t (&pack)[4]) {
-    const WideTriangle t = Gather(triangles.data(), pack);
-    const WideVector normal = Cross(t.p1 - t.p0, t.p2 - t.p0);
-    PackPlanes planes = {{normal.x, normal.y, normal.z}, {}};
-    for (int i = 0; i < 4; ++i)
-        if (MayBeEdgeOn(triangles[pack[i]]))
-            planes.limit[i] = 1.02f * kEdgeOn * std::sqrt(SquaredEdgeProduct(triangles[pack[i]]));
-    return planes;
-}
-
-void LargeLeaves::Test(std::uint32_t name, const PartTriangle* triangles, const WideRay& ray, float& nearest) const {
+void LargeLeaves::Test(std::uint32_t name, const WideVector& origin, const WideVector& direction, float enter,
+                       float& nearest) const {
     const Leaf& leaf = leaves[name];
-    const Slabs slabs(leaf, ray);
-    for (std::uint32_t i = 0; i < leaf.groupCount; ++i) {
-        const Group& group = groups[leaf.firstGroup + i];
-        unsigned packs = slabs.Meet(group, nearest);
-        for (unsigned pack = 0; i < leaf.planeGroupCount && pack < kPack; ++pack) {
-            const PackPlanes& p = planes[leaf.firstPlanes + i * kPack + pack];
-            packs |= SeesEdgeOn(p.normal, p.limit, ray) << pack;
-        }
-        for (unsigned pack = 0; packs; packs >>= 1, ++pack)
-            if (packs & 1)
-                TestFourTriangles(triangles, group.triangles[pack], ray, nearest);
+    if (leaf.largeGroupCount > 0) {
+        const Slabs slabs(leaf, kLargeK, origin, direction);
+        for (std::uint32_t group = 0; group < leaf.largeGroupCount; ++group)
+            TestPacks(leaf, group, MetOrEdgeOn(leaf, group, slabs, nearest), slabs, nearest);
     }
+    if (leaf.largeGroupCount == leaf.groupCount)
+        return;
+    const Slabs slabs(leaf, leaf.smallK, origin, direction);
+    if (slabs.LiesBehind(enter, nearest))
+        return;
+    for (std::uint32_t first = leaf.largeGroupCount; first < leaf.groupCount; first += 4) {
+        unsigned met = slabs.Meet(groupBoxes[leaf.firstGroupBoxes + (first - leaf.largeGroupCount) / 4], nearest);
+        if (leaf.groupCount - first < 4)
+            met &= (1u << (leaf.groupCount - first)) - 1;
+        for (; met; met &= met - 1) {
+            const std::uint32_t group = first + static_cast<std::uint32_t>(std::countr_zero(met));
+            TestPacks(leaf, group, slabs.Meet(packBoxes[leaf.firstGroup + group], nearest), slabs, nearest);
+        }
+    }
+}
+
+unsigned LargeLeaves::MetOrEdgeOn(const Leaf& leaf, std::uint32_t group, const Slabs& slabs, float nearest) const {
+    unsigned met = slabs.Meet(packBoxes[leaf.firstGroup + group], nearest);
+    for (unsigned pack = 0; pack < 4; ++pack) {
+        const Normals& n = normals[leaf.firstNormals + 4 * group + pack];
+        met |= unsigned{Utils::Bits(Utils::Abs(Dot(n.normal, slabs.direction)) < n.limit) != 0} << pack;
+    }
+    return met;
+}
+
+void LargeLeaves::TestPacks(const Leaf& leaf, std::uint32_t group, unsigned bits, const Slabs& slabs,
+                            float& nearest) const {
+    for (; bits; bits &= bits - 1)
+        TestPack(packs[4 * (leaf.firstGroup + group) + static_cast<std::size_t>(std::countr_zero(bits))], slabs.origin,
+                 slabs.direction, nearest);
 }
 
 void LargeLeaves::ShrinkToFit() {
     leaves.shrink_to_fit();
-    groups.shrink_to_fit();
-    planes.shrink_to_fit();
+    packs.shrink_to_fit();
+    packBoxes.shrink_to_fit();
+    groupBoxes.shrink_to_fit();
+    normals.shrink_to_fit();
 }
 
 } // namespace CockpitModel

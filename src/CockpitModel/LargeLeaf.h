@@ -1,69 +1,62 @@
 #pragma once
 
-#include "Utils/Float4.h"
-#include "Utils/LinearAlgebra.h"
+#include "CockpitModel/TrianglePack.h"
 
-#include <array>
 #include <cstdint>
 #include <span>
 #include <vector>
 
 namespace CockpitModel {
 
-struct PartRay;
 struct PartTreeBox;
-using PartTriangle = std::array<Utils::Vector3, 3>;
 
 inline constexpr std::uint32_t kNoLargeLeaf = 0xFFFFFFFF;
 
-/// A ray as the tests of four triangles or boxes at once take it: every lane holds the same.
-struct WideRay {
-    explicit WideRay(const PartRay& ray);
-
-    std::array<Utils::Float4, 3> origin, direction;
-};
-
-/// Brings `nearest` down to the distance of the nearest of up to four triangles that the ray hits, as testing them one
-/// by one would. Coordinates and ray must be too small for anything to overflow, the direction a unit.
-void TestFourTriangles(const PartTriangle* triangles, const std::uint32_t (&indices)[4], const WideRay& ray,
-                       float& nearest);
-
-/// What large leaves hold beside their list of triangles: the same triangles sorted by place, in packs of four with a
-/// box each, so that a ray tests few of them. A pack is left out only where no rounding in the test of its triangles
-/// could make a hit of them.
+/// What large leaves hold beside their lists: the same triangles once more, sorted by place and packed in fours, with
+/// boxes about four packs and sixteen packs, so that a ray tests few of them. A pack is left out only where no rounding
+/// in the test of its triangles could make a hit of them.
 class LargeLeaves {
 public:
-    /// Returns the name of the new leaf. The box is that of its triangles; `sorted` is room to work in.
+    /// Returns the leaf's name. The box is that of its triangles; `sorted` is room to work in.
     std::uint32_t Add(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,
                       const PartTreeBox& box, std::vector<std::uint64_t>& sorted);
-    void Test(std::uint32_t leaf, const PartTriangle* triangles, const WideRay& ray, float& nearest) const;
+    /// As TestPack for all triangles of the leaf, whose box the ray enters at `enter`. The direction must be a unit.
+    void Test(std::uint32_t leaf, const WideVector& origin, const WideVector& direction, float enter,
+              float& nearest) const;
     void ShrinkToFit();
 
 private:
-    /// Four packs: their boxes by axis and pack, and their triangles.
-    struct Group {
+    /// The boxes of four packs or of four groups, by axis, one a lane.
+    struct Boxes {
         Utils::Float4 min[3], max[3];
-        std::uint32_t triangles[4][4];
     };
-    /// The planes of a pack's triangles. A ray whose direction lies so close to one of them that their product with the
-    /// normal stays below the limit may hit that triangle, as computed, far away from it.
-    struct PackPlanes {
-        Utils::Float4 normal[3], limit;
+    /// The normals of a pack's triangles. A ray whose direction is so nearly at right angles to one of them that their
+    /// product stays below the limit sees that triangle edge-on, and may hit it, as computed, far away from it.
+    struct Normals {
+        WideVector normal;
+        Utils::Float4 limit;
     };
+    /// A group is four packs. Large triangles fill the first groups, which have normals and no group boxes.
     struct Leaf {
         Utils::Vector3 centre;
         float radius;
+        float smallK; ///< how far hits drift off small triangles, see LargeLeaf.cpp
         std::uint32_t firstGroup, groupCount;
-        std::uint32_t firstPlanes, planeGroupCount; ///< of as many groups, the leaf's first
+        std::uint32_t firstGroupBoxes;
+        std::uint32_t firstNormals, largeGroupCount;
     };
-    struct Slabs;
+    class Slabs;
 
-    static void SetBoxes(const std::vector<PartTriangle>& triangles, Group& group);
-    static PackPlanes PlanesOf(const std::vector<PartTriangle>& triangles, const std::uint32_t (&pack)[4]);
+    void AddGroup(const std::vector<PartTriangle>& triangles, std::span<const std::uint64_t> sorted, bool withNormals);
+    void AddGroupBoxes(const Leaf& leaf);
+    unsigned MetOrEdgeOn(const Leaf& leaf, std::uint32_t group, const Slabs& slabs, float nearest) const;
+    void TestPacks(const Leaf& leaf, std::uint32_t group, unsigned bits, const Slabs& slabs, float& nearest) const;
 
     std::vector<Leaf> leaves;
-    std::vector<Group> groups;
-    std::vector<PackPlanes> planes; ///< four a group
+    std::vector<TrianglePack> packs; ///< four a group
+    std::vector<Boxes> packBoxes;    ///< one a group
+    std::vector<Boxes> groupBoxes;   ///< one for four groups of a leaf
+    std::vector<Normals> normals;    ///< four a group
 };
 
 } // namespace CockpitModel

@@ -25,7 +25,7 @@ constexpr float kUnitLimit = 1.0001f;
 constexpr double kEpsilon = 1e-8;
 
 bool AllBelow(const Vector3& v, float limit) {
-    return v.cwiseAbs().maxCoeff<Eigen::PropagateNaN>() <= limit;
+    return std::abs(v.x()) <= limit && std::abs(v.y()) <= limit && std::abs(v.z()) <= limit;
 }
 
 bool MeetsBox(const PartTreeBox& box, const PartRay& ray) {
@@ -47,28 +47,43 @@ void KeepNearer(std::optional<PartHit>& kept, const std::optional<PartHit>& cand
         kept = candidate;
 }
 
-/// MeetsBox on all axes at once, for a ray and a box of finite numbers.
-struct QuickSlabs {
-    explicit QuickSlabs(const PartRay& ray)
-        : origin{ray.origin.x(), ray.origin.y(), ray.origin.z(), 0}, direction{ray.direction.x(), ray.direction.y(),
-                                                                               ray.direction.z(), 0},
-          skipped(direction == 0.0f) {}
-
-    bool Meet(const PartTreeBox& box) const {
-        // The fourth lanes hold what follows in the box, and are skipped.
-        const Float4 t1 = (Utils::Load4(box.min.data()) - origin) / direction;
-        const Float4 t2 = (Utils::Load4(box.max.data()) - origin) / direction;
-        const Float4 near = skipped ? Utils::Splat(-kInfinity) : Utils::Min(t1, t2);
-        const Float4 far = skipped ? Utils::Splat(kInfinity) : Utils::Max(t1, t2);
-        return std::min({far[0], far[1], far[2]}) >= std::max({near[0], near[1], near[2]});
-    }
-
-    Float4 origin, direction;
-    Mask4 skipped;
-};
-static_assert(sizeof(PartTreeBox) == 7 * sizeof(float));
-
 } // namespace
+
+/// MeetsBox on all axes at once, for a ray and a box of finite numbers.
+class PartTree::QuickSlabs {
+public:
+    explicit QuickSlabs(const PartRay& ray);
+    /// False where the ray's numbers are not below kQuickLimit.
+    bool IsQuick() const { return quick; }
+    /// Where the line of the ray enters the box; false where it misses it. A box behind the ray counts as met.
+    bool Enter(const PartTreeBox& box, float& enter) const;
+
+private:
+    Float4 origin, direction;
+    Float4 skipped; ///< infinite on axes that do not count and in the fourth lane
+    bool quick;
+};
+
+PartTree::QuickSlabs::QuickSlabs(const PartRay& ray) {
+    static_assert(sizeof(PartRay) == 6 * sizeof(float));
+    const auto* numbers = reinterpret_cast<const float*>(&ray);
+    origin = Utils::Load4(numbers);
+    const Float4 fromZ = Utils::Load4(numbers + 2);
+    direction = __builtin_shufflevector(fromZ, fromZ, 1, 2, 3, 0);
+    const Float4 limit = Utils::Splat(kQuickLimit);
+    quick = Utils::Bits((Utils::Abs(origin) <= limit) & (Utils::Abs(direction) <= limit)) == 0xF;
+    const Mask4 skip = (direction == 0.0f) | Mask4{0, 0, 0, -1};
+    skipped = skip ? Utils::Splat(kInfinity) : Utils::Splat(0);
+    direction = skip ? Utils::Splat(1) : direction;
+}
+
+bool PartTree::QuickSlabs::Enter(const PartTreeBox& box, float& enter) const {
+    static_assert(sizeof(PartTreeBox) == 7 * sizeof(float));
+    const Float4 t1 = (Utils::Load4(box.min.data()) - origin) / direction;
+    const Float4 t2 = (Utils::Load4(box.max.data()) - origin) / direction;
+    enter = Utils::GreatestLane(Utils::Min(t1, t2) - skipped);
+    return enter <= Utils::LeastLane(Utils::Max(t1, t2) + skipped);
+}
 
 PartRay TransformRay(const PartRay& ray, const Utils::Matrix4& matrix) {
     const Vector3 origin = Utils::TransformPoint(ray.origin, matrix);
@@ -100,48 +115,57 @@ PartTree::PartTree(const std::vector<Rendering::GeometryVertex>& vertices, bool 
 }
 
 std::optional<PartHit> PartTree::Intersect(const PartRay& ray) const {
-    if (quick && AllBelow(ray.origin, kQuickLimit) && Utils::LengthSquared(ray.direction) <= kUnitLimit)
-        return IntersectQuickly(ray);
-    return IntersectPlainly(*this, ray);
-}
-
-/// No distance can be not-a-number here, so the nearest hit does not depend on the order of the tests.
-std::optional<PartHit> PartTree::IntersectQuickly(const PartRay& ray) const {
     const QuickSlabs slabs(ray);
-    if (!slabs.Meet(box))
+    if (!quick || !slabs.IsQuick())
+        return IntersectPlainly(*this, ray);
+    float enter;
+    if (!slabs.Enter(box, enter))
         return std::nullopt;
-    const WideRay wideRay(ray);
-    float nearest = kInfinity;
-    std::array<const PartTreeNode*, PartTreeBuilder::kMaxDepth + 1> waiting;
-    std::size_t waitingCount = 0;
-    for (const PartTreeNode* node = this; node;) {
-        TestOwnTriangles(*node, wideRay, nearest);
-        const PartTreeNode* next = nullptr;
-        if (node->hasChildren) {
-            const PartTreeNode* children = &nodes[node->left];
-            if (slabs.Meet(children[0].box))
-                next = children;
-            if (slabs.Meet(children[1].box))
-                waiting[waitingCount++] = children + 1;
-        }
-        if (!next && waitingCount > 0)
-            next = waiting[--waitingCount];
-        node = next;
-    }
+    if (Utils::LengthSquared(ray.direction) > kUnitLimit)
+        return IntersectPlainly(*this, ray);
+    const float nearest = NearestQuickly(ray, slabs, enter);
     if (nearest == kInfinity)
         return std::nullopt;
     return PartHit{ray.origin + nearest * ray.direction, Utils::Vector2::Zero(), nearest};
 }
 
-void PartTree::TestOwnTriangles(const PartTreeNode& node, const WideRay& ray, float& nearest) const {
+/// No distance can be not-a-number here, so the nearest hit does not depend on the order of the tests.
+float PartTree::NearestQuickly(const PartRay& ray, const QuickSlabs& slabs, float enterRoot) const {
+    struct Step {
+        const PartTreeNode* node;
+        float enter;
+    };
+    std::array<Step, PartTreeBuilder::kMaxDepth + 1> waiting;
+    waiting[0] = {this, enterRoot};
+    std::size_t waitingCount = 1;
+    const WideVector origin = Splat(ray.origin), direction = Splat(ray.direction);
+    float nearest = kInfinity;
+    while (waitingCount > 0) {
+        const auto [node, enter] = waiting[--waitingCount];
+        TestOwnTriangles(*node, origin, direction, enter, nearest);
+        if (!node->hasChildren)
+            continue;
+        const std::size_t first = waitingCount;
+        for (const std::uint32_t child : {node->right, node->left})
+            if (Step step = {&nodes[child], 0}; slabs.Enter(step.node->box, step.enter))
+                waiting[waitingCount++] = step;
+        // The nearer one goes first, for what it finds may spare work in the other.
+        if (waitingCount == first + 2 && waiting[first].enter < waiting[first + 1].enter)
+            std::swap(waiting[first], waiting[first + 1]);
+    }
+    return nearest;
+}
+
+void PartTree::TestOwnTriangles(const PartTreeNode& node, const WideVector& origin, const WideVector& direction,
+                                float enter, float& nearest) const {
     if (node.largeLeaf != kNoLargeLeaf)
-        return largeLeaves.Test(node.largeLeaf, triangles.data(), ray, nearest);
+        return largeLeaves.Test(node.largeLeaf, origin, direction, enter, nearest);
     const std::uint32_t* own = triangleIndices.data() + node.firstTriangle;
+    const std::uint32_t last = node.triangleCount - 1; // fills the lanes that are left over
     for (std::uint32_t i = 0; i < node.triangleCount; i += 4) {
-        const std::uint32_t last = node.triangleCount - 1; // tested again in the lanes that are left over
-        TestFourTriangles(triangles.data(),
-                          {own[i], own[std::min(i + 1, last)], own[std::min(i + 2, last)], own[std::min(i + 3, last)]},
-                          ray, nearest);
+        const std::array<std::uint32_t, 4> indices = {own[i], own[std::min(i + 1, last)], own[std::min(i + 2, last)],
+                                                      own[std::min(i + 3, last)]};
+        TestPack(GatherPack(triangles.data(), indices), origin, direction, nearest);
     }
 }
 

@@ -68,15 +68,17 @@ public:
     }
 
     std::vector<PartTreeNode> nodes; ///< all but the root
-    std::vector<std::array<Utils::Vector3, 3>> triangles;
+    std::vector<PartTriangle> triangles;
     std::vector<std::array<Utils::Vector2, 3>> textureCoordinates; ///< only when kept
     bool keepTextureCoordinates = false;
 
 private:
     friend class PartTreeBuilder;
+    class QuickSlabs;
 
-    std::optional<PartHit> IntersectQuickly(const PartRay& ray) const;
-    void TestOwnTriangles(const PartTreeNode& node, const WideRay& ray, float& nearest) const;
+    float NearestQuickly(const PartRay& ray, const QuickSlabs& slabs, float enterRoot) const;
+    void TestOwnTriangles(const PartTreeNode& node, const WideVector& origin, const WideVector& direction, float enter,
+                          float& nearest) const;
     std::optional<PartHit> IntersectPlainly(const PartTreeNode& node, const PartRay& ray) const;
     std::optional<PartHit> TestTriangle(std::uint32_t index, const PartRay& ray) const;
     Utils::Vector2 TextureAt(std::uint32_t index, const Utils::Vector3& position) const;

@@ -32,6 +32,14 @@ inline Float4 Max(Float4 a, Float4 b) {
 inline Float4 Abs(Float4 a) {
     return Max(a, -a);
 }
+inline float LeastLane(Float4 a) {
+    a = Min(a, __builtin_shufflevector(a, a, 2, 3, 0, 1));
+    return Min(a, __builtin_shufflevector(a, a, 1, 0, 3, 2))[0];
+}
+inline float GreatestLane(Float4 a) {
+    a = Max(a, __builtin_shufflevector(a, a, 2, 3, 0, 1));
+    return Max(a, __builtin_shufflevector(a, a, 1, 0, 3, 2))[0];
+}
 /// Bit i is lane i.
 inline unsigned Bits(Mask4 mask) {
 #ifdef __SSE__

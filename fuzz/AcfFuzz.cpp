@@ -1,0 +1,45 @@
+#include "FuzzInput.h"
+
+#include "CockpitModel/AircraftCockpit.h"
+#include "Sim/AcfFile.h"
+#include "Sim/XPAircraftInfo.h"
+#include "Utils/Text.h"
+
+#include <boost/lexical_cast.hpp>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr std::string_view kKey = "acf/_descrip";
+
+/// The same rule, told line by line and word by word.
+std::vector<std::string> ValuesByWords(std::string_view text) {
+    std::vector<std::string> values;
+    std::string_view line;
+    while (Utils::NextLine(text, line)) {
+        const auto words = Utils::Words(line);
+        if (words.size() >= 3 && words[0] == "P" && words[1] == kKey)
+            values.emplace_back(words[2].data(), words.back().data() + words.back().size());
+    }
+    return values;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text = Fuzz::Text(data, size);
+    std::vector<std::string> values;
+    Sim::ForEachAcfProperty(text, kKey, [&](std::string_view value) { values.emplace_back(value); });
+    Fuzz::Require(values == ValuesByWords(text));
+    Fuzz::Require(Sim::LastAcfProperty(text, kKey) == (values.empty() ? "" : values.back()));
+
+    const Fuzz::MemoryFile file(text);
+    Sim::XPAircraftInfo info;
+    info.acfPath = file.Path();
+    try {
+        Fuzz::Require(!info.CreateCockpit()->IsValid());
+    } catch (const boost::bad_lexical_cast&) {
+    }
+    return 0;
+}

@@ -1,0 +1,49 @@
+#include "FuzzInput.h"
+
+#include "Annotator/DetectedDataExport.h"
+#include "CockpitModel/SceneGraph.h"
+#include "CockpitModel/Touch/InteractionDetector.h"
+#include "CockpitModel/XPlane/XPObjConverter.h"
+#include "CockpitModel/XPlane/XPObjReader.h"
+#include "Support/ModelBuilder.h"
+
+#include <cmath>
+#include <sstream>
+#include <stdexcept>
+
+namespace {
+
+using namespace CockpitModel;
+
+/// Rays from the corners of every part's box: the tree must answer, and a hit lies in front of the ray.
+void Pick(const SceneGraph& graph) {
+    for (const auto& node : graph.Nodes()) {
+        for (const auto& part : node->parts) {
+            for (const Utils::Vector3& direction : {Utils::Vector3(0, 0, 1), Utils::Vector3(0.6f, 0, 0.8f)}) {
+                const auto hit = part->tree.Intersect({part->FarthestVertex - direction, direction});
+                Fuzz::Require(!hit || !(hit->distance < 0));
+            }
+        }
+    }
+}
+
+} // namespace
+
+/// The whole road of an object's text: reader, converter, scene graph, detection and export.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::istringstream stream{std::string(Fuzz::Text(data, size))};
+    XPObjData object;
+    ReadXPObj(stream, object);
+    Fuzz::Require(!object.textures.empty() && !object.animNodes.empty());
+    ModelData model;
+    try {
+        XPObjConverter().Convert("Aircraft/A/B", object, model);
+        SceneGraph graph(model, Support::ModelCockpit(), nullptr);
+        InteractionDetector().Detect(graph);
+        Fuzz::Require(Annotator::DetectedDataXml(graph).starts_with("<NodePartList"));
+        Pick(graph);
+    } catch (const std::out_of_range& error) {
+        Fuzz::Require(std::string(error.what()) == "invalid vector<T> subscript");
+    }
+    return 0;
+}

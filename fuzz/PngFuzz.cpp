@@ -1,0 +1,16 @@
+#include "FuzzInput.h"
+
+#include "Rendering/BitmapFile.h"
+#include "Rendering/Memory/MemoryContext.h"
+
+/// Pictures of more pixels are the library's matter and only slow the search.
+constexpr std::size_t kLargestInput = 1 << 16;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size > kLargestInput)
+        return 0;
+    const Fuzz::MemoryFile file(Fuzz::Text(data, size));
+    const auto levels = Rendering::ReadBitmapFile(file.Path());
+    Fuzz::Require(levels.size() == 1 && levels[0].Width() > 0 && levels[0].Height() > 0);
+    return 0;
+}

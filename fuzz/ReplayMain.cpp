@@ -1,0 +1,34 @@
+#include <boost/filesystem.hpp>
+#include <boost/filesystem/fstream.hpp>
+#include <cstdint>
+#include <iostream>
+#include <iterator>
+#include <string>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace {
+
+namespace fs = boost::filesystem;
+
+void Replay(const fs::path& file) {
+    fs::ifstream stream(file, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+    std::cout << file.filename().string() << std::endl; // before the run, so that a crash is named
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+}
+
+} // namespace
+
+/// Runs a target once over each file of the folders that are named. An empty corpus is a mistake, not a success.
+int main(int argumentCount, char** arguments) {
+    int replayed = 0;
+    for (int i = 1; i < argumentCount; ++i) {
+        for (const auto& entry : fs::directory_iterator(arguments[i])) {
+            Replay(entry.path());
+            ++replayed;
+        }
+    }
+    std::cout << replayed << " inputs replayed\n";
+    return replayed > 0 ? 0 : 1;
+}
