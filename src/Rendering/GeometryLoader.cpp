@@ -71,7 +71,7 @@ Utils::Vector3 ReadTriple(LineReader& reader) {
     return {x, y, reader.Number<float>()};
 }
 
-/// The entry that a face names; the first is 1.
+/// The entry that a face names; the first is 1. Numbers that count back from the end are not part of this format.
 template <typename Value>
 const Value& Entry(const Mesh& mesh, const std::vector<Value>& list, int index, const char* kind) {
     if (index < 1 || std::cmp_greater(index, list.size()))
