@@ -5,6 +5,7 @@
 #include "Rendering/GeometryLoader.h"
 #include "Support/TemporaryFolder.h"
 
+#include <cstdio>
 #include <cstring>
 #include <optional>
 
@@ -13,6 +14,9 @@ namespace Conformance {
 /// Direct3D 11 without a window, with the programs of the source tree.
 class D3D11Device {
 public:
+    /// A DDS picture is drawn into a target of one level.
+    static constexpr bool kDropsMipLevelsOfFiles = true;
+
     D3D11Device() {
         BindShaders();
         Rendering::D3D11::Check(D3D11CreateDevice(nullptr, D3D_DRIVER_TYPE_HARDWARE, nullptr, 0, nullptr, 0,
@@ -31,8 +35,7 @@ public:
             Resize(size);
         ID3D11RenderTargetView* target = Own(*frame).TargetView();
         deviceContext->OMSetRenderTargets(1, &target, depth->DepthView());
-        const D3D11_VIEWPORT whole{
-            0, 0, static_cast<float>(size.width), static_cast<float>(size.height), 0, 1};
+        const D3D11_VIEWPORT whole{0, 0, static_cast<float>(size.width), static_cast<float>(size.height), 0, 1};
         deviceContext->RSSetViewports(1, &whole);
         const float black[4] = {};
         deviceContext->ClearRenderTargetView(target, black);
@@ -66,6 +69,10 @@ private:
     }
     static void BindShaders() {
         static const std::string bound = [] {
+            // The system's box would wait for a person.
+            Utils::SetFatalErrorDialog([](const std::string& caption, const std::string& text) {
+                std::fprintf(stderr, "%s: %s\n", caption.c_str(), text.c_str());
+            });
             const Support::WorkingDirectory data(VORELLE_SOURCE_DIR "/data");
             return Rendering::ResolveDataPath("QVRA");
         }();
