@@ -7,6 +7,8 @@ set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
 
+no_tools=3 # the exit code where the tools or the libraries' sources cannot be had
+
 case "${1-}" in
   '') window=ON ;;
   --tests-only) window=OFF ;;
@@ -39,8 +41,8 @@ pack() {
   say "Packed $folder.zip"
 }
 
-install_packages "${cross_packages[@]}"
-WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" || fail "the libraries could not be built"
+(install_packages "${cross_packages[@]}") || exit $no_tools
+WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" || exit $no_tools
 
 say "Building in build/windows"
 quietly cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
