@@ -42,7 +42,7 @@ CommandLine::CommandLine() {
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
         ->take_last();
-    app.fallthrough();
+    app.fallthrough(); // -C may stand behind the command as well
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
         subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
