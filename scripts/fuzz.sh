@@ -17,7 +17,7 @@ targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
   for source in "$root"/fuzz/*Fuzz.cpp; do targets+=("$(basename "$source" Fuzz.cpp)"); done
 fi
-cmake --build "$build" --target "${targets[@]/%/Fuzz}" || fail "the build failed"
+quietly cmake --build "$build" --target "${targets[@]/%/Fuzz}" || fail "the build failed"
 
 fuzz_one() { # TARGET
   local grown=$build/grown/$1 finds=$build/finds/$1-

@@ -19,6 +19,7 @@ constexpr std::array kCommands{
     Command{"list", "Lists the aircraft: path, a tab, name", PrepareList},
     Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
     Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
+    Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file", PrepareRender},
     Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
 };
 
