@@ -86,10 +86,9 @@ TEST(PaneTexts, MovesAllAnimationsOfOneDataref) {
     EXPECT_FLOAT_EQ(model.animations[0].position, 0.25f);
     EXPECT_FLOAT_EQ(model.animations[1].position, 0.0f);
     EXPECT_FLOAT_EQ(model.animations[2].position, 0.125f);
-    for (int percent = 0; percent <= 100; ++percent) {
-        MoveAnimations(model, model.animations[0], percent);
-        EXPECT_EQ(SliderPercent(model.animations[0]), percent);
-    }
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25);
+    model.animations[0].position = 0.259f;
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25) << "truncated";
     model.animations[0].position = std::numeric_limits<float>::quiet_NaN();
     EXPECT_EQ(SliderPercent(model.animations[0]), 0);
 }
