@@ -1,5 +1,16 @@
 # A room is a library that holds whole folders: a file put into one of its folders belongs to it.
 
+# Leaves out of a list the files of other systems, which their names end with.
+function(vorelle_keep_own_system list)
+  set(kept ${${list}})
+  if(WIN32)
+    list(FILTER kept EXCLUDE REGEX "(Linux|GL|Linux(Test|Main))\\.cpp$")
+  else()
+    list(FILTER kept EXCLUDE REGEX "(Windows|D3D11|Windows(Test|Main))\\.cpp$")
+  endif()
+  set(${list} ${kept} PARENT_SCOPE)
+endfunction()
+
 # vorelle_room(NAME FOLDERS folder... [FILES file...] [WITHOUT file...] USES target...): folders and files are relative
 # to src; a folder is not searched below.
 function(vorelle_room name)
@@ -15,6 +26,7 @@ function(vorelle_room name)
   foreach(file IN LISTS ROOM_WITHOUT)
     list(REMOVE_ITEM sources ${PROJECT_SOURCE_DIR}/src/${file})
   endforeach()
+  vorelle_keep_own_system(sources)
   if(NOT sources)
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -35,6 +47,7 @@ function(vorelle_test name)
     file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
     list(APPEND sources ${found})
   endforeach()
+  vorelle_keep_own_system(sources)
   if(NOT sources)
     return()
   endif()

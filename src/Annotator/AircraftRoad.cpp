@@ -1,6 +1,7 @@
 #include "Annotator/AircraftRoad.h"
 
 #include "CockpitModel/Touch/InteractionDetector.h"
+#include "Utils/Paths.h"
 
 #include <fstream>
 
@@ -10,7 +11,7 @@ OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRe
     OpenedAircraft opened;
     opened.cockpit = info.CreateCockpit();
     opened.panels = std::make_unique<CockpitModel::PanelSet>();
-    std::ifstream configuration(opened.cockpit->panelConfigPath);
+    std::ifstream configuration(Utils::StreamPath(opened.cockpit->panelConfigPath));
     opened.panels->Read(configuration, repository);
     return opened;
 }

@@ -29,6 +29,7 @@ std::string DetectOne(const Sim::AircraftInfo& info) {
         const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
         return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened).sceneGraph);
     } catch (const std::exception&) {
+        // As the desktop tool logs it; the reason goes to whoever called the program.
         log.Log(HERE, "Failed to load model.  Skipping...");
         throw;
     }

@@ -1,14 +1,13 @@
 #include "Utils/Paths.h"
 
+#include "Utils/Platform.h"
 #include "Utils/Text.h"
 
 #include <algorithm>
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/split.hpp>
-#include <boost/filesystem/fstream.hpp>
 #include <boost/filesystem/operations.hpp>
-#include <cstdlib>
-#include <limits>
+#include <fstream>
 #include <vector>
 
 namespace fs = boost::filesystem;
@@ -83,11 +82,11 @@ fs::path FindIgnoringCase(const fs::path& path) {
 }
 
 fs::path UserDataFolder() {
-    const char* dataHome = std::getenv("XDG_DATA_HOME");
-    if (dataHome && fs::path(dataHome).is_absolute())
-        return dataHome;
-    const char* home = std::getenv("HOME");
-    return home && *home ? fs::path(home) / ".local/share" : fs::path();
+    return Platform::DataFolder();
+}
+
+std::filesystem::path StreamPath(const fs::path& path) {
+    return path.native();
 }
 
 std::string FolderStem(const std::string& filePath) {
@@ -98,7 +97,7 @@ std::string ReadFile(const fs::path& path) {
     boost::system::error_code error;
     if (!fs::is_regular_file(path, error))
         return {};
-    fs::ifstream file(path, std::ios::binary);
+    std::ifstream file(StreamPath(path), std::ios::binary);
     return ReadAll(file);
 }
 

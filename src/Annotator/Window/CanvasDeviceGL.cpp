@@ -1,7 +1,9 @@
-#include "Annotator/Window/CanvasDevice.h"
-#include "Logging/Logger.h"
+// The toolkit's header brings the platform's GL in, which libepoxy's must come ahead of.
 #include "Rendering/OpenGL/GLContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
+
+#include "Annotator/Window/CanvasDevice.h"
+#include "Logging/Logger.h"
 #include "Utils/Asserts.h"
 
 #include <optional>
