@@ -8,7 +8,6 @@
 #include <boost/algorithm/string/split.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <fstream>
-#include <limits>
 #include <vector>
 
 namespace fs = boost::filesystem;
