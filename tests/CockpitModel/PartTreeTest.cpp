@@ -293,7 +293,7 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
         const PartTree tree = Tree(row.soup);
         const Support::PlainTree plain(row.soup);
         ExpectSameTree(tree, plain, row.name);
-        ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 300), row.name);
+        ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 25), row.name);
     }
 }
 
@@ -307,7 +307,7 @@ TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
     Soup spoilt = sound;
     for (int i = 0; i < 40; ++i)
         spoil(spoilt[seeded.Below(200)][seeded.Below(3)]);
-    std::vector<PartRay> rays = seeded.Rays(sound, 200), spoiltRays = rays;
+    std::vector<PartRay> rays = seeded.Rays(sound, 25), spoiltRays = rays;
     for (PartRay& ray : spoiltRays)
         spoil(seeded.Below(2) ? ray.origin : ray.direction);
 
@@ -324,7 +324,7 @@ TEST(PartTree, FindsWhatBruteForceFinds) {
     const Soup soup = seeded.Panel(600);
     const PartTree tree = Tree(soup);
     const Support::PlainTree plain(soup);
-    for (int i = 0; i < 4000; ++i) {
+    for (int i = 0; i < 500; ++i) {
         const Vector3 eye(seeded.Number(-0.5f, 0.5f), seeded.Number(-0.5f, 0.5f), -0.8f);
         const Vector3 target = seeded.PointInPlane(soup[seeded.Below(soup.size())], 0);
         const auto expected = plain.BruteForce(Ray(eye, target - eye));
