@@ -20,6 +20,12 @@ libraries="boost tinyxml2 polyclipping libpng pixman cairo googletest"
 cache=${WINDOWS_CACHE:-$root/build/windows-libraries}
 build=$root/build/windows
 
+# Ends with 3 where the tools or libraries cannot be had here, which says nothing of the programs.
+unavailable() {
+  printf '%s: %s\n' "${0##*/}" "$*" >&2
+  exit 3
+}
+
 run_tests() {
   local code=0
   # One at a time: the first start makes Wine's prefix.
@@ -39,8 +45,9 @@ pack() {
   say "Packed $folder.zip"
 }
 
-install_packages "${cross_packages[@]}"
-WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" || fail "the libraries could not be built"
+(install_packages "${cross_packages[@]}") || unavailable "the cross tools cannot be installed"
+WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" ||
+  unavailable "the libraries could not be built"
 
 say "Building in build/windows"
 quietly cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
