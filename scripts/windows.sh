@@ -7,8 +7,6 @@ set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
 
-no_tools=3 # the exit code where the tools or the libraries' sources cannot be had
-
 case "${1-}" in
   '') window=ON ;;
   --tests-only) window=OFF ;;
@@ -21,6 +19,12 @@ libraries="boost tinyxml2 polyclipping libpng pixman cairo googletest"
 [ $window = OFF ] || libraries="$libraries wxwidgets"
 cache=${WINDOWS_CACHE:-$root/build/windows-libraries}
 build=$root/build/windows
+
+# Ends with 3 where the tools or libraries cannot be had here, which says nothing of the programs.
+unavailable() {
+  printf '%s: %s\n' "${0##*/}" "$*" >&2
+  exit 3
+}
 
 run_tests() {
   local code=0
@@ -41,8 +45,9 @@ pack() {
   say "Packed $folder.zip"
 }
 
-(install_packages "${cross_packages[@]}") || exit $no_tools
-WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" || exit $no_tools
+(install_packages "${cross_packages[@]}") || unavailable "the cross tools cannot be installed"
+WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" ||
+  unavailable "the libraries could not be built"
 
 say "Building in build/windows"
 quietly cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
