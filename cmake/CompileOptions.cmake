@@ -16,6 +16,9 @@ target_compile_options(vorelle_options INTERFACE
   "$<$<CXX_COMPILER_ID:GNU>:-Wshadow=local;-Wno-restrict>"
   # Keeps the machine's folders out of released programs.
   $<$<CONFIG:Release>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)
+if(WIN32)
+  target_compile_definitions(vorelle_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
+endif()
 if(VORELLE_WERROR)
   target_compile_options(vorelle_options INTERFACE -Werror)
 endif()

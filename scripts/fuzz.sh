@@ -32,6 +32,7 @@ fuzz_one() { # TARGET
   fi
 }
 export -f fuzz_one
+export LSAN_OPTIONS=suppressions=$root/cmake/lsan.supp:print_suppressions=0
 export build root seconds
 say "Fuzzing ${#targets[@]} targets for $seconds seconds each"
 printf '%s\n' "${targets[@]}" | xargs -P 2 -I{} bash -c 'fuzz_one {}' || fail "there are finds"

@@ -20,6 +20,7 @@ constexpr std::array kCommands{
     Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
     Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
     Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file", PrepareRender},
+    Command{"manips", "Prints a line for each part that can be clicked", PrepareManips},
     Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
 };
 
