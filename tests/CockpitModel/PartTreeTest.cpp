@@ -333,15 +333,47 @@ TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
     EXPECT_EQ(Tree(nowhere).Triangles(Tree(nowhere)).size(), 20u);
 }
 
+TEST(PartTree, TakesMemoryInProportionToItsTriangles) {
+    Seeded seeded(23);
+    Soup spiral; // each triangle half as far from the corner as the one before
+    for (int i = -10; i < 120; ++i) {
+        const float size = std::ldexp(1.0f, -i);
+        spiral.push_back(
+            {Vector3(size, size, size), Vector3(1.1f * size, size, size), Vector3(size, 1.2f * size, 1.3f * size)});
+    }
+    const struct {
+        const char* name;
+        Soup soup;
+        bool bounded;
+    } rows[] = {
+        {"half as large as their space", seeded.Scattered(3000, 1, 0.5f), true},
+        {"all across each other", seeded.Scattered(1000, 0.2f, 2), false},
+        {"a few", seeded.Scattered(100, 1, 0.5f), false},
+        {"spiral", spiral, true},
+    };
+    for (const auto& row : rows) {
+        const PartTree tree = Tree(row.soup);
+        std::size_t words = tree.Triangles(tree).size();
+        for (const PartTreeNode& node : tree.nodes)
+            words += tree.Triangles(node).size() + sizeof node / 4;
+        EXPECT_LE(words, 100 * row.soup.size() + 4096) << row.name;
+        EXPECT_EQ(tree.nodes.size() + 1 < Support::PlainTree(row.soup).nodes.size(), row.bounded) << row.name;
+        for (int i = 0; i < 100; ++i) {
+            const Vector3 from = seeded.Point(2);
+            const PartRay ray = Ray(from, seeded.PointInPlane(row.soup[seeded.Below(row.soup.size())], 0) - from);
+            ASSERT_EQ(Distance(tree, ray), Support::BruteForce(row.soup, ray).value_or(kNone)) << row.name;
+        }
+    }
+}
+
 TEST(PartTree, FindsWhatBruteForceFinds) {
     Seeded seeded(22);
     const Soup soup = seeded.Panel(600);
     const PartTree tree = Tree(soup);
-    const Support::PlainTree plain(soup);
     for (int i = 0; i < 4000; ++i) {
         const Vector3 eye(seeded.Number(-0.5f, 0.5f), seeded.Number(-0.5f, 0.5f), -0.8f);
         const Vector3 target = seeded.PointInPlane(soup[seeded.Below(soup.size())], 0);
-        const auto expected = plain.BruteForce(Ray(eye, target - eye));
+        const auto expected = Support::BruteForce(soup, Ray(eye, target - eye));
         ASSERT_EQ(Distance(tree, Ray(eye, target - eye)), expected.value_or(kNone)) << "ray " << i;
     }
 }
