@@ -5,6 +5,7 @@
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/DataFolder.h"
 #include "Support/ModelBuilder.h"
+#include "Utils/RangeCheck.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -152,8 +153,13 @@ void RegisterAircraft(const char* installation) {
     boost::filesystem::current_path(installation);
     static const Sim::AircraftList aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
     for (const auto& info : aircraft)
-        benchmark::RegisterBenchmark(("Pointer/" + info->displayName).c_str(),
-                                     [&info](benchmark::State& state) { Pointer(state, *info); });
+        benchmark::RegisterBenchmark(("Pointer/" + info->displayName).c_str(), [&info](benchmark::State& state) {
+            try {
+                Pointer(state, *info);
+            } catch (const std::exception& error) { // an aircraft that cannot be loaded
+                state.SkipWithError(Utils::Describe(error).c_str());
+            }
+        });
 }
 
 } // namespace

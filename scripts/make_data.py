@@ -15,6 +15,7 @@ CHECKER_FIELD = 8  # pixels
 CHECKER_GREYS = (0xC8, 0xA0)
 
 RINGS = 20  # from pole to pole
+RADIUS = 0.15  # the preview draws it at a tenth: a marker of the size of a knob, which leaves its part to be seen
 SECTORS = 32  # around the equator: 2 * SECTORS * (RINGS - 1) = 1216 triangles
 
 
@@ -40,7 +41,7 @@ def number(value: float) -> str:
 
 
 def sphere_points():
-    """(position on the unit sphere, texture coordinates), ring by ring; each ring ends where it began."""
+    """(direction from the centre, texture coordinates), ring by ring; each ring ends where it began."""
     for ring in range(RINGS + 1):
         polar = math.pi * ring / RINGS
         for sector in range(SECTORS + 1):
@@ -63,10 +64,10 @@ def sphere_faces():
 
 def sphere_obj() -> str:
     points = list(sphere_points())
-    lines = ["# A sphere of radius 1 about the origin, in the renderer's left-handed axes.", "o Sphere"]
-    lines += ["v " + " ".join(map(number, position)) for position, _ in points]
+    lines = [f"# A sphere of radius {RADIUS} about the origin, in the renderer's left-handed axes.", "o Sphere"]
+    lines += ["v " + " ".join(number(RADIUS * c) for c in direction) for direction, _ in points]
     lines += ["vt " + " ".join(map(number, texture)) for _, texture in points]
-    lines += ["vn " + " ".join(map(number, position)) for position, _ in points]
+    lines += ["vn " + " ".join(map(number, direction)) for direction, _ in points]
     lines += ["f " + " ".join(f"{i}/{i}/{i}" for i in face) for face in sphere_faces()]
     return "\n".join(lines) + "\n"
 

@@ -48,12 +48,12 @@ with_cmake() { # NAME SUBDIR OPTION...
   cmake --install "$source/out"
 }
 
-with_configure() { # NAME OPTION...
-  local source=$cache/build/$1
-  shift
+with_configure() { # NAME SUBDIR OPTION...: makes and installs what lies in SUBDIR
+  local source=$cache/build/$1 part=$2
+  shift 2
   (cd "$source" && ./configure --host=$host --prefix="$prefix" --disable-shared --enable-static \
     CPPFLAGS="-I$prefix/include" LDFLAGS="-L$prefix/lib" PKG_CONFIG_LIBDIR="$prefix/lib/pkgconfig" "$@" &&
-    make -j "$jobs" && make install)
+    make -C "$part" -j "$jobs" && make -C "$part" install)
 }
 
 build_boost() { # of Boost, only Filesystem is more than headers
@@ -87,17 +87,17 @@ build_libpng() { # the packaged zlib is linked by the name of its archive, or it
   printf 'Name: zlib\nDescription: zlib\nVersion: 1.2\nLibs: -L%s/lib -lz\nCflags: -I%s/include\n' "$prefix" "$prefix" \
     >"$prefix/lib/pkgconfig/zlib.pc"
   unpack libpng 'libpng1.6_*.orig.tar.*'
-  with_configure libpng
+  with_configure libpng .
 }
 
 build_pixman() {
   unpack pixman 'pixman_*.orig.tar.*'
-  with_configure pixman --disable-gtk --disable-libpng
+  with_configure pixman pixman --disable-gtk --disable-libpng
 }
 
 build_cairo() {
   unpack cairo 'cairo_*.orig.tar.*'
-  with_configure cairo --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
+  with_configure cairo src --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
     --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace \
     --enable-png
 }

@@ -132,10 +132,10 @@ def nose():
 
 def draw_stick(cockpit):
     """A block of three steps, with the button's block inside it, and a boot that only nods with the pitch."""
-    pitch = turn((1, 0, 0), 12, -12, -1, 1, PITCH)
+    pitch = turn((1, 0, 0), 0, -12, 0, 1, PITCH)
     with cockpit.block(place(0, -0.28, -0.22), pitch):
         cockpit.draw("Boot", Mesh().lathe(((0.07, 0), (0.05, 0.05), (0.02, 0.10)), BLACK, 14, "y"))
-    with cockpit.block(place(0, -0.28, -0.22), pitch, turn(OUT, 14, -14, -1, 1, ROLL)):
+    with cockpit.block(place(0, -0.28, -0.22), pitch, turn(OUT, 0, -14, 0, 1, ROLL)):
         stick = Mesh().lathe(((0.011, 0.02), (0.011, 0.36)), METAL, 10, "y")
         cockpit.draw("Stick", stick.lathe(((0.017, 0.30), (0.019, 0.42), (0.015, 0.44)), BLACK, 12, "y", cap=BLACK))
         with cockpit.block(place(0, 0.44, 0)):

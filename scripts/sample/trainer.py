@@ -68,11 +68,11 @@ def pedal(side):
 
 
 def draw_yokes(cockpit):
-    """The pilot's yoke is three nested blocks; the co-pilot's is one block of three steps."""
-    reach, roll = ((0, 0, -0.05), (0, 0, 0.05)), turn(OUT, 90, -90, -1, 1, ROLL)
+    """The pilot's yoke is nested blocks, the co-pilot's one block of three steps. At ratio 0 both stand straight."""
+    reach, roll = ((0, 0, 0), (0, 0, 0.06)), turn(OUT, 0, -90, 0, 1, ROLL)
     shaft = Mesh().lathe(((0.016, -0.3), (0.016, -0.02)), CHROME, 12)
     hub = Mesh().lathe(((0, -0.025), (0.032, -0.025), (0.036, 0.012)), GRIP, 18, cap=BADGE)
-    with cockpit.block(place(PILOT_X, 0.17, -0.38), slide(*reach, -1, 1, PITCH)):
+    with cockpit.block(place(PILOT_X, 0.17, -0.38), slide(*reach, 0, 1, PITCH)):
         cockpit.draw("Pilot's yoke shaft", shaft)
         with cockpit.block(roll):
             cockpit.draw("Pilot's yoke hub", hub)
@@ -85,15 +85,15 @@ def draw_yokes(cockpit):
                         "Push-to-talk button", Mesh().lathe(((0.008, 0), (0.008, 0.008)), RED, 12, "y", cap=BUTTON)
                     )
             with cockpit.block(
-                place(0.15, 0.06, 0.014), turn((1, 0, 0), -20, 20, -1, 1, "sim/cockpit2/controls/trim_switch")
+                place(0.15, 0.06, 0.014), turn((1, 0, 0), 0, 20, 0, 1, "sim/cockpit2/controls/trim_switch")
             ):
                 with cockpit.manipulator(
                     toggle(-1, 1, "sim/cockpit2/controls/trim_switch", "Elevator trim", "up_down")
                 ):
                     cockpit.draw("Trim rocker", Mesh().box((0, 0, 0.004), (0.012, 0.026, 0.012), CHROME))
-    with cockpit.block(place(-PILOT_X, 0.17, -0.38), slide(*reach, -1, 1, PITCH)):
+    with cockpit.block(place(-PILOT_X, 0.17, -0.38), slide(*reach, 0, 1, PITCH)):
         cockpit.draw("Co-pilot's yoke shaft", shaft)
-    with cockpit.block(place(-PILOT_X, 0.17, -0.38), slide(*reach, -1, 1, PITCH), roll):
+    with cockpit.block(place(-PILOT_X, 0.17, -0.38), slide(*reach, 0, 1, PITCH), roll):
         yoke = yoke_horns().lathe(((0, -0.025), (0.032, -0.025), (0.036, 0.012)), GRIP, 18, cap=BADGE)
         cockpit.draw("Co-pilot's yoke", yoke)
 
@@ -246,7 +246,7 @@ def draw_cabin_fittings(cockpit):
         for side in (-1, 1):
             travel = (0, 0, 0.04 * side)
             with cockpit.block(
-                slide(tuple(-c for c in travel), travel, -1, 1, YAW), place(x + 0.07 * side, -0.27, -0.70)
+                slide((0, 0, 0), travel, 0, 1, YAW), place(x + 0.07 * side, -0.27, -0.70)
             ):
                 cockpit.draw("Rudder pedal", pedal(side))
     with cockpit.block(place(-0.58, 0.22, -0.1), turn((1, 0, 0), 0, 60, 0, 1, "sim/cockpit2/switches/door_open[0]")):

@@ -19,6 +19,8 @@ constexpr std::array kCommands{
     Command{"list", "Lists the aircraft: path, a tab, name", PrepareList},
     Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
     Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
+    Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file", PrepareRender},
+    Command{"manips", "Prints a line for each part that can be clicked", PrepareManips},
     Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
 };
 
@@ -42,8 +44,7 @@ CommandLine::CommandLine() {
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
         ->take_last();
-    app.require_subcommand(1);
-    app.fallthrough();
+    app.fallthrough(); // -C may stand behind the command as well
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
         subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
@@ -97,6 +98,10 @@ int Run(int argc, char** argv) {
         return line.app.exit(error) == 0 ? kDone : kWrongUsage;
     }
     Session session;
+    if (!line.action) {
+        session.console.Message("a command is required; --help lists them");
+        return kWrongUsage;
+    }
     return RunAction(line, session);
 }
 

@@ -7,8 +7,8 @@
 #include "Sim/AircraftInfo.h"
 #include "Utils/Paths.h"
 
-#include <boost/filesystem/fstream.hpp>
 #include <boost/lexical_cast.hpp>
+#include <fstream>
 
 namespace CockpitModel {
 
@@ -16,11 +16,24 @@ namespace {
 
 constexpr float kMetresPerFoot = 0.3048f;
 
+/// A value that is no number; what() tells where it stands.
+struct BadAcfNumber final : boost::bad_lexical_cast {
+    BadAcfNumber(const std::string& file, std::string_view key, std::string_view value)
+        : text(file + ": " + std::string(key) + " is \"" + std::string(value) + "\", which is no number") {}
+    const char* what() const noexcept override { return text.c_str(); }
+
+    std::string text;
+};
+
 /// Every line of the key is read, though the last one wins: a bad value must not pass.
-void ReadFeet(const std::string& acf, std::string_view key, float metresPerFoot, float& metres) {
+void ReadFeet(const std::string& acfPath, const std::string& acf, std::string_view key, float metresPerFoot,
+              float& metres) {
     Sim::ForEachAcfProperty(acf, key, [&](std::string_view value) {
         const std::string_view feet = value.substr(0, value.find_first_of(" \t"));
-        metres = boost::lexical_cast<float>(feet.data(), feet.size()) * metresPerFoot;
+        float number = 0;
+        if (!boost::conversion::try_lexical_convert(feet.data(), feet.size(), number))
+            throw BadAcfNumber(acfPath, key, feet);
+        metres = number * metresPerFoot;
     });
 }
 
@@ -34,16 +47,16 @@ XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info) {
     cockpitObjPath = Utils::FindIgnoringCase(object).string();
 
     const std::string acf = Utils::ReadFile(acfPath);
-    ReadFeet(acf, "acf/_pe_xyz/0", kMetresPerFoot, pilotEye.x());
-    ReadFeet(acf, "acf/_pe_xyz/1", kMetresPerFoot, pilotEye.y());
-    ReadFeet(acf, "acf/_pe_xyz/2", -kMetresPerFoot, pilotEye.z()); // X-Plane's axes are right-handed
+    ReadFeet(info.acfPath, acf, "acf/_pe_xyz/0", kMetresPerFoot, pilotEye.x());
+    ReadFeet(info.acfPath, acf, "acf/_pe_xyz/1", kMetresPerFoot, pilotEye.y());
+    ReadFeet(info.acfPath, acf, "acf/_pe_xyz/2", -kMetresPerFoot, pilotEye.z()); // X-Plane's axes are right-handed
 }
 
 std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     auto model = std::make_unique<ModelData>();
     model->sourcePath = cockpitObjPath;
     XPObjData data;
-    boost::filesystem::ifstream stream(cockpitObjPath, std::ios::binary);
+    std::ifstream stream(Utils::StreamPath(cockpitObjPath), std::ios::binary);
     ReadXPObj(stream, data);
     XPObjConverter().Convert(aircraftFolder, data, *model);
     return model;

@@ -10,7 +10,8 @@ namespace CockpitModel {
 
 /// The cockpit of an X-Plane aircraft: `<name>_cockpit.obj` beside `<name>.acf`.
 struct XPAircraftCockpit final : AircraftCockpit {
-    /// Reads the pilot's eye from the .acf. A value of it that is no number throws boost::bad_lexical_cast.
+    /// Reads the pilot's eye from the .acf. A value of it that is no number throws a boost::bad_lexical_cast
+    /// that names the file, the key and the value.
     explicit XPAircraftCockpit(const Sim::AircraftInfo& info);
 
     bool IsValid() const override { return !cockpitObjPath.empty(); }

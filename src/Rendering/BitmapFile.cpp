@@ -43,7 +43,8 @@ std::uint32_t Unpremultiply(std::uint32_t colour, std::uint32_t alpha) {
     return std::min((colour * 255 + alpha / 2) / alpha, 255u);
 }
 
-/// From cairo's blue, green, red, alpha, premultiplied.
+/// Blending multiplies by alpha once more, so colours that come multiplied would be too dark. A transparent pixel's
+/// colour is lost in cairo and stays black. From cairo's blue, green, red, alpha, premultiplied.
 std::uint32_t Straight(std::uint32_t pixel) {
     const std::uint32_t blue = pixel & 255, green = pixel >> 8 & 255, red = pixel >> 16 & 255, alpha = pixel >> 24;
     if (alpha == 255 || alpha == 0)

@@ -33,6 +33,7 @@ void Context::QueueDraw(const Utils::Vector3& position, bool last, QueuedDraw dr
 }
 
 void Context::FlushDrawQueue(const Utils::Matrix4& view, void* argument) {
+    // Out of the queue first, as a draw may queue others; they wait for the next flush.
     std::vector<QueueEntry> draws = std::exchange(drawQueue, {});
     for (QueueEntry& entry : draws)
         entry.position = Utils::TransformPoint(entry.position, view);

@@ -160,6 +160,7 @@ Header ReadHeader(std::string_view bytes, const std::string& name) {
     return header;
 }
 
+/// Five, six and five bits; the upper bits fill the lower ones, so that the largest value becomes 255.
 Pixel ExpandColour(std::uint16_t colour) {
     const int red = colour >> 11, green = colour >> 5 & 63, blue = colour & 31;
     return {static_cast<std::uint8_t>(red << 3 | red >> 2), static_cast<std::uint8_t>(green << 2 | green >> 4),
@@ -193,6 +194,7 @@ void DecodeColours(std::string_view bytes, bool mayBeTransparent, Block& block) 
     }
 }
 
+/// Two pixels a byte, the first in the lower half.
 void DecodeFourBitAlpha(std::string_view bytes, Block& block) {
     for (std::size_t i = 0; i < block.size(); ++i) {
         const int alpha = static_cast<std::uint8_t>(bytes[i / 2]) >> 4 * (i % 2) & 15;
@@ -200,6 +202,8 @@ void DecodeFourBitAlpha(std::string_view bytes, Block& block) {
     }
 }
 
+/// Two alphas, then three bits a pixel. A first alpha that is the larger one has six mixtures behind it, any other
+/// four, and 0 and 255 as the last two.
 void DecodeInterpolatedAlpha(std::string_view bytes, Block& block) {
     const int a = static_cast<std::uint8_t>(bytes[0]), b = static_cast<std::uint8_t>(bytes[1]);
     std::array<std::uint8_t, 8> palette = {

@@ -2,6 +2,7 @@
 
 #include "Logging/Logger.h"
 #include "Utils/Asserts.h"
+#include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 
 #include <boost/filesystem/operations.hpp>
@@ -71,7 +72,7 @@ Utils::Vector3 ReadTriple(LineReader& reader) {
     return {x, y, reader.Number<float>()};
 }
 
-/// The entry that a face names; the first is 1.
+/// The entry that a face names; the first is 1. Numbers that count back from the end are not part of this format.
 template <typename Value>
 const Value& Entry(const Mesh& mesh, const std::vector<Value>& list, int index, const char* kind) {
     if (index < 1 || std::cmp_greater(index, list.size()))
@@ -126,7 +127,7 @@ std::string ResolveDataPath(const std::string& path) {
 }
 
 std::unique_ptr<Geometry> LoadGeometryFile(Context& context, const std::string& path, bool required) {
-    std::ifstream file(ResolveDataPath(path));
+    std::ifstream file(Utils::StreamPath(ResolveDataPath(path)));
     if (!file)
         ReportMissing(path, required);
     Mesh mesh;

@@ -28,7 +28,7 @@ void TriggeredWorker::RunAndWait() {
 
 void TriggeredWorker::Stop() {
     if (!thread.joinable())
-        return;
+        return; // stopped before
     {
         std::unique_lock lock(workerMutex);
         stop = true;
@@ -48,7 +48,7 @@ void TriggeredWorker::Loop() {
         work();
         lock.lock();
         done = true;
-        pending = false;
+        pending = false; // a trigger that came during the run has had its run
         changed.notify_all();
     }
     stopped = true;

@@ -307,7 +307,7 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
         const PartTree tree = Tree(row.soup);
         const Support::PlainTree plain(row.soup);
         ExpectSameTree(tree, plain, row.name);
-        ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 150), row.name);
+        ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 25), row.name);
     }
 }
 
@@ -321,7 +321,7 @@ TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
     Soup spoilt = sound;
     for (int i = 0; i < 40; ++i)
         spoil(spoilt[seeded.Below(200)][seeded.Below(3)]);
-    std::vector<PartRay> rays = seeded.Rays(sound, 200), spoiltRays = rays;
+    std::vector<PartRay> rays = seeded.Rays(sound, 25), spoiltRays = rays;
     for (PartRay& ray : spoiltRays)
         spoil(seeded.Below(2) ? ray.origin : ray.direction);
 
@@ -370,7 +370,7 @@ TEST(PartTree, FindsWhatBruteForceFinds) {
     Seeded seeded(22);
     const Soup soup = seeded.Panel(600);
     const PartTree tree = Tree(soup);
-    for (int i = 0; i < 4000; ++i) {
+    for (int i = 0; i < 500; ++i) {
         const Vector3 eye(seeded.Number(-0.5f, 0.5f), seeded.Number(-0.5f, 0.5f), -0.8f);
         const Vector3 target = seeded.PointInPlane(soup[seeded.Below(soup.size())], 0);
         const auto expected = Support::BruteForce(soup, Ray(eye, target - eye));

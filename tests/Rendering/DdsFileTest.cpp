@@ -48,6 +48,8 @@ const Row kRows[] = {
     {"BC1, first colour not larger: the half and a transparent pixel",
      DdsBuilder(4, 1).Code("DXT1").Pixels({0x1F, 0x00, 0x00, 0xF8, 0xE4, 0, 0, 0}).bytes,
      "0000ffff ff0000ff 800080ff 00000000\n"},
+    {"BC1, equal colours count as not larger",
+     DdsBuilder(1, 1).Code("DXT1").Pixels({0x00, 0xF8, 0x00, 0xF8, 3, 0, 0, 0}).bytes, "00000000\n"},
     {"BC1, a part of a block, the file's first row at the bottom",
      DdsBuilder(1, 2).Code("DXT1").Pixels({0x00, 0xF8, 0xE0, 0x07, 0, 1, 0, 0}).bytes, "00ff00ff\nff0000ff\n"},
     {"BC1, six bits of green and five of red fill eight",

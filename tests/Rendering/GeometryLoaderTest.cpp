@@ -84,6 +84,7 @@ TEST(DataFilesTest, TheMarkerSphereIsClosedRoundAndFacesOutwards) {
     Rendering::Memory::MemoryContext context;
     const auto geometry = Rendering::LoadGeometryFile(context, VORELLE_SOURCE_DIR "/data/QVRA/Models/Sphere.obj", true);
     const auto& vertices = dynamic_cast<const Rendering::Memory::MemoryGeometry&>(*geometry).vertices;
+    constexpr float kRadius = 0.15f;
     ASSERT_EQ(vertices.size() % 3, 0u);
     EXPECT_GE(vertices.size() / 3, 500u);
     EXPECT_LE(vertices.size() / 3, 2000u);
@@ -93,12 +94,12 @@ TEST(DataFilesTest, TheMarkerSphereIsClosedRoundAndFacesOutwards) {
         volume += a.cross(b).dot(c) / 6.0;
         EXPECT_GT((b - a).cross(c - a).dot(a + b + c), 0.0f) << "triangle " << i / 3 << " is flat or turned inwards";
         for (std::size_t corner = i; corner < i + 3; ++corner) {
-            EXPECT_NEAR(Utils::Length(vertices[corner].position), 1.0f, 1e-5f);
-            EXPECT_LT(Utils::Length(vertices[corner].normal - vertices[corner].position), 1e-5f);
+            EXPECT_NEAR(Utils::Length(vertices[corner].position), kRadius, 1e-5f);
+            EXPECT_LT(Utils::Length(vertices[corner].normal - vertices[corner].position / kRadius), 1e-5f);
         }
     }
     // A closed surface has its volume; 4/3 pi for the round one, a little less for its facets.
-    EXPECT_NEAR(volume, 4.18879, 0.06);
+    EXPECT_NEAR(volume / (kRadius * kRadius * kRadius), 4.18879, 0.06);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <sstream>
 #include <string>
 
 namespace Support {
@@ -9,13 +8,12 @@ namespace Support {
 class ObjText {
 public:
     ObjText() {
-        text << "A\n800\nOBJ\n\n";
         Line("VT 0 0 0 0 0 1 0 0").Line("VT 1 0 0 0 0 1 1 0").Line("VT 0 1 0 0 0 1 0 1");
         Line("IDX 0").Line("IDX 1").Line("IDX 2");
     }
 
     ObjText& Line(const std::string& line) {
-        text << line << '\n';
+        text += line + '\n';
         return *this;
     }
     ObjText& Texture(const std::string& path = "panel.png") { return Line("TEXTURE " + path); }
@@ -26,10 +24,10 @@ public:
     ObjText& Drag(const std::string& dataref) { return Line("ATTR_manip_drag_axis hand 1 0 0 0 1 " + dataref); }
     ObjText& NoManip() { return Line("ATTR_manip_none"); }
 
-    std::string Text() const { return text.str(); }
+    std::string Text() const { return text; }
 
 private:
-    std::ostringstream text;
+    std::string text = "A\n800\nOBJ\n\n";
 };
 
 } // namespace Support

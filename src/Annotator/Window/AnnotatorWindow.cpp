@@ -19,6 +19,8 @@ namespace Annotator {
 
 namespace {
 
+constexpr int kTabPadding = 36; ///< around a tab's title, so that all tabs show
+
 wxPanel* MakePanel(wxWindow* parent, int direction) {
     auto* panel = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxNO_BORDER);
     panel->SetSizer(new wxBoxSizer(direction));
@@ -131,8 +133,12 @@ void AnnotatorWindow::MakeNotebook(wxPanel* parent) {
                                                        {partInfoPane, "Info"},
                                                        {testPane, "Tests"},
                                                        {textureViewPane, "UVs"}};
-    for (const auto& [page, title] : pages)
+    int tabsWidth = 0;
+    for (const auto& [page, title] : pages) {
         notebook->AddPage(page, title, false, wxNotebook::NO_IMAGE);
+        tabsWidth += notebook->GetTextExtent(title).x + notebook->FromDIP(kTabPadding);
+    }
+    notebook->SetMinSize(wxSize(tabsWidth, -1));
     SetAccessibleName(*notebook, "Pages of the selected part");
 }
 

@@ -6,6 +6,15 @@
 
 namespace Annotator {
 
+namespace {
+
+/// On a page that is not on show GTK measures a text in the font that its control was made with.
+void MeasureBold(wxStaticText& control) {
+    control.SetMinSize(control.GetTextExtent(control.GetLabelText()));
+}
+
+} // namespace
+
 Page::Page(wxWindow* parent, wxWindowID id)
     : wxScrolledWindow(parent, id, wxDefaultPosition, wxDefaultSize,
                        wxTAB_TRAVERSAL | wxNO_BORDER | wxHSCROLL | wxVSCROLL) {
@@ -26,6 +35,7 @@ wxStaticText* Page::AddText(const char* text) {
 wxStaticText* Page::AddHeading(const char* text) {
     auto* control = new wxStaticText(this, wxID_ANY, text);
     control->SetFont(GetFont().Bold());
+    MeasureBold(*control);
     AddControl(control);
     return control;
 }
@@ -40,6 +50,8 @@ void ShowText(wxStaticText& control, const std::string& text) {
     const wxString wide = ToWide(text);
     control.SetLabelText(wide);
     control.SetToolTip(wide);
+    if (control.GetFont().GetWeight() >= wxFONTWEIGHT_BOLD)
+        MeasureBold(control);
 }
 
 } // namespace Annotator

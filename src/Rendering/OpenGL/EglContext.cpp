@@ -27,6 +27,7 @@ EGLDisplay OpenPlatform(EGLenum platform, void* native) {
     return display != EGL_NO_DISPLAY && eglInitialize(display, nullptr, nullptr) ? display : EGL_NO_DISPLAY;
 }
 
+/// For drivers that know no surfaceless display: the first graphics card.
 EGLDisplay OpenFirstDevice() {
     EGLDeviceEXT device = nullptr;
     EGLint count = 0;

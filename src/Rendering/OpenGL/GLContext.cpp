@@ -162,8 +162,8 @@ void GLContext::DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& 
     if (furtherBitmaps)
         for (const GPUBitmap* further : *furtherBitmaps)
             textures.push_back(textureOf(further));
-    else
-        textures.push_back(textures.front());
+    else if (!params.effect.empty())
+        textures.push_back(textures.front()); // for the effects that look at a second one
     const auto draw = [&](std::size_t eye) {
         geometryShader.Draw(world, view * camera->EyeMatrix(eye), projection, mesh, textures, params);
     };

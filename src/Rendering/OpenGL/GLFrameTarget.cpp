@@ -49,7 +49,7 @@ void GLFrameTarget::Present() {
 }
 
 MemBitmap GLFrameTarget::Read() {
-    GLGPUBitmap resolved(owner, size, false);
+    GLGPUBitmap resolved(owner, size, false); // samples cannot be read as pixels
     const auto width = static_cast<GLint>(size.width), height = static_cast<GLint>(size.height);
     const ReadBinding from(buffers->framebuffer);
     const FramebufferBinding to(resolved.Framebuffer());

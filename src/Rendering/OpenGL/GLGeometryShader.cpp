@@ -85,7 +85,7 @@ void GLGeometryShader::Draw(const Utils::Matrix4& world, const Utils::Matrix4& v
     glUniform3fv(program.colours, 4, colours.data());
     const float scalars[] = {params.opacity, params.shaderParam1, params.shaderParam2, params.shaderParam3,
                              params.shaderParam4};
-    glUniform1fv(program.scalars, 5, scalars);
+    glUniform1fv(program.scalars, 5, scalars); // what a program does not read is at -1 and costs nothing
     UploadMatrices(params.matrices, program);
     for (std::size_t unit = 0; unit < textures.size(); ++unit)
         BindPicture(static_cast<GLuint>(unit), textures[unit], sampler);

@@ -42,7 +42,7 @@ GLuint Compile(GLenum stage, const char* name, std::initializer_list<const char*
     const GLuint shader = glCreateShader(stage);
     glShaderSource(shader, static_cast<GLsizei>(text.size()), text.data(), nullptr);
     glCompileShader(shader);
-    GLint compiled = GL_FALSE;
+    GLint compiled = GL_FALSE; // asked here, as a failed compile is no GL error
     glGetShaderiv(shader, GL_COMPILE_STATUS, &compiled);
     if (!compiled) {
         const std::string words = Words(shader, glGetShaderiv, glGetShaderInfoLog);

@@ -1,5 +1,6 @@
 #include "CockpitModel/Annotations/AnnotationStore.h"
 
+#include "CockpitModel/Annotations/AnnotationXml.h"
 #include "CockpitModel/SceneGraph.h"
 #include "Sim/AircraftInfo.h"
 #include "Support/ModelBuilder.h"
@@ -7,6 +8,7 @@
 #include "Utils/RangeCheck.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace CockpitModel {
 
@@ -143,6 +145,11 @@ TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
         EXPECT_EQ(store.Get(Part(1, 0)).has_value(), row.kept) << row.nodeId << " / " << row.partId;
         EXPECT_EQ(store.ListAll().size(), row.kept ? 1u : 0u) << row.nodeId << " / " << row.partId;
     }
+    folder.Write("far.xml",
+                 "<Overrides><Override><NodeId>4294967297</NodeId><PartId>-4294967297</PartId></Override></Overrides>");
+    const AnnotationRecord far = ReadAnnotations(folder / "far.xml").at(0);
+    EXPECT_EQ(far.NodeId, std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(far.PartId, std::numeric_limits<std::int32_t>::min());
     Read("<Overrides><Override><PartId>0</PartId></Override><Override><NodeId>1</NodeId></Override></Overrides>");
     EXPECT_TRUE(store.ListAll().empty());
 }

