@@ -8,5 +8,6 @@ Action PrepareList(CLI::App& app);
 Action PrepareDetect(CLI::App& app);
 Action PrepareInspect(CLI::App& app);
 Action PrepareTest(CLI::App& app);
+Action PrepareRender(CLI::App& app);
 
 } // namespace Batch

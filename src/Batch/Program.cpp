@@ -20,6 +20,7 @@ constexpr std::array kCommands{
     Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
     Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
     Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
+    Command{"render", "Draws a cockpit into a PNG, as the preview shows it", PrepareRender},
 };
 
 constexpr const char* kFooter = "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other "

@@ -1,0 +1,183 @@
+#include "Annotator/CanvasControl.h"
+#include "Annotator/FailureTexts.h"
+#include "Annotator/PreviewPicture.h"
+#include "Batch/AircraftSelection.h"
+#include "Batch/Commands.h"
+#include "Batch/HeldSignals.h"
+#include "Batch/Jobs.h"
+#include "Rendering/OpenGL/EglContext.h"
+#include "Rendering/OpenGL/GLFrameTarget.h"
+#include "Utils/SaveFile.h"
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <boost/filesystem/operations.hpp>
+#include <cairo.h>
+#include <charconv>
+#include <cmath>
+#include <memory>
+#include <numbers>
+#include <string_view>
+
+namespace Batch {
+
+namespace {
+
+using Annotator::PictureRequest;
+
+constexpr std::uint32_t kGreatestSide = 8192; // pixels
+constexpr std::uint32_t kSamples = 4;         // a pixel, for smooth edges
+constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
+
+struct RenderOptions {
+    PictureRequest picture;
+    std::string file;
+    std::string aircraft;
+};
+
+/// Exactly so many numbers with a separator between them.
+template <typename Number, std::size_t count>
+std::array<Number, count> ParseNumbers(const std::string& option, const std::string& text, char separator,
+                                       const char* form) {
+    std::array<Number, count> numbers{};
+    const char *at = text.data(), *const end = at + text.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto [next, error] = std::from_chars(at, end, numbers[i]);
+        const bool complete = i + 1 == count ? next == end : next != end && *next == separator;
+        if (error != std::errc() || !complete || !std::isfinite(static_cast<double>(numbers[i])))
+            throw CLI::ValidationError(option, "'" + text + "' is not of the form " + form);
+        at = next + 1;
+    }
+    return numbers;
+}
+
+Rendering::Size ParseSize(const std::string& text) {
+    const auto [width, height] = ParseNumbers<std::uint32_t, 2>("--size", text, 'x', "WxH");
+    if (width == 0 || height == 0 || width > kGreatestSide || height > kGreatestSide)
+        throw CLI::ValidationError("--size", "'" + text + "' is not from 1x1 to " + std::to_string(kGreatestSide) +
+                                                 "x" + std::to_string(kGreatestSide));
+    return {width, height};
+}
+
+PictureRequest::Position ParsePosition(const std::string& text) {
+    const std::size_t equals = text.rfind('='); // a dataref may hold one, a number does not
+    if (equals == std::string::npos || equals == 0)
+        throw CLI::ValidationError("--position", "'" + text + "' is not of the form DATAREF=VALUE");
+    const auto [fraction] = ParseNumbers<float, 1>("--position", text.substr(equals + 1), ',', "a number from 0 to 1");
+    if (fraction < 0.0f || fraction > 1.0f)
+        throw CLI::ValidationError("--position", "'" + text + "' is not from 0 to 1");
+    return {text.substr(0, equals), fraction};
+}
+
+void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
+    const auto add = [&app](const char* name, const char* type, const char* description, auto use) {
+        return app.add_option_function<std::string>(name, use, description)->type_name(type);
+    };
+    add("--size", "WxH", "Pixels; 1280x800 without it",
+        [&picture](const std::string& text) { picture.size = ParseSize(text); });
+    add("--eye", "X,Y,Z", "Where the camera stands, metres, with z backwards; the pilot's eye without it",
+        [&picture](const std::string& text) {
+            const auto [x, y, z] = ParseNumbers<float, 3>("--eye", text, ',', "X,Y,Z");
+            picture.eye = Utils::Vector3(x, y, z);
+        });
+    add("--look", "YAW,PITCH", "Degrees to the right and down; straight ahead without it",
+        [&picture](const std::string& text) {
+            const auto [yaw, pitch] = ParseNumbers<float, 2>("--look", text, ',', "YAW,PITCH");
+            picture.yaw = yaw * kRadiansPerDegree;
+            picture.pitch = pitch * kRadiansPerDegree;
+        });
+    add("--select", "NODE,PART", "Marks a part as the selected one", [&picture](const std::string& text) {
+        const auto [node, part] = ParseNumbers<std::int32_t, 2>("--select", text, ',', "NODE,PART");
+        picture.selected = PictureRequest::PartPlace{node, part};
+    });
+    app.add_option_function<std::vector<std::string>>(
+           "--position",
+           [&picture](const std::vector<std::string>& texts) {
+               for (const std::string& text : texts)
+                   picture.positions.push_back(ParsePosition(text));
+           },
+           "Moves the animations of a dataref, from 0 to 1; may be given again")
+        ->type_name("DATAREF=VALUE")
+        ->allow_extra_args(false);
+    app.add_flag_callback(
+        "--hide-transparent", [&picture] { picture.showTransparent = false; }, "Leaves transparent parts out");
+}
+
+/// What the process that draws tells: an exit code as one character, and the bytes of the picture or a message.
+std::string Answer(ExitCode code, const std::string& bytes) {
+    return static_cast<char>('0' + code) + bytes;
+}
+
+std::string ToPng(const Rendering::MemBitmap& picture) {
+    Rendering::MemBitmap pixels;
+    picture.CopySwappingRedBlue(pixels); // cairo has blue first
+    const int width = static_cast<int>(pixels.Width()), height = static_cast<int>(pixels.Height());
+    // Without alpha: what a blended part left there says nothing about the picture.
+    cairo_surface_t* const surface = cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(pixels.Pixels().data()), CAIRO_FORMAT_RGB24, width, height, width * 4);
+    std::string png;
+    const auto append = [](void* target, const unsigned char* data, unsigned length) {
+        static_cast<std::string*>(target)->append(reinterpret_cast<const char*>(data), length);
+        return CAIRO_STATUS_SUCCESS;
+    };
+    const cairo_status_t status = cairo_surface_write_to_png_stream(surface, append, &png);
+    cairo_surface_destroy(surface);
+    if (status != CAIRO_STATUS_SUCCESS)
+        throw std::runtime_error(std::string("no PNG can be made of the picture: ") + cairo_status_to_string(status));
+    return png;
+}
+
+std::string DrawToPng(const PictureRequest& request, const Annotator::OpenedAircraft& opened,
+                      const Annotator::BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations) {
+    const Rendering::OpenGL::EglContext device;
+    const Rendering::Camera camera; // gives the eye matrices alone
+    Rendering::OpenGL::GLContext context(camera);
+    Rendering::OpenGL::GLFrameTarget target(context, kSamples);
+    target.Resize(request.size);
+    target.Begin(Annotator::kCanvasColour);
+    Annotator::DrawPreviewPicture(context, request, opened, built, annotations);
+    return ToPng(target.Read());
+}
+
+std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& request) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    if (!opened.cockpit->IsValid())
+        return Answer(kAircraftFailed, "there is no cockpit object beside the .acf file");
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+    CockpitModel::AnnotationStore annotations(*built.sceneGraph);
+    annotations.Read(CockpitModel::AnnotationPath(info));
+    try {
+        return Answer(kDone, DrawToPng(request, opened, built, annotations));
+    } catch (const std::invalid_argument& error) {
+        return Answer(kWrongUsage, error.what());
+    } catch (const std::exception& error) {
+        return Answer(kNotWritten, Annotator::ReasonText(error));
+    }
+}
+
+ExitCode Render(const RenderOptions& options, Session& session) {
+    const Sim::AircraftList list = LoadInstallation(session.console);
+    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    const std::string answer = RunJob(NameOf(info), [&] { return RenderOne(info, options.picture); });
+    const auto code = static_cast<ExitCode>(answer.at(0) - '0');
+    const std::string_view bytes = std::string_view(answer).substr(1);
+    if (code != kDone)
+        throw CommandError(code, NameOf(info) + ": " + std::string(bytes));
+    const HeldSignals held;
+    if (const auto saved = Utils::SaveFile(session.CallersPath(options.file), bytes); !saved)
+        throw CommandError(kNotWritten, saved.error);
+    return kDone;
+}
+
+} // namespace
+
+Action PrepareRender(CLI::App& app) {
+    auto options = std::make_shared<RenderOptions>();
+    app.add_option("--out", options->file, "The picture, a PNG")->type_name("FILE")->required();
+    AddPictureOptions(app, options->picture);
+    app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
+    return [options](Session& session) { return Render(*options, session); };
+}
+
+} // namespace Batch
