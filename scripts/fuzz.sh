@@ -17,7 +17,7 @@ targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
   for source in "$root"/fuzz/*Fuzz.cpp; do targets+=("$(basename "$source" Fuzz.cpp)"); done
 fi
-cmake --build "$build" --target "${targets[@]/%/Fuzz}" || fail "the build failed"
+quietly cmake --build "$build" --target "${targets[@]/%/Fuzz}" || fail "the build failed"
 
 fuzz_one() { # TARGET
   local grown=$build/grown/$1 finds=$build/finds/$1-
@@ -32,6 +32,7 @@ fuzz_one() { # TARGET
   fi
 }
 export -f fuzz_one
+export LSAN_OPTIONS=suppressions=$root/cmake/lsan.supp:print_suppressions=0
 export build root seconds
 say "Fuzzing ${#targets[@]} targets for $seconds seconds each"
 printf '%s\n' "${targets[@]}" | xargs -P 2 -I{} bash -c 'fuzz_one {}' || fail "there are finds"

@@ -20,11 +20,14 @@ std::string Absolute(const std::string& path) {
 
 } // namespace
 
+bool WasFatalError(const std::exception& error) {
+    return typeid(error) == typeid(std::exception);
+}
+
 std::string ReasonText(const std::exception& error) {
     if (const auto* file = dynamic_cast<const fs::filesystem_error*>(&error))
         return file->path1().string() + ": " + file->code().message();
-    // A fatal error throws the plain base class when its own dialog has been dismissed.
-    if (typeid(error) == typeid(std::exception))
+    if (WasFatalError(error))
         return "A fatal error was met, which has been shown and logged.";
     return Utils::Describe(error);
 }

@@ -10,6 +10,8 @@ namespace Annotator {
 /// What the desktop tool tells a person when something fails: what was tried, on which file or folder, and why it went
 /// wrong.
 
+/// True for what a fatal error throws when its own dialog has been dismissed.
+bool WasFatalError(const std::exception& error);
 /// The reason in words, with the path where the error names one.
 std::string ReasonText(const std::exception& error);
 

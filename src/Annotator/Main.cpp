@@ -6,7 +6,8 @@
 int main() {
     Logging::Logger::Create();
     Logging::Logger::Get().Start();
-    Annotator::PrepareToolkit();
+    if (!Annotator::PrepareToolkit())
+        return EXIT_FAILURE;
     wxApp::SetInstance(new Annotator::AnnotatorApp);
     int argumentCount = 0;
     return wxEntry(argumentCount, static_cast<char**>(nullptr)) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;

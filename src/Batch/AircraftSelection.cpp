@@ -29,6 +29,7 @@ bool Matches(const Sim::AircraftInfo& info, const std::string& lowerWord) {
                                   Contains(Utils::Readable(info.displayName), lowerWord));
 }
 
+/// A line each, so many as a person may want to read.
 std::string Listed(const AircraftSelection& aircraft) {
     std::string text;
     for (std::size_t i = 0; i < std::min(aircraft.size(), kOffered); ++i)
@@ -61,6 +62,7 @@ Sim::AircraftList LoadInstallation(Console& console) {
 const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& word) {
     AircraftSelection matches;
     for (const auto& info : aircraft) {
+        // A whole path means its aircraft, though it may be a part of another's name.
         if (info->acfPath == word)
             return *info;
         if (Matches(*info, Utils::Lower(word)))

@@ -15,6 +15,7 @@ constexpr const char* kLogName = "batch-log.txt";
 
 void BeginLog() {
     Logging::Logger::Create();
+    // Whoever loads an aircraft appends, so that an older log has to go first.
     const boost::filesystem::path data = Utils::UserDataFolder();
     boost::system::error_code ignored;
     if (!data.empty())

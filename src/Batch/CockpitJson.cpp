@@ -37,6 +37,7 @@ Json ToJson(const RiffBlockXANK& key) {
     return json;
 }
 
+/// The keys of all tracks, which are one in X-Plane cockpits.
 Json KeysToJson(const ModelAnimation* animation) {
     Json keys = Json::array();
     if (!animation)
@@ -120,7 +121,7 @@ private:
 };
 
 void WritePanels(MemberWriter& writer, const CockpitModel::PanelSet& panels) {
-    std::map<std::string, const Panel*> byTexture;
+    std::map<std::string, const Panel*> byTexture; // the set has no order of its own
     for (const auto& [texture, panel] : panels.Panels())
         byTexture[texture] = panel.get();
     writer.BeginList("panels");

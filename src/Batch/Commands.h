@@ -7,7 +7,8 @@ namespace Batch {
 Action PrepareList(CLI::App& app);
 Action PrepareDetect(CLI::App& app);
 Action PrepareInspect(CLI::App& app);
-Action PrepareTest(CLI::App& app);
 Action PrepareRender(CLI::App& app);
+Action PrepareManips(CLI::App& app);
+Action PrepareTest(CLI::App& app);
 
 } // namespace Batch

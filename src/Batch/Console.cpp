@@ -12,6 +12,7 @@ namespace Batch {
 namespace {
 
 constexpr std::size_t kBarWidth = 30;
+/// To the line's start, and what stood there gone, in the language of every present terminal.
 constexpr const char* kEraseLine = "\r\033[K";
 
 std::string MinutesAndSeconds(double seconds) {

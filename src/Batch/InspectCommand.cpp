@@ -23,6 +23,7 @@ struct InspectOptions {
     std::string aircraft;
 };
 
+/// The configuration's text. A folder opens like a file and fails at its first read.
 std::string ReadPanel(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream text;

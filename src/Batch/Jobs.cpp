@@ -68,6 +68,7 @@ std::string Answer(const Job& job, std::size_t index) {
     JoinLog();
     const std::string text = Answer(job, index);
     Logging::Logger::Get().Stop("");
+    // The parent's buffers and objects, which this process has copies of, are not its own to flush or to destroy.
     _exit(WriteAll(answer, text) ? 0 : 1);
 }
 
@@ -79,6 +80,7 @@ int Reap(pid_t id) {
     return status;
 }
 
+/// What a process left without an answer died of.
 std::string HowItEnded(int status) {
     if (!WIFSIGNALED(status))
         return "its process ended with exit code " + std::to_string(WEXITSTATUS(status)) + " and no answer";
@@ -115,8 +117,9 @@ private:
     void StartProcesses() {
         while (started < count && running.size() < limit && started < delivered + kAhead * limit) {
             if (!Start(started)) {
+                // Processes or file handles have run out.
                 if (!running.empty())
-                    return; // one that ends makes room
+                    return; // the next one that ends makes room
                 const std::string reason = std::strerror(errno);
                 waiting[started] = {started, {}, "no process could be started for it: " + reason};
             }
@@ -125,6 +128,8 @@ private:
     }
 
     bool Start(std::size_t index) {
+        // The parent closes its copy of the writing end right after the fork: no other child gets one, so that the
+        // end of the answer is the end of the pipe.
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0)
             return false;
@@ -154,6 +159,7 @@ private:
         // Only here may a signal end this process, which then takes its children along.
         if (ppoll(polled.data(), polled.size(), nullptr, &signals.Before()) < 0)
             return;
+        // From the back, as one that is finished leaves the list.
         for (std::size_t i = polled.size(); i-- > 0;) {
             if (polled[i].revents != 0 && !ReadSome(running[i])) {
                 Finish(running[i]);
@@ -177,6 +183,7 @@ private:
         const int status = Reap(process.id);
         JobResult& result = waiting[process.index];
         result.index = process.index;
+        // A process may have died in the middle of its answer.
         const bool answered = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !process.received.empty();
         if (!answered)
             result.failure = HowItEnded(status);

@@ -19,8 +19,9 @@ constexpr std::array kCommands{
     Command{"list", "Lists the aircraft: path, a tab, name", PrepareList},
     Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
     Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
+    Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file", PrepareRender},
+    Command{"manips", "Prints a line for each part that can be clicked", PrepareManips},
     Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
-    Command{"render", "Draws a cockpit into a PNG, as the preview shows it", PrepareRender},
 };
 
 constexpr const char* kFooter = "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other "
@@ -43,7 +44,7 @@ CommandLine::CommandLine() {
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
         ->take_last();
-    app.fallthrough();
+    app.fallthrough(); // -C may stand behind the command as well
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
         subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });

@@ -1,4 +1,5 @@
 #include "Annotator/CanvasControl.h"
+#include "Annotator/CockpitPreview.h"
 #include "Annotator/FailureTexts.h"
 #include "Annotator/PreviewPicture.h"
 #include "Batch/AircraftSelection.h"
@@ -7,12 +8,12 @@
 #include "Batch/Jobs.h"
 #include "Rendering/OpenGL/EglContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
+#include "Utils/Images.h"
 #include "Utils/SaveFile.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
 #include <boost/filesystem/operations.hpp>
-#include <cairo.h>
 #include <charconv>
 #include <cmath>
 #include <memory>
@@ -108,25 +109,6 @@ std::string Answer(ExitCode code, const std::string& bytes) {
     return static_cast<char>('0' + code) + bytes;
 }
 
-std::string ToPng(const Rendering::MemBitmap& picture) {
-    Rendering::MemBitmap pixels;
-    picture.CopySwappingRedBlue(pixels); // cairo has blue first
-    const int width = static_cast<int>(pixels.Width()), height = static_cast<int>(pixels.Height());
-    // Without alpha: what a blended part left there says nothing about the picture.
-    cairo_surface_t* const surface = cairo_image_surface_create_for_data(
-        reinterpret_cast<unsigned char*>(pixels.Pixels().data()), CAIRO_FORMAT_RGB24, width, height, width * 4);
-    std::string png;
-    const auto append = [](void* target, const unsigned char* data, unsigned length) {
-        static_cast<std::string*>(target)->append(reinterpret_cast<const char*>(data), length);
-        return CAIRO_STATUS_SUCCESS;
-    };
-    const cairo_status_t status = cairo_surface_write_to_png_stream(surface, append, &png);
-    cairo_surface_destroy(surface);
-    if (status != CAIRO_STATUS_SUCCESS)
-        throw std::runtime_error(std::string("no PNG can be made of the picture: ") + cairo_status_to_string(status));
-    return png;
-}
-
 std::string DrawToPng(const PictureRequest& request, const Annotator::OpenedAircraft& opened,
                       const Annotator::BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations) {
     const Rendering::OpenGL::EglContext device;
@@ -136,7 +118,7 @@ std::string DrawToPng(const PictureRequest& request, const Annotator::OpenedAirc
     target.Resize(request.size);
     target.Begin(Annotator::kCanvasColour);
     Annotator::DrawPreviewPicture(context, request, opened, built, annotations);
-    return ToPng(target.Read());
+    return Utils::ToPng(target.Read());
 }
 
 std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& request) {
@@ -156,9 +138,16 @@ std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& reque
     }
 }
 
+void RequireData() {
+    if (!boost::filesystem::exists(Annotator::kMarkerMeshFile))
+        throw CommandError(kWrongUsage, std::string("there is no ") + Annotator::kMarkerMeshFile +
+                                            " in the installation: the program's folder QVRA belongs beside Aircraft");
+}
+
 ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    RequireData();
     const std::string answer = RunJob(NameOf(info), [&] { return RenderOne(info, options.picture); });
     const auto code = static_cast<ExitCode>(answer.at(0) - '0');
     const std::string_view bytes = std::string_view(answer).substr(1);

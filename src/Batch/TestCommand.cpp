@@ -44,7 +44,7 @@ std::string TestOne(const Sim::AircraftInfo& info) {
         std::optional<Annotator::AircraftTests> tests = Annotator::TestAircraft(info, repository);
         return tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string();
     } catch (const Annotator::AircraftTestError& error) {
-        throw std::runtime_error(error.reason);
+        throw std::runtime_error(error.reason); // without the aircraft's name, which the parent knows
     }
 }
 
@@ -97,6 +97,7 @@ bool WriteReports(const TestReport& report, const TestOptions& options, Session&
 
 ExitCode Outcome(const TestTotals& totals, const TestOptions& options, Console& console) {
     console.Message(Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed");
+    // An expectation that was not tested weighs more than one that failed.
     if (totals.withProblems > 0)
         return kAircraftFailed;
     if (totals.Tests() > 0)
@@ -111,6 +112,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     const TestReport report = RunTests(aircraft, options.jobs, session.console);
     PrintTable(std::cout, report);
+    // Ahead of the messages, where both streams go to one terminal.
     std::cout.flush();
     TellProblems(report, session.console);
     const bool written = WriteReports(report, options, session);

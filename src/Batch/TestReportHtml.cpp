@@ -20,6 +20,7 @@ constexpr std::array kTypes{TouchInteractionType::None,       TouchInteractionTy
                             TouchInteractionType::Radio,      TouchInteractionType::YokePart,
                             TouchInteractionType::YokePrimary};
 
+/// All colours are variables, which the dark scheme replaces. Nothing is fetched from elsewhere.
 constexpr const char* kHead = R"html(<!DOCTYPE html>
 <html lang="en">
 <head>
@@ -59,10 +60,11 @@ th, td { padding: .45rem .75rem; border-bottom: 1px solid var(--line); text-alig
 tbody tr:last-child > * { border-bottom: 0; }
 thead th { color: var(--soft); font-size: .85rem; font-weight: 600; white-space: nowrap; }
 .number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
+td:first-child { min-width: 11rem; }
 .path { display: block; color: var(--soft); font-size: .8rem; overflow-wrap: anywhere; }
 td.rectangle { font-family: ui-monospace, monospace; font-size: .85rem; overflow-wrap: anywhere; }
 .matrix { width: fit-content; max-width: 100%; }
-.matrix th, .matrix td { text-align: center; min-width: 5.2rem; }
+.matrix th, .matrix td { text-align: center; min-width: 5.2rem; white-space: nowrap; }
 .matrix tbody th { text-align: right; color: var(--soft); font-size: .85rem; }
 .matrix td a { display: block; border-radius: .3rem; font-weight: 600; text-decoration: none; }
 .matrix a.same { background: var(--good-back); color: var(--good); }
@@ -101,6 +103,7 @@ std::string Escaped(std::string_view text) {
     return escaped;
 }
 
+/// `content` and `attributes` are markup already.
 std::string Element(const std::string& name, const std::string& content, const std::string& attributes = {}) {
     return "<" + name + (attributes.empty() ? "" : " " + attributes) + ">" + content + "</" + name + ">";
 }
@@ -114,6 +117,7 @@ std::string Tile(const std::string& figure, const std::string& label, const char
            "\n";
 }
 
+/// Rounded down, so that 100 % means all.
 std::string Percent(std::size_t part, std::size_t whole) {
     return whole == 0 ? "–" : std::to_string(100 * part / whole) + " %";
 }
@@ -217,6 +221,7 @@ std::string Coverage(const AircraftTests& tests) {
                              " parts");
 }
 
+/// Aircraft without a test have their row as well: their coverage is what a person wants to see grow.
 std::string AircraftRows(const TestReport& report) {
     std::string rows;
     for (const auto& [tests, problems] : report) {
@@ -246,7 +251,8 @@ std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) 
         rows += Element("tr", Element("td", Escaped(aircraft->displayName)) +
                                   Element("td", std::to_string(part->NodeId), "class=\"number\"") +
                                   Element("td", std::to_string(part->PartId), "class=\"number\"") +
-                                  Element("td", Escaped(part->rectangle), "class=\"rectangle\"")) +
+                                  Element("td", part->rectangle.empty() ? "–" : Escaped(part->rectangle),
+                                          "class=\"rectangle\"")) +
                 "\n";
     const std::string title = "Expected " + TouchInteractionTypeToText(cell.first) + ", detected " +
                               TouchInteractionTypeToText(cell.second) + " (" + std::to_string(parts.size()) + ")";
@@ -257,6 +263,7 @@ std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) 
 
 std::string Parts(const PartsByCell& cells, bool passed) {
     std::string html;
+    // In the order of the matrix, so that a reader finds a cell's parts without its link as well.
     for (const auto& [cell, parts] : cells)
         if ((cell.first == cell.second) == passed)
             html += PartsOfCell(cell, parts);

@@ -71,6 +71,7 @@ private:
         printer.CloseElement();
     }
 
+    /// A suite has no place for an error of its own, so it stands as a case.
     void Error(const AircraftTests& tests, const std::string& problem) {
         OpenCase(tests, "aircraft");
         printer.OpenElement("error");

@@ -96,6 +96,7 @@ AircraftReport ParseAircraft(std::string_view json) {
     return AircraftFromJson(Json::parse(json));
 }
 
+/// Neither times nor machines: the same results are the same bytes.
 std::string JsonReport(const TestReport& report) {
     const TestTotals totals = Totals(report);
     Json aircraft = Json::array();

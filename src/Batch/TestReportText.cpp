@@ -41,14 +41,15 @@ std::vector<Row> CountRows(const TestReport& report) {
     return rows;
 }
 
+/// The heading, and a row for each failed part.
 std::vector<Row> FailureRows(const TestReport& report) {
-    std::vector<Row> rows{{"Failed part of", "NodeId", "PartId", "Expected", "Detected", "Mouse rectangle"}};
+    std::vector<Row> rows{{"Failed part of", "NodeId", "PartId", "Mouse rectangle", "Expected", "Detected"}};
     for (const AircraftReport& aircraft : report)
         for (const Annotator::PartTest& part : aircraft.tests.parts)
             if (!part.passed)
                 rows.push_back({aircraft.tests.displayName, std::to_string(part.NodeId), std::to_string(part.PartId),
-                                TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected),
-                                part.rectangle});
+                                part.rectangle.empty() ? "-" : part.rectangle,
+                                TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected)});
     return rows;
 }
 
@@ -62,6 +63,7 @@ std::string CsvField(const std::string& text) {
     return quoted + '"';
 }
 
+/// One record, with its line end.
 std::string CsvLine(const Row& fields) {
     std::string line;
     for (const std::string& field : fields)

@@ -7,8 +7,8 @@
 #include "Sim/AircraftInfo.h"
 #include "Utils/Paths.h"
 
-#include <boost/filesystem/fstream.hpp>
 #include <boost/lexical_cast.hpp>
+#include <fstream>
 
 namespace CockpitModel {
 
@@ -56,7 +56,7 @@ std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     auto model = std::make_unique<ModelData>();
     model->sourcePath = cockpitObjPath;
     XPObjData data;
-    boost::filesystem::ifstream stream(cockpitObjPath, std::ios::binary);
+    std::ifstream stream(Utils::StreamPath(cockpitObjPath), std::ios::binary);
     ReadXPObj(stream, data);
     XPObjConverter().Convert(aircraftFolder, data, *model);
     return model;

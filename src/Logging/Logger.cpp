@@ -90,7 +90,7 @@ std::string Logger::Stop(const std::string& crashLog) {
 }
 
 void Logger::WriteLines(const boost::filesystem::path& logPath, std::ios::openmode mode) {
-    std::ofstream file(logPath.string(), mode);
+    std::ofstream file(Utils::StreamPath(logPath), mode);
     const auto write = [&file](std::string* line) {
         file << *line << std::endl;
         delete line;

@@ -2,6 +2,7 @@
 
 #include "Logging/Logger.h"
 #include "Utils/Asserts.h"
+#include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 
 #include <boost/filesystem/operations.hpp>
@@ -126,7 +127,7 @@ std::string ResolveDataPath(const std::string& path) {
 }
 
 std::unique_ptr<Geometry> LoadGeometryFile(Context& context, const std::string& path, bool required) {
-    std::ifstream file(ResolveDataPath(path));
+    std::ifstream file(Utils::StreamPath(ResolveDataPath(path)));
     if (!file)
         ReportMissing(path, required);
     Mesh mesh;

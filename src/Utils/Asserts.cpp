@@ -5,7 +5,6 @@
 
 #include <boost/date_time/posix_time/posix_time.hpp>
 #include <exception>
-#include <iostream>
 #include <mutex>
 
 namespace Utils {
@@ -16,9 +15,7 @@ constexpr const char* kSupportForum = "https://vorelle.example/support";
 constexpr const char* kDialogCaption = "Vorelle FSX";
 
 std::mutex dialogMutex; // guards dialog
-FatalErrorDialog dialog = [](const std::string& caption, const std::string& text) {
-    std::cerr << caption << ": " << text << std::endl;
-};
+FatalErrorDialog dialog = Platform::ShowErrorBox;
 
 std::string CrashLogName() {
     return "error-" + to_iso_string(boost::posix_time::second_clock::local_time()) + ".txt";

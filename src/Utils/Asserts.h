@@ -19,7 +19,8 @@ namespace Utils {
 using FatalErrorDialog = std::function<void(const std::string& caption, const std::string& text)>;
 /// Shows a text that comes ahead of a fatal error in the same dialog. Any thread may call it.
 void ShowErrorBox(const std::string& caption, const std::string& text);
-/// Replaces the dialog, which prints to the standard error stream until then, and returns the one before.
+/// Replaces the dialog, which is the system's own box until then (on Linux the standard error stream), and returns the
+/// one before.
 /// Any thread may call it.
 FatalErrorDialog SetFatalErrorDialog(FatalErrorDialog newDialog);
 

@@ -4,6 +4,8 @@
 #include "Utils/Asserts.h"
 
 #include <cstring>
+#include <memory>
+#include <stdexcept>
 
 namespace Utils {
 
@@ -27,6 +29,25 @@ void FromCairoSurface(Rendering::MemBitmap& target, cairo_surface_t* surface) {
     for (int y = 0; y < height; ++y)
         std::memcpy(target.Pixels().data() + static_cast<std::size_t>(y) * width,
                     data + static_cast<std::size_t>(y) * stride, rowSize);
+}
+
+std::string ToPng(const Rendering::MemBitmap& bitmap) {
+    Rendering::MemBitmap pixels;
+    bitmap.CopySwappingRedBlue(pixels);
+    const int width = static_cast<int>(pixels.Width()), height = static_cast<int>(pixels.Height());
+    const std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> surface(
+        cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.Pixels().data()),
+                                            CAIRO_FORMAT_RGB24, width, height, 4 * width),
+        cairo_surface_destroy);
+    std::string png;
+    const auto append = [](void* file, const unsigned char* bytes, unsigned int count) {
+        static_cast<std::string*>(file)->append(reinterpret_cast<const char*>(bytes), count);
+        return CAIRO_STATUS_SUCCESS;
+    };
+    if (const auto status = cairo_surface_write_to_png_stream(surface.get(), append, &png))
+        throw std::runtime_error(std::string("the picture cannot be made into a PNG: ") +
+                                 cairo_status_to_string(status));
+    return png;
 }
 
 } // namespace Utils

@@ -11,4 +11,7 @@ namespace Utils {
 /// A surface without a size, as cairo gives for a file it cannot read, makes one transparent pixel and a log line.
 void FromCairoSurface(Rendering::MemBitmap& target, cairo_surface_t* surface);
 
+/// The PNG file of a picture in red, green, blue and whatever; all of it opaque.
+std::string ToPng(const Rendering::MemBitmap& bitmap);
+
 } // namespace Utils

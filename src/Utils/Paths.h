@@ -1,6 +1,8 @@
 #pragma once
 
 #include <boost/filesystem/path.hpp>
+#include <cstddef>
+#include <filesystem>
 #include <istream>
 #include <string>
 
@@ -11,8 +13,12 @@ namespace Utils {
 /// else the first in byte order. Back-slashes count as separators. Empty when there is none.
 boost::filesystem::path FindIgnoringCase(const boost::filesystem::path& path);
 
-/// The user's application data folder: XDG_DATA_HOME, else .local/share of the home. Empty when there is no home.
+/// The user's application data folder: XDG_DATA_HOME, else .local/share of the home; on Windows the roaming folder.
+/// Empty when there is no home.
 boost::filesystem::path UserDataFolder();
+
+/// A path for the streams of the standard library, which on Windows take any letters only in this form.
+std::filesystem::path StreamPath(const boost::filesystem::path& path);
 
 /// The name of the folder that holds a file, up to that name's last dot: "A/Big.Jet 1.2/x.acf" gives "Big.Jet 1".
 /// It names an aircraft's annotation and detected-data files.
@@ -20,6 +26,8 @@ std::string FolderStem(const std::string& filePath);
 
 /// The whole file as bytes; empty when it cannot be read.
 std::string ReadFile(const boost::filesystem::path& path);
+/// How many bytes are left in a stream; 0 where it cannot tell.
+std::size_t SizeLeft(std::istream& stream);
 /// What is left in a stream; empty when it was not opened.
 std::string ReadAll(std::istream& stream);
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <boost/filesystem/path.hpp>
 #include <cstdint>
+#include <string>
 
 /// The few services of the operating system that the foundation needs; each system has a source file of its own.
 namespace Utils::Platform {
@@ -12,5 +14,12 @@ std::uint32_t LastError();
 bool ReadCounter(std::int64_t& count);
 /// Counts a second.
 std::int64_t CounterFrequency();
+
+/// Where programs keep a user's data; empty when the system names no place.
+boost::filesystem::path DataFolder();
+
+/// Shows a text to the person and blocks until it is dismissed; on a system without a box of its own it goes to the
+/// standard error stream.
+void ShowErrorBox(const std::string& caption, const std::string& text);
 
 } // namespace Utils::Platform

@@ -1,9 +1,9 @@
-#ifdef __linux__
-
 #include "Utils/Platform.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <ctime>
+#include <iostream>
 
 namespace Utils::Platform {
 
@@ -29,6 +29,16 @@ std::int64_t CounterFrequency() {
     return kNanosecondsASecond;
 }
 
-} // namespace Utils::Platform
+boost::filesystem::path DataFolder() {
+    const char* dataHome = std::getenv("XDG_DATA_HOME");
+    if (dataHome && boost::filesystem::path(dataHome).is_absolute())
+        return dataHome;
+    const char* home = std::getenv("HOME");
+    return home && *home ? boost::filesystem::path(home) / ".local/share" : boost::filesystem::path();
+}
 
-#endif
+void ShowErrorBox(const std::string& caption, const std::string& text) {
+    std::cerr << caption << ": " << text << std::endl;
+}
+
+} // namespace Utils::Platform

@@ -34,7 +34,7 @@ TEST(TestCommand, CountsPassedAndFailedTests) {
     EXPECT_EQ(result.exitCode, 1);
     const std::string output = WithoutRuns(result.output);
     EXPECT_THAT(output, HasSubstr("Aircraft Passed Failed Total\nCub 2 1 3\n\n"));
-    EXPECT_THAT(output, HasSubstr("\nCub 1 0 Twist Move DragVariable: 0 , 1 -- sim/lever\n"));
+    EXPECT_THAT(output, HasSubstr("\nCub 1 0 DragVariable: 0 , 1 -- sim/lever Twist Move\n"));
     EXPECT_THAT(output, Not(HasSubstr("Other")));
     EXPECT_THAT(output, Not(HasSubstr("Overruled"))) << "it has annotations but no test";
     EXPECT_THAT(result.errors, HasSubstr("2 tests passed, 1 failed"));

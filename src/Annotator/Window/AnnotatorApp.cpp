@@ -4,19 +4,60 @@
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/FatalErrorBox.h"
 #include "Annotator/Window/ProblemBox.h"
+#include "Annotator/Window/WideText.h"
+#include "Logging/Logger.h"
 #include "Sim/XPAircraftListLoader.h"
 
 #include <cstdlib>
+#include <iostream>
 #include <memory>
+
+#ifdef __WXGTK__
+#include <dlfcn.h>
+#endif
 
 namespace Annotator {
 
-void PrepareToolkit() {
+namespace {
+
+void LogAssert(const wxString& file, int line, const wxString& function, const wxString& condition,
+               const wxString& message) {
+    const wxString text = "The toolkit asserts " + condition + " in " + function + ": " + message;
+    Logging::Logger::Get().Log(file.utf8_str(), line, ToNarrow(text));
+}
+
+#ifdef __WXGTK__
+bool HasDisplay() {
+    auto* const open = reinterpret_cast<void* (*)(const char*)>(dlsym(RTLD_DEFAULT, "XOpenDisplay"));
+    auto* const close = reinterpret_cast<int (*)(void*)>(dlsym(RTLD_DEFAULT, "XCloseDisplay"));
+    if (!open || !close)
+        return true;
+    void* const display = open(nullptr);
+    if (display)
+        close(display);
+    return display != nullptr;
+}
+#else
+bool HasDisplay() {
+    return true;
+}
+#endif
+
+} // namespace
+
+bool PrepareToolkit() {
     InstallFatalErrorBox();
+    wxSetAssertHandler(LogAssert);
 #ifdef __WXGTK__
     // The canvas gets its OpenGL through GLX, which a Wayland window does not have.
     setenv("GDK_BACKEND", "x11", 1);
 #endif
+    if (HasDisplay())
+        return true;
+    std::cerr << "The Vorelle Aircraft Annotator needs a display, and DISPLAY names none that can be opened.\n"
+                 "vorelle-batch does its work without one."
+              << std::endl;
+    return false;
 }
 
 bool AnnotatorApp::OnInit() {
@@ -26,7 +67,8 @@ bool AnnotatorApp::OnInit() {
         window->Show(true);
         return true;
     } catch (const std::exception& error) {
-        ShowProblem(nullptr, ScanFailureText(error));
+        if (!WasFatalError(error))
+            ShowProblem(nullptr, ScanFailureText(error));
         return false;
     }
 }

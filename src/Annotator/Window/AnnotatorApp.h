@@ -4,8 +4,9 @@
 
 namespace Annotator {
 
-/// To be called by the process entry before the toolkit starts.
-void PrepareToolkit();
+/// To be called by the process entry before the toolkit starts. False, after a message on the standard error stream,
+/// where there is no display.
+bool PrepareToolkit();
 
 class AnnotatorApp : public wxApp {
 public:

@@ -29,15 +29,18 @@ wxGLContextAttrs ContextAttributes() {
     return attributes;
 }
 
+[[noreturn]] void FailWithoutOpenGL() {
+    Logging::Logger::Get().Log(HERE, "The display offers no OpenGL 3.3 core context");
+    Utils::FatalError(kPlace, kMakingDevice);
+}
+
 class CanvasDeviceGL final : public CanvasDevice {
 public:
     CanvasDeviceGL(CanvasBase& window, const Rendering::Camera& camera) : canvas(&window) {
         const wxGLContextAttrs attributes = ContextAttributes();
         glContext.emplace(canvas, nullptr, &attributes);
-        if (!glContext->IsOK() || !glContext->SetCurrent(*canvas)) {
-            Logging::Logger::Get().Log(HERE, "The display has no OpenGL 3.3 core context");
-            Utils::FatalError(kPlace, kMakingDevice);
-        }
+        if (!glContext->IsOK() || !glContext->SetCurrent(*canvas))
+            FailWithoutOpenGL();
         context.emplace(camera);
         target.emplace(*context);
     }
@@ -64,7 +67,10 @@ private:
 } // namespace
 
 CanvasBase::CanvasBase(wxWindow* parent, wxWindowID id)
-    : wxGLCanvas(parent, SurfaceAttributes(), id, wxDefaultPosition, wxDefaultSize, 0) {}
+    : wxGLCanvas(parent, SurfaceAttributes(), id, wxDefaultPosition, wxDefaultSize, 0) {
+    if (!GetHandle())
+        FailWithoutOpenGL();
+}
 
 std::unique_ptr<CanvasDevice> MakeCanvasDevice(CanvasBase& canvas, const Rendering::Camera& camera) {
     return std::make_unique<CanvasDeviceGL>(canvas, camera);

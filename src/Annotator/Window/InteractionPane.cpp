@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* kDetected = "Detected:";
 constexpr int kTooltipWidth = 240;
+constexpr int kTextMargin = 12; ///< above and below a line of text in its frame
 
 } // namespace
 
@@ -32,7 +33,8 @@ InteractionPane::InteractionPane(wxWindow* parent, wxWindowID id) : Page(parent,
 
     AddHeading("Tooltip:");
     detectedTooltipLabel = AddText(kDetected);
-    tooltipText = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxSize(FromDIP(kTooltipWidth), -1));
+    tooltipText = new wxTextCtrl(this, wxID_ANY);
+    tooltipText->SetMinSize({FromDIP(kTooltipWidth), tooltipText->GetCharHeight() + FromDIP(kTextMargin)});
     AddControl(tooltipText);
 
     SetAccessibleName(*interactionDropDown, "Interaction type");

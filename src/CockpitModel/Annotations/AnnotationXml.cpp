@@ -1,5 +1,7 @@
 #include "CockpitModel/Annotations/AnnotationXml.h"
 
+#include "Utils/Paths.h"
+
 #include <exception>
 #include <locale>
 #include <sstream>
@@ -87,7 +89,8 @@ void AddRecord(XMLElement& root, const AnnotationRecord& record) {
 std::vector<AnnotationRecord> ReadAnnotations(const std::string& path) {
     std::vector<AnnotationRecord> records;
     tinyxml2::XMLDocument document;
-    if (document.LoadFile(path.c_str()) != tinyxml2::XML_SUCCESS || !document.RootElement())
+    const std::string text = Utils::ReadFile(path);
+    if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS || !document.RootElement())
         return records;
     for (const XMLElement* element = document.RootElement()->FirstChildElement("Override"); element;
          element = element->NextSiblingElement("Override"))

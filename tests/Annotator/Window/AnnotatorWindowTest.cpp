@@ -50,6 +50,8 @@ TEST_F(AnnotatorWindowTest, StartsEmptyWithItsControlsInOrder) {
 
 TEST_F(AnnotatorWindowTest, GivesTreeCanvasAndSidePanelTheirSharesOfTheWidth) {
     Open();
+    window->SetSize(1590, 800);
+    PumpFrames(2);
     wxWindow* side = Find<wxNotebook>(*window)->GetParent();
     const int width = tree->GetParent()->GetClientSize().x;
     EXPECT_NEAR(tree->GetSize().x, width / 7, 2);
@@ -311,7 +313,7 @@ TEST_F(AnnotatorWindowTest, KeepsThreadsSteadyOverFiftyLoads) {
         Load();
         tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
     }
-    EXPECT_EQ(ThreadCount(), before);
+    EXPECT_LE(ThreadCount(), before);
 }
 
 } // namespace

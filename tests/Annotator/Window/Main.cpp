@@ -40,7 +40,8 @@ int main(int argc, char** argv) {
     setenv("XDG_DATA_HOME", userData.path.c_str(), 1);
     Logging::Logger::Create();
     Logging::Logger::Get().Start();
-    Annotator::PrepareToolkit();
+    if (!Annotator::PrepareToolkit())
+        return 1;
     if (argc > 1 && std::string(argv[1]) == "--fail-before-toolkit")
         return FailBeforeToolkit();
 

@@ -62,6 +62,8 @@ inline CockpitModel::ModelData LeverModel() {
     builder.Rect(2).Text = "lever & knob";
     builder.Part(lever, SquareAhead(-0.1f, 0.3f, 1.0f, 0.1f));
     builder.Part(builder.Node(lever), SquareAhead(-0.7f, -0.1f, 1.0f, 0.2f));
+    for (CockpitModel::Vertex& vertex : builder.model.vertexBlocks[0].Children)
+        vertex.nz = -1.0f;
     return std::move(builder.model);
 }
 
@@ -74,6 +76,7 @@ class WindowTest : public testing::Test {
 protected:
     WindowTest() : inside(folder.path) {
         BindDataFolder();
+        boost::filesystem::copy_file(VORELLE_SOURCE_DIR "/data/QVRA/Images/checker.png", folder.path / "panel.png");
         boost::filesystem::create_directories(folder.path / "QVRA");
         loader.aircraft.emplace_back("Trainer", "Made/Trainer", MakerOf(LeverModel()));
     }

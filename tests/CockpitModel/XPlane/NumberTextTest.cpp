@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -138,12 +139,30 @@ TEST(NumberText, AgreesWithFromCharsAroundTheMiddleOfTwoFloats) {
     std::mt19937_64 random(815);
     for (int i = 0; i < 100000; ++i) {
         // So large that the middle has at most 18 digits, which the quick reader still takes.
-        const auto low = std::ldexp(1.0f + static_cast<float>(random() % (1 << 23)) / (1 << 23), 16 + i % 40);
+        const float low = std::ldexp(1.0f + static_cast<float>(random() % (1 << 23)) / (1 << 23), 16 + i % 40);
         const double middle = (static_cast<double>(low) + std::nextafter(low, INFINITY)) / 2;
         for (const double value : {middle, std::nextafter(middle, 0.0), std::nextafter(middle, INFINITY)})
-            for (const int decimals : {0, 8, 9})
-                ExpectLikeFromChars(Decimal(value, decimals));
+            ExpectLikeFromChars(Decimal(value, i % 10));
     }
+}
+
+TEST(NumberText, AgreesWithFromCharsWhereTheQuotientCrossesTheMiddle) {
+    std::mt19937_64 random(31);
+    int crossings = 0;
+    for (int i = 0; i < 100000; ++i) {
+        // The numbers of 18 digits around a middle that has more; the quotient of some is on its other side.
+        const float low = std::ldexp(1.0f + static_cast<float>(random() % (1 << 23)) / (1 << 23), i % 3);
+        const double middle = (static_cast<double>(low) + std::nextafter(low, INFINITY)) / 2;
+        std::string text = Decimal(middle, 17);
+        const std::int64_t digits = std::stoll(text.erase(1, 1));
+        for (const std::int64_t beside : {digits - 1, digits, digits + 1}) {
+            const auto quotient = static_cast<float>(static_cast<double>(beside) / 1e17);
+            text = std::to_string(beside).insert(1, ".");
+            ExpectLikeFromChars(text);
+            crossings += quotient != std::strtof(text.c_str(), nullptr);
+        }
+    }
+    EXPECT_GT(crossings, 0);
 }
 
 TEST(NumberText, AgreesWithFromCharsOnEveryKindOfFloat) {

@@ -1,0 +1,53 @@
+#include "Utils/Platform.h"
+
+#include "Utils/WideText.h"
+
+#include <boost/filesystem/path.hpp>
+#include <codecvt>
+#include <locale>
+#include <shlobj.h>
+#include <windows.h>
+
+namespace Utils::Platform {
+
+namespace {
+
+/// Narrow texts are UTF-8 everywhere in the program, so that a path may hold any letters. The system's code page, which
+/// paths would be converted with otherwise, has some only. Set ahead of main, as paths are made from then on.
+const bool pathsAreUtf8 = [] {
+    using Conversion = std::codecvt_utf8_utf16<wchar_t>;
+    boost::filesystem::path::imbue(std::locale(std::locale::classic(), new Conversion));
+    return true;
+}();
+
+} // namespace
+
+std::uint32_t LastError() {
+    return GetLastError();
+}
+
+bool ReadCounter(std::int64_t& count) {
+    LARGE_INTEGER now;
+    if (!QueryPerformanceCounter(&now))
+        return false;
+    count = now.QuadPart;
+    return true;
+}
+
+std::int64_t CounterFrequency() {
+    LARGE_INTEGER frequency;
+    return QueryPerformanceFrequency(&frequency) && frequency.QuadPart > 0 ? frequency.QuadPart : 1;
+}
+
+boost::filesystem::path DataFolder() {
+    wchar_t folder[MAX_PATH];
+    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder)))
+        return {};
+    return folder;
+}
+
+void ShowErrorBox(const std::string& caption, const std::string& text) {
+    MessageBoxA(nullptr, ToCodePage(text).c_str(), ToCodePage(caption).c_str(), MB_ICONERROR);
+}
+
+} // namespace Utils::Platform

@@ -1,0 +1,41 @@
+#include "Annotator/FailureTexts.h"
+
+#include "Sim/XPAircraftInfo.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/RangeCheck.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+TEST(FailureTexts, NameTheReasonOfEachKindOfError) {
+    const boost::filesystem::filesystem_error noRight("opening", "Aircraft/Props",
+                                                      make_error_code(boost::system::errc::permission_denied));
+    EXPECT_EQ(Annotator::ReasonText(noRight), "Aircraft/Props: Permission denied");
+    EXPECT_EQ(Annotator::ReasonText(Utils::OutOfRange("a.obj(3): no material")), "a.obj(3): no material");
+    EXPECT_EQ(Annotator::ReasonText(Utils::OutOfRange()), "invalid vector<T> subscript");
+    EXPECT_EQ(Annotator::ReasonText(std::runtime_error("why")), "why");
+    EXPECT_THAT(Annotator::ReasonText(std::exception()), HasSubstr("fatal error"));
+}
+
+TEST(FailureTexts, NameTheFolderOrFile) {
+    const Support::TemporaryFolder folder;
+    const Support::WorkingDirectory inside(folder.path);
+    const std::runtime_error error("why");
+    EXPECT_THAT(Annotator::ScanFailureText(error), AllOf(HasSubstr(folder / "Aircraft\n"), HasSubstr("why")));
+    EXPECT_THAT(Annotator::ExportFailureText(error),
+                AllOf(HasSubstr(folder / "QVRA/AirLogs/1389-2a5530b-4"), HasSubstr("why")));
+    EXPECT_THAT(Annotator::SaveFailureText("QVRA/Annotations/A.xml", "disk full"),
+                AllOf(HasSubstr(folder / "QVRA/Annotations/A.xml"), HasSubstr("disk full")));
+    Sim::XPAircraftInfo info;
+    info.displayName = "Cub";
+    info.acfPath = "Aircraft/Props/Cub/cub.acf";
+    EXPECT_THAT(Annotator::LoadFailureText(info, error),
+                AllOf(HasSubstr("Cub"), HasSubstr("Aircraft/Props/Cub/cub.acf"), HasSubstr("why")));
+}
+
+} // namespace

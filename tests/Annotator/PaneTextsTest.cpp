@@ -1,0 +1,154 @@
+#include "Annotator/PaneTexts.h"
+
+#include "CockpitModel/Panels/PanelSet.h"
+#include "CockpitModel/SceneGraph.h"
+#include "Support/ModelBuilder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+using namespace Annotator;
+using namespace CockpitModel;
+using testing::ElementsAre;
+
+std::vector<std::string> LabelsOf(const std::vector<AnimData>& rows) {
+    std::vector<std::string> labels;
+    for (const AnimData& row : rows)
+        labels.push_back(row.label);
+    return labels;
+}
+
+/// A root whose first child is animated, with a part two levels further down.
+struct Chain {
+    explicit Chain(const std::string& name) {
+        Support::ModelBuilder builder;
+        const int top = builder.Node(0, Support::Animation(name, {{Support::TranslationKey(0, 0, 0, 0),
+                                                                   Support::TranslationKey(100, 1, 0, 0)}}));
+        const int part = builder.Node(builder.Node(top));
+        builder.Part(part, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        model = std::move(builder.model);
+        graph = std::make_unique<SceneGraph>(model, Support::ModelCockpit(), nullptr);
+    }
+    NodePart& Part() { return *graph->Nodes().at(3)->parts.at(0); }
+
+    ModelData model;
+    std::unique_ptr<SceneGraph> graph;
+};
+
+TEST(PaneTexts, ListsTheAnimationsFromThePartsNodeUpToTheRoot) {
+    Chain chain("sim/" + std::string(66, 'x'));
+    const std::vector<AnimData> rows = AnimationRows(chain.Part(), chain.model);
+    EXPECT_THAT(LabelsOf(rows), ElementsAre("3 - No Animation", "2 - No Animation", "1 - sim/" + std::string(56, 'x'),
+                                            "0 - No Animation"));
+    EXPECT_EQ(rows[2].animation, &chain.model.animations[1]) << "of the source model, which the slider moves";
+    EXPECT_EQ(rows[1].animation, nullptr);
+    EXPECT_EQ(rows[1].node, chain.graph->Nodes()[2].get());
+}
+
+TEST(PaneTexts, DumpsAnAnimationWithItsTracksAndKeys) {
+    ModelAnimation animation =
+        Support::Animation("sim/flaps", {{Support::TranslationKey(0, 0, 0, 0), Support::TranslationKey(12.5f, 1, 0, 0)},
+                                         {Support::TranslationKey(100, 0, 0, 0)}});
+    animation.text = std::string("raw\0data", 8);
+    animation.tracks[0][0].Text = "first";
+    animation.tracks[0][1].Text = "second";
+    animation.tracks[1][0].Text = "third";
+    EXPECT_EQ(AnimationRowText({.animation = &animation, .node = nullptr, .label = ""}),
+              "Param: sim/flaps\nRawData: raw data\nTransforms:\nLength:100\n"
+              "\tTransform:\n\t\tfirst at 0\n\t\tsecond at 12.5\n"
+              "\tTransform:\n\t\tthird at 100\n");
+}
+
+TEST(PaneTexts, WritesAMatrixWithASignBeforeEachNumber) {
+    Utils::Matrix4 matrix = Utils::Matrix4::Identity();
+    matrix.row(1) << -0.5f, 12.345f, -0.0f, 0.004f;
+    matrix.row(3) << -1234.5f, 0.125f, 9.996f, 1.0f;
+    const std::string text = "+1.00 +0.00 +0.00 +0.00 \n"
+                             "-0.50 +12.35 +0.00 +0.00 \n"
+                             "+0.00 +0.00 +1.00 +0.00 \n"
+                             "-1234.50 +0.12 +10.00 +1.00 \n";
+    EXPECT_EQ(MatrixText(matrix), text);
+    Node node;
+    node.localMatrix = matrix;
+    EXPECT_EQ(AnimationRowText({.animation = nullptr, .node = &node, .label = ""}),
+              "Node Local Matrix:\n" + text + "\n");
+}
+
+TEST(PaneTexts, MovesAllAnimationsOfOneDataref) {
+    ModelData model;
+    for (const char* name : {"sim/a", "sim/b", "sim/a"})
+        model.animations.push_back(Support::Animation(name, {}));
+    model.animations[2].length = 50.0f;
+    MoveAnimations(model, model.animations[0], 25);
+    EXPECT_FLOAT_EQ(model.animations[0].position, 0.25f);
+    EXPECT_FLOAT_EQ(model.animations[1].position, 0.0f);
+    EXPECT_FLOAT_EQ(model.animations[2].position, 0.125f);
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25);
+    model.animations[0].position = 0.259f;
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25) << "truncated";
+    model.animations[0].position = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(SliderPercent(model.animations[0]), 0);
+}
+
+TEST(PaneTexts, TellsOfAPartWhatItHas) {
+    Chain chain("sim/a");
+    NodePart& part = chain.Part();
+    EXPECT_EQ(PartIdText(part), "ID: (3,0)");
+    EXPECT_EQ(FileOffsetText(part), "File Offset: 0");
+    EXPECT_EQ(PartInfoText(part), "") << "it cannot be clicked";
+    EXPECT_EQ(DetectedTooltipText(part), "Detected:");
+
+    MouseRect rect;
+    rect.Tooltip = "Flaps";
+    part.block.mouseRect = &rect;
+    part.BalanceFactor = -42.25f;
+    std::ostringstream dump;
+    rect.Dump(dump, "");
+    EXPECT_EQ(PartInfoText(part),
+              "Balance Factor: -42.25\nParent Matrix:\n" + MatrixText(part.node->localMatrix) + "\n" + dump.str());
+    EXPECT_EQ(DetectedTooltipText(part), "Detected: Flaps");
+
+    part.textureIndex = 2;
+    part.textureName = "a&b.png";
+    Material material;
+    material.TextureDiffuse = 5;
+    part.material = &material;
+    EXPECT_EQ(MaterialText(part), "MaterialTexId: 2 TexId: 5 Tex: a&b.png");
+    part.textureIndex.reset();
+    EXPECT_EQ(MaterialText(part), "MaterialTexId: -1 TexId: 5 Tex: a&b.png");
+    part.material = nullptr;
+    EXPECT_EQ(MaterialText(part), "Material:");
+}
+
+TEST(PaneTexts, LaysTheTextureOutOnASquare) {
+    NodePart part;
+    part.vertices.resize(5); // a triangle and a rest that is none
+    part.vertices[0].texture = {0.255f, 1.0f};
+    part.vertices[1].texture = {-0.019f, 0.5f};
+    part.vertices[2].texture = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()};
+    const auto triangles = UvTriangles(part, 100);
+    ASSERT_EQ(triangles.size(), 1u);
+    EXPECT_EQ(triangles[0][0].x, 25);
+    EXPECT_EQ(triangles[0][0].y, 100);
+    EXPECT_EQ(triangles[0][1].x, -1) << "truncated, not rounded down";
+    EXPECT_EQ(triangles[0][2].x, 0);
+    EXPECT_GE(triangles[0][2].y, 100000) << "far outside, but a number";
+
+    EXPECT_TRUE(UvPanelRectangles(part, 100).empty());
+    Panel panel;
+    panel.Entries.resize(1);
+    panel.Entries[0].U = 0.1f, panel.Entries[0].V = 0.25f, panel.Entries[0].Width = 0.5f,
+    panel.Entries[0].Height = 0.125f;
+    part.panel = &panel;
+    const auto rectangles = UvPanelRectangles(part, 200);
+    ASSERT_EQ(rectangles.size(), 1u);
+    EXPECT_EQ(rectangles[0].corner.x, 20);
+    EXPECT_EQ(rectangles[0].corner.y, 50);
+    EXPECT_EQ(rectangles[0].size.x, 100);
+    EXPECT_EQ(rectangles[0].size.y, 25);
+}
+
+} // namespace

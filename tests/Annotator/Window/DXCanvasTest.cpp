@@ -1,0 +1,192 @@
+#include "Annotator/Window/DXCanvas.h"
+
+#include "Annotator/Window/WindowFixture.h"
+
+#include <cairo.h>
+#include <chrono>
+#include <cmath>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+
+namespace {
+
+using namespace Support;
+
+class DXCanvasTest : public WindowTest {
+protected:
+    void Mouse(wxEventTypeTag<wxMouseEvent> type, wxPoint at, bool leftDown = false) {
+        wxMouseEvent event(type);
+        event.SetPosition(at);
+        event.SetLeftDown(leftDown);
+        canvas->ProcessWindowEvent(event);
+    }
+    void Key(wxEventTypeTag<wxKeyEvent> type, int code) {
+        wxKeyEvent event(type);
+        event.m_keyCode = code;
+        canvas->ProcessWindowEvent(event);
+    }
+    /// What the screen shows of the canvas.
+    wxImage Picture() {
+        const wxSize size = canvas->GetClientSize();
+        const wxPoint at = canvas->ClientToScreen(wxPoint(0, 0));
+        wxScreenDC screen;
+        // The screen has changed behind cairo's back, which keeps copies of what it has read.
+        cairo_surface_mark_dirty(cairo_get_target(static_cast<cairo_t*>(screen.GetImpl()->GetCairoContext())));
+        wxBitmap picture(size);
+        wxMemoryDC target(picture);
+        target.Blit(0, 0, size.x, size.y, &screen, at.x, at.y);
+        target.SelectObject(wxNullBitmap);
+        return picture.ConvertToImage();
+    }
+    static wxColour ColourAt(const wxImage& image, int x, int y) {
+        return {image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)};
+    }
+};
+
+/// Counts frames, and runs what a test puts into the next one.
+struct CountingStage final : Rendering::Stage {
+    void Render(Rendering::Context&, const Utils::Matrix4&, const Utils::Matrix4&) override {
+        ++frames;
+        if (const auto work = std::exchange(once, nullptr))
+            work();
+    }
+    int frames = 0;
+    std::function<void()> once;
+};
+
+TEST_F(DXCanvasTest, ClearsToMidGreyWithoutAnAircraft) {
+    Open();
+    PumpFrames(3);
+    const wxImage image = Picture();
+    for (const wxPoint at : {wxPoint(5, 5), wxPoint(image.GetWidth() / 2, image.GetHeight() - 5)}) {
+        const wxColour colour = ColourAt(image, at.x, at.y);
+        EXPECT_NEAR(colour.Red(), 128, 1);
+        EXPECT_NEAR(colour.Green(), 128, 1);
+        EXPECT_NEAR(colour.Blue(), 128, 1);
+    }
+}
+
+TEST_F(DXCanvasTest, ShowsThePartAndMovesItWithTheSlider) {
+    Open();
+    Load();
+    const wxSize size = canvas->GetClientSize();
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 1"}));
+    PumpFrames(3);
+    // The square in the middle of the view is 0.2 metres wide at 1 metre; "sim/lever" moves it by 0.5 metres at its
+    // end.
+    const wxColour lever = ColourAt(Picture(), size.x / 2, size.y / 2);
+    auto& pane = *Find<Annotator::AnimationsPane>(*window);
+    Choose(*Find<wxChoice>(pane), 1);
+    Find<wxSlider>(pane)->SetValue(100);
+    Fire(*Find<wxSlider>(pane), wxEVT_SLIDER);
+    ASSERT_TRUE(PumpUntil([&] { return ColourAt(Picture(), size.x / 2, size.y / 2) != lever; }));
+    // Half the height of the view is tan(0.5) metres at 1 metre.
+    const int moved = static_cast<int>(0.5 / std::tan(0.5) * size.y / 2);
+    EXPECT_EQ(ColourAt(Picture(), size.x / 2 + moved, size.y / 2), lever);
+    Click({size.x / 2 + moved, size.y / 2});
+    EXPECT_EQ(IdLabel(), "ID: (1,0)") << "picking follows";
+}
+
+TEST_F(DXCanvasTest, TurnsTheCameraWithADragAndSelectsNothing) {
+    Open();
+    Load();
+    const wxSize size = canvas->GetClientSize();
+    Mouse(wxEVT_LEFT_DOWN, {size.x / 2, size.y / 2});
+    EXPECT_TRUE(canvas->HasCapture()) << "a drag that leaves the window goes on";
+    Mouse(wxEVT_MOTION, {size.x / 2 + size.x / 4, size.y / 2 - size.y / 8}, true);
+    Mouse(wxEVT_LEFT_UP, {size.x / 2, size.y / 2});
+    EXPECT_FALSE(canvas->HasCapture());
+    EXPECT_NEAR(canvas->control.camera.Rotation().z(), 0.5f, 0.01f);
+    EXPECT_NEAR(canvas->control.camera.Rotation().x(), -0.25f, 0.01f);
+    EXPECT_EQ(IdLabel(), "ID: None");
+}
+
+TEST_F(DXCanvasTest, MovesTheCameraWhileAKeyIsDownAndTheFocusStays) {
+    Open();
+    const auto position = [&] { return canvas->control.camera.Position(); };
+    Key(wxEVT_KEY_DOWN, 'W');
+    ASSERT_TRUE(PumpUntil([&] { return position().z() != 0.0f; }));
+    EXPECT_EQ(position().x(), 0.0f);
+    Key(wxEVT_KEY_UP, 'W');
+    PumpFrames(1);
+    Utils::Vector3 at = position();
+    PumpFrames(3);
+    EXPECT_EQ(position(), at);
+
+    Key(wxEVT_KEY_DOWN, WXK_RIGHT);
+    ASSERT_TRUE(PumpUntil([&] { return position().x() != at.x(); }));
+    wxFocusEvent lost(wxEVT_KILL_FOCUS);
+    canvas->ProcessWindowEvent(lost);
+    PumpFrames(1);
+    at = position();
+    PumpFrames(3);
+    EXPECT_EQ(position(), at);
+}
+
+TEST_F(DXCanvasTest, LetsTabOutAndKeepsOtherKeys) {
+    Open();
+    canvas->SetFocus();
+    PumpFrames(1);
+    Key(wxEVT_KEY_DOWN, WXK_LEFT);
+    Key(wxEVT_KEY_UP, WXK_LEFT);
+    PumpFrames(1);
+    EXPECT_EQ(wxWindow::FindFocus(), canvas);
+    Key(wxEVT_KEY_DOWN, WXK_TAB);
+    PumpFrames(1);
+    EXPECT_NE(wxWindow::FindFocus(), canvas);
+}
+
+TEST_F(DXCanvasTest, RunsNoFrameAndNoPickInsideAFrame) {
+    Open();
+    Load();
+    const auto counter = std::make_shared<CountingStage>();
+    canvas->stages.Add(counter);
+    const wxSize size = canvas->GetClientSize();
+    int framesInside = -1;
+    counter->once = [&] {
+        const int before = counter->frames;
+        PumpFrames(3);
+        Click({size.x / 2, size.y / 2});
+        framesInside = counter->frames - before;
+    };
+    ASSERT_TRUE(PumpUntil([&] { return framesInside >= 0; }));
+    EXPECT_EQ(framesInside, 0);
+    EXPECT_EQ(IdLabel(), "ID: None");
+}
+
+TEST_F(DXCanvasTest, HoldsFramesToSixtyASecondAndStopsWhileHidden) {
+    Open();
+    const auto counter = std::make_shared<CountingStage>();
+    canvas->stages.Add(counter);
+    PumpFrames(1);
+    const int before = counter->frames;
+    const auto start = std::chrono::steady_clock::now();
+    PumpFrames(13);
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    EXPECT_GT(counter->frames, before);
+    EXPECT_LE(counter->frames - before, seconds * 60.0 + 1.5);
+
+    canvas->Hide();
+    PumpFrames(2);
+    const int hidden = counter->frames;
+    PumpFrames(3);
+    EXPECT_EQ(counter->frames, hidden);
+    canvas->Show();
+    EXPECT_TRUE(PumpUntil([&] { return counter->frames > hidden; }));
+}
+
+TEST_F(DXCanvasTest, FollowsTheSizeOfTheWindow) {
+    Open();
+    Load();
+    window->SetSize(1000, 500);
+    PumpFrames(5);
+    const wxSize size = canvas->GetClientSize();
+    const auto& projection = canvas->control.projection;
+    EXPECT_NEAR(projection(1, 1) / projection(0, 0), static_cast<double>(size.x) / size.y, 0.001);
+    const wxImage image = Picture();
+    EXPECT_NE(ColourAt(image, size.x / 2, size.y / 2), ColourAt(image, size.x - 3, 3));
+    Click({size.x / 2, size.y / 2});
+    EXPECT_EQ(IdLabel(), "ID: (1,0)");
+}
+
+} // namespace

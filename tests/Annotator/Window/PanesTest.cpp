@@ -1,0 +1,213 @@
+#include "Annotator/Window/AnimationsPane.h"
+#include "Annotator/Window/InteractionPane.h"
+#include "Annotator/Window/PartInfoPane.h"
+#include "Annotator/Window/TestPane.h"
+#include "Annotator/Window/TextureViewPane.h"
+#include "Annotator/Window/WindowFixture.h"
+
+#include <boost/optional/optional_io.hpp>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
+
+namespace {
+
+using namespace Support;
+using namespace CockpitModel;
+using testing::ElementsAre;
+
+class PanesTest : public testing::Test {
+protected:
+    PanesTest() : model(LeverModel()), graph(model, ModelCockpit(), nullptr) {}
+    ~PanesTest() override {
+        frame->Destroy();
+        PumpFrames(2);
+    }
+
+    template <typename Pane>
+    Pane& Make() {
+        return *new Pane(frame, wxID_ANY);
+    }
+    NodePart& Part(std::size_t node, std::size_t part) { return *graph.Nodes().at(node)->parts.at(part); }
+
+    ModelData model;
+    SceneGraph graph;
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "Panes");
+    DialogRecorder dialogs;
+};
+
+TEST_F(PanesTest, ADropDownSpeaksOnlyOfAPersonsChoice) {
+    Annotator::ItemDropDown<int> dropDown(frame, wxID_ANY, "nothing", [](int value) { return std::to_string(value); });
+    std::vector<boost::optional<int>> chosen;
+    dropDown.selectionSignal.connect([&](const boost::optional<int>& value) { chosen.push_back(value); });
+    EXPECT_EQ(dropDown.GetCount(), 0u);
+    EXPECT_EQ(dropDown.GetSelectedItem(), boost::none);
+    dropDown.SetItems({40, 50});
+    EXPECT_THAT(Lines(dropDown), ElementsAre("nothing", "40", "50"));
+    dropDown.SelectItem(50);
+    EXPECT_EQ(dropDown.GetSelectedItem(), boost::optional<int>(50));
+    dropDown.SelectItem(60);
+    EXPECT_EQ(dropDown.GetSelection(), 2) << "a value without a line leaves the selection";
+    EXPECT_TRUE(chosen.empty());
+    Choose(dropDown, 1);
+    Choose(dropDown, 0);
+    EXPECT_THAT(chosen, ElementsAre(boost::optional<int>(40), boost::none));
+    dropDown.SetItems({});
+    EXPECT_EQ(dropDown.GetSelection(), 0);
+    EXPECT_EQ(chosen.size(), 2u);
+}
+
+TEST_F(PanesTest, TheInteractionPageShowsDetectionBesideTheOverride) {
+    auto& pane = Make<Annotator::InteractionPane>();
+    auto& type = *Find<wxChoice>(pane);
+    auto& event = *Find<wxChoice>(pane, [&](wxChoice& choice) { return &choice != &type; });
+    auto& reverse = *Find<wxCheckBox>(pane);
+    auto& tooltip = *Find<wxTextCtrl>(pane);
+    EXPECT_THAT(Lines(type), ElementsAre("(Use Detected)", "None", "Tap", "Twist", "Move", "Radio"));
+    EXPECT_THAT(Lines(event), ElementsAre("(Use Default)", "Wheel", "LClick/RClick", "LClick/LClick"));
+
+    NodePart& part = Part(1, 0);
+    part.InteractionType = TouchInteractionType::Move;
+    part.EventType = TouchEventType::LClickLClick;
+    part.Rect()->Tooltip = "Up & down";
+    AnnotationRecord record;
+    record.InteractionType = TouchInteractionType::Tap;
+    record.EventType = TouchEventType::Wheel;
+    record.Reverse = true;
+    record.Tooltip = "Mine";
+    pane.SetPart(&part, &record);
+    EXPECT_THAT(Labels<wxStaticText>(pane), ElementsAre("Interaction Type:", "Detected: Move", "Event Type:",
+                                                        "Detected: LClick/LClick", "Tooltip:", "Detected: Up & down"));
+    EXPECT_EQ(type.GetSelection(), 2);
+    EXPECT_EQ(event.GetSelection(), 1);
+    EXPECT_TRUE(reverse.GetValue());
+    EXPECT_EQ(tooltip.GetValue(), "Mine");
+
+    record.InteractionType = TouchInteractionType::YokePart;
+    pane.SetPart(&part, &record);
+    EXPECT_EQ(type.GetSelection(), 2) << "a type that cannot be chosen leaves the line";
+    pane.SetPart(nullptr, nullptr);
+    EXPECT_THAT(Labels<wxStaticText>(pane),
+                ElementsAre("Interaction Type:", "Detected:", "Event Type:", "Detected:", "Tooltip:", "Detected:"));
+    EXPECT_EQ(type.GetSelection(), 0);
+    EXPECT_FALSE(reverse.GetValue());
+    EXPECT_EQ(tooltip.GetValue(), "");
+}
+
+TEST_F(PanesTest, TheInteractionPageCommitsWhatItShows) {
+    auto& pane = Make<Annotator::InteractionPane>();
+    AnnotationRecord record;
+    pane.SetPart(&Part(1, 0), &record);
+    Find<wxChoice>(pane)->SetSelection(5);
+    Find<wxCheckBox>(pane)->SetValue(true);
+    Find<wxTextCtrl>(pane)->SetValue(" ");
+    EXPECT_TRUE(pane.Commit());
+    EXPECT_EQ(record.InteractionType, TouchInteractionType::Radio);
+    EXPECT_EQ(record.EventType, std::nullopt);
+    EXPECT_TRUE(record.Reverse);
+    EXPECT_EQ(record.Tooltip, " ");
+    Find<wxChoice>(pane)->SetSelection(0);
+    Find<wxTextCtrl>(pane)->SetValue("");
+    pane.Commit();
+    EXPECT_EQ(record.InteractionType, std::nullopt);
+    EXPECT_EQ(record.Tooltip, std::nullopt);
+}
+
+TEST_F(PanesTest, TheTestPageTellsNoneFromNoTest) {
+    auto& pane = Make<Annotator::TestPane>();
+    auto& type = *Find<wxChoice>(pane);
+    EXPECT_THAT(Lines(type), ElementsAre("No Test...", "None", "Tap", "Twist", "Move", "Radio"));
+    AnnotationRecord record;
+    record.InteractionTypeTest = TouchInteractionType::None;
+    pane.SetPart(&Part(1, 0), &record);
+    EXPECT_EQ(type.GetSelection(), 1);
+    EXPECT_TRUE(pane.Commit());
+    type.SetSelection(0);
+    EXPECT_FALSE(pane.Commit());
+    EXPECT_EQ(record.InteractionTypeTest, std::nullopt);
+    type.SetSelection(3);
+    EXPECT_TRUE(pane.Commit());
+    EXPECT_EQ(record.InteractionTypeTest, TouchInteractionType::Twist);
+    pane.SetPart(nullptr, nullptr);
+    EXPECT_EQ(type.GetSelection(), 0);
+}
+
+TEST_F(PanesTest, TheSliderMovesTheAnimationThatWasChosenLast) {
+    auto& pane = Make<Annotator::AnimationsPane>();
+    auto& rows = *Find<wxChoice>(pane);
+    auto& slider = *Find<wxSlider>(pane);
+    const auto infoText = [&] { return Labels<wxStaticText>(pane).at(1); };
+    EXPECT_EQ(slider.GetValue(), 50);
+    pane.SetPart(&Part(2, 0), &model);
+    EXPECT_THAT(Lines(rows), ElementsAre("No Animations...", "2 - No Animation", "1 - sim/lever", "0 - No Animation"));
+    slider.SetValue(30);
+    Fire(slider, wxEVT_SLIDER);
+    EXPECT_EQ(model.animations[1].position, 0.0f) << "nothing was chosen yet";
+
+    Choose(rows, 2);
+    EXPECT_EQ(slider.GetValue(), 0);
+    EXPECT_THAT(infoText(), testing::StartsWith("Param: sim/lever\n"));
+    slider.SetValue(25);
+    Fire(slider, wxEVT_SLIDER);
+    EXPECT_FLOAT_EQ(model.animations[1].position, 0.25f);
+    Choose(rows, 1);
+    EXPECT_THAT(infoText(), testing::StartsWith("Node Local Matrix:\n+1.00"));
+    slider.SetValue(75);
+    Fire(slider, wxEVT_SLIDER);
+    EXPECT_FLOAT_EQ(model.animations[1].position, 0.75f);
+    Choose(rows, 0);
+    EXPECT_EQ(infoText(), "");
+
+    pane.SetPart(nullptr, &model);
+    EXPECT_THAT(Lines(rows), ElementsAre("No Animations..."));
+    Fire(slider, wxEVT_SLIDER);
+    EXPECT_FLOAT_EQ(model.animations[1].position, 0.75f);
+}
+
+TEST_F(PanesTest, TheInfoPageShowsTextsWithAmpersandsWhole) {
+    auto& pane = Make<Annotator::PartInfoPane>();
+    pane.SetPart(&Part(1, 0));
+    std::vector<std::string> labels = Labels<wxStaticText>(pane);
+    EXPECT_EQ(labels.at(0), "ID: (1,0)");
+    EXPECT_EQ(labels.at(1), "File Offset: 0");
+    EXPECT_EQ(labels.at(3), "Detected Interaction Type: None");
+    EXPECT_THAT(labels.at(5), testing::StartsWith("Balance Factor: "));
+    EXPECT_EQ(labels.at(7), "lever & knob");
+    pane.SetPart(&Part(1, 1));
+    labels = Labels<wxStaticText>(pane);
+    EXPECT_EQ(labels.at(5), "");
+    EXPECT_EQ(labels.at(7), "");
+    pane.SetPart(nullptr);
+    EXPECT_THAT(Labels<wxStaticText>(pane), ElementsAre("ID: None", "Offset:", "Material:",
+                                                        "Detected Interaction Type:", "Info:", "", "Base Data:", ""));
+}
+
+TEST_F(PanesTest, TheTexturePageDrawsTheTrianglesOnASquare) {
+    auto& pane = Make<Annotator::TextureViewPane>();
+    NodePart part;
+    part.vertices.resize(3);
+    part.vertices[0].texture = {0.25f, 0.25f};
+    part.vertices[1].texture = {0.75f, 0.25f};
+    part.vertices[2].texture = {0.25f, 0.75f};
+    pane.SetPart(&part);
+    frame->SetClientSize(200, 300);
+    pane.SetSize(0, 0, 200, 300);
+    frame->Show();
+    PumpFrames(5);
+    wxClientDC source(&pane);
+    wxBitmap picture(200, 300);
+    wxMemoryDC target(picture);
+    target.Blit(0, 0, 200, 300, &source, 0, 0);
+    const wxImage image = picture.ConvertToImage();
+    const auto colour = [&](int x, int y) {
+        return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y));
+    };
+    EXPECT_EQ(colour(10, 10), *wxBLACK);
+    EXPECT_EQ(colour(190, 190), *wxBLACK);
+    EXPECT_EQ(colour(100, 50), *wxRED) << "the upper edge";
+    EXPECT_EQ(colour(50, 100), *wxRED) << "the left edge";
+    EXPECT_EQ(colour(75, 75), *wxBLACK) << "not filled";
+    EXPECT_NE(colour(100, 250), *wxBLACK) << "below the square";
+    pane.SetPart(nullptr);
+}
+
+} // namespace

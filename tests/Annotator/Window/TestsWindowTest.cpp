@@ -1,0 +1,47 @@
+#include "Annotator/Window/TestsWindow.h"
+
+#include "Annotator/Window/WindowFixture.h"
+
+namespace {
+
+using namespace Support;
+
+std::string Expect(int node, int part, const std::string& type) {
+    return "<Override><NodeId>" + std::to_string(node) + "</NodeId><PartId>" + std::to_string(part) +
+           "</PartId><InteractionTypeTest>" + type + "</InteractionTypeTest></Override>";
+}
+
+std::string RowText(const wxGrid& grid, int row) {
+    std::string text;
+    for (int column = 0; column < grid.GetNumberCols(); ++column)
+        text += grid.GetCellValue(row, column).ToStdString(wxConvUTF8) + "|";
+    return text;
+}
+
+TEST(TestsWindow, ShowsARowForEachAircraftWithATest) {
+    const TemporaryFolder folder;
+    const WorkingDirectory inside(folder.path);
+    MadeAircraftList loader;
+    for (const char* name : {"Plain", "Overrides", "Caf\xC3\xA9"})
+        loader.aircraft.emplace_back(name, std::string("Made/") + name, MakerOf(LeverModel()));
+    folder.Write(
+        "QVRA/Annotations/Overrides.xml",
+        "<Overrides><Override><NodeId>0</NodeId><PartId>0</PartId><Reverse>1</Reverse></Override></Overrides>");
+    folder.Write("QVRA/Annotations/Caf\xC3\xA9.xml",
+                 "<Overrides>" + Expect(0, 0, "None") + Expect(1, 1, "Twist") + Expect(2, 0, "None") + "</Overrides>");
+
+    auto* window = new Annotator::TestsWindow(&loader);
+    EXPECT_EQ(window->GetTitle(), "Vorelle Batch Tests");
+    EXPECT_EQ(window->GetSize(), wxSize(1400, 800));
+    const auto& grid = *Find<wxGrid>(*window);
+    ASSERT_EQ(grid.GetNumberCols(), 4);
+    EXPECT_EQ(grid.GetColLabelValue(0), "Aircraft");
+    EXPECT_EQ(grid.GetColLabelValue(3), "Total");
+    ASSERT_EQ(grid.GetNumberRows(), 2);
+    EXPECT_EQ(RowText(grid, 0), "||||");
+    EXPECT_EQ(RowText(grid, 1), "Caf\xC3\xA9|2|1|3|");
+    window->Destroy();
+    PumpFrames(1);
+}
+
+} // namespace

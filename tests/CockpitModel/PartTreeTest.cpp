@@ -1,0 +1,336 @@
+#include "CockpitModel/PartTree.h"
+
+#include "CockpitModel/PartTreeBuilder.h"
+#include "Support/PlainTree.h"
+
+#include <bit>
+#include <functional>
+#include <gmock/gmock.h>
+#include <random>
+
+namespace CockpitModel {
+namespace {
+
+using testing::ElementsAre;
+using Utils::Vector3;
+using Soup = std::vector<PartTriangle>;
+
+std::vector<Rendering::GeometryVertex> Vertices(const Soup& soup) {
+    std::vector<Rendering::GeometryVertex> vertices;
+    for (const PartTriangle& triangle : soup)
+        for (const Vector3& position : triangle)
+            vertices.emplace_back().position = position;
+    return vertices;
+}
+
+PartTree Tree(const Soup& soup) {
+    return PartTree(Vertices(soup));
+}
+
+PartRay Ray(const Vector3& origin, const Vector3& direction) {
+    return {origin, Utils::Normalised(direction)};
+}
+
+/// A triangle in the plane of a z, pointing to +x and +y from its corner.
+PartTriangle Flat(float x, float y, float z, float size = 1) {
+    return {Vector3(x, y, z), Vector3(x + size, y, z), Vector3(x, y + size, z)};
+}
+
+constexpr float kNone = -1;
+
+float Distance(const PartTree& tree, const PartRay& ray) {
+    const auto hit = tree.Intersect(ray);
+    return hit ? hit->distance : kNone;
+}
+
+TEST(PartTree, FindsTheNearestTriangleFromBothSides) {
+    const PartTree tree = Tree({Flat(0, 0, 5), Flat(0, 0, 3), Flat(0, 0, 3.5f)});
+    const struct {
+        const char* name;
+        Vector3 origin, direction;
+        float distance;
+    } rows[] = {
+        {"from below", {0.25f, 0.25f, 1}, {0, 0, 1}, 2},
+        {"from behind", {0.25f, 0.25f, 10}, {0, 0, -1}, 5},
+        {"from between", {0.25f, 0.25f, 3.25f}, {0, 0, 1}, 0.25f},
+        {"on a triangle, which it does not hit", {0.25f, 0.25f, 3}, {0, 0, 1}, 0.5f},
+        {"away", {0.25f, 0.25f, 6}, {0, 0, 1}, kNone},
+        {"beside", {0.75f, 0.75f, 1}, {0, 0, 1}, kNone},
+        {"along the planes", {-1, 0.25f, 3}, {1, 0, 0}, kNone},
+        // The slab of x is skipped for a ray at right angles to it, and the triangles decide.
+        {"parallel to a face, outside", {-1, 0.25f, 1}, {0, 0, 1}, kNone},
+        {"without direction", {0.25f, 0.25f, 1}, {0, 0, 0}, kNone},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Distance(tree, Ray(row.origin, row.direction)), row.distance) << row.name;
+    const auto hit = tree.Intersect(Ray({0.25f, 0.25f, 1}, {0, 0, 1}));
+    EXPECT_EQ(hit->position, Vector3(0.25f, 0.25f, 3));
+    EXPECT_EQ(hit->texture, Utils::Vector2(0, 0));
+}
+
+TEST(PartTree, HasABoxWithCornersInTheirOrder) {
+    const PartTree tree = Tree({{Vector3(0, 0, 0), Vector3(2, 0, 6), Vector3(0, 4, 0)}});
+    EXPECT_EQ(tree.box.Centre(), Vector3(1, 2, 3));
+    EXPECT_FLOAT_EQ(tree.box.radius, std::sqrt(1.0f + 4 + 9));
+    EXPECT_THAT(tree.box.Corners(),
+                ElementsAre(Vector3(0, 4, 0), Vector3(0, 4, 6), Vector3(2, 4, 0), Vector3(2, 4, 6), Vector3(0, 0, 0),
+                            Vector3(0, 0, 6), Vector3(2, 0, 0), Vector3(2, 0, 6)));
+}
+
+TEST(PartTree, CutsTheListToWholeTrianglesAndMayBeEmpty) {
+    auto vertices = Vertices({Flat(0, 0, 1), Flat(0, 0, 0.5f)});
+    vertices.pop_back();
+    EXPECT_EQ(PartTree(vertices).triangles.size(), 1u);
+    EXPECT_EQ(Distance(PartTree(vertices), Ray({0.25f, 0.25f, 0}, {0, 0, 1})), 1);
+
+    for (const PartTree& empty : {PartTree(), PartTree(std::vector<Rendering::GeometryVertex>(2))}) {
+        EXPECT_EQ(empty.box.max, Vector3(0, 0, 0));
+        EXPECT_FALSE(empty.hasChildren);
+        EXPECT_EQ(Distance(empty, Ray({0, 0, -1}, {0, 0, 1})), kNone);
+        EXPECT_EQ(Distance(empty, Ray({1, 1, 1}, {1, 0, 0})), kNone);
+    }
+}
+
+TEST(PartTree, KeepsOneTriangleAtTheRootAndTwoAtBothLevels) {
+    const PartTree one = Tree({{Vector3(0, 0, 0), Vector3(3, 1, 2), Vector3(1, 3, 1)}});
+    EXPECT_FALSE(one.hasChildren);
+    EXPECT_THAT(one.Triangles(one), ElementsAre(0));
+
+    const PartTree two = Tree({Flat(5, 0, 0), Flat(0, 0, 0)});
+    ASSERT_TRUE(two.hasChildren);
+    EXPECT_THAT(two.Triangles(two), ElementsAre(0, 1));
+    EXPECT_EQ(two.right, two.left + 1);
+    EXPECT_THAT(two.Triangles(two.nodes[two.left]), ElementsAre(1));
+    EXPECT_THAT(two.Triangles(two.nodes[two.right]), ElementsAre(0));
+}
+
+TEST(PartTree, LeavesAFlatPartWhole) {
+    Soup soup;
+    for (int i = 0; i < 35; ++i) // the middles of x and y, 3.5 and 2.5, run through some
+        soup.push_back(Flat(static_cast<float>(i % 7), static_cast<float>(i / 7), 7));
+    const PartTree tree = Tree(soup);
+    EXPECT_FALSE(tree.hasChildren) << "in the plane of z no triangle is on both sides, nor on either";
+    EXPECT_EQ(tree.Triangles(tree).size(), 35u);
+    for (int i = 0; i < 35; ++i)
+        EXPECT_EQ(Distance(tree, Ray(soup[i][0] + Vector3(0.25f, 0.25f, -3), {0, 0, 1})), 3) << i;
+}
+
+TEST(PartTree, CannotHitATriangleInTheSplittingPlane) {
+    // The middle of x is 5, where the second triangle lies. It stands in neither child.
+    const PartTriangle inPlane = {Vector3(5, 0, 0), Vector3(5, 1, 0), Vector3(5, 0, 1)};
+    const Soup soup = {Flat(0, 0, 0), inPlane, Flat(9, 0, 0), Flat(9, 0, 0.5f)};
+    const PartTree tree = Tree(soup);
+    ASSERT_TRUE(tree.hasChildren);
+    EXPECT_THAT(tree.Triangles(tree), ElementsAre());
+    EXPECT_EQ(Distance(tree, Ray({2, 0.25f, 0.25f}, {1, 0, 0})), kNone);
+    EXPECT_EQ(Distance(Tree({inPlane}), Ray({2, 0.25f, 0.25f}, {1, 0, 0})), 3);
+}
+
+TEST(PartTree, GivesTextureCoordinatesWhenKept) {
+    auto vertices = Vertices({Flat(0, 0, 2, 4)});
+    vertices[0].texture = {0, 0};
+    vertices[1].texture = {1, 0};
+    vertices[2].texture = {0, 10};
+    const PartTree tree(vertices, true);
+    const auto hit = tree.Intersect(Ray({1, 2, 0}, {0, 0, 1}));
+    ASSERT_TRUE(hit);
+    EXPECT_EQ(hit->distance, 2);
+    EXPECT_TRUE(hit->texture.isApprox(Utils::Vector2(0.25f, 5)));
+    EXPECT_EQ(PartTree(vertices).Intersect(Ray({1, 2, 0}, {0, 0, 1}))->texture, Utils::Vector2(0, 0));
+
+    // Of two that are equally near the first counts.
+    for (std::size_t i = 0; i < 3; ++i) {
+        vertices.push_back(vertices[i]);
+        vertices.back().texture *= 2;
+    }
+    EXPECT_TRUE(PartTree(vertices, true).Intersect(Ray({1, 2, 0}, {0, 0, 1}))->texture.isApprox(hit->texture));
+}
+
+TEST(PartTree, TransformsARayByItsEnds) {
+    const PartRay ray = {Vector3(1, 2, 3), Vector3(0, 1, 0)};
+    const PartRay moved =
+        TransformRay(ray, Utils::Scaling(3) * Utils::RotationZ(std::acos(-1.0f) / 2) * Utils::Translation({10, 0, 0}));
+    EXPECT_TRUE(moved.origin.isApprox(Vector3(4, 3, 9)));
+    EXPECT_TRUE(moved.direction.isApprox(Vector3(-1, 0, 0)));
+    EXPECT_EQ(TransformRay({ray.origin, Vector3::Zero()}, Utils::Scaling(2)).direction, Vector3(0, 0, 0));
+}
+
+/// Seeded soups and rays of many kinds.
+class Seeded {
+public:
+    explicit Seeded(unsigned seed) : random(seed) {}
+
+    float Number(float low, float high) { return std::uniform_real_distribution<float>(low, high)(random); }
+    std::size_t Below(std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random); }
+    Vector3 Point(float size) { return {Number(-size, size), Number(-size, size), Number(-size, size)}; }
+    /// A point in the plane of a triangle; within it, where reach is 0.
+    Vector3 PointInPlane(const PartTriangle& triangle, float reach) {
+        float u = Number(-reach, 1 + reach), v = Number(-reach, 1 + reach);
+        if (reach == 0 && u + v > 1) {
+            u = 1 - u;
+            v = 1 - v;
+        }
+        return triangle[0] + u * (triangle[1] - triangle[0]) + v * (triangle[2] - triangle[0]);
+    }
+
+    Soup Scattered(std::size_t count, float place, float size) {
+        Soup soup(count);
+        for (PartTriangle& triangle : soup) {
+            const Vector3 centre = Point(place);
+            for (Vector3& vertex : triangle)
+                vertex = centre + Point(size);
+        }
+        return soup;
+    }
+    /// Switches on a panel: small boxes of axis-aligned and oblique faces.
+    Soup Panel(std::size_t count) {
+        Soup soup = {Flat(-1, -1, 0, 4)};
+        for (std::size_t i = 0; i < count; ++i) {
+            const Vector3 place(Number(-1, 1), Number(-1, 1), 0);
+            const float size = Number(0.002f, 0.02f);
+            const Vector3 a(size, 0, 0), b(0, size, Below(2) * size), c(0, 0, -size);
+            soup.push_back({place, place + a, place + b});
+            soup.push_back({place + c, place + a + c, place + b + c});
+            soup.push_back({place, place + c, place + b});
+        }
+        return soup;
+    }
+
+    std::vector<PartRay> Rays(const Soup& soup, std::size_t count) {
+        std::vector<PartRay> rays;
+        for (std::size_t i = 0; i < count; ++i) {
+            const PartTriangle& target = soup[Below(soup.size())];
+            const Vector3 from = Point(3), inside = PointInPlane(target, 0), beside = PointInPlane(target, 3);
+            rays.push_back(Ray(from, inside - from));
+            rays.push_back(Ray(from, target[Below(3)] - from));
+            rays.push_back(Ray(beside, inside - beside));                  // edge-on
+            rays.push_back(Ray(beside, PointInPlane(target, 1) - beside)); // edge-on, beside it
+            rays.push_back(Ray(inside, Point(1)));                         // from the triangle itself
+            rays.push_back(Ray(from, Point(1)));
+            Vector3 along = Vector3::Zero();
+            along[static_cast<int>(Below(3))] = Below(2) ? 1.0f : -1.0f;
+            rays.push_back({inside - 2 * along, along});
+            rays.push_back({target[0] - 2 * along, along}); // through a vertex
+            along[static_cast<int>(Below(3))] = 1e-20f;
+            rays.push_back(Ray(inside - along, along));
+            rays.push_back({from, 3 * (inside - from)}); // not a unit
+        }
+        return rays;
+    }
+
+private:
+    std::mt19937 random;
+};
+
+void ExpectSameTree(const PartTree& tree, const Support::PlainTree& plain, const char* name) {
+    ASSERT_EQ(tree.nodes.size() + 1, plain.nodes.size()) << name;
+    for (std::size_t i = 0; i < plain.nodes.size(); ++i) {
+        const PartTreeNode& node = i == 0 ? tree : tree.nodes[i - 1];
+        const Support::PlainTree::Node& expected = plain.nodes[i];
+        ASSERT_EQ(node.hasChildren, expected.hasChildren) << name << ", node " << i;
+        ASSERT_EQ(node.box.min, expected.min) << name << ", node " << i;
+        ASSERT_EQ(node.box.max, expected.max) << name << ", node " << i;
+        ASSERT_EQ(node.box.radius, expected.radius) << name << ", node " << i;
+        ASSERT_THAT(tree.Triangles(node), testing::ElementsAreArray(expected.triangles)) << name << ", node " << i;
+        if (node.hasChildren) {
+            ASSERT_EQ(node.left + 1, expected.left) << name << ", node " << i;
+        }
+    }
+}
+
+/// The same bits, or both no hit.
+void ExpectSameAnswers(const PartTree& tree, const Support::PlainTree& plain, const std::vector<PartRay>& rays,
+                       const char* name) {
+    for (std::size_t i = 0; i < rays.size(); ++i) {
+        const auto expected = plain.Distance(rays[i]);
+        const auto hit = tree.Intersect(rays[i]);
+        ASSERT_EQ(hit.has_value(), expected.has_value()) << name << ", ray " << i;
+        if (!hit)
+            continue;
+        ASSERT_EQ(std::bit_cast<std::uint32_t>(hit->distance), std::bit_cast<std::uint32_t>(*expected))
+            << name << ", ray " << i << ": " << hit->distance << " for " << *expected;
+        if (hit->position.allFinite()) {
+            ASSERT_EQ(hit->position, rays[i].origin + *expected * rays[i].direction) << name << ", ray " << i;
+        }
+    }
+}
+
+TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
+    Seeded seeded(20);
+    const auto moved = [](Soup soup, const Vector3& by) {
+        for (PartTriangle& triangle : soup)
+            for (Vector3& vertex : triangle)
+                vertex += by;
+        return soup;
+    };
+    const auto joined = [](Soup a, const Soup& b) {
+        a.insert(a.end(), b.begin(), b.end());
+        return a;
+    };
+    Soup needles = seeded.Scattered(300, 1, 0.5f);
+    for (PartTriangle& triangle : needles)
+        triangle[2] = triangle[1] + seeded.Point(1e-3f);
+    Soup points = seeded.Scattered(60, 1, 0.1f);
+    for (std::size_t i = 0; i < points.size(); i += 2)
+        points[i][1] = points[i][i % 4 ? 2 : 0] = points[i][2];
+    const struct {
+        const char* name;
+        Soup soup;
+    } rows[] = {
+        {"a few", seeded.Scattered(7, 1, 1)},
+        {"small", seeded.Scattered(2000, 1, 0.02f)},
+        {"tiny", seeded.Scattered(1500, 0.1f, 0.0015f)},
+        {"middling", seeded.Scattered(800, 1, 0.2f)},
+        {"large, all across each other", seeded.Scattered(400, 0.2f, 2)},
+        {"large and small", joined(seeded.Scattered(300, 0.3f, 1.5f), seeded.Scattered(700, 1, 0.004f))},
+        {"panel", seeded.Panel(400)},
+        {"needles", needles},
+        {"without area", points},
+        {"far away", moved(seeded.Scattered(500, 1, 0.3f), {3e4f, 2e5f, -7e3f})},
+        {"twice", joined(seeded.Scattered(100, 0.2f, 2), Seeded(20).Scattered(100, 0.2f, 2))},
+    };
+    for (const auto& row : rows) {
+        const PartTree tree = Tree(row.soup);
+        const Support::PlainTree plain(row.soup);
+        ExpectSameTree(tree, plain, row.name);
+        ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 25), row.name);
+    }
+}
+
+TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
+    Seeded seeded(21);
+    const float nan = std::numeric_limits<float>::quiet_NaN(), infinity = std::numeric_limits<float>::infinity();
+    const float oddities[] = {nan, infinity, -infinity, 3e38f, -2e30f, 1e-42f, 0};
+    const auto spoil = [&](Vector3& v) { v[static_cast<int>(seeded.Below(3))] = oddities[seeded.Below(7)]; };
+
+    const Soup sound = seeded.Scattered(200, 0.5f, 0.5f);
+    Soup spoilt = sound;
+    for (int i = 0; i < 40; ++i)
+        spoil(spoilt[seeded.Below(200)][seeded.Below(3)]);
+    std::vector<PartRay> rays = seeded.Rays(sound, 25), spoiltRays = rays;
+    for (PartRay& ray : spoiltRays)
+        spoil(seeded.Below(2) ? ray.origin : ray.direction);
+
+    ExpectSameTree(Tree(spoilt), Support::PlainTree(spoilt), "spoilt triangles");
+    ExpectSameAnswers(Tree(spoilt), Support::PlainTree(spoilt), rays, "spoilt triangles");
+    ExpectSameAnswers(Tree(sound), Support::PlainTree(sound), spoiltRays, "spoilt rays");
+    ExpectSameAnswers(Tree(spoilt), Support::PlainTree(spoilt), spoiltRays, "spoilt triangles and rays");
+    const Soup nowhere(20, PartTriangle{Vector3(nan, nan, nan), Vector3(nan, nan, nan), Vector3(nan, nan, nan)});
+    EXPECT_EQ(Tree(nowhere).Triangles(Tree(nowhere)).size(), 20u);
+}
+
+TEST(PartTree, FindsWhatBruteForceFinds) {
+    Seeded seeded(22);
+    const Soup soup = seeded.Panel(600);
+    const PartTree tree = Tree(soup);
+    const Support::PlainTree plain(soup);
+    for (int i = 0; i < 500; ++i) {
+        const Vector3 eye(seeded.Number(-0.5f, 0.5f), seeded.Number(-0.5f, 0.5f), -0.8f);
+        const Vector3 target = seeded.PointInPlane(soup[seeded.Below(soup.size())], 0);
+        const auto expected = plain.BruteForce(Ray(eye, target - eye));
+        ASSERT_EQ(Distance(tree, Ray(eye, target - eye)), expected.value_or(kNone)) << "ray " << i;
+    }
+}
+
+} // namespace
+} // namespace CockpitModel
