@@ -9,5 +9,8 @@ Action PrepareDetect(CLI::App& app);
 Action PrepareInspect(CLI::App& app);
 Action PrepareRender(CLI::App& app);
 Action PrepareTest(CLI::App& app);
+Action PrepareMerge(CLI::App& app);
+Action PrepareAccept(CLI::App& app);
+Action PrepareCompare(CLI::App& app);
 
 } // namespace Batch
