@@ -6,7 +6,7 @@ library_packages=(libwxgtk3.2-dev libboost-dev libboost-filesystem-dev libtinyxm
   libcairo2-dev libeigen3-dev libepoxy-dev libegl-dev libgl-dev libcli11-dev nlohmann-json3-dev)
 # Mesa's drivers, the software renderer among them.
 device_packages=(libgl1-mesa-dri)
-test_packages=(libgtest-dev libgmock-dev xvfb xauth python3)
+test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel)
 
 say() {
   printf '==> %s\n' "$*"
