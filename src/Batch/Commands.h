@@ -12,5 +12,8 @@ Action PrepareExplain(CLI::App& app);
 Action PrepareLint(CLI::App& app);
 Action PrepareManips(CLI::App& app);
 Action PrepareTest(CLI::App& app);
+Action PrepareMerge(CLI::App& app);
+Action PrepareAccept(CLI::App& app);
+Action PrepareCompare(CLI::App& app);
 
 } // namespace Batch
