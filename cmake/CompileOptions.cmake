@@ -13,7 +13,7 @@ add_library(vorelle_options INTERFACE)
 target_compile_options(vorelle_options INTERFACE
   -ffp-contract=off -Wall -Wextra -Wpedantic -Woverloaded-virtual
   # GCC 12 sees overlapping copies in `"text" + std::string` where there are none.
-  $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local;-Wno-restrict>
+  "$<$<CXX_COMPILER_ID:GNU>:-Wshadow=local;-Wno-restrict>"
   # Keeps the machine's folders out of released programs.
   $<$<CONFIG:Release>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 if(WIN32)

@@ -21,6 +21,7 @@ std::string Absolute(const std::string& path) {
 } // namespace
 
 bool WasFatalError(const std::exception& error) {
+    // It throws the base class itself, which nothing else does.
     return typeid(error) == typeid(std::exception);
 }
 

@@ -58,6 +58,7 @@ UvPoint Scaled(float u, float v, int side) {
 std::vector<AnimData> AnimationRows(const NodePart& part, ModelData& model) {
     const auto& nodes = part.node->graph->Nodes();
     std::vector<AnimData> rows;
+    // A damaged model may chain its nodes in a ring.
     const Node* node = part.node;
     while (rows.size() < nodes.size()) {
         rows.push_back(RowOf(*node, model));

@@ -61,6 +61,7 @@ bool PrepareToolkit() {
 }
 
 bool AnnotatorApp::OnInit() {
+    // Outlives the window, which the toolkit destroys after the application's last word.
     static const auto loader = std::make_unique<Sim::XPAircraftListLoader>();
     try {
         auto* window = new AnnotatorWindow(loader.get());

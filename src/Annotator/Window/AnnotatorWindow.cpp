@@ -56,6 +56,7 @@ AnnotatorWindow::AnnotatorWindow(Sim::AircraftListLoader* loader)
 }
 
 AnnotatorWindow::~AnnotatorWindow() {
+    // The canvas outlives this destructor, as a child of the frame, and would let go of the scene's textures too late.
     canvas->ReleaseDevice([this] {
         ShowEmptyState();
         preview->ReleaseGpuResources();

@@ -57,6 +57,7 @@ void AnnotatorWindow::LoadGuarded(const Sim::AircraftInfo& info) {
         LoadAircraft(info);
     } catch (const std::exception& error) {
         ShowEmptyState();
+        // The load runs inside a frame, which has to end before a person is asked to read.
         CallAfter([this, text = LoadFailureText(info, error)] { ShowProblem(this, text); });
     }
 }
@@ -83,6 +84,7 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
 }
 
 void AnnotatorWindow::ReleaseScene() {
+    // From the pointing to the pointed at: the graph keeps a pointer to the panels, the store one to the graph.
     preview->SetScene(nullptr, nullptr, nullptr);
     annotationStore.reset();
     sceneGraph.reset();
@@ -136,6 +138,7 @@ void AnnotatorWindow::OnTreeSelectionChanged(wxTreeEvent& event) {
 }
 
 void AnnotatorWindow::SelectPart(NodePart* part) {
+    // Selecting the part's item below comes back here at once, as a change of the tree's selection.
     if (part == selectedPart)
         return;
     selectedPart = part;

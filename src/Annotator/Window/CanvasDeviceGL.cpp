@@ -18,6 +18,7 @@ constexpr std::int32_t kMakingDevice = 280;
 const Utils::Vector4 kMidGrey(0.5f, 0.5f, 0.5f, 1.0f);
 
 wxGLAttributes SurfaceAttributes() {
+    // Without a depth buffer: frames are drawn to a target of their own.
     wxGLAttributes attributes;
     attributes.PlatformDefaults().MinRGBA(8, 8, 8, 0).DoubleBuffer().EndList();
     return attributes;

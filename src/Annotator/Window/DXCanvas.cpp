@@ -16,14 +16,7 @@ CanvasPoint PointerOf(const wxMouseEvent& event) {
 
 } // namespace
 
-wxBEGIN_EVENT_TABLE(DXCanvas, CanvasBase) EVT_SIZE(DXCanvas::OnSize) EVT_PAINT(DXCanvas::OnPaint)
-    EVT_ERASE_BACKGROUND(DXCanvas::OnEraseBackground) EVT_IDLE(DXCanvas::OnIdle) EVT_LEFT_DOWN(DXCanvas::OnLeftDown)
-        EVT_LEFT_UP(DXCanvas::OnLeftUp) EVT_MOTION(DXCanvas::OnMotion) EVT_MOUSE_CAPTURE_LOST(DXCanvas::OnCaptureLost)
-            EVT_KEY_DOWN(DXCanvas::OnKeyDown) EVT_KEY_UP(DXCanvas::OnKeyUp) EVT_KILL_FOCUS(DXCanvas::OnKillFocus)
-                wxEND_EVENT_TABLE()
-
-                    DXCanvas::DXCanvas(wxWindow* parent, wxWindowID id)
-    : CanvasBase(parent, id) {}
+DXCanvas::DXCanvas(wxWindow* parent, wxWindowID id) : CanvasBase(parent, id) {}
 
 DXCanvas::~DXCanvas() {
     ReleaseDevice([] {});
@@ -49,6 +42,7 @@ void DXCanvas::OnPaint(wxPaintEvent&) {
     RunGuarded([this] { MakeDevice(); });
 }
 
+// An erased ground would flicker between frames.
 void DXCanvas::OnEraseBackground(wxEraseEvent&) {}
 
 void DXCanvas::OnIdle(wxIdleEvent& event) {
@@ -76,9 +70,11 @@ void DXCanvas::OnMotion(wxMouseEvent& event) {
     RunGuarded([&] { control.Motion(PointerOf(event), event.Dragging()); });
 }
 
+// The toolkit insists on a handler; the drag then ends with the next motion that has no button down.
 void DXCanvas::OnCaptureLost(wxMouseCaptureLostEvent&) {}
 
 void DXCanvas::OnKeyDown(wxKeyEvent& event) {
+    // Keys are not passed on, or the toolkit would let the arrow keys move the focus; Tab alone has to leave.
     if (event.GetKeyCode() == WXK_TAB)
         Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
     else
@@ -90,6 +86,7 @@ void DXCanvas::OnKeyUp(wxKeyEvent& event) {
 }
 
 void DXCanvas::OnKillFocus(wxFocusEvent& event) {
+    // The key's release will go to another window.
     control.ReleaseKeys();
     event.Skip();
 }
@@ -138,5 +135,20 @@ Rendering::Size DXCanvas::PixelSize() const {
     };
     return {pixels(size.x), pixels(size.y)};
 }
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(DXCanvas, CanvasBase)
+    EVT_SIZE(DXCanvas::OnSize)
+    EVT_PAINT(DXCanvas::OnPaint)
+    EVT_ERASE_BACKGROUND(DXCanvas::OnEraseBackground)
+    EVT_IDLE(DXCanvas::OnIdle)
+    EVT_LEFT_DOWN(DXCanvas::OnLeftDown)
+    EVT_LEFT_UP(DXCanvas::OnLeftUp)
+    EVT_MOTION(DXCanvas::OnMotion)
+    EVT_MOUSE_CAPTURE_LOST(DXCanvas::OnCaptureLost)
+    EVT_KEY_DOWN(DXCanvas::OnKeyDown)
+    EVT_KEY_UP(DXCanvas::OnKeyUp)
+    EVT_KILL_FOCUS(DXCanvas::OnKillFocus)
+wxEND_EVENT_TABLE()
 
 } // namespace Annotator

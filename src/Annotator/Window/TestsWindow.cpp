@@ -27,6 +27,7 @@ TestsWindow::TestsWindow(Sim::AircraftListLoader* loader)
     SetSizer(new wxBoxSizer(wxVERTICAL));
     GetSizer()->Add(grid, 1, wxEXPAND);
     SetAccessibleName(*grid, "Test results by aircraft");
+    // The first row stays empty; results follow below it.
     grid->CreateGrid(1, 4, wxGrid::wxGridSelectCells);
     const char* const labels[] = {"Aircraft", "Passed", "Failed", "Total"};
     for (int column = 0; column < 4; ++column)

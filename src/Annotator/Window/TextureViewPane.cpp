@@ -35,12 +35,11 @@ void DrawTriangles(wxDC& dc, const std::vector<std::array<UvPoint, 3>>& triangle
 
 } // namespace
 
-wxBEGIN_EVENT_TABLE(TextureViewPane, wxPanel) EVT_PAINT(TextureViewPane::OnPaint) wxEND_EVENT_TABLE()
-
-    TextureViewPane::TextureViewPane(wxWindow* parent, wxWindowID id)
+TextureViewPane::TextureViewPane(wxWindow* parent, wxWindowID id)
     : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxNO_BORDER) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetAccessibleName(*this, "The part's triangles on its texture");
+    // Another size scales the whole picture, so the part that was there before is drawn anew as well.
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         Refresh();
         event.Skip();
@@ -63,5 +62,10 @@ void TextureViewPane::OnPaint(wxPaintEvent&) {
         DrawTriangles(dc, UvTriangles(*part, side));
     }
 }
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(TextureViewPane, wxPanel)
+    EVT_PAINT(TextureViewPane::OnPaint)
+wxEND_EVENT_TABLE()
 
 } // namespace Annotator
