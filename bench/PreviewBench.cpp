@@ -1,50 +1,23 @@
 #include "Annotator/AircraftRoad.h"
 #include "Annotator/CanvasControl.h"
 #include "Annotator/CockpitPreview.h"
+#include "Compare.h"
 #include "Rendering/Memory/MemoryContext.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/DataFolder.h"
 #include "Support/ModelBuilder.h"
 #include "Utils/RangeCheck.h"
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
-#include <ctime>
-#include <limits>
 
 namespace {
 
+using Bench::Compare;
 using CockpitModel::NodePart;
 using Utils::Matrix4;
 
 constexpr Annotator::CanvasPoint kCanvas{1280, 800};
-
-double ThreadSeconds() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-template <typename Work>
-double Cost(Work work) {
-    const double start = ThreadSeconds();
-    work();
-    return ThreadSeconds() - start;
-}
-
-/// Both in turn within each iteration, so that what slows the machine down slows down both; best times count.
-template <typename Work, typename BareWork>
-void Compare(benchmark::State& state, Work work, BareWork bareWork, double runs = 1) {
-    double best = std::numeric_limits<double>::max(), bare = best;
-    for (auto _ : state) {
-        bare = std::min(bare, Cost(bareWork));
-        best = std::min(best, Cost(work));
-    }
-    state.counters["us"] = best / runs * 1e6;
-    state.counters["bare_us"] = bare / runs * 1e6;
-    state.counters["ratio"] = best / bare;
-}
 
 /// A scene with everything that a preview of it needs.
 struct Scene {

@@ -1,0 +1,257 @@
+#include "Annotator/AircraftRoad.h"
+#include "CockpitModel/PartTree.h"
+#include "Compare.h"
+#include "Sim/XPAircraftListLoader.h"
+#include "Support/PlainTree.h"
+#include "Utils/RangeCheck.h"
+#ifdef VORELLE_EMBREE
+#include "EmbreeScene.h"
+#endif
+
+#include <benchmark/benchmark.h>
+#include <boost/filesystem/operations.hpp>
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using CockpitModel::PartRay;
+using CockpitModel::PartTree;
+using Utils::Vector3;
+using Soup = std::vector<CockpitModel::PartTriangle>;
+using Vertices = std::vector<Rendering::GeometryVertex>;
+
+/// A part with the way from the cockpit's space into its own.
+struct Part {
+    Vertices vertices;
+    Utils::Matrix4 toPart = Utils::Matrix4::Identity();
+};
+
+struct Cockpit {
+    std::string name;
+    Vector3 eye = Vector3::Zero();
+    std::vector<Part> parts;
+};
+
+Soup Triangles(const Vertices& vertices) {
+    Soup soup(vertices.size() / 3);
+    for (std::size_t i = 0; i < 3 * soup.size(); ++i)
+        soup[i / 3][i % 3] = vertices[i].position;
+    return soup;
+}
+
+/// All triangles in the cockpit's space.
+Soup WholeSoup(const Cockpit& cockpit) {
+    Soup whole;
+    for (const Part& part : cockpit.parts) {
+        const Utils::Matrix4 world = part.toPart.inverse();
+        for (CockpitModel::PartTriangle triangle : Triangles(part.vertices)) {
+            for (Vector3& vertex : triangle)
+                vertex = Utils::TransformPoint(vertex, world);
+            whole.push_back(triangle);
+        }
+    }
+    return whole;
+}
+
+/// A round knob that looks along -z.
+void AddKnob(Vertices& vertices, const Vector3& place, float radius) {
+    constexpr int kSegments = 24;
+    const auto rim = [&](int i, float z) -> Vector3 {
+        const float angle = 6.2831853f / kSegments * static_cast<float>(i);
+        return place + Vector3(radius * std::cos(angle), radius * std::sin(angle), z);
+    };
+    const auto add = [&](const Vector3& a, const Vector3& b, const Vector3& c) {
+        for (const Vector3& position : {a, b, c})
+            vertices.emplace_back().position = position;
+    };
+    for (int i = 0; i < kSegments; ++i) {
+        add(rim(i, 0), rim(i + 1, 0), rim(i, -radius));
+        add(rim(i + 1, 0), rim(i + 1, -radius), rim(i, -radius));
+        add(rim(i, -radius), rim(i + 1, -radius), place - Vector3(0, 0, radius));
+    }
+}
+
+/// Panels of knobs, a part each, and four hundred parts of one knob, around an eye at the origin.
+Cockpit SyntheticCockpit() {
+    std::mt19937 random(20240229);
+    std::uniform_real_distribution<float> place(-0.8f, 0.8f), depth(0.6f, 0.7f), radius(0.002f, 0.01f);
+    const auto knob = [&](Vertices& vertices) {
+        AddKnob(vertices, {place(random), 0.5f * place(random), depth(random)}, radius(random));
+    };
+    Cockpit cockpit = {"synthetic", {0, 0, 0}, std::vector<Part>(404)};
+    for (std::size_t i = 0; i < cockpit.parts.size(); ++i)
+        for (int knobs = i < 4 ? 80 : 1; knobs > 0; --knobs)
+            knob(cockpit.parts[i].vertices);
+    return cockpit;
+}
+
+Cockpit RealCockpit(const Sim::AircraftInfo& info) {
+    CockpitModel::GaugeRepository repository(".");
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+    Cockpit cockpit = {info.displayName, opened.cockpit->pilotEye, {}};
+    for (const auto& node : built.sceneGraph->Nodes())
+        for (const auto& part : node->parts)
+            cockpit.parts.push_back({part->vertices, node->worldMatrix.inverse()});
+    return cockpit;
+}
+
+void Build(benchmark::State& state, const Cockpit& cockpit) {
+    double best = 1e9, triangles = 0;
+    for (const Part& part : cockpit.parts)
+        triangles += static_cast<double>(part.vertices.size() / 3);
+    std::vector<std::unique_ptr<PartTree>> trees(cockpit.parts.size());
+#ifdef VORELLE_EMBREE
+    double perPart = 1e9, oneScene = 1e9;
+    const Soup whole = WholeSoup(cockpit);
+#endif
+    for (auto _ : state) {
+        best = std::min(best, Bench::Cost([&] {
+                            for (std::size_t i = 0; i < trees.size(); ++i)
+                                trees[i] = std::make_unique<PartTree>(cockpit.parts[i].vertices);
+                        }));
+#ifdef VORELLE_EMBREE
+        std::vector<std::unique_ptr<Bench::EmbreeScene>> scenes;
+        for (const Part& part : cockpit.parts)
+            scenes.push_back(std::make_unique<Bench::EmbreeScene>(Triangles(part.vertices)));
+        perPart = std::min(perPart, Bench::Cost([&] {
+                               for (const auto& scene : scenes)
+                                   scene->Commit();
+                           }));
+        Bench::EmbreeScene scene(whole);
+        oneScene = std::min(oneScene, Bench::Cost([&] { scene.Commit(); }));
+#endif
+    }
+    state.counters["triangles"] = triangles;
+    state.counters["ms"] = best * 1e3;
+#ifdef VORELLE_EMBREE
+    state.counters["embree_ms"] = perPart * 1e3;
+    state.counters["embree_one_scene_ms"] = oneScene * 1e3;
+    state.counters["ratio"] = best / perPart;
+    state.counters["ratio_one_scene"] = best / oneScene;
+#endif
+}
+
+/// Rays from the pilot's eye at random places of random triangles.
+std::vector<PartRay> AimedRays(const Vector3& eye, const Soup& whole, std::size_t count) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<float> unit(0, 1);
+    std::vector<PartRay> rays;
+    while (rays.size() < count) {
+        const auto& [a, b, c] = whole[random() % whole.size()];
+        const float u = unit(random), v = (1 - u) * unit(random);
+        rays.push_back({eye, Utils::Normalised(a + u * (b - a) + v * (c - a) - eye)});
+    }
+    return rays;
+}
+
+/// A ray through the trees of all parts, brought into each part's space ahead.
+void Rays(benchmark::State& state, const Cockpit& cockpit) {
+    constexpr std::size_t kRays = 1000, kSlowRays = 50;
+    const Soup whole = WholeSoup(cockpit);
+    const std::vector<PartRay> rays = AimedRays(cockpit.eye, whole, kRays);
+    std::vector<std::unique_ptr<PartTree>> trees;
+    std::vector<Support::PlainTree> plainTrees;
+    std::vector<std::vector<PartRay>> partRays(kRays);
+    for (const Part& part : cockpit.parts) {
+        trees.push_back(std::make_unique<PartTree>(part.vertices));
+        plainTrees.emplace_back(Triangles(part.vertices));
+        for (std::size_t i = 0; i < kRays; ++i)
+            partRays[i].push_back(CockpitModel::TransformRay(rays[i], part.toPart));
+    }
+    double best = 1e9, plain = 1e9, bruteForce = 1e9;
+#ifdef VORELLE_EMBREE
+    double embree = 1e9;
+    Bench::EmbreeScene scene(whole);
+    scene.Commit();
+#endif
+    for (auto _ : state) {
+        best = std::min(best, Bench::Cost([&] {
+                            for (const auto& ray : partRays)
+                                for (std::size_t i = 0; i < trees.size(); ++i)
+                                    benchmark::DoNotOptimize(trees[i]->Intersect(ray[i]));
+                        }));
+        plain = std::min(plain, Bench::Cost([&] {
+                             for (std::size_t r = 0; r < kSlowRays; ++r)
+                                 for (std::size_t i = 0; i < plainTrees.size(); ++i)
+                                     benchmark::DoNotOptimize(plainTrees[i].Distance(partRays[r][i]));
+                         }));
+        bruteForce = std::min(bruteForce, Bench::Cost([&] {
+                                  for (std::size_t r = 0; r < kSlowRays; ++r)
+                                      benchmark::DoNotOptimize(Support::BruteForce(whole, rays[r]));
+                              }));
+#ifdef VORELLE_EMBREE
+        embree = std::min(embree, Bench::Cost([&] {
+                              for (const PartRay& ray : rays)
+                                  benchmark::DoNotOptimize(scene.Distance(ray));
+                          }));
+#endif
+    }
+    state.counters["parts"] = static_cast<double>(trees.size());
+    state.counters["us"] = best / kRays * 1e6;
+    state.counters["plain_us"] = plain / kSlowRays * 1e6;
+    state.counters["brute_us"] = bruteForce / kSlowRays * 1e6;
+    state.counters["plain_ratio"] = state.counters["us"] / state.counters["plain_us"];
+#ifdef VORELLE_EMBREE
+    state.counters["embree_us"] = embree / kRays * 1e6;
+#endif
+}
+
+/// Triangles half as large as the space that they are scattered in: the rule alone takes more than 100 references a
+/// triangle from a few thousand on, and ever more.
+void Growth(benchmark::State& state) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<float> unit(-1, 1);
+    const auto point = [&]() -> Vector3 { return {unit(random), unit(random), unit(random)}; };
+    Vertices vertices;
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        const Vector3 centre = point();
+        for (int corner = 0; corner < 3; ++corner)
+            vertices.emplace_back().position = centre + 0.5f * point();
+    }
+    std::unique_ptr<PartTree> tree;
+    for (auto _ : state)
+        tree = std::make_unique<PartTree>(vertices);
+    double references = 0;
+    for (const auto& node : tree->nodes)
+        references += node.triangleCount;
+    const auto count = static_cast<double>(state.range(0));
+    state.counters["references_a_triangle"] = references / count;
+    state.counters["nodes_a_triangle"] = static_cast<double>(tree->nodes.size()) / count;
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(Growth)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
+
+void Register(Cockpit cockpit) {
+    const auto shared = std::make_shared<const Cockpit>(std::move(cockpit));
+    benchmark::RegisterBenchmark(("Build/" + shared->name).c_str(),
+                                 [shared](benchmark::State& state) { Build(state, *shared); });
+    benchmark::RegisterBenchmark(("Rays/" + shared->name).c_str(),
+                                 [shared](benchmark::State& state) { Rays(state, *shared); });
+}
+
+void RegisterAircraft(const char* installation) {
+    boost::filesystem::current_path(installation);
+    for (const auto& info : Sim::XPAircraftListLoader().LoadAircraftList())
+        try {
+            Register(RealCockpit(*info));
+        } catch (const Utils::OutOfRange&) {
+            continue; // has no materials, so that it cannot be loaded
+        }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    Register(SyntheticCockpit());
+    if (const char* installation = std::getenv("VORELLE_INSTALLATION"))
+        RegisterAircraft(installation);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+}
