@@ -152,7 +152,7 @@ void RegisterInstallation(const fs::path& folder) {
     for (const std::string& path : FilesBelow(folder, ".obj", kLeastObj))
         benchmark::RegisterBenchmark(("BesideFromChars/" + fs::path(path).filename().string()).c_str(), BesideFromChars,
                                      Utils::ReadFile(path));
-    benchmark::RegisterBenchmark("ScanAcf", ScanAcf, FilesBelow(folder, ".acf", 0))->UseRealTime();
+    benchmark::RegisterBenchmark("ScanAcf", ScanAcf, FilesBelow(folder, ".acf", 0));
 }
 
 } // namespace

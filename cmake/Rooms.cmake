@@ -1,15 +1,10 @@
-# A room is a library that holds whole folders: a file put into one of its folders belongs to it.
-
-# Leaves out of a list the files of other systems, which their names end with.
-function(vorelle_keep_own_system list)
-  set(kept ${${list}})
-  if(WIN32)
-    list(FILTER kept EXCLUDE REGEX "(Linux|GL|Linux(Test|Main))\\.cpp$")
-  else()
-    list(FILTER kept EXCLUDE REGEX "(Windows|D3D11|Windows(Test|Main))\\.cpp$")
-  endif()
-  set(${list} ${kept} PARENT_SCOPE)
-endfunction()
+# A room is a library that holds whole folders: a file put into one of its folders belongs to it, unless the end of its
+# name gives it to another system.
+if(WIN32)
+  set(other_system "(Linux|LinuxTest|GL)\\.cpp$")
+else()
+  set(other_system "(Windows|WindowsTest|D3D11)\\.cpp$")
+endif()
 
 # vorelle_room(NAME FOLDERS folder... [FILES file...] [WITHOUT file...] USES target...): folders and files are relative
 # to src; a folder is not searched below.
@@ -26,7 +21,7 @@ function(vorelle_room name)
   foreach(file IN LISTS ROOM_WITHOUT)
     list(REMOVE_ITEM sources ${PROJECT_SOURCE_DIR}/src/${file})
   endforeach()
-  vorelle_keep_own_system(sources)
+  list(FILTER sources EXCLUDE REGEX ${other_system})
   if(NOT sources)
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -38,16 +33,19 @@ function(vorelle_room name)
   target_link_libraries(${name} PUBLIC ${ROOM_USES} PRIVATE vorelle_options)
 endfunction()
 
-# vorelle_test(NAME FOLDERS folder... USES target... [RUNNER program]): one test program, its folders and the program
+# vorelle_test(NAME FOLDERS folder... [WITHOUT file...] USES target... [RUNNER program]): one test program, its folders and the program
 # that runs it relative to tests.
 function(vorelle_test name)
-  cmake_parse_arguments(TEST "" "RUNNER" "FOLDERS;USES" ${ARGN})
+  cmake_parse_arguments(TEST "" "RUNNER" "FOLDERS;WITHOUT;USES" ${ARGN})
   set(sources)
   foreach(folder IN LISTS TEST_FOLDERS)
     file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
     list(APPEND sources ${found})
   endforeach()
-  vorelle_keep_own_system(sources)
+  foreach(file IN LISTS TEST_WITHOUT)
+    list(REMOVE_ITEM sources ${PROJECT_SOURCE_DIR}/tests/${file})
+  endforeach()
+  list(FILTER sources EXCLUDE REGEX ${other_system})
   if(NOT sources)
     return()
   endif()
@@ -60,7 +58,7 @@ function(vorelle_test name)
   if(TEST_RUNNER)
     set(runner ${PROJECT_SOURCE_DIR}/tests/${TEST_RUNNER})
   endif()
-  add_test(NAME ${name} COMMAND ${runner} $<TARGET_FILE:${name}>)
+  add_test(NAME ${name} COMMAND ${runner} ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
   set(suppressions ${PROJECT_SOURCE_DIR}/cmake)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT
     "LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0;TSAN_OPTIONS=suppressions=${suppressions}/tsan.supp")

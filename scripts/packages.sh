@@ -6,7 +6,7 @@ library_packages=(libwxgtk3.2-dev libboost-dev libboost-filesystem-dev libtinyxm
   libcairo2-dev libeigen3-dev libepoxy-dev libegl-dev libgl-dev libcli11-dev nlohmann-json3-dev)
 # Mesa's drivers, the software renderer among them; the loader of the toolkit's pictures, such as its check marks.
 device_packages=(libgl1-mesa-dri librsvg2-common)
-test_packages=(libgtest-dev libgmock-dev xvfb xauth python3)
+test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel)
 
 say() {
   printf '==> %s\n' "$*"

@@ -7,6 +7,32 @@
 
 namespace Annotator {
 
+namespace {
+
+constexpr std::int32_t kNoTexture = -1;
+constexpr std::int32_t kOpaqueBlend = 2;
+
+/// The plain material stands behind all others, so that the rest of the model stays as it was read.
+void GivePlainMaterial(CockpitModel::ModelData& model) {
+    auto& materials = model.materials.Children;
+    const auto plain = static_cast<std::uint32_t>(materials.size());
+    bool used = false;
+    for (CockpitModel::RiffBlockPART& part : model.parts) {
+        if (part.MaterialIndex < plain)
+            continue;
+        part.MaterialIndex = plain;
+        used = true;
+    }
+    if (!used)
+        return;
+    CockpitModel::Material& material = materials.emplace_back();
+    material.TextureDiffuse = kNoTexture;
+    material.BlendKind = kOpaqueBlend;
+    material.Alpha = 1;
+}
+
+} // namespace
+
 OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
     OpenedAircraft opened;
     opened.cockpit = info.CreateCockpit();
@@ -16,9 +42,11 @@ OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRe
     return opened;
 }
 
-BuiltAircraft BuildAircraft(const OpenedAircraft& opened) {
+BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const RoadOptions& options) {
     BuiltAircraft built;
     built.model = opened.cockpit->LoadModel();
+    if (options.untextured)
+        GivePlainMaterial(*built.model);
     built.sceneGraph = std::make_shared<CockpitModel::SceneGraph>(*built.model, *opened.cockpit, opened.panels.get());
     CockpitModel::InteractionDetector().Detect(*built.sceneGraph);
     return built;

@@ -25,12 +25,17 @@ struct BuiltAircraft {
     std::shared_ptr<CockpitModel::SceneGraph> sceneGraph;
 };
 
+/// What the road does beside what the desktop tool does.
+struct RoadOptions {
+    bool untextured = false; ///< gives parts without a material a plain one, where their cockpit could not be built
+};
+
 /// A panel configuration that cannot be read leaves the set empty. A pilot's eye that is no number throws
 /// boost::bad_lexical_cast.
 OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository);
 
 /// Loads the model, makes its scene graph and runs the detection. A model that does not hold together throws
 /// Utils::OutOfRange with its reason.
-BuiltAircraft BuildAircraft(const OpenedAircraft& opened);
+BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const RoadOptions& options = {});
 
 } // namespace Annotator

@@ -1,6 +1,7 @@
 #include "Annotator/BatchTests.h"
 
 #include "Annotator/AircraftRoad.h"
+#include "Annotator/FailureTexts.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Utils/RangeCheck.h"
@@ -90,7 +91,7 @@ std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, Cockpit
             return std::nullopt;
         return TestAnnotated(info, annotations, repository);
     } catch (const std::exception& error) {
-        throw AircraftTestError(info, Utils::Describe(error));
+        throw AircraftTestError(info, ReasonText(error));
     }
 }
 

@@ -18,6 +18,9 @@ struct CanvasPoint {
     int x = 0, y = 0;
 };
 
+/// What a frame is cleared to: red, green, blue, alpha.
+inline const Utils::Vector4 kCanvasColour{0.5f, 0.5f, 0.5f, 1.0f};
+
 /// Where the camera stands when a cockpit opens: at the pilot's eye, in the camera's axes.
 Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit);
 

@@ -18,7 +18,6 @@ using Utils::Matrix4;
 using Utils::Vector3;
 
 constexpr const char* kCheckerFile = "QVRA/Images/checker.png";
-constexpr const char* kSphereFile = "QVRA/Models/Sphere.obj";
 constexpr float kMarkerScale = 0.1f;
 constexpr float kPathStep = 0.05f;
 
@@ -95,7 +94,7 @@ void CockpitPreview::LoadOwnResources(Rendering::Context& context) {
     if (!context.IsBitmapValid(checkerBitmap.get()))
         checkerBitmap = context.LoadBitmap(kCheckerFile);
     if (!context.IsGeometryValid(sphereGeometry.get()))
-        sphereGeometry = Rendering::LoadGeometryFile(context, kSphereFile, true);
+        sphereGeometry = Rendering::LoadGeometryFile(context, kMarkerMeshFile, true);
 }
 
 void CockpitPreview::DrawNode(Frame& frame, const Matrix4& world, const Node& node) {

@@ -12,6 +12,9 @@
 
 namespace Annotator {
 
+/// The mesh of the markers, relative to the installation; a preview cannot do without it.
+inline constexpr const char* kMarkerMeshFile = "QVRA/Models/Sphere.obj";
+
 /// Blue of the selected part, from 0 to 1, some seconds after it was selected: a dip and a partial return.
 float SelectionBlue(double seconds);
 

@@ -16,9 +16,10 @@ namespace Batch {
 /// What the program's exit codes say. Where several hold, the greatest is given.
 enum ExitCode : int {
     kDone = 0,
-    kTestFailed = 1,
+    kTestFailed = 1,     ///< or what was compared differs
     kWrongUsage = 2,
-    kAircraftFailed = 3, ///< an aircraft could not be loaded, or not be tested as its annotations have it
+    kAircraftFailed = 3, ///< an aircraft could not be loaded, or not be tested as its annotations have it,
+                         ///< or a file to read is not as it has to be
     kNotWritten = 4,     ///< a file or the standard output could not be written
 };
 

@@ -18,16 +18,17 @@ namespace {
 struct DetectOptions {
     std::string folder; ///< empty for the one of the desktop tool's menu entry
     std::size_t jobs = DefaultProcesses();
+    Annotator::RoadOptions road;
     std::vector<std::string> aircraft;
 };
 
-std::string DetectOne(const Sim::AircraftInfo& info) {
+std::string DetectOne(const Sim::AircraftInfo& info, const Annotator::RoadOptions& road) {
     Logging::Logger& log = Logging::Logger::Get();
     log.Log(HERE, "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
     try {
         CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
         const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-        return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened).sceneGraph);
+        return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened, road).sceneGraph);
     } catch (const std::exception&) {
         // As the desktop tool logs it; the reason goes to whoever called the program.
         log.Log(HERE, "Failed to load model.  Skipping...");
@@ -92,7 +93,7 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
                               session.console);
     session.console.BeginProgress(aircraft.size());
     RunJobs(
-        aircraft.size(), options.jobs, [&](std::size_t index) { return DetectOne(*aircraft[index]); },
+        aircraft.size(), options.jobs, [&](std::size_t index) { return DetectOne(*aircraft[index], options.road); },
         [&](const JobResult& result) {
             writer.Take(*aircraft[result.index], result);
             session.console.Advance();
@@ -107,6 +108,8 @@ Action PrepareDetect(CLI::App& app) {
     auto options = std::make_shared<DetectOptions>();
     app.add_option("--out", options->folder, "Where the files go; QVRA/AirLogs/... of the installation without it")
         ->type_name("DIR");
+    app.add_flag("--untextured", options->road.untextured,
+                 "Reads cockpits whose parts have no TEXTURE too, giving such parts a plain material");
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Detect(*options, session); };

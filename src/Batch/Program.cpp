@@ -20,12 +20,19 @@ constexpr std::array kCommands{
     Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
     Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
     Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file", PrepareRender},
+    Command{"explain", "Tells why a part got its type", PrepareExplain},
+    Command{"lint", "Tells an aircraft's author what is wrong in a cockpit object", PrepareLint},
+    Command{"manips", "Prints a line for each part that can be clicked", PrepareManips},
     Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
+    Command{"merge", "Makes one report of the JSON reports of several test runs", PrepareMerge},
+    Command{"accept", "Records what detection finds as the expectations of the annotation files", PrepareAccept},
+    Command{"compare", "Tells how two folders of detected-data files differ", PrepareCompare},
 };
 
-constexpr const char* kFooter = "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other "
-                                "aircraft has.\nExit codes: 0 done, 1 a test failed, 2 wrong usage, 3 an aircraft "
-                                "could not be loaded or tested,\n4 a file could not be written.";
+constexpr const char* kFooter =
+    "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other "
+    "aircraft has.\nExit codes: 0 done, 1 a test failed or compared files differ, 2 wrong usage, 3 an "
+    "aircraft could not\nbe loaded or tested or a file not be read, 4 a file could not be written.";
 
 /// The options that all commands share, and the action of the chosen one.
 struct CommandLine {

@@ -1,6 +1,10 @@
+#include "Annotator/CanvasControl.h"
+#include "Annotator/CockpitPreview.h"
+#include "Annotator/FailureTexts.h"
 #include "Annotator/PreviewPicture.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
+#include "Batch/HeldSignals.h"
 #include "Batch/Jobs.h"
 #include "Rendering/OpenGL/EglContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
@@ -8,105 +12,149 @@
 #include "Utils/SaveFile.h"
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <boost/filesystem/operations.hpp>
+#include <charconv>
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <string_view>
 
 namespace Batch {
 
 namespace {
 
-constexpr std::uint32_t kSamples = 4;
-constexpr std::uint32_t kLargestSide = 8192;
+using Annotator::PictureRequest;
+
+constexpr std::uint32_t kGreatestSide = 8192; // pixels
+constexpr std::uint32_t kSamples = 4;         // a pixel, for smooth edges
+constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
 
 struct RenderOptions {
-    std::string aircraft, out, size;
-    std::string selected;
-    std::vector<float> eye, look;
-    std::vector<std::string> positions;
-    bool hideTransparent = false;
+    PictureRequest picture;
+    std::string file;
+    std::string aircraft;
 };
 
-[[noreturn]] void Refuse(const std::string& option, const std::string& got, const std::string& needed) {
-    throw CommandError(kWrongUsage, option + " " + got + ": " + needed);
-}
-
-/// Two whole numbers around a separator.
-std::pair<std::int32_t, std::int32_t> ReadPair(const std::string& option, const std::string& text, char separator,
-                                               const std::string& needed) {
-    std::int32_t first = 0, second = 0;
-    const std::size_t at = text.find(separator);
-    if (at == text.npos || !CLI::detail::lexical_cast(text.substr(0, at), first) ||
-        !CLI::detail::lexical_cast(text.substr(at + 1), second))
-        Refuse(option, text, needed);
-    return {first, second};
-}
-
-Rendering::Size ReadSize(const std::string& text) {
-    const std::string needed = "needs WIDTHxHEIGHT in pixels, from 1 to " + std::to_string(kLargestSide);
-    const auto [width, height] = ReadPair("--size", text, 'x', needed);
-    for (const std::int32_t side : {width, height})
-        if (side < 1 || side > static_cast<std::int32_t>(kLargestSide))
-            Refuse("--size", text, needed);
-    return {static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)};
-}
-
-/// A dataref may hold "=" in no place, its value stands behind the last one.
-Annotator::PictureRequest::Position ReadPosition(const std::string& text) {
-    Annotator::PictureRequest::Position position;
-    const std::size_t at = text.rfind('=');
-    if (at == text.npos || !CLI::detail::lexical_cast(text.substr(at + 1), position.fraction) ||
-        !(position.fraction >= 0.0f && position.fraction <= 1.0f))
-        Refuse("--position", text, "needs DATAREF=VALUE with a value from 0 to 1");
-    position.dataref = text.substr(0, at);
-    return position;
-}
-
-Annotator::PictureRequest ReadRequest(const RenderOptions& options) {
-    constexpr float kRadians = std::numbers::pi_v<float> / 180.0f;
-    Annotator::PictureRequest request;
-    if (!options.size.empty())
-        request.size = ReadSize(options.size);
-    if (!options.eye.empty())
-        request.eye = Utils::Vector3(options.eye[0], options.eye[1], options.eye[2]);
-    if (!options.look.empty()) {
-        request.yaw = options.look[0] * kRadians;
-        request.pitch = options.look[1] * kRadians;
+/// Exactly so many numbers with a separator between them.
+template <typename Number, std::size_t count>
+std::array<Number, count> ParseNumbers(const std::string& option, const std::string& text, char separator,
+                                       const char* form) {
+    std::array<Number, count> numbers{};
+    const char *at = text.data(), *const end = at + text.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto [next, error] = std::from_chars(at, end, numbers[i]);
+        const bool complete = i + 1 == count ? next == end : next != end && *next == separator;
+        if (error != std::errc() || !complete || !std::isfinite(static_cast<double>(numbers[i])))
+            throw CLI::ValidationError(option, "'" + text + "' is not of the form " + form);
+        at = next + 1;
     }
-    for (const std::string& position : options.positions)
-        request.positions.push_back(ReadPosition(position));
-    if (!options.selected.empty()) {
-        const auto [node, part] = ReadPair("--select", options.selected, ',', "needs NODE,PART");
-        request.selected = {node, part};
-    }
-    request.showTransparent = !options.hideTransparent;
-    return request;
+    return numbers;
 }
 
-/// The picture as PNG. The device and everything on it are gone when it returns.
-std::string RenderOne(const Sim::AircraftInfo& info, const Annotator::PictureRequest& request) {
-    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Rendering::OpenGL::EglContext egl;
-    const Rendering::Camera camera;
-    Rendering::OpenGL::GLContext context(camera, 0);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
-    CockpitModel::AnnotationStore annotations(*built.sceneGraph);
-    annotations.Read(CockpitModel::AnnotationPath(info));
+Rendering::Size ParseSize(const std::string& text) {
+    const auto [width, height] = ParseNumbers<std::uint32_t, 2>("--size", text, 'x', "WxH");
+    if (width == 0 || height == 0 || width > kGreatestSide || height > kGreatestSide)
+        throw CLI::ValidationError("--size", "'" + text + "' is not from 1x1 to " + std::to_string(kGreatestSide) +
+                                                 "x" + std::to_string(kGreatestSide));
+    return {width, height};
+}
+
+PictureRequest::Position ParsePosition(const std::string& text) {
+    const std::size_t equals = text.rfind('='); // a dataref may hold one, a number does not
+    if (equals == std::string::npos || equals == 0)
+        throw CLI::ValidationError("--position", "'" + text + "' is not of the form DATAREF=VALUE");
+    const auto [fraction] = ParseNumbers<float, 1>("--position", text.substr(equals + 1), ',', "a number from 0 to 1");
+    if (fraction < 0.0f || fraction > 1.0f)
+        throw CLI::ValidationError("--position", "'" + text + "' is not from 0 to 1");
+    return {text.substr(0, equals), fraction};
+}
+
+void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
+    const auto add = [&app](const char* name, const char* type, const char* description, auto use) {
+        return app.add_option_function<std::string>(name, use, description)->type_name(type);
+    };
+    add("--size", "WxH", "Pixels; 1280x800 without it",
+        [&picture](const std::string& text) { picture.size = ParseSize(text); });
+    add("--eye", "X,Y,Z", "Where the camera stands, metres, with z backwards; the pilot's eye without it",
+        [&picture](const std::string& text) {
+            const auto [x, y, z] = ParseNumbers<float, 3>("--eye", text, ',', "X,Y,Z");
+            picture.eye = Utils::Vector3(x, y, z);
+        });
+    add("--look", "YAW,PITCH", "Degrees to the right and down; straight ahead without it",
+        [&picture](const std::string& text) {
+            const auto [yaw, pitch] = ParseNumbers<float, 2>("--look", text, ',', "YAW,PITCH");
+            picture.yaw = yaw * kRadiansPerDegree;
+            picture.pitch = pitch * kRadiansPerDegree;
+        });
+    add("--select", "NODE,PART", "Marks a part as the selected one", [&picture](const std::string& text) {
+        const auto [node, part] = ParseNumbers<std::int32_t, 2>("--select", text, ',', "NODE,PART");
+        picture.selected = PictureRequest::PartPlace{node, part};
+    });
+    app.add_option_function<std::vector<std::string>>(
+           "--position",
+           [&picture](const std::vector<std::string>& texts) {
+               for (const std::string& text : texts)
+                   picture.positions.push_back(ParsePosition(text));
+           },
+           "Moves the animations of a dataref, from 0 to 1; may be given again")
+        ->type_name("DATAREF=VALUE")
+        ->allow_extra_args(false);
+    app.add_flag_callback(
+        "--hide-transparent", [&picture] { picture.showTransparent = false; }, "Leaves transparent parts out");
+}
+
+/// What the process that draws tells: an exit code as one character, and the bytes of the picture or a message.
+std::string Answer(ExitCode code, const std::string& bytes) {
+    return static_cast<char>('0' + code) + bytes;
+}
+
+std::string DrawToPng(const PictureRequest& request, const Annotator::OpenedAircraft& opened,
+                      const Annotator::BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations) {
+    const Rendering::OpenGL::EglContext device;
+    const Rendering::Camera camera; // gives the eye matrices alone
+    Rendering::OpenGL::GLContext context(camera);
     Rendering::OpenGL::GLFrameTarget target(context, kSamples);
     target.Resize(request.size);
-    target.Begin({0.5f, 0.5f, 0.5f, 1.0f});
-    DrawPreviewPicture(context, request, opened, built, annotations);
+    target.Begin(Annotator::kCanvasColour);
+    Annotator::DrawPreviewPicture(context, request, opened, built, annotations);
     return Utils::ToPng(target.Read());
 }
 
+std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& request) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    if (!opened.cockpit->IsValid())
+        return Answer(kAircraftFailed, "there is no cockpit object beside the .acf file");
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+    CockpitModel::AnnotationStore annotations(*built.sceneGraph);
+    annotations.Read(CockpitModel::AnnotationPath(info));
+    try {
+        return Answer(kDone, DrawToPng(request, opened, built, annotations));
+    } catch (const std::invalid_argument& error) {
+        return Answer(kWrongUsage, error.what());
+    } catch (const std::exception& error) {
+        return Answer(kNotWritten, Annotator::ReasonText(error));
+    }
+}
+
+void RequireData() {
+    if (!boost::filesystem::exists(Annotator::kMarkerMeshFile))
+        throw CommandError(kWrongUsage, std::string("there is no ") + Annotator::kMarkerMeshFile +
+                                            " in the installation: the program's folder QVRA belongs beside Aircraft");
+}
+
 ExitCode Render(const RenderOptions& options, Session& session) {
-    const Annotator::PictureRequest request = ReadRequest(options);
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
-    const std::string png = RunJob(NameOf(info), [&] { return RenderOne(info, request); });
-    if (const Utils::SaveResult saved = Utils::SaveFile(session.CallersPath(options.out), png); !saved)
+    RequireData();
+    const std::string answer = RunJob(NameOf(info), [&] { return RenderOne(info, options.picture); });
+    const auto code = static_cast<ExitCode>(answer.at(0) - '0');
+    const std::string_view bytes = std::string_view(answer).substr(1);
+    if (code != kDone)
+        throw CommandError(code, NameOf(info) + ": " + std::string(bytes));
+    const HeldSignals held;
+    if (const auto saved = Utils::SaveFile(session.CallersPath(options.file), bytes); !saved)
         throw CommandError(kNotWritten, saved.error);
     return kDone;
 }
@@ -115,21 +163,9 @@ ExitCode Render(const RenderOptions& options, Session& session) {
 
 Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
+    app.add_option("--out", options->file, "The picture, a PNG")->type_name("FILE")->required();
+    AddPictureOptions(app, options->picture);
     app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
-    app.add_option("--out", options->out, "The picture, a PNG file")->type_name("FILE")->required();
-    app.add_option("--size", options->size, "Width and height in pixels; 1280x800 without it")->type_name("WxH");
-    app.add_option("--eye", options->eye, "The camera's place in metres: right, up, back; the pilot's eye without it")
-        ->type_name("X,Y,Z")
-        ->delimiter(',')
-        ->expected(3);
-    app.add_option("--look", options->look, "The camera's turn in degrees: to the right, down")
-        ->type_name("YAW,PITCH")
-        ->delimiter(',')
-        ->expected(2);
-    app.add_option("--position", options->positions, "Moves the animations of a dataref to a place from 0 to 1")
-        ->type_name("DATAREF=VALUE");
-    app.add_option("--select", options->selected, "Shows a part as the selected one")->type_name("NODE,PART");
-    app.add_flag("--hide-transparent", options->hideTransparent, "Leaves transparent parts out");
     return [options](Session& session) { return Render(*options, session); };
 }
 

@@ -96,6 +96,14 @@ AircraftReport ParseAircraft(std::string_view json) {
     return AircraftFromJson(Json::parse(json));
 }
 
+TestReport ParseReport(std::string_view json) {
+    TestReport report;
+    const Json whole = Json::parse(json);
+    for (const Json& aircraft : whole.at("aircraft"))
+        report.push_back(AircraftFromJson(aircraft));
+    return report;
+}
+
 /// Neither times nor machines: the same results are the same bytes.
 std::string JsonReport(const TestReport& report) {
     const TestTotals totals = Totals(report);

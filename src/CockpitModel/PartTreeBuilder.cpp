@@ -43,8 +43,9 @@ void PartTreeBuilder::Extent::Add(const Extent& other) {
 
 PartTreeBuilder::PartTreeBuilder(PartTree& builtTree) : tree(builtTree) {
     const std::size_t count = tree.triangles.size();
-    keptLimit = kMaxKept * count;
-    handedLimit = kMaxHanded * count;
+    wordsLimit = kMaxWords * count + kAlways;
+    handedLimit = kMaxHanded * count + kAlways;
+    packedLimit = kMaxPacked * count;
     extents.reserve(count);
     lists.reserve(3 * count);
     leftList.resize(count);
@@ -72,7 +73,7 @@ PartTreeBuilder::List PartTreeBuilder::AllTriangles() {
     }
     lists.resize(count);
     std::iota(lists.begin(), lists.end(), 0u);
-    keptOrWaiting = count;
+    words = count;
     return all;
 }
 
@@ -131,9 +132,10 @@ bool PartTreeBuilder::MaySplit(const Split& split, std::uint32_t count, std::uin
     const std::uint64_t children = std::uint64_t{split.left} + split.right;
     if (split.both == split.left || split.both == split.right || split.left >= count || split.right >= count)
         return false;
-    if (depth == kMaxDepth || keptOrWaiting + children - count > keptLimit || handed + children > handedLimit)
+    const std::uint64_t wordsAfter = words - count + children + 2 * sizeof(PartTreeNode) / sizeof(std::uint32_t);
+    if (depth == kMaxDepth || wordsAfter > wordsLimit || handed + children > handedLimit)
         return false;
-    keptOrWaiting += children - count;
+    words = wordsAfter;
     handed += children;
     return true;
 }
@@ -162,7 +164,8 @@ void PartTreeBuilder::Keep(const List& list, PartTreeNode& node) {
     node.firstTriangle = static_cast<std::uint32_t>(kept.size());
     node.triangleCount = list.count;
     kept.insert(kept.end(), lists.begin() + list.first, lists.begin() + list.first + list.count);
-    if (tree.quick && list.count > kLargeLeaf)
+    packed += list.count > kLargeLeaf ? list.count : 0;
+    if (tree.quick && list.count > kLargeLeaf && packed <= packedLimit)
         node.largeLeaf =
             tree.largeLeaves.Add(tree.triangles, {kept.end() - list.count, kept.end()}, node.box, sortedLeaf);
 }

@@ -15,12 +15,15 @@ namespace CockpitModel {
 /// Splits the triangles of one tree by the rule of PartTree.
 class PartTreeBuilder : Utils::NonAssignable {
 public:
-    /// What stops a split far beyond any real part, so that memory and time stay in proportion to the number of
-    /// triangles. Cockpits need up to 19 levels, 3 references a triangle in the lists that a part's nodes keep, and 17
-    /// in those that they are handed.
+    /// What stops a split, so that memory and time stay in proportion to the number of triangles: by the rule alone,
+    /// three thousand triangles half as large as the space that they are scattered in take 300,000 references, and
+    /// twenty chosen triangles 10,000. Parts of real cockpits need up to 19 levels, 26 words of lists and nodes a
+    /// triangle, and 17 entries a triangle in all lists together that nodes are handed.
     static constexpr std::uint32_t kMaxDepth = 96;
-    static constexpr std::uint64_t kMaxKept = 24;    ///< references a triangle
-    static constexpr std::uint64_t kMaxHanded = 128; ///< references a triangle
+    static constexpr std::uint64_t kMaxWords = 100, kMaxHanded = 128; ///< a triangle
+    static constexpr std::uint64_t kAlways = 4096;                    ///< words and handed entries for any part
+    /// References a triangle in large leaves that get packs; real parts need 4.
+    static constexpr std::uint64_t kMaxPacked = 8;
 
     explicit PartTreeBuilder(PartTree& builtTree);
     /// Fills everything but the tree's triangles and texture coordinates, which it needs.
@@ -59,9 +62,9 @@ private:
                                                      ///< axis a, bit a + 4 right of it
     std::pmr::vector<std::uint32_t> kept{&pool};
     std::pmr::vector<PartTreeNode> nodes{&pool};
-    std::vector<std::uint64_t> sortedLeaf; ///< room for large leaves
-    std::uint64_t keptLimit, handedLimit;
-    std::uint64_t keptOrWaiting = 0, handed = 0;
+    std::vector<std::uint64_t> sortedLeaf;           ///< room for large leaves
+    std::uint64_t words = 0, handed = 0, packed = 0; ///< words: also those of lists that wait
+    std::uint64_t wordsLimit, handedLimit, packedLimit;
 };
 
 } // namespace CockpitModel

@@ -8,7 +8,6 @@
 #include <boost/algorithm/string/split.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <fstream>
-#include <limits>
 #include <vector>
 
 namespace fs = boost::filesystem;
@@ -19,8 +18,6 @@ namespace {
 
 /// What is read at once from a stream that does not know its size.
 constexpr std::size_t kFirstRead = 64 << 10;
-/// More than there is, so that the first read meets the end and a caller can append a few bytes in place.
-constexpr std::size_t kSpareRoom = 64;
 /// A size above is no file's: the end of a folder opened as a file, for one.
 constexpr std::streamoff kGreatestSize = std::streamoff{4} << 30;
 
@@ -66,19 +63,6 @@ fs::path Descend(const fs::path& folder, const std::string& name) {
     return found;
 }
 
-/// How many bytes are left in a stream; 0 where it cannot tell.
-std::size_t SizeLeft(std::istream& stream) {
-    if (!stream.rdbuf())
-        return 0;
-    std::streambuf& buffer = *stream.rdbuf();
-    const std::streamoff here = buffer.pubseekoff(0, std::ios::cur, std::ios::in);
-    if (here < 0)
-        return 0;
-    const std::streamoff end = buffer.pubseekoff(0, std::ios::end, std::ios::in);
-    buffer.pubseekpos(here, std::ios::in);
-    return end < here || end - here > kGreatestSize ? 0 : static_cast<std::size_t>(end - here);
-}
-
 } // namespace
 
 fs::path FindIgnoringCase(const fs::path& path) {
@@ -117,10 +101,22 @@ std::string ReadFile(const fs::path& path) {
     return ReadAll(file);
 }
 
+std::size_t SizeLeft(std::istream& stream) {
+    if (!stream.rdbuf())
+        return 0;
+    std::streambuf& buffer = *stream.rdbuf();
+    const std::streamoff here = buffer.pubseekoff(0, std::ios::cur, std::ios::in);
+    if (here < 0)
+        return 0;
+    const std::streamoff end = buffer.pubseekoff(0, std::ios::end, std::ios::in);
+    buffer.pubseekpos(here, std::ios::in);
+    return end < here || end - here > kGreatestSize ? 0 : static_cast<std::size_t>(end - here);
+}
+
 std::string ReadAll(std::istream& stream) {
     std::string text;
     const std::size_t size = SizeLeft(stream);
-    std::size_t room = size == 0 ? kFirstRead : size + kSpareRoom;
+    std::size_t room = size == 0 ? kFirstRead : size + 1; // so that the first read meets the end
     while (stream) {
         const std::size_t had = text.size();
         text.resize(had + room);

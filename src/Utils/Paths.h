@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/filesystem/path.hpp>
+#include <cstddef>
 #include <filesystem>
 #include <istream>
 #include <string>
@@ -25,6 +26,8 @@ std::string FolderStem(const std::string& filePath);
 
 /// The whole file as bytes; empty when it cannot be read.
 std::string ReadFile(const boost::filesystem::path& path);
+/// How many bytes are left in a stream; 0 where it cannot tell.
+std::size_t SizeLeft(std::istream& stream);
 /// What is left in a stream; empty when it was not opened.
 std::string ReadAll(std::istream& stream);
 

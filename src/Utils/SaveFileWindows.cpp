@@ -105,9 +105,8 @@ fs::path FollowLinks(const fs::path& path) {
 void Save(const std::string& path, std::string_view bytes) {
     const std::lock_guard lock(savingMutex);
     const DWORD attributes = GetFileAttributesW(fs::path(path).c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY)
-        Fail(ERROR_DIRECTORY_NOT_SUPPORTED);
-    if (attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_READONLY)
+    constexpr DWORD kKept = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    if (attributes != INVALID_FILE_ATTRIBUTES && attributes & kKept)
         Fail(ERROR_ACCESS_DENIED);
     const fs::path target = FollowLinks(path);
     // One name for a target, not one a process, so that what a killed process left there is written over.

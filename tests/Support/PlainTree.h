@@ -11,6 +11,37 @@
 
 namespace Support {
 
+/// The distance at which a ray hits a triangle.
+inline std::optional<float> Hit(const CockpitModel::PartTriangle& triangle, const CockpitModel::PartRay& ray) {
+    const auto cross = [](const Utils::Vector3& a, const Utils::Vector3& b) {
+        return Utils::Vector3(a.y() * b.z() - a.z() * b.y(), a.z() * b.x() - a.x() * b.z(),
+                              a.x() * b.y() - a.y() * b.x());
+    };
+    const Utils::Vector3 e1 = triangle[1] - triangle[0], e2 = triangle[2] - triangle[0];
+    const Utils::Vector3 pv = cross(ray.direction, e2), s = ray.origin - triangle[0], qv = cross(s, e1);
+    const float det = Utils::Dot(e1, pv), inverse = 1 / det;
+    const float u = Utils::Dot(s, pv) * inverse, v = Utils::Dot(ray.direction, qv) * inverse;
+    const float t = Utils::Dot(e2, qv) * inverse;
+    const bool edgeOn = det > -1e-8 && det < 1e-8;
+    if (edgeOn || u < 0 || u > 1 || v < 0 || u + v > 1 || t < 1e-8)
+        return std::nullopt;
+    return t;
+}
+
+inline void Keep(std::optional<float>& nearest, std::optional<float> distance) {
+    if (distance && (!nearest || *distance < *nearest))
+        nearest = distance;
+}
+
+/// Over all triangles, those too that a tree has no place for.
+inline std::optional<float> BruteForce(const std::vector<CockpitModel::PartTriangle>& triangles,
+                                       const CockpitModel::PartRay& ray) {
+    std::optional<float> nearest;
+    for (const auto& triangle : triangles)
+        Keep(nearest, Hit(triangle, ray));
+    return nearest;
+}
+
 /// The picking tree in its plainest form: built list by list, walked node by node, triangle by triangle.
 struct PlainTree {
     struct Node {
@@ -28,14 +59,6 @@ struct PlainTree {
     }
 
     std::optional<float> Distance(const CockpitModel::PartRay& ray) const { return Walk(nodes[0], ray); }
-
-    /// Over all triangles, those too that the tree has no place for.
-    std::optional<float> BruteForce(const CockpitModel::PartRay& ray) const {
-        std::optional<float> nearest;
-        for (const auto& triangle : triangles)
-            Keep(nearest, Hit(triangle, ray));
-        return nearest;
-    }
 
     std::vector<CockpitModel::PartTriangle> triangles;
     std::vector<Node> nodes; ///< the root first
@@ -89,11 +112,6 @@ private:
                 node.radius = std::fmax(node.radius, Utils::Length(vertex - (node.min + node.max) / 2));
     }
 
-    static void Keep(std::optional<float>& nearest, std::optional<float> distance) {
-        if (distance && (!nearest || *distance < *nearest))
-            nearest = distance;
-    }
-
     std::optional<float> Walk(const Node& node, const CockpitModel::PartRay& ray) const {
         float near = -std::numeric_limits<float>::infinity(), far = -near;
         for (int axis = 0; axis < 3; ++axis) {
@@ -115,22 +133,6 @@ private:
             Keep(nearest, Walk(nodes[node.left + 1], ray));
         }
         return nearest;
-    }
-
-    static std::optional<float> Hit(const CockpitModel::PartTriangle& triangle, const CockpitModel::PartRay& ray) {
-        const auto cross = [](const Utils::Vector3& a, const Utils::Vector3& b) {
-            return Utils::Vector3(a.y() * b.z() - a.z() * b.y(), a.z() * b.x() - a.x() * b.z(),
-                                  a.x() * b.y() - a.y() * b.x());
-        };
-        const Utils::Vector3 e1 = triangle[1] - triangle[0], e2 = triangle[2] - triangle[0];
-        const Utils::Vector3 pv = cross(ray.direction, e2), s = ray.origin - triangle[0], qv = cross(s, e1);
-        const float det = Utils::Dot(e1, pv), inverse = 1 / det;
-        const float u = Utils::Dot(s, pv) * inverse, v = Utils::Dot(ray.direction, qv) * inverse;
-        const float t = Utils::Dot(e2, qv) * inverse;
-        const bool edgeOn = det > -1e-8 && det < 1e-8;
-        if (edgeOn || u < 0 || u > 1 || v < 0 || u + v > 1 || t < 1e-8)
-            return std::nullopt;
-        return t;
     }
 };
 

@@ -5,12 +5,22 @@
 #include "Utils/NonAssignable.h"
 
 #include <memory>
+#ifdef __WXMSW__
+#include <wx/window.h>
+#else
 #include <wx/glcanvas.h>
+#endif
 
 namespace Annotator {
 
+#ifdef __WXMSW__
+using CanvasToolkitBase = wxWindow;
+#else
+using CanvasToolkitBase = wxGLCanvas;
+#endif
+
 /// The toolkit's window that a device of this platform can draw on.
-class CanvasBase : public wxGLCanvas {
+class CanvasBase : public CanvasToolkitBase {
 protected:
     CanvasBase(wxWindow* parent, wxWindowID id);
 };

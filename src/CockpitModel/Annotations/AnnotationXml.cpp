@@ -5,7 +5,9 @@
 #include <exception>
 #include <locale>
 #include <sstream>
+#include <stdexcept>
 #include <tinyxml2.h>
+#include <utility>
 
 namespace CockpitModel {
 
@@ -84,6 +86,54 @@ void AddRecord(XMLElement& root, const AnnotationRecord& record) {
     AddText(element, "Reverse", record.Reverse ? "1" : "0");
 }
 
+std::string Printed(const tinyxml2::XMLDocument& document) {
+    tinyxml2::XMLPrinter printer;
+    document.Print(&printer);
+    return {printer.CStr(), static_cast<std::size_t>(printer.CStrSize()) - 1};
+}
+
+using Place = std::pair<std::int32_t, std::int32_t>; ///< node and part
+
+Place PlaceOf(const XMLElement& element) {
+    const AnnotationRecord record = ReadRecord(element);
+    return {record.NodeId, record.PartId};
+}
+
+/// Of several elements of one part, the last one counts.
+XMLElement* ElementOf(XMLElement& root, const Place& place) {
+    XMLElement* element = root.LastChildElement("Override");
+    while (element && PlaceOf(*element) != place)
+        element = element->PreviousSiblingElement("Override");
+    return element;
+}
+
+/// In the order of a file that the desktop tool writes.
+void InsertRecord(XMLElement& root, const AnnotationRecord& record) {
+    AddRecord(root, record);
+    XMLElement* added = root.LastChildElement("Override");
+    for (XMLElement* later = root.FirstChildElement("Override"); later != added;
+         later = later->NextSiblingElement("Override")) {
+        if (PlaceOf(*later) < PlaceOf(*added))
+            continue;
+        if (tinyxml2::XMLNode* before = later->PreviousSibling())
+            root.InsertAfterChild(before, added);
+        else
+            root.InsertFirstChild(added);
+        return;
+    }
+}
+
+void SetExpectation(XMLElement& element, const std::string& type) {
+    XMLElement* expectation = element.FirstChildElement("InteractionTypeTest");
+    if (!expectation) {
+        expectation = element.GetDocument()->NewElement("InteractionTypeTest");
+        XMLElement* before = element.FirstChildElement("InteractionType");
+        element.InsertAfterChild(before ? before : element.FirstChildElement("PartId"), expectation);
+    }
+    expectation->DeleteChildren();
+    expectation->SetText(type.c_str());
+}
+
 } // namespace
 
 std::vector<AnnotationRecord> ReadAnnotations(const std::string& path) {
@@ -104,9 +154,24 @@ std::string AnnotationsToXml(const std::vector<AnnotationRecord>& records) {
     document.InsertEndChild(root);
     for (const AnnotationRecord& record : records)
         AddRecord(*root, record);
-    tinyxml2::XMLPrinter printer;
-    document.Print(&printer);
-    return {printer.CStr(), static_cast<std::size_t>(printer.CStrSize()) - 1};
+    return Printed(document);
+}
+
+std::string WithExpectations(const std::string& xml, const std::vector<AnnotationRecord>& expectations) {
+    tinyxml2::XMLDocument document;
+    if (!xml.empty() && document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS)
+        throw std::runtime_error("line " + std::to_string(document.ErrorLineNum()) +
+                                 " is not well-formed XML, which it has to be for a record to be added");
+    if (!document.RootElement())
+        document.InsertEndChild(document.NewElement("Overrides"));
+    XMLElement& root = *document.RootElement();
+    for (const AnnotationRecord& expectation : expectations) {
+        if (XMLElement* element = ElementOf(root, {expectation.NodeId, expectation.PartId}))
+            SetExpectation(*element, TouchInteractionTypeToText(expectation.InteractionTypeTest.value()));
+        else
+            InsertRecord(root, expectation);
+    }
+    return Printed(document);
 }
 
 } // namespace CockpitModel

@@ -14,4 +14,9 @@ std::vector<AnnotationRecord> ReadAnnotations(const std::string& path);
 /// The text of an annotation file.
 std::string AnnotationsToXml(const std::vector<AnnotationRecord>& records);
 
+/// The text of an annotation file with the InteractionTypeTest of these records set for their parts. All else that
+/// stands in it stays: other fields, words that are not known, records without a place, comments. An empty text makes
+/// a new file; one that is not well-formed throws std::runtime_error.
+std::string WithExpectations(const std::string& xml, const std::vector<AnnotationRecord>& expectations);
+
 } // namespace CockpitModel

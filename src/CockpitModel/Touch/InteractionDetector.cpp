@@ -12,8 +12,6 @@ namespace CockpitModel {
 
 namespace {
 
-constexpr float kBalancedTwist = 0.3f;
-constexpr float kTwistRadius = 0.1f; // metres
 constexpr float kWorstYokeScore = -1000000.0f;
 
 constexpr std::uint32_t kFiresEvent = 1;
@@ -77,13 +75,35 @@ bool Turns(const ModelAnimation& animation) {
 }
 
 /// A draggable part is twisted only if it really turns, sits balanced on its axis and stays near it.
-bool IsTwist(const NodePart& part) {
+DetectionRule DragRule(const NodePart& part) {
     const ModelAnimation* const animation = part.node->animation;
     if (animation && !Turns(*animation))
-        return false;
+        return DetectionRule::NoTurn;
     if (part.BalanceFactor > kBalancedTwist)
-        return false;
-    return !(animation && part.SweepRadius > kTwistRadius);
+        return DetectionRule::Unbalanced;
+    if (animation && part.SweepRadius > kTwistRadius)
+        return DetectionRule::WideSweep;
+    return DetectionRule::Twist;
+}
+
+DetectionDecision Decide(const NodePart& part, YokeSearch& yokes) {
+    using Type = TouchInteractionType;
+    const MouseRect* const rect = part.Rect();
+    if (!rect) {
+        if (yokes.AtOrAbove(*part.node).Both())
+            return {Type::YokePart, DetectionRule::YokeAnimations};
+        return {Type::None, DetectionRule::NoRectangle};
+    }
+    switch (TypeOfCallback(*rect)) {
+    case Type::Twist: {
+        const DetectionRule rule = DragRule(part);
+        return {rule == DetectionRule::Twist ? Type::Twist : Type::Move, rule};
+    }
+    case Type::Tap:
+        return {Type::Tap, DetectionRule::FiresEvent};
+    default:
+        return {Type::None, DetectionRule::NoCallback};
+    }
 }
 
 void DriveLeverByPercent(MouseRect& rect, const ModelAnimation& animation) {
@@ -98,19 +118,11 @@ void DriveLeverByPercent(MouseRect& rect, const ModelAnimation& animation) {
 }
 
 void ClassifyPart(NodePart& part, YokeSearch& yokes) {
-    part.InteractionType = TouchInteractionType::None;
-    MouseRect* const rect = part.Rect();
-    if (!rect) {
-        if (yokes.AtOrAbove(*part.node).Both())
-            part.InteractionType = TouchInteractionType::YokePart;
+    part.InteractionType = Decide(part, yokes).type;
+    if (part.InteractionType != TouchInteractionType::Move)
         return;
-    }
-    part.InteractionType = TypeOfCallback(*rect);
-    if (part.InteractionType != TouchInteractionType::Twist || IsTwist(part))
-        return;
-    part.InteractionType = TouchInteractionType::Move;
-    if (rect->CallbackType == kSteps && part.node->animation)
-        DriveLeverByPercent(*rect, *part.node->animation);
+    if (part.Rect()->CallbackType == kSteps && part.node->animation)
+        DriveLeverByPercent(*part.Rect(), *part.node->animation);
 }
 
 void AssignEventType(NodePart& part) {
@@ -128,19 +140,14 @@ void AssignEventType(NodePart& part) {
         part.EventType = TouchEventType::LClickRClick;
 }
 
-/// Wide and to the left: the pilot's yoke rather than the copilot's.
-float YokeScore(const NodePart& part) {
-    return 10.0f * part.SweepRadius - Utils::TransformPoint(part.AxisTip, part.node->worldMatrix).x();
-}
-
-void ChoosePrimaryYoke(SceneGraph& sceneGraph) {
+void ChoosePrimaryYoke(SceneGraph& sceneGraph, const InteractionDetector& detector) {
     NodePart* best = nullptr;
     float bestScore = kWorstYokeScore;
     for (const auto& node : sceneGraph.Nodes()) {
         for (const auto& part : node->parts) {
             if (part->InteractionType != TouchInteractionType::YokePart)
                 continue;
-            if (const float score = YokeScore(*part); score > bestScore) {
+            if (const float score = detector.YokeScore(*part); score > bestScore) {
                 bestScore = score;
                 best = part.get();
             }
@@ -162,7 +169,16 @@ void InteractionDetector::Detect(SceneGraph& sceneGraph) const {
             AssignEventType(*part);
         }
     }
-    ChoosePrimaryYoke(sceneGraph);
+    ChoosePrimaryYoke(sceneGraph, *this);
+}
+
+DetectionDecision InteractionDetector::Explain(const NodePart& part) const {
+    YokeSearch yokes(part.node->graph->Nodes().size());
+    return Decide(part, yokes);
+}
+
+float InteractionDetector::YokeScore(const NodePart& part) const {
+    return 10.0f * part.SweepRadius - Utils::TransformPoint(part.AxisTip, part.node->worldMatrix).x();
 }
 
 } // namespace CockpitModel

@@ -1,14 +1,42 @@
 #pragma once
 
+#include "CockpitModel/Touch/TouchTypes.h"
+
 namespace CockpitModel {
 
 class SceneGraph;
+struct NodePart;
+
+/// What decides a part's type. The order is that in which the rules are asked.
+enum class DetectionRule {
+    NoRectangle,    ///< nothing to click, and no yoke above it
+    YokeAnimations, ///< nothing to click, under the animations of a yoke's roll and pitch
+    FiresEvent,     ///< a click fires an event
+    NoCallback,     ///< a rectangle that does nothing
+    NoTurn,         ///< dragged, but its node's animation never turns
+    Unbalanced,     ///< dragged, but its BalanceFactor is above kBalancedTwist
+    WideSweep,      ///< dragged, but its SweepRadius is above kTwistRadius
+    Twist,          ///< dragged, and none of the rules before says no
+};
+
+inline constexpr float kBalancedTwist = 0.3f;
+inline constexpr float kTwistRadius = 0.1f; ///< metres
+
+struct DetectionDecision {
+    TouchInteractionType type = TouchInteractionType::None; ///< YokePart for every candidate for the primary yoke
+    DetectionRule rule = DetectionRule::NoRectangle;
+};
 
 /// Works out for every part of a new scene graph how a hand is to touch it, and which part is the primary yoke. The
 /// lever rule can change a part's mouse rectangle.
 class InteractionDetector {
 public:
     void Detect(SceneGraph& sceneGraph) const;
+
+    /// The rule that gives a measured part its type, and that type: what Detect goes by.
+    DetectionDecision Explain(const NodePart& part) const;
+    /// Wide and to the left: the pilot's yoke rather than the copilot's. The greatest score is the primary yoke.
+    float YokeScore(const NodePart& part) const;
 };
 
 } // namespace CockpitModel

@@ -183,6 +183,22 @@ TEST(XPObjReader, NestsAnimationBlocks) {
     EXPECT_EQ(data.animNodes[3].steps[0].dataref, "");
 }
 
+TEST(XPObjReader, KeepsLinesWholeInLongTexts) {
+    constexpr int kLines = 100000;
+    std::string text;
+    for (int i = 0; i < kLines; ++i)
+        text += "IDX " + std::to_string(i * 7919LL % 1000003) + (i % 3 == 0 ? "\r\n" : "\n");
+    const XPObjData data = ReadText(text + "TRIS 1 2");
+    ASSERT_EQ(data.indices.size(), static_cast<std::size_t>(kLines));
+    int wrong = 0;
+    for (int i = 0; i < kLines; ++i)
+        wrong += data.indices[static_cast<std::size_t>(i)] != i * 7919LL % 1000003;
+    EXPECT_EQ(wrong, 0);
+    ASSERT_EQ(data.drawCalls.size(), 1u);
+    EXPECT_EQ(data.drawCalls[0].line, static_cast<std::uint32_t>(kLines) + 1);
+    EXPECT_EQ(data.drawCalls[0].count, 2);
+}
+
 TEST(XPObjReader, StandsAnyBytes) {
     using namespace std::string_literals;
     const XPObjData zeros =

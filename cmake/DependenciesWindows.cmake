@@ -1,0 +1,40 @@
+# The libraries of the Windows programs, built by scripts/windows-libraries.sh into VORELLE_WINDOWS_PREFIX. What is
+# headers only comes from the machine's own packages.
+find_package(Threads REQUIRED)
+set(prefix ${VORELLE_WINDOWS_PREFIX})
+
+# vorelle_library(TARGET LIBRARIES name... [DEFINITIONS definition...])
+function(vorelle_library target)
+  cmake_parse_arguments(LIBRARY "" "" "LIBRARIES;DEFINITIONS" ${ARGN})
+  add_library(${target} INTERFACE IMPORTED)
+  target_include_directories(${target} SYSTEM INTERFACE ${prefix}/include)
+  target_link_directories(${target} INTERFACE ${prefix}/lib)
+  target_link_libraries(${target} INTERFACE ${LIBRARY_LIBRARIES})
+  target_compile_definitions(${target} INTERFACE ${LIBRARY_DEFINITIONS})
+endfunction()
+
+find_path(EIGEN_FOLDER Eigen/Core PATHS /usr/include/eigen3 NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+add_library(Eigen3::Eigen INTERFACE IMPORTED)
+target_include_directories(Eigen3::Eigen SYSTEM INTERFACE ${EIGEN_FOLDER})
+
+vorelle_library(Boost::boost DEFINITIONS BOOST_ALL_NO_LIB)
+vorelle_library(Boost::filesystem LIBRARIES boost_filesystem DEFINITIONS BOOST_FILESYSTEM_STATIC_LINK=1)
+vorelle_library(PkgConfig::cairo LIBRARIES cairo pixman-1 png16 z gdi32 msimg32 ssp DEFINITIONS CAIRO_WIN32_STATIC_BUILD)
+target_include_directories(PkgConfig::cairo SYSTEM INTERFACE ${prefix}/include/cairo)
+vorelle_library(tinyxml2::tinyxml2 LIBRARIES tinyxml2)
+vorelle_library(PkgConfig::polyclipping LIBRARIES polyclipping)
+target_include_directories(PkgConfig::polyclipping SYSTEM INTERFACE ${prefix}/include/polyclipping)
+if(VORELLE_TESTS)
+  vorelle_library(GTest::gmock LIBRARIES gmock gtest)
+  vorelle_library(GTest::gtest_main LIBRARIES gtest_main gtest)
+endif()
+if(VORELLE_WINDOW)
+  set(wx_libraries ${prefix}/lib/gcc_x64_lib)
+  add_library(vorelle_wx INTERFACE)
+  target_include_directories(vorelle_wx SYSTEM INTERFACE ${prefix}/include/wx-3.2 ${prefix}/include
+    ${wx_libraries}/mswu)
+  target_link_directories(vorelle_wx INTERFACE ${wx_libraries})
+  target_compile_definitions(vorelle_wx INTERFACE __WXMSW__ UNICODE _UNICODE wxUSE_GUI=1)
+  target_link_libraries(vorelle_wx INTERFACE wxmsw32u_core wxbase32u wxregexu comctl32 uxtheme oleacc version shlwapi
+    winspool comdlg32 ole32 oleaut32 uuid rpcrt4 advapi32 winmm wsock32 gdi32 gdiplus msimg32)
+endif()

@@ -1,0 +1,36 @@
+// A picture on a rectangle, tinted.
+cbuffer Rect : register(b0) {
+    float4x4 world;
+    float4x4 view;
+    float4x4 projection;
+    float4 parameters; // the third is the brightness
+    float4 colour;
+    float4 textureRectangle; // lower left corner and size, v being 0 at the bottom
+};
+
+cbuffer Picture : register(b1) {
+    float2 texel; // the size of one, in texture coordinates
+    float2 unused;
+};
+
+Texture2D picture : register(t0);
+SamplerState pictureSampler : register(s0);
+
+struct Point {
+    float4 position : SV_Position;
+    float2 at : TEXCOORD0; // v is 0 at the picture's top
+};
+
+Point VS(float3 position : POSITION) {
+    Point result;
+    result.position = mul(mul(mul(float4(position, 1.0), world), view), projection);
+    float2 share = position.xy * 0.5 + 0.5;
+    float2 at = textureRectangle.xy + share * textureRectangle.zw;
+    result.at = float2(at.x, 1.0 - at.y);
+    return result;
+}
+
+float4 PS(Point input) : SV_Target {
+    float4 tinted = picture.Sample(pictureSampler, input.at) * colour;
+    return float4(tinted.rgb * parameters.z, tinted.a);
+}

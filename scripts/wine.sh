@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# wine.sh PROGRAM ARGUMENT...: runs a Windows program under Wine, two minutes at most. It needs a display for a device.
+set -euo pipefail
+root=$(dirname "$(dirname "$(readlink -f "$0")")")
+mkdir -p "$root/build"
+export WINEPREFIX=${WINEPREFIX:-$root/build/wine} WINEDEBUG=-all
+# No installers that ask, and no debugger that waits, when a program ends badly.
+export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
+exec timeout 120 /usr/lib/wine/wine64 "$@"

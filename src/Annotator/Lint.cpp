@@ -1,0 +1,137 @@
+#include "Annotator/Lint.h"
+
+#include "Annotator/AircraftRoad.h"
+#include "Annotator/LintChecks.h"
+#include "CockpitModel/Touch/InteractionDetector.h"
+#include "Utils/Paths.h"
+#include "Utils/RangeCheck.h"
+
+#include <algorithm>
+#include <boost/filesystem/operations.hpp>
+#include <cstdio>
+
+namespace Annotator {
+
+namespace {
+
+using enum LintSeverity;
+using boost::filesystem::path;
+using CockpitModel::TouchInteractionType;
+
+/// X-Plane takes a texture of either kind for the other.
+std::string WithOtherExtension(const path& texture) {
+    for (const char* extension : {".png", ".dds"})
+        if (const path found = Utils::FindIgnoringCase(path(texture).replace_extension(extension)); !found.empty())
+            return found.string();
+    return {};
+}
+
+void CheckTextureFiles(const LintOutline& outline, const path& folder, LintFindings& findings) {
+    for (const LintTexture& texture : outline.textures) {
+        const path file = folder / texture.path;
+        const std::string found = Utils::FindIgnoringCase(file).string();
+        if (found == file.string())
+            continue;
+        if (!found.empty())
+            findings.Add(Warning, "texture-case", texture.line,
+                         "TEXTURE " + texture.path + " differs in case from the file " + found,
+                         "write it as the file is named: Linux tells them apart");
+        else if (const std::string other = WithOtherExtension(file); !other.empty())
+            findings.Add(Note, "texture-missing", texture.line,
+                         "there is no " + file.string() + ", but " + other + ", which X-Plane takes instead",
+                         "name the file that is there");
+        else
+            findings.Add(Warning, "texture-missing", texture.line, "there is no " + file.string(),
+                         "add the file, or name one that is there");
+    }
+}
+
+std::string ScoreText(const CockpitModel::NodePart& part) {
+    char score[32];
+    std::snprintf(score, sizeof score, "%.4g",
+                  static_cast<double>(CockpitModel::InteractionDetector().YokeScore(part)));
+    return "part " + std::to_string(part.node->index) + "," + std::to_string(part.id) + " scores " + score +
+           (part.InteractionType == TouchInteractionType::YokePrimary ? " (chosen)" : "");
+}
+
+void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, LintFindings& findings) {
+    std::vector<const CockpitModel::NodePart*> candidates;
+    for (const auto& node : sceneGraph.Nodes())
+        for (const auto& part : node->parts)
+            if (part->InteractionType == TouchInteractionType::YokePart ||
+                part->InteractionType == TouchInteractionType::YokePrimary)
+                candidates.push_back(part.get());
+    if (candidates.empty()) {
+        findings.Add(Note, "no-yoke", 0, "no part without a manipulator moves with both axes of a yoke",
+                     "animate it by sim/cockpit2/controls/yoke_roll_ratio and .../yoke_pitch_ratio with ANIM_rotate or "
+                     "ANIM_trans lines");
+        return;
+    }
+    if (candidates.size() == 1)
+        return;
+    std::string scores;
+    constexpr std::size_t most = 20;
+    for (std::size_t i = 0; i < std::min(candidates.size(), most); ++i)
+        scores += (i == 0 ? "" : ", ") + ScoreText(*candidates[i]);
+    findings.Add(Note, "several-yokes", 0,
+                 std::to_string(candidates.size()) + " parts could be the primary yoke: " + scores +
+                     (candidates.size() > most ? ", ..." : ""),
+                 "nothing, if the chosen one belongs to the pilot's yoke; the widest sweep farthest left wins");
+}
+
+/// Yokes show only in the built cockpit. What keeps it from being built is among the findings of its text, except for
+/// limits of the model.
+void CheckBuiltCockpit(const Sim::AircraftInfo& info, const std::vector<LintFinding>& before, LintFindings& findings) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    try {
+        const OpenedAircraft opened = OpenAircraft(info, repository);
+        CheckYokes(*BuildAircraft(opened, {.untextured = true}).sceneGraph, findings);
+    } catch (const std::exception& error) {
+        if (std::ranges::find(before, Error, &LintFinding::severity) == before.end())
+            findings.Add(Error, "not-loaded", 0, Utils::Describe(error), "mend what it names");
+    }
+}
+
+void SortByLine(std::vector<LintFinding>& findings) {
+    std::ranges::stable_sort(findings, {}, &LintFinding::line);
+}
+
+void RunChecks(const LintOutline& outline, const std::string& file, std::vector<LintFinding>& findings) {
+    LintFindings target(file, findings);
+    for (const LintCheck check : LintChecks())
+        check(outline, target);
+}
+
+} // namespace
+
+const char* LintSeverityText(LintSeverity severity) {
+    return severity == Error ? "error" : severity == Warning ? "warning" : "note";
+}
+
+std::vector<LintFinding> LintObject(const std::string& file, std::string_view text) {
+    std::vector<LintFinding> findings;
+    RunChecks(ReadLintOutline(text), file, findings);
+    SortByLine(findings);
+    return findings;
+}
+
+std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
+    const path acf = info.acfPath;
+    const path expected = acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
+    const path object = Utils::FindIgnoringCase(expected);
+    if (object.empty())
+        throw std::runtime_error("there is no cockpit object " + expected.string());
+    const LintOutline outline = ReadLintOutline(Utils::ReadFile(object));
+    std::vector<LintFinding> findings;
+    RunChecks(outline, object.string(), findings);
+    LintFindings target(object.string(), findings);
+    if (object != expected)
+        target.Add(Warning, "object-case", 0, "the cockpit object differs in case from " + expected.string(),
+                   "rename it: Linux tells them apart");
+    CheckTextureFiles(outline, acf.parent_path(), target);
+    CheckBuiltCockpit(info, findings, target);
+    SortByLine(findings);
+    return findings;
+}
+
+} // namespace Annotator

@@ -1,0 +1,78 @@
+#include "Annotator/AircraftRoad.h"
+#include "Annotator/Explanation.h"
+#include "Batch/AircraftSelection.h"
+#include "Batch/Commands.h"
+#include "Batch/Jobs.h"
+#include "Utils/Text.h"
+
+#include <CLI/CLI.hpp>
+#include <boost/filesystem/operations.hpp>
+#include <charconv>
+#include <iostream>
+#include <memory>
+
+namespace Batch {
+
+namespace {
+
+using CockpitModel::NodePart;
+using CockpitModel::SceneGraph;
+
+struct ExplainOptions {
+    std::string aircraft, part;
+    Annotator::RoadOptions road;
+};
+
+struct PartPlace {
+    std::size_t node = 0, part = 0;
+};
+
+bool ReadIndex(std::string_view text, std::size_t& index) {
+    const char* const end = text.data() + text.size();
+    const auto [next, error] = std::from_chars(text.data(), end, index);
+    return error == std::errc() && next == end;
+}
+
+PartPlace ReadPlace(const std::string& text) {
+    PartPlace place;
+    const std::size_t comma = text.find(',');
+    if (comma == std::string::npos || !ReadIndex(std::string_view(text).substr(0, comma), place.node) ||
+        !ReadIndex(std::string_view(text).substr(comma + 1), place.part))
+        throw CommandError(kWrongUsage, "'" + text + "' names no part; it takes NODE,PART, such as 12,0");
+    return place;
+}
+
+/// Empty for a part that is not there.
+std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, const Annotator::RoadOptions& road) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, road);
+    const auto& nodes = built.sceneGraph->Nodes();
+    if (place.node >= nodes.size() || place.part >= nodes[place.node]->parts.size())
+        return {};
+    return Utils::Readable(Annotator::ExplanationText(*built.sceneGraph, *nodes[place.node]->parts[place.part]));
+}
+
+ExitCode Explain(const ExplainOptions& options, Session& session) {
+    const PartPlace place = ReadPlace(options.part);
+    const Sim::AircraftList list = LoadInstallation(session.console);
+    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    const std::string text = RunJob(NameOf(info), [&] { return ExplainOne(info, place, options.road); });
+    if (text.empty())
+        throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
+                                            "; 'inspect' lists all parts, 'manips' those that can be clicked");
+    std::cout << Utils::Readable(NameOf(info)) << ", " << text;
+    return kDone;
+}
+
+} // namespace
+
+Action PrepareExplain(CLI::App& app) {
+    auto options = std::make_shared<ExplainOptions>();
+    app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
+    app.add_option("PART", options->part, "The part, as NODE,PART: 12,0")->type_name("")->required();
+    app.add_flag("--untextured", options->road.untextured, "As for 'detect'");
+    return [options](Session& session) { return Explain(*options, session); };
+}
+
+} // namespace Batch

@@ -1,0 +1,195 @@
+#include "Annotator/AircraftRoad.h"
+#include "Batch/AircraftSelection.h"
+#include "Batch/Commands.h"
+#include "Batch/Jobs.h"
+#include "Batch/Json.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <boost/filesystem/operations.hpp>
+#include <iostream>
+#include <memory>
+
+namespace Batch {
+
+namespace {
+
+using CockpitModel::MouseRect;
+using CockpitModel::NodePart;
+
+struct ManipsOptions {
+    bool csv = false, json = false;
+    Annotator::RoadOptions road;
+    std::size_t jobs = DefaultProcesses();
+    std::vector<std::string> aircraft;
+};
+
+constexpr std::array kColumns{"node", "part", "line",     "manipulator", "from",
+                              "to",   "type", "override", "expected",    "dataref"};
+
+/// The values of a line, by column. A dataref comes last, as it is the only one of any length.
+using Row = std::array<Json, kColumns.size()>;
+
+struct Manipulator {
+    const char* kind = "other";
+    Json from, to, dataref;
+};
+
+Manipulator ManipulatorOf(const MouseRect& rect) {
+    if (const auto* toggle = dynamic_cast<const CockpitModel::CallbackXPToggle*>(rect.EventCallback.get()))
+        return {"toggle", toggle->ValA, toggle->ValB, JsonText(toggle->Var)};
+    if (const auto* drag = dynamic_cast<const CockpitModel::CallbackXPVariable*>(rect.VariableCallback.get()))
+        return {"drag", drag->Min, drag->Max, JsonText(drag->Var)};
+    return {};
+}
+
+Json TypeOrNull(const std::optional<CockpitModel::TouchInteractionType>& type) {
+    return type ? Json(TouchInteractionTypeToText(*type)) : Json();
+}
+
+Row RowOf(const NodePart& part, const CockpitModel::AnnotationStore& store) {
+    const Manipulator manipulator = ManipulatorOf(*part.Rect());
+    const CockpitModel::AnnotationRecord record = store.Get(part).value_or(CockpitModel::AnnotationRecord());
+    return {part.node->index,
+            part.id,
+            part.block.ManipulatorLine,
+            manipulator.kind,
+            manipulator.from,
+            manipulator.to,
+            TouchInteractionTypeToText(part.InteractionType),
+            TypeOrNull(record.InteractionType),
+            TypeOrNull(record.InteractionTypeTest),
+            manipulator.dataref};
+}
+
+std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::RoadOptions& road) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, road);
+    CockpitModel::AnnotationStore store(*built.sceneGraph);
+    store.Read(CockpitModel::AnnotationPath(info));
+    std::vector<Row> rows;
+    for (const auto& node : built.sceneGraph->Nodes())
+        for (const NodePart* part : node->clickableParts)
+            rows.push_back(RowOf(*part, store));
+    return rows;
+}
+
+/// A value as it stands in a table: nothing for what is not there.
+std::string Plain(const Json& value) {
+    if (value.is_null())
+        return {};
+    std::string text = value.is_string() ? value.get<std::string>() : value.dump();
+    if (value.is_number_float() && text.ends_with(".0"))
+        text.resize(text.size() - 2);
+    return text;
+}
+
+std::string CsvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos)
+        return text;
+    std::string quoted = "\"";
+    for (const char c : text)
+        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + '"';
+}
+
+std::string CsvLines(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
+    std::string text;
+    for (const Row& row : rows) {
+        text += CsvField(Utils::Readable(info.acfPath));
+        for (const Json& value : row)
+            text += ',' + CsvField(Plain(value));
+        text += '\n';
+    }
+    return text;
+}
+
+std::string JsonLines(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
+    std::string text;
+    for (const Row& row : rows) {
+        Json object{{"acfPath", JsonText(info.acfPath)}};
+        for (std::size_t i = 0; i < row.size(); ++i)
+            object[kColumns[i]] = row[i];
+        text += (text.empty() ? "  " : ",\n  ") + object.dump();
+    }
+    return text;
+}
+
+using TextRow = std::array<std::string, kColumns.size()>;
+
+std::string Aligned(const std::vector<TextRow>& lines) {
+    std::array<std::size_t, kColumns.size()> widths{};
+    for (const TextRow& line : lines)
+        for (std::size_t i = 0; i < line.size(); ++i)
+            widths[i] = std::max(widths[i], line[i].size());
+    std::string text;
+    for (const TextRow& line : lines) {
+        text += ' ';
+        for (std::size_t i = 0; i + 1 < line.size(); ++i)
+            text += ' ' + line[i] + std::string(widths[i] - line[i].size() + 1, ' ');
+        text += ' ' + line.back() + '\n';
+    }
+    return text;
+}
+
+std::string Table(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
+    std::vector<TextRow> lines(rows.size() + 1);
+    for (std::size_t i = 0; i < kColumns.size(); ++i) {
+        lines.front()[i] = kColumns[i];
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            lines[row + 1][i] = rows[row][i].is_null() ? "-" : Plain(rows[row][i]);
+    }
+    return Utils::Readable(NameOf(info)) + ": " + Counted(rows.size(), "part") + " that can be clicked\n" +
+           (rows.empty() ? std::string() : Aligned(lines));
+}
+
+std::string FormOf(const ManipsOptions& options, const Sim::AircraftInfo& info) {
+    const std::vector<Row> rows = RowsOf(info, options.road);
+    return options.csv ? CsvLines(info, rows) : options.json ? JsonLines(info, rows) : Table(info, rows);
+}
+
+std::string CsvHeading() {
+    std::string heading = "acfPath";
+    for (const char* column : kColumns)
+        heading += std::string(",") + column;
+    return heading + '\n';
+}
+
+ExitCode Manips(const ManipsOptions& options, Session& session) {
+    const Sim::AircraftList list = LoadInstallation(session.console);
+    const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
+    bool failed = false;
+    const char* separator = options.json ? "[\n" : "";
+    std::cout << (options.csv ? CsvHeading() : "");
+    RunJobs(
+        aircraft.size(), options.jobs, [&](std::size_t index) { return FormOf(options, *aircraft[index]); },
+        [&](const JobResult& result) {
+            if (result.failure) {
+                session.console.Message(NameOf(*aircraft[result.index]) + ": " + *result.failure);
+                failed = true;
+            } else if (!result.output.empty()) {
+                std::cout << separator << result.output;
+                separator = options.json ? ",\n" : options.csv ? "" : "\n";
+            }
+        });
+    if (options.json)
+        std::cout << (*separator == '[' ? "[]\n" : "\n]\n");
+    return failed ? kAircraftFailed : kDone;
+}
+
+} // namespace
+
+Action PrepareManips(CLI::App& app) {
+    auto options = std::make_shared<ManipsOptions>();
+    CLI::Option* const csv = app.add_flag("--csv", options->csv, "A table for a spreadsheet");
+    app.add_flag("--json", options->json, "A list of objects")->excludes(csv);
+    app.add_flag("--untextured", options->road.untextured, "As for 'detect'");
+    AddJobsOption(app, options->jobs);
+    AddAircraftOption(app, options->aircraft);
+    return [options](Session& session) { return Manips(*options, session); };
+}
+
+} // namespace Batch

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Utils/Asserts.h"
+
+#include <d3d11.h>
+#include <wrl/client.h>
+
+#undef LoadBitmap // a name of Context's
+
+namespace Rendering::D3D11 {
+
+using Microsoft::WRL::ComPtr;
+
+/// A call that failed is a fatal error with its result code. The place is the call's, by HERE.
+inline void Check(HRESULT result, const char* file, std::int32_t line) {
+    if (FAILED(result))
+        Utils::FatalError(file, line, result);
+}
+
+inline ComPtr<ID3D11DeviceContext> ImmediateContext(ID3D11Device* device) {
+    ComPtr<ID3D11DeviceContext> context;
+    device->GetImmediateContext(&context);
+    return context;
+}
+
+} // namespace Rendering::D3D11

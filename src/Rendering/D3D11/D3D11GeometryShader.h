@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Rendering/D3D11/DrawStates.h"
+#include "Rendering/D3D11/Geometry.h"
+#include "Rendering/D3D11/Shader.h"
+#include "Rendering/D3D11/ShaderConstants.h"
+
+#include <memory>
+#include <unordered_map>
+
+namespace Rendering::D3D11 {
+
+/// The programs for geometry with their constants and states.
+class D3D11GeometryShader : public Utils::NonAssignable {
+public:
+    explicit D3D11GeometryShader(ID3D11Device* device);
+
+    /// One draw to the target and viewport of the moment. Too many matrices are a fatal error; an effect without a
+    /// program throws std::out_of_range.
+    void Draw(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
+              const Geometry& geometry, ID3D11ShaderResourceView* bitmapView,
+              std::span<ID3D11ShaderResourceView* const> furtherViews, const GeometryDrawParams& params);
+
+private:
+    const Shader& ProgramFor(const GeometryDrawParams& params) const;
+
+    ID3D11Device* device;
+    Shader plain, blending;
+    std::unordered_map<std::string, std::unique_ptr<Shader>> effects;
+    ComPtr<ID3D11Buffer> constantBuffer, pictureBuffer;
+    DrawStates states;
+    ComPtr<ID3D11SamplerState> sampler;
+    std::unique_ptr<GeometryConstants> constants; ///< of the draw under way; kept for its memory
+};
+
+} // namespace Rendering::D3D11

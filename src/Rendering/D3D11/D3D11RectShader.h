@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Rendering/D3D11/DrawStates.h"
+#include "Rendering/D3D11/Quad.h"
+#include "Rendering/D3D11/Shader.h"
+#include "Rendering/D3D11/ShaderConstants.h"
+
+#include <memory>
+#include <unordered_map>
+
+namespace Rendering::D3D11 {
+
+/// The programs for rectangles with their constants and states.
+class D3D11RectShader : public Utils::NonAssignable {
+public:
+    explicit D3D11RectShader(ID3D11Device* device);
+
+    /// One rectangle from (-1, -1) to (1, 1) to the target and viewport of the moment. An effect without a program
+    /// throws std::out_of_range.
+    void Draw(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
+              ID3D11ShaderResourceView* shaderView, const RectDrawParams& params) const;
+
+private:
+    const Shader& ProgramFor(const RectDrawParams& params) const;
+
+    ID3D11Device* device;
+    Shader plain;
+    std::unordered_map<std::string, std::unique_ptr<Shader>> effects;
+    ComPtr<ID3D11Buffer> constantBuffer, pictureBuffer;
+    DrawStates states;
+    ComPtr<ID3D11SamplerState> sampler;
+    Quad quad;
+};
+
+} // namespace Rendering::D3D11

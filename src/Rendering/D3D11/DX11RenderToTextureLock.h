@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Rendering/D3D11/D3D11GPUBitmap.h"
+
+namespace Rendering::D3D11 {
+
+/// Draws go to a bitmap, which must outlive it, until it is restored.
+class DX11RenderToTextureLock : public RenderToTextureLock {
+public:
+    /// With `keepDepth` the depth target of the moment serves on.
+    DX11RenderToTextureLock(ID3D11Device* device, const D3D11GPUBitmap& bitmap, bool keepDepth);
+    ~DX11RenderToTextureLock() override;
+
+    void Restore() override;
+
+private:
+    ID3D11Device* device;
+    ComPtr<ID3D11RenderTargetView> target; ///< the earlier one, as are the next two
+    ComPtr<ID3D11DepthStencilView> depth;
+    D3D11_VIEWPORT viewport{};
+};
+
+} // namespace Rendering::D3D11

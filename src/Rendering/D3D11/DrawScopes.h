@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Rendering/D3D11/D3D11Call.h"
+#include "Utils/NonAssignable.h"
+
+namespace Rendering::D3D11 {
+
+/// The first viewport; one without a size and the whole depth range when none is set.
+inline D3D11_VIEWPORT FirstViewport(ID3D11DeviceContext* context) {
+    UINT count = 1;
+    D3D11_VIEWPORT viewport{};
+    viewport.MaxDepth = 1.0f;
+    context->RSGetViewports(&count, &viewport);
+    return viewport;
+}
+
+/// Sets the first viewport again at the end of its scope, also when a draw is refused.
+class ViewportScope : public Utils::NonAssignable {
+public:
+    explicit ViewportScope(ID3D11DeviceContext* context) : before(FirstViewport(context)), context(context) {}
+    ~ViewportScope() { context->RSSetViewports(1, &before); }
+
+    /// The left or the right half of it.
+    void SetHalf(int eye) const {
+        D3D11_VIEWPORT half = before;
+        half.Width *= 0.5f;
+        half.TopLeftX += static_cast<float>(eye) * half.Width;
+        context->RSSetViewports(1, &half);
+    }
+
+    const D3D11_VIEWPORT before;
+
+private:
+    ID3D11DeviceContext* context;
+};
+
+/// Sets the render target and the depth target again at the end of its scope.
+class TargetScope : public Utils::NonAssignable {
+public:
+    explicit TargetScope(ID3D11DeviceContext* context) : context(context) {
+        context->OMGetRenderTargets(1, &target, &depth);
+    }
+    ~TargetScope() { context->OMSetRenderTargets(1, target.GetAddressOf(), depth.Get()); }
+
+private:
+    ID3D11DeviceContext* context;
+    ComPtr<ID3D11RenderTargetView> target;
+    ComPtr<ID3D11DepthStencilView> depth;
+};
+
+} // namespace Rendering::D3D11

@@ -1,0 +1,119 @@
+#include "Annotator/Lint.h"
+
+#include "Sim/XPAircraftListLoader.h"
+#include "Support/Installation.h"
+
+#include <gmock/gmock.h>
+
+namespace Annotator {
+namespace {
+
+using Support::ObjText;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// "check@line", for each finding.
+std::vector<std::string> Places(const std::vector<LintFinding>& findings) {
+    std::vector<std::string> places;
+    for (const LintFinding& finding : findings)
+        places.push_back(finding.check + "@" + std::to_string(finding.line));
+    return places;
+}
+
+std::vector<LintFinding> Lint(const ObjText& object) {
+    return LintObject("plane_cockpit.obj", object.Text());
+}
+
+/// Texts start behind the ten lines of heading and pool and a TEXTURE in line 11.
+TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
+    const struct {
+        const char* name;
+        const char* text;
+        std::vector<std::string> places;
+    } rows[] = {
+        {"keywords that nothing is made of are not unknown", "ATTR_LOD 0 10\nANIM_rotate_key 0 1\nLIGHT_NAMED x\n", {}},
+        {"comments", "# TRIX\n#TRIX\n####_alpha\n", {}},
+        {"an unknown keyword, once however often", "TRIX 0 3\nTRIX 0 3\n", {"unknown-keyword@12"}},
+        {"an end too many", "ANIM_begin\nANIM_end\nANIM_end\n", {"unbalanced@14"}},
+        {"two ends too few", "ANIM_begin\nANIM_begin\n", {"unbalanced@12", "unbalanced@13"}},
+        {"a toggle between equal values", "ATTR_manip_toggle hand 2 2.0 sim/x\n", {"equal-values@12"}},
+        {"a drag between equal values", "ATTR_manip_drag_axis hand 1 0 0 3 3 sim/x\n", {"equal-values@12"}},
+        {"a manipulator without a dataref", "ATTR_manip_toggle hand 0 1\n", {"no-dataref@12"}},
+        {"a zero axis", "ANIM_rotate 0 0.0 0 0 90 0 1 sim/x\n", {"zero-axis@12"}},
+        {"a step without a dataref", "ANIM_rotate 0 1 0 0 90 0 1\n", {"no-dataref@12"}},
+        {"a slide without a dataref", "ANIM_trans 0 0 0 0 0 1 0 1 none\n", {"no-dataref@12"}},
+        {"a step that only places", "ANIM_trans 1 2 3 1 2 3 0 0\n", {}},
+        {"indices beyond the file's", "TRIS 1 3\n", {"index-range@12"}},
+        {"all that the file has", "TRIS 0 3\n", {}},
+        {"a negative range", "TRIS -3 3\n", {"index-range@12"}},
+        {"a vertex beyond the file's", "IDX10 0 1 3\nTRIS 0 3\nTRIS 3 3\n", {"index-range@14"}},
+        {"a part that is not drawn", "ATTR_draw_disable\nTRIS 1 3\n", {}},
+        {"no whole triangle", "TRIS 0 2\n", {"part-triangle@12"}},
+        {"a path with a blank", "TEXTURE my panel.png\n", {"texture-blank@12"}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Places(Lint(ObjText().Texture().Line(row.text))), row.places) << row.name;
+}
+
+TEST(LintTest, FindsManipulatorsInForceWhereNobodyMeantThem) {
+    const auto left = Lint(ObjText().Texture().Begin().Toggle("sim/x").Tris().Begin().Tris().End().End().Tris().Tris());
+    EXPECT_THAT(Places(left), ElementsAre("left-in-force@19"));
+    EXPECT_THAT(left.at(0).wrong, HasSubstr("ATTR_manip_toggle of line 13 is still in force over 2 parts"));
+    EXPECT_THAT(Places(Lint(ObjText().Texture().Begin().Toggle("x").Tris().NoManip().End().Tris())), ElementsAre());
+
+    const ObjText unread = ObjText().Texture().Toggle("x").Tris().Line("ATTR_manip_push hand 1 0 y").Tris().Tris();
+    EXPECT_THAT(Places(Lint(unread)), ElementsAre("unread-manipulator@14"));
+    EXPECT_THAT(Lint(unread).at(0).wrong, HasSubstr("2 parts from line 15 on"));
+    const ObjText command = ObjText().Texture().Toggle("x").Tris().Line("ATTR_manip_command hand y").Tris();
+    EXPECT_THAT(Places(Lint(command)), ElementsAre()) << "a command ends the toggle, though nothing is made of it";
+}
+
+TEST(LintTest, FindsDragsWithoutAnAnimation) {
+    EXPECT_THAT(Places(Lint(ObjText().Texture().Drag("x").Tris())), ElementsAre("drag-without-animation@13"));
+    const std::string slide = "ANIM_trans 0 0 0 0 0 1 0 1 sim/x";
+    EXPECT_THAT(Places(Lint(ObjText().Texture().Begin().Line(slide).Drag("x").Tris().End())), ElementsAre());
+    const auto keyframes = Lint(ObjText().Texture().Begin().Line("ANIM_trans_begin x").Drag("x").Tris().End());
+    EXPECT_THAT(Places(keyframes), ElementsAre("drag-without-animation@15"));
+    EXPECT_THAT(keyframes.at(0).wrong, HasSubstr("keyframes"));
+}
+
+TEST(LintTest, FindsGeometryWithoutTexture) {
+    const auto findings = Lint(ObjText().Tris().Line("ATTR_cockpit").Tris().Line("ATTR_no_cockpit").Tris());
+    EXPECT_THAT(Places(findings), ElementsAre("no-texture@11"));
+    EXPECT_EQ(findings.at(0).severity, LintSeverity::Error);
+    EXPECT_THAT(findings.at(0).wrong, HasSubstr("2 parts")) << "the panel's texture serves the one in line 13";
+}
+
+TEST(LintTest, ReadsAnyBytes) {
+    for (const std::string text : {"", "\n\n", "TRIS", "TEXTURE", "ANIM_end\nANIM_trans\nIDX10\nTRIS 0 9999999999999",
+                                   "ATTR_manip_toggle\nTRIS 9223372036854775807 9223372036854775807\n", "\xFF\0\r"})
+        LintObject("x", text);
+    EXPECT_THAT(Places(LintObject("x", "TEXTURE a\nTRIS 9223372036854775807 9223372036854775807")),
+                ElementsAre("index-range@2"));
+}
+
+TEST(LintTest, LooksAtTheFilesAroundACockpit) {
+    const Support::Installation installation;
+    const Support::WorkingDirectory inside(installation.path.string());
+    installation.Aircraft("Aircraft/Props/Cub", "Cub");
+    const std::string yoke = "ANIM_rotate 0 0 1 0 30 0 1 sim/cockpit2/controls/yoke_roll_ratio\n"
+                             "ANIM_trans 0 0 0 0 0 0.5 0 1 sim/cockpit2/controls/yoke_pitch_ratio";
+    installation.Write(
+        "Aircraft/Props/Cub/Plane_Cockpit.obj",
+        ObjText().Texture("A.png").Texture("b.png").Texture("c.png").Begin().Line(yoke).Tris().Tris().End().Text());
+    installation.Write("Aircraft/Props/Cub/a.png", "");
+    installation.Write("Aircraft/Props/Cub/b.dds", "");
+    Sim::AircraftList list = Sim::XPAircraftListLoader().LoadAircraftList();
+    ASSERT_EQ(list.size(), 1u);
+    const auto findings = LintAircraft(*list.front());
+    EXPECT_THAT(Places(findings), ElementsAre("object-case@0", "several-yokes@0", "texture-case@11",
+                                              "texture-missing@12", "texture-missing@13"));
+    EXPECT_EQ(findings.at(3).severity, LintSeverity::Note) << "X-Plane takes the .dds";
+    EXPECT_THAT(findings.at(1).wrong, testing::ContainsRegex("part 2,0 scores [-0-9.]+ \\(chosen\\), part 2,1 scores"));
+
+    boost::filesystem::remove(installation.path / "Aircraft/Props/Cub/Plane_Cockpit.obj");
+    EXPECT_THROW(LintAircraft(*list.front()), std::runtime_error);
+}
+
+} // namespace
+} // namespace Annotator

@@ -1,0 +1,80 @@
+#include "Batch/BatchProgram.h"
+
+#include <gmock/gmock.h>
+
+namespace Batch {
+namespace {
+
+using Support::Expectation;
+using Support::Installation;
+using Support::ProgramResult;
+using testing::HasSubstr;
+
+const std::vector<std::string> kReports{"junit", "json", "csv", "html"};
+
+/// Everything that a run says and writes.
+std::string Everything(const Installation& installation, std::vector<std::string> words, const std::string& name) {
+    for (const std::string& report : kReports) {
+        words.push_back("--" + report);
+        words.push_back(name + "." + report);
+    }
+    const ProgramResult result = RunBatch(installation, words);
+    std::string all = std::to_string(result.exitCode) + "\n" + result.output + result.errors;
+    for (const std::string& report : kReports)
+        all += installation.Read(name + "." + report);
+    return all;
+}
+
+TEST(MergeCommand, MakesTheReportOfASingleRun) {
+    const Installation installation;
+    for (const char* name : {"Pass", "Fail", "Broken", "Plain", "Unplaced"})
+        installation.Aircraft(std::string("Aircraft/Props/") + name, name,
+                              name == std::string("Broken") ? NoMaterial() : ThreeParts());
+    installation.Annotations("Pass", Expectation(0, 1, "Tap"));
+    installation.Annotations("Fail", Expectation(0, 1, "Tap") + Expectation(1, 0, "Twist"));
+    installation.Annotations("Broken", Expectation(0, 0, "Tap"));
+    installation.Annotations("Unplaced", Expectation(8, 0, "YokePart"));
+
+    std::vector<std::string> merge{"merge"};
+    std::istringstream list(RunBatch(installation, {"list"}).output);
+    for (std::string line; std::getline(list, line);) {
+        const std::string part = "parts/" + std::to_string(merge.size()) + ".json";
+        boost::filesystem::create_directories(installation / "parts");
+        RunBatch(installation, {"test", "--json", part, line.substr(0, line.find('\t'))});
+        merge.push_back(part);
+    }
+    ASSERT_EQ(merge.size(), 6u);
+    const std::string single = Everything(installation, {"test"}, "single");
+    EXPECT_THAT(single, testing::StartsWith("3\n"));
+    EXPECT_EQ(Everything(installation, merge, "merged"), single);
+    EXPECT_EQ(Everything(installation, {"merge", "parts"}, "folder"), single);
+}
+
+TEST(MergeCommand, WritesNothingWhenAPartIsNotAsItHasToBe) {
+    const Installation installation;
+    installation.Write("good.json", R"({"aircraft":[]})");
+    installation.Write("list.json", "[1]");
+    installation.Write("type.json", R"({"aircraft":[{"displayName":"a","acfPath":"b","hasCockpitObject":true,
+        "clickable":1,"covered":1,"unplaced":[],"problems":[],"parts":[{"nodeId":0,"partId":0,"mouseRect":"",
+        "expected":"Slide","detected":"Tap","passed":true}]}]})");
+    boost::filesystem::create_directories(installation / "none");
+    const struct {
+        const char* part;
+        const char* errors;
+    } rows[] = {{"list.json", "list.json: not a JSON report of 'test'"},
+                {"type.json", "type.json: names an interaction type that there is not"},
+                {"missing.json", "missing.json: there is no such file"},
+                {"none", "no JSON report (*.json) is in this folder"}};
+    for (const auto& row : rows) {
+        const ProgramResult result = RunBatch(installation, {"merge", "--csv", "out.csv", "good.json", row.part});
+        EXPECT_EQ(result.exitCode, 3) << row.part;
+        EXPECT_THAT(result.errors, HasSubstr(row.errors));
+        EXPECT_EQ(installation.Read("out.csv"), "") << row.part;
+    }
+    EXPECT_EQ(RunBatch(installation, {"merge", "good.json"}).exitCode, 0);
+    EXPECT_EQ(RunBatch(installation, {"merge", "--require-tests", "good.json"}).exitCode, 1);
+    EXPECT_EQ(RunBatch(installation, {"merge"}).exitCode, 2);
+}
+
+} // namespace
+} // namespace Batch

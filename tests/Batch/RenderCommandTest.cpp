@@ -1,0 +1,137 @@
+#include "Batch/BatchProgram.h"
+#include "Batch/Command.h"
+#include "Rendering/OpenGL/EglContext.h"
+#include "Utils/Images.h"
+#include "Utils/Paths.h"
+
+#include <cairo.h>
+#include <gmock/gmock.h>
+#include <memory>
+#include <stdexcept>
+
+namespace Batch {
+namespace {
+
+using Support::ObjText;
+using Support::ProgramResult;
+using testing::HasSubstr;
+
+using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+
+struct Colour {
+    int red = -1, green = -1, blue = -1;
+    bool operator==(const Colour&) const = default;
+};
+
+constexpr Colour kGround{128, 128, 128};
+
+/// A cockpit of one red triangle, (0,0,0) (1,0,0) (0,1,0), which "sim/slide" moves 5 m to the right, on the only part
+/// of node 1.
+struct RenderCommand : testing::Test {
+    RenderCommand() {
+        const std::string sphere = "QVRA/Models/Sphere.obj";
+        installation.Write(sphere, Utils::ReadFile(std::string(VORELLE_SOURCE_DIR "/data/") + sphere));
+        installation.Aircraft("Aircraft/Props/Cub", "Cub", "P acf/_pe_xyz/0 -9\nP acf/_pe_xyz/2 10\n");
+        installation.Write(
+            "Aircraft/Props/Cub/plane_cockpit.obj",
+            ObjText().Texture("red.png").Begin().Line("ANIM_trans 0 0 0 5 0 0 0 1 sim/slide").Tris().End().Text());
+        Rendering::MemBitmap red(1, 1);
+        red.SetPixel(0, 0, 255, 0, 0, 255);
+        installation.Write("Aircraft/Props/Cub/red.png", Utils::ToPng(red));
+    }
+
+    void SetUp() override {
+        try {
+            const Rendering::OpenGL::EglContext device;
+        } catch (const std::runtime_error& error) {
+            GTEST_SKIP() << error.what();
+        }
+    }
+
+    ProgramResult Render(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"render", "--out", "picture.png"});
+        return RunBatch(installation, arguments);
+    }
+
+    /// The colour in the middle of a picture that a viewer 2 m in front of the triangle's corner sees.
+    Colour Middle(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"--size", "64x32", "--eye", "0.1,0.1,2"});
+        arguments.push_back("Cub"); // behind the options, which must not take it for theirs
+        const ProgramResult result = Render(arguments);
+        EXPECT_EQ(result.exitCode, 0) << result.errors;
+        const Surface picture(cairo_image_surface_create_from_png((installation / "picture.png").c_str()),
+                              cairo_surface_destroy);
+        EXPECT_EQ(cairo_image_surface_get_width(picture.get()), 64);
+        EXPECT_EQ(cairo_image_surface_get_height(picture.get()), 32);
+        if (testing::Test::HasFailure())
+            return {};
+        const unsigned char* pixel =
+            cairo_image_surface_get_data(picture.get()) + 16 * cairo_image_surface_get_stride(picture.get()) + 32 * 4;
+        return {pixel[2], pixel[1], pixel[0]};
+    }
+
+    const Support::Installation installation;
+};
+
+TEST_F(RenderCommand, DrawsWhatTheCameraSees) {
+    const Colour red = Middle({});
+    EXPECT_GT(red.red, 60);
+    EXPECT_EQ(red.green, 0);
+    EXPECT_EQ(red.blue, 0);
+    EXPECT_EQ(Middle({"--look", "180,0"}), kGround);
+    EXPECT_EQ(Middle({"--look=0,-60"}), kGround);
+    EXPECT_EQ(Middle({"--position", "sim/slide=1"}), kGround);
+    EXPECT_EQ(Middle({"--position", "sim/slide=1", "--position", "sim/slide=0"}), red) << "the later one counts";
+    EXPECT_EQ(Middle({"--hide-transparent"}), red);
+    // The selection's blue light on a red texture.
+    EXPECT_EQ(Middle({"--select", "1,0"}), (Colour{0, 0, 0}));
+}
+
+TEST_F(RenderCommand, StandsAtThePilotsEyeWithoutAnother) {
+    // Ahead of the eye, at x = -9 feet, is nothing; 45 degrees to its right lies the triangle.
+    const ProgramResult ahead = Render({"Cub"});
+    EXPECT_EQ(ahead.exitCode, 0) << ahead.errors;
+    const std::string empty = installation.Read("picture.png");
+    EXPECT_EQ(Render({"Cub", "--look", "45,0"}).exitCode, 0);
+    EXPECT_NE(installation.Read("picture.png"), empty);
+    EXPECT_EQ(Render({"Cub"}).exitCode, 0);
+    EXPECT_EQ(installation.Read("picture.png"), empty) << "the same request gives the same bytes";
+}
+
+TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
+    installation.Aircraft("Aircraft/Props/Shell", "Shell");
+    installation.Aircraft("Aircraft/Props/Bad", "Bad", NoMaterial());
+    const struct {
+        std::vector<std::string> arguments;
+        int exitCode;
+        const char* message;
+    } rows[] = {
+        {{"Cub", "--size", "0x4"}, kWrongUsage, "'0x4' is not from 1x1 to 8192x8192"},
+        {{"Cub", "--size", "4"}, kWrongUsage, "'4' is not of the form WxH"},
+        {{"Cub", "--eye", "1,2"}, kWrongUsage, "'1,2' is not of the form X,Y,Z"},
+        {{"Cub", "--eye=1,2,inf"}, kWrongUsage, "'1,2,inf' is not of the form X,Y,Z"},
+        {{"Cub", "--look", "1,2,3"}, kWrongUsage, "'1,2,3' is not of the form YAW,PITCH"},
+        {{"Cub", "--select", "1"}, kWrongUsage, "'1' is not of the form NODE,PART"},
+        {{"Cub", "--select", "1,7"}, kWrongUsage, "node 1 has no part 7"},
+        {{"Cub", "--position", "sim/slide"}, kWrongUsage, "'sim/slide' is not of the form DATAREF=VALUE"},
+        {{"Cub", "--position", "sim/slide=1.5"}, kWrongUsage, "'sim/slide=1.5' is not from 0 to 1"},
+        {{"Cub", "--position", "sim/other=1"}, kWrongUsage, "no animation of the cockpit follows sim/other"},
+        {{"Shell"}, kAircraftFailed, "there is no cockpit object beside the .acf file"},
+        {{"Bad"}, kAircraftFailed, "TRIS before any TEXTURE line"},
+    };
+    for (const auto& row : rows) {
+        const ProgramResult result = Render(row.arguments);
+        EXPECT_EQ(result.exitCode, row.exitCode) << row.message;
+        EXPECT_THAT(result.errors, HasSubstr(row.message));
+        EXPECT_FALSE(boost::filesystem::exists(installation / "picture.png")) << row.message;
+    }
+    boost::filesystem::create_directory(installation / "picture.png");
+    EXPECT_EQ(Render({"Cub"}).exitCode, kNotWritten);
+    boost::filesystem::remove_all(installation / "QVRA");
+    const ProgramResult bare = Render({"Cub"});
+    EXPECT_EQ(bare.exitCode, kWrongUsage);
+    EXPECT_THAT(bare.errors, HasSubstr("there is no QVRA/Models/Sphere.obj in the installation"));
+}
+
+} // namespace
+} // namespace Batch

@@ -1,0 +1,145 @@
+#include "Rendering/D3D11/D3D11Device.h"
+#include "Rendering/D3D11/TextureRenderLock.h"
+#include "Support/DdsBuilder.h"
+#include "Support/FatalErrorRecorder.h"
+#include "Support/Picture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Rendering::D3D11::ComPtr;
+using Rendering::D3D11::D3D11GPUBitmap;
+
+class D3D11ContextTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() { device = std::make_unique<Conformance::D3D11Device>(); }
+    static void TearDownTestSuite() { device.reset(); }
+
+    static D3D11_TEXTURE2D_DESC Description(DXGI_FORMAT format, UINT samples = 1) {
+        D3D11_TEXTURE2D_DESC description{};
+        description.Width = 3;
+        description.Height = 2;
+        description.MipLevels = description.ArraySize = 1;
+        description.SampleDesc.Count = samples;
+        description.Format = format;
+        description.BindFlags = D3D11_BIND_SHADER_RESOURCE | D3D11_BIND_RENDER_TARGET;
+        return description;
+    }
+    static ComPtr<ID3D11Texture2D> Texture(const D3D11_TEXTURE2D_DESC& description) {
+        ComPtr<ID3D11Texture2D> texture;
+        EXPECT_HRESULT_SUCCEEDED(device->Device()->CreateTexture2D(&description, nullptr, &texture));
+        return texture;
+    }
+
+    static inline std::unique_ptr<Conformance::D3D11Device> device;
+};
+
+TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
+    const struct {
+        DXGI_FORMAT texture, views;
+    } rows[] = {
+        {DXGI_FORMAT_R8G8B8A8_TYPELESS, DXGI_FORMAT_R8G8B8A8_UNORM},
+        {DXGI_FORMAT_R16G16B16A16_TYPELESS, DXGI_FORMAT_R16G16B16A16_UNORM},
+        {DXGI_FORMAT_R8G8B8A8_UNORM, DXGI_FORMAT_R8G8B8A8_UNORM},
+    };
+    for (const auto& row : rows) {
+        const D3D11GPUBitmap bitmap(device->Device(), Texture(Description(row.texture)).Get(), false);
+        D3D11_SHADER_RESOURCE_VIEW_DESC shaderView;
+        bitmap.ShaderView()->GetDesc(&shaderView);
+        D3D11_RENDER_TARGET_VIEW_DESC targetView;
+        bitmap.TargetView()->GetDesc(&targetView);
+        EXPECT_EQ(shaderView.Format, row.views) << row.texture;
+        EXPECT_EQ(targetView.Format, row.views) << row.texture;
+        EXPECT_EQ(targetView.ViewDimension, D3D11_RTV_DIMENSION_TEXTURE2D);
+        EXPECT_EQ(bitmap.Size(), (Rendering::Size{3, 2}));
+    }
+    const auto sampled = Texture(Description(DXGI_FORMAT_R8G8B8A8_TYPELESS, 4));
+    const D3D11GPUBitmap bitmap(device->Device(), sampled.Get(), false);
+    EXPECT_TRUE(bitmap.IsMultisampled());
+    D3D11_RENDER_TARGET_VIEW_DESC targetView;
+    bitmap.TargetView()->GetDesc(&targetView);
+    EXPECT_EQ(targetView.ViewDimension, D3D11_RTV_DIMENSION_TEXTURE2DMS);
+    EXPECT_EQ(
+        D3D11GPUBitmap(device->Device(), Texture(Description(DXGI_FORMAT_R8G8B8A8_UNORM)).Get(), true).TargetView(),
+        nullptr);
+}
+
+TEST_F(D3D11ContextTest, AWrappedTextureIsOneMoreReference) {
+    auto texture = Texture(Description(DXGI_FORMAT_R8G8B8A8_UNORM));
+    const auto bitmap = device->Context().WrapTexture(texture.Get());
+    texture.Reset();
+    EXPECT_TRUE(device->Context().IsBitmapValid(bitmap.get()));
+    device->Context().ClearBitmap(bitmap.get(), {1, 0, 0, 1});
+    EXPECT_EQ(Support::Picture(device->Read(*bitmap)), "RRR\nRRR\n");
+}
+
+TEST_F(D3D11ContextTest, ATextureWithoutAMutexNeedsNoLock) {
+    const auto texture = Texture(Description(DXGI_FORMAT_R8G8B8A8_UNORM));
+    Support::FatalErrorRecorder dialog;
+    EXPECT_NO_THROW(Rendering::D3D11::TextureRenderLock lock(texture.Get()));
+    EXPECT_TRUE(dialog.texts.empty());
+}
+
+TEST_F(D3D11ContextTest, ASharedBitmapIsThereOrNull) {
+    Support::FatalErrorRecorder dialog;
+    EXPECT_EQ(device->Context().CreateSharedBitmap({1u << 20, 1}), nullptr) << "wider than a texture may be";
+    if (const auto shared = device->Context().CreateSharedBitmap({4, 4})) {
+        EXPECT_NE(shared->SharedHandle(), nullptr);
+        EXPECT_TRUE(device->Context().IsBitmapValid(shared->Bitmap().get()));
+    }
+    EXPECT_TRUE(dialog.texts.empty()) << dialog.texts.front();
+}
+
+TEST_F(D3D11ContextTest, DdsInTheMiddleOfANameTakesTheDdsRoad) {
+    const Support::TemporaryFolder folder;
+    const auto picture = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({0, 0, 255, 0});
+    for (const char* name : {"a.DDS", "a.Dds.png"})
+        EXPECT_EQ(Support::Picture(device->Read(*device->Context().LoadBitmap(folder.Write(name, picture.bytes)))),
+                  "B\n")
+            << name;
+}
+
+TEST_F(D3D11ContextTest, ADepthTextureHasTheViewsOfItsFlags) {
+    D3D11_TEXTURE2D_DESC description = Description(DXGI_FORMAT_D32_FLOAT);
+    description.Width = description.Height = 0;
+    description.BindFlags = D3D11_BIND_DEPTH_STENCIL;
+    const Rendering::D3D11::DX11Texture depth(device->Device(), description);
+    EXPECT_EQ(depth.Width(), 1u);
+    EXPECT_EQ(depth.Height(), 1u);
+    EXPECT_NE(depth.DepthView(), nullptr);
+    EXPECT_EQ(depth.ShaderView(), nullptr);
+    EXPECT_EQ(depth.TargetView(), nullptr);
+    EXPECT_EQ(depth.SharedHandle(), nullptr);
+}
+
+TEST_F(D3D11ContextTest, AFailedCallIsFatalWithItsCode) {
+    Support::FatalErrorRecorder dialog;
+    EXPECT_THROW(device->Context().CreateGeometry({}), std::exception);
+    EXPECT_THROW(device->Context().CreateRenderTarget({1u << 20, 1}, 1, 0), std::exception);
+    ASSERT_EQ(dialog.texts.size(), 2u);
+    const std::string invalidArgument = std::to_string(E_INVALIDARG);
+    EXPECT_TRUE(dialog.texts[0].starts_with("Vorelle Fatal Error Encountered (" + invalidArgument + ", "));
+    EXPECT_NE(dialog.texts[1].find("Rendering\\D3D11\\D3D11Context.cpp: Line "), std::string::npos);
+}
+
+TEST_F(D3D11ContextTest, AFileThatDoesNotCompileIsShownBeforeTheFatalError) {
+    constexpr const char* kGood = "float4 VS(float3 at : POSITION) : SV_Position { return float4(at, 1.0); }\n"
+                                  "float4 PS() : SV_Target { return float4(1.0, 1.0, 1.0, 1.0); }\n";
+    constexpr const char* kBad = "float4 PS() : SV_Target { return nonsense; }\n";
+    const Support::TemporaryFolder folder;
+    const std::string good = folder.Write("good.fx", kGood), bad = folder.Write("bad.fx", kBad);
+    const auto compile = [&](const std::string& pixelFile) {
+        Rendering::D3D11::Shader(device->Device(), Rendering::D3D11::kQuadLayout, good, pixelFile);
+    };
+    Support::FatalErrorRecorder dialog;
+    EXPECT_NO_THROW(compile(good));
+    EXPECT_TRUE(dialog.texts.empty());
+    EXPECT_THROW(compile(bad), std::exception);
+    ASSERT_EQ(dialog.captions, (std::vector<std::string>{"Vorelle FSX: Shader compilation error", "Vorelle FSX"}));
+    EXPECT_NE(dialog.texts[0].find("nonsense"), std::string::npos) << dialog.texts[0];
+    EXPECT_THROW(compile(folder / "missing.fx"), std::exception);
+    EXPECT_EQ(dialog.captions.size(), 3u) << "no compiler's words about a file that is not there";
+}
+
+} // namespace

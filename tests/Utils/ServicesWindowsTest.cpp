@@ -1,0 +1,69 @@
+#include "Support/TemporaryFolder.h"
+#include "Utils/Paths.h"
+#include "Utils/Platform.h"
+#include "Utils/SaveFile.h"
+#include "Utils/WideText.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <windows.h>
+
+namespace Utils {
+namespace {
+
+TEST(WindowsServices, TextsAreUtf8InsideAndWideOutside) {
+    const std::string text = "\xC3\x9C\xE6\x97\xA5\xF0\x9F\x9B\xA9"; // two, three and four bytes
+    const std::wstring wide = L"\x00DC\x65E5\xD83D\xDEE9";
+    EXPECT_EQ(ToWideText(text), wide);
+    EXPECT_EQ(FromWideText(wide), text);
+    EXPECT_EQ(ToWideText("a\xFFz"), L"a\xFFFDz");
+    EXPECT_EQ(boost::filesystem::path(text).native(), wide);
+    EXPECT_EQ(boost::filesystem::path(wide).string(), text);
+}
+
+TEST(WindowsServices, FilesMayHaveAnyName) {
+    const Support::TemporaryFolder folder;
+    const std::string path = folder / "\xE6\x97\xA5\xE6\x9C\xAC.xml";
+    EXPECT_TRUE(SaveFile(path, "bytes\r\n\x1A"));
+    EXPECT_EQ(ReadFile(path), "bytes\r\n\x1A");
+    std::ifstream stream(StreamPath(path), std::ios::binary);
+    EXPECT_EQ(ReadAll(stream), "bytes\r\n\x1A");
+    EXPECT_NE(GetFileAttributesW((folder.path / L"\x65E5\x672C.xml").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(WindowsServices, ASaveReplacesAllOrNothing) {
+    const Support::TemporaryFolder folder;
+    const std::string path = folder.Write("f", "old");
+    folder.Write("f.saving", "left by a process that was killed");
+    for (const std::string& bytes : {std::string("new"), std::string(3 << 20, 'x'), std::string()}) {
+        EXPECT_TRUE(SaveFile(path, bytes));
+        EXPECT_EQ(ReadFile(path), bytes);
+    }
+    ASSERT_TRUE(SaveFile(path, "kept"));
+    ASSERT_TRUE(SetFileAttributesW(boost::filesystem::path(path).c_str(), FILE_ATTRIBUTE_READONLY));
+    for (const std::string& refused : {path, folder.path.string(), folder / "missing/f"}) {
+        const SaveResult result = SaveFile(refused, "new");
+        EXPECT_FALSE(result) << refused;
+        EXPECT_TRUE(result.error.starts_with("Cannot save " + refused + ": ")) << result.error;
+    }
+    SetFileAttributesW(boost::filesystem::path(path).c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(ReadFile(path), "kept");
+    EXPECT_EQ(std::distance(boost::filesystem::directory_iterator(folder.path), {}), 1) << "nothing is left beside it";
+}
+
+TEST(WindowsServices, TheSystemAnswers) {
+    SetLastError(4711);
+    EXPECT_EQ(Platform::LastError(), 4711u);
+    std::int64_t before = 0, after = 0;
+    ASSERT_TRUE(Platform::ReadCounter(before));
+    Sleep(20);
+    ASSERT_TRUE(Platform::ReadCounter(after));
+    const double seconds = static_cast<double>(after - before) / static_cast<double>(Platform::CounterFrequency());
+    EXPECT_GE(seconds, 0.015);
+    EXPECT_LT(seconds, 20.0);
+    EXPECT_TRUE(UserDataFolder().is_absolute());
+    EXPECT_TRUE(boost::filesystem::is_directory(UserDataFolder()));
+}
+
+} // namespace
+} // namespace Utils
