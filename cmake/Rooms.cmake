@@ -59,6 +59,7 @@ function(vorelle_test name)
     set(runner ${PROJECT_SOURCE_DIR}/tests/${TEST_RUNNER})
   endif()
   add_test(NAME ${name} COMMAND ${runner} ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 600
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0")
+  set(suppressions ${PROJECT_SOURCE_DIR}/cmake)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT
+    "LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0;TSAN_OPTIONS=suppressions=${suppressions}/tsan.supp")
 endfunction()
