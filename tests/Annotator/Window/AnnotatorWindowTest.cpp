@@ -326,11 +326,17 @@ TEST_F(AnnotatorWindowTest, KeepsThreadsAndMemorySteadyOverFiftyLoads) {
         }
     };
     loadTimes(10);
-    const std::size_t threads = ThreadCount(), bytes = mallinfo2().uordblks;
-    loadTimes(50);
+    const std::size_t threads = ThreadCount();
+    // A scene takes more than 10 kB, so fifty that are not let go of take 500 kB each time. The toolkit and the driver
+    // take such an amount now and then, but not four times in a row.
+    std::ptrdiff_t leastGrowth = PTRDIFF_MAX;
+    for (int round = 0; round < 4 && leastGrowth >= 250'000; ++round) {
+        const std::size_t bytes = mallinfo2().uordblks;
+        loadTimes(50);
+        leastGrowth = std::min(leastGrowth, static_cast<std::ptrdiff_t>(mallinfo2().uordblks - bytes));
+    }
     EXPECT_LE(ThreadCount(), threads);
-    // A scene takes more than 10 kB, so fifty of them would take 500 kB.
-    EXPECT_LT(mallinfo2().uordblks, bytes + 250'000);
+    EXPECT_LT(leastGrowth, 250'000);
 }
 
 } // namespace
