@@ -1,6 +1,7 @@
 #include "Batch/AircraftSelection.h"
 
 #include "Annotator/FailureTexts.h"
+#include "Batch/Process.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Utils/Text.h"
 
@@ -49,8 +50,13 @@ AircraftSelection All(const Sim::AircraftList& aircraft) {
 } // namespace
 
 Sim::AircraftList LoadInstallation(Console& console) {
+    Sim::AircraftList aircraft;
+    if (const std::string* acfPath = JobAircraft()) {
+        aircraft.push_back(Sim::XPAircraftListLoader::LoadAircraft(*acfPath));
+        return aircraft;
+    }
     try {
-        Sim::AircraftList aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
+        aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
         if (aircraft.empty())
             console.Message("no aircraft below " + (boost::filesystem::current_path() / "Aircraft").string());
         return aircraft;
@@ -77,7 +83,7 @@ const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const
 
 AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& words) {
     AircraftSelection selection = All(aircraft);
-    if (words.empty())
+    if (words.empty() || JobAircraft())
         return selection;
     std::set<const Sim::AircraftInfo*> wanted;
     for (const std::string& word : words)

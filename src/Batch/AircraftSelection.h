@@ -11,7 +11,7 @@ namespace Batch {
 using AircraftSelection = std::vector<const Sim::AircraftInfo*>;
 
 /// The aircraft of the installation in the working directory; says so where there is none. One that cannot be scanned
-/// ends the command.
+/// ends the command. In a process for one job (JobAircraft), its aircraft alone.
 Sim::AircraftList LoadInstallation(Console& console);
 
 /// The aircraft that each word means, in list order and once each; all of them without a word. A word is an acfPath or

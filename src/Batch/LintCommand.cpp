@@ -47,22 +47,20 @@ ExitCode Lint(const LintOptions& options, Session& session) {
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     Json all = Json::array();
     std::size_t notes = 0, findings = 0, failed = 0;
-    RunJobs(
-        aircraft.size(), options.jobs, [&](std::size_t index) { return LintOne(*aircraft[index]); },
-        [&](const JobResult& result) {
-            if (result.failure) {
-                session.console.Message(NameOf(*aircraft[result.index]) + ": " + *result.failure);
-                ++failed;
-                return;
-            }
-            for (Json& finding : Json::parse(result.output)) {
-                ++(finding["severity"] == LintSeverityText(LintSeverity::Note) ? notes : findings);
-                if (options.json)
-                    all.push_back(std::move(finding));
-                else
-                    PrintFinding(std::cout, finding);
-            }
-        });
+    RunJobs(aircraft, options.jobs, LintOne, [&](const JobResult& result) {
+        if (result.failure) {
+            session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
+            ++failed;
+            return;
+        }
+        for (Json& finding : Json::parse(result.output)) {
+            ++(finding["severity"] == LintSeverityText(LintSeverity::Note) ? notes : findings);
+            if (options.json)
+                all.push_back(std::move(finding));
+            else
+                PrintFinding(std::cout, finding);
+        }
+    });
     if (options.json)
         std::cout << all.dump(1) << '\n';
     std::cout.flush(); // ahead of the message, where both streams go to one terminal

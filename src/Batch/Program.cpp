@@ -5,6 +5,7 @@
 #include "Batch/Commands.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
@@ -95,11 +96,12 @@ std::string Session::CallersPath(const std::string& path) const {
     return boost::filesystem::absolute(path, startFolder).string();
 }
 
-int Run(int argc, char** argv) {
+int Run(std::vector<std::string> words) {
     std::ios::sync_with_stdio(false);
     CommandLine line;
     try {
-        line.app.parse(argc, argv);
+        std::ranges::reverse(words); // as the parser takes them
+        line.app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
         return line.app.exit(error) == 0 ? kDone : kWrongUsage;
     }

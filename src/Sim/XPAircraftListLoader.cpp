@@ -50,16 +50,6 @@ std::string Joined(std::string_view value) {
     return text;
 }
 
-std::unique_ptr<AircraftInfo> MakeInfo(const fs::path& acfPath) {
-    auto info = std::make_unique<XPAircraftInfo>();
-    info->acfPath = acfPath.string();
-    info->displayName = acfPath.filename().string();
-    const std::string acf = Utils::ReadFile(acfPath);
-    if (const std::string_view description = LastAcfProperty(acf, "acf/_descrip"); !description.empty())
-        info->displayName = Joined(description);
-    return info;
-}
-
 } // namespace
 
 AircraftList XPAircraftListLoader::LoadAircraftList() {
@@ -70,8 +60,18 @@ AircraftList XPAircraftListLoader::LoadAircraftList() {
     for (const fs::path& group : Subfolders(root))
         for (const fs::path& aircraft : Subfolders(group))
             if (const std::optional<fs::path> acfPath = FirstAcfFile(aircraft))
-                list.push_back(MakeInfo(*acfPath));
+                list.push_back(LoadAircraft(acfPath->string()));
     return list;
+}
+
+std::unique_ptr<AircraftInfo> XPAircraftListLoader::LoadAircraft(const std::string& acfPath) {
+    auto info = std::make_unique<XPAircraftInfo>();
+    info->acfPath = acfPath;
+    info->displayName = fs::path(acfPath).filename().string();
+    const std::string acf = Utils::ReadFile(acfPath);
+    if (const std::string_view description = LastAcfProperty(acf, "acf/_descrip"); !description.empty())
+        info->displayName = Joined(description);
+    return info;
 }
 
 } // namespace Sim
