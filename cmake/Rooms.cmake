@@ -43,7 +43,7 @@ function(vorelle_program name)
     target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/packaging/windows/${name}.rc)
     string(REPLACE "." "," numbers ${PROJECT_VERSION}.0)
     target_compile_definitions(${name} PRIVATE
-      "$<$<COMPILE_LANGUAGE:RC>:VORELLE_VERSION=\"${PROJECT_VERSION}\";VORELLE_VERSION_NUMBERS=${numbers}>")
+      "$<$<COMPILE_LANGUAGE:RC>:VORELLE_VERSION=${PROJECT_VERSION};VORELLE_VERSION_NUMBERS=${numbers}>")
   endif()
 endfunction()
 
