@@ -36,6 +36,6 @@ if(VORELLE_WINDOW)
     ${wx_libraries}/mswu)
   target_link_directories(vorelle_wx INTERFACE ${wx_libraries} ${prefix}/lib)
   target_compile_definitions(vorelle_wx INTERFACE __WXMSW__ UNICODE _UNICODE wxUSE_GUI=1)
-  target_link_libraries(vorelle_wx INTERFACE wxmsw32u_core wxbase32u png16 z comctl32 uxtheme oleacc version shlwapi
-    winspool comdlg32 ole32 oleaut32 uuid rpcrt4 advapi32 winmm wsock32 gdi32 gdiplus msimg32)
+  target_link_libraries(vorelle_wx INTERFACE wxmsw32u_core wxbase32u png16 z uuid comctl32 uxtheme oleacc version shlwapi
+    winspool comdlg32 ole32 oleaut32 rpcrt4 advapi32 winmm wsock32 gdi32 gdiplus msimg32)
 endif()
