@@ -74,10 +74,16 @@ constexpr std::array kCommands{
             PrepareCompare},
 };
 
-constexpr const char* kFooter =
-    "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other aircraft has.\n"
+constexpr const char* kAircraft =
+    "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other aircraft has.\n";
+constexpr const char* kExitCodes =
     "Exit codes: 0 done, 1 a test failed, compared files differ or lint warns, 2 wrong usage,\n"
     "3 an aircraft could not be loaded or tested or a file not be read, 4 a file could not be written.";
+
+std::string Footer(const Command& command, const CLI::App& app) {
+    const bool takesAircraft = app.get_option_no_throw("AIRCRAFT") != nullptr;
+    return std::string(command.help) + "\n\n" + (takesAircraft ? kAircraft : "") + kExitCodes;
+}
 
 /// The options that all commands share, and the action of the chosen one.
 struct CommandLine {
@@ -90,8 +96,8 @@ struct CommandLine {
 };
 
 CommandLine::CommandLine() {
-    app.footer(kFooter);
-    app.set_help_flag("-h,--help", "Prints this and ends; behind a command, tells of that command");
+    app.footer("'vorelle-batch COMMAND --help' tells of a command.\n\n" + std::string(kAircraft) + kExitCodes);
+    app.set_help_flag("-h,--help", "Prints this and ends");
     app.set_version_flag("--version", "vorelle-batch " VORELLE_VERSION, "Prints the version and ends");
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
@@ -99,8 +105,8 @@ CommandLine::CommandLine() {
     app.fallthrough(); // -C may stand behind the command as well
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
-        subcommand->footer(std::string(command.help) + "\n\n" + kFooter);
         subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
+        subcommand->footer(Footer(command, *subcommand));
     }
 }
 
