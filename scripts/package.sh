@@ -56,7 +56,7 @@ Version: $version
 Architecture: $architecture
 Maintainer: $maintainer
 Installed-Size: $(du -sk --apparent-size "$stage/usr" | cut -f 1)
-Depends: $dependencies, libgl1-mesa-dri
+Depends: $dependencies, libegl1, libgl1, libgl1-mesa-dri
 Recommends: librsvg2-common
 Suggests: bash-completion, parallel, zenity
 Section: graphics
