@@ -113,24 +113,6 @@ TEST(DetectCommand, LetsTheLaterWinThoughTheEarlierEndsLast) {
     EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
 }
 
-TEST(DetectCommand, SurvivesTheKillOfOneAircraftsProcess) {
-    const Rivals rivals;
-    rivals.MakePipe(rivals.first);
-    Support::Program program(BatchWords({"detect", "--out", "out", "--jobs", "1"}), rivals.installation.path.string());
-    const std::ofstream opened(rivals.Cockpit(rivals.first)); // returns when the process reads from it
-    const std::string id = std::to_string(program.Id());
-    std::ifstream children("/proc/" + id + "/task/" + id + "/children");
-    pid_t child = 0;
-    ASSERT_TRUE(children >> child);
-    kill(child, SIGKILL);
-
-    const ProgramResult result = program.Wait();
-    EXPECT_EQ(result.exitCode, 3);
-    EXPECT_THAT(result.errors, HasSubstr(rivals.first + " (Aircraft/" + rivals.first + "/Plane/plane.acf)"));
-    EXPECT_THAT(result.errors, HasSubstr("signal 9 (Killed)"));
-    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
-}
-
 TEST(DetectCommand, TakesItsProcessesAlongWhenASignalEndsIt) {
     for (const int signal : {SIGINT, SIGTERM}) {
         const Rivals rivals;
