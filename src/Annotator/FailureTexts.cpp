@@ -38,6 +38,10 @@ std::string ScanFailureText(const std::exception& error) {
            "\n\nStart the program in the folder of an X-Plane installation.";
 }
 
+std::string DataFilesFailureText(const std::string& folder, const std::string& reason) {
+    return "The program's own files cannot all be put into " + folder + ": " + reason;
+}
+
 std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error) {
     return info.displayName + " cannot be loaded:\n" + info.acfPath + "\n\n" + ReasonText(error);
 }

@@ -16,6 +16,7 @@ bool WasFatalError(const std::exception& error);
 std::string ReasonText(const std::exception& error);
 
 std::string ScanFailureText(const std::exception& error);
+std::string DataFilesFailureText(const std::string& folder, const std::string& reason);
 std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error);
 std::string ExportFailureText(const std::exception& error);
 std::string TestRunFailureText(const std::exception& error);

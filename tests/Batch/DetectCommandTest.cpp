@@ -72,23 +72,19 @@ TEST(DetectCommand, WritesChosenAircraftWhereTheCallerSays) {
     EXPECT_FALSE(boost::filesystem::exists(installation / "QVRA/AirLogs"));
 }
 
-/// Two aircraft that would write Plane.xml, the first of them in list order held, so that it takes as long as the
-/// test wants. Empty where the system lists them in no order that can be told.
+/// Two aircraft that would write Plane.xml. One can be held, so that it takes as long as the test wants.
 struct Rivals {
     Rivals() {
-        for (const char* group : {"A", "B"})
-            installation.Aircraft(std::string("Aircraft/") + group + "/Plane", group, ThreeParts());
-        const std::string list = RunBatch(installation, {"list"}).output;
-        first = list.starts_with("Aircraft/A") ? "A" : "B";
-        second = first == "A" ? "B" : "A";
+        for (const std::string& group : {first, second})
+            installation.Aircraft("Aircraft/" + group + "/Plane", group, ThreeParts());
     }
 
     std::string Cockpit(const std::string& group) const {
         return installation / ("Aircraft/" + group + "/Plane/plane_cockpit.obj");
     }
 
-    Installation installation;
-    std::string first, second;
+    const Installation installation;
+    const std::string first = "A", second = "B";
 };
 
 std::vector<pid_t> ChildrenOf(pid_t process) {
