@@ -115,7 +115,6 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
         part->vertices = std::move(entry.vertices);
         part->panelRect = std::move(entry.rect);
         part->block.mouseRect = &part->panelRect;
-        part->tree = PartTree(part->vertices);
         part->textureIndex = base.textureIndex;
         part->textureName = base.textureName;
         part->panel = base.panel;
@@ -128,6 +127,11 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
 
 bool NodePart::IsTransparent() const {
     return material && !(material->BlendKind == kOpaqueBlendKind && material->Alpha >= kOpaqueAlpha);
+}
+
+const PartTree& NodePart::Tree() const {
+    std::call_once(treeBuilt, [this] { tree = PartTree(vertices); });
+    return tree;
 }
 
 /// Ahead of the building, so that what is too large fails before it has taken its time.
@@ -158,7 +162,6 @@ void SceneGraph::BuildParts(const RiffBlockPART& block) {
     part->node = &node;
     part->vertices = std::move(soup);
     part->block = block;
-    part->tree = PartTree(part->vertices);
     part->material = &FindMaterial(model, block);
     if (part->material->TextureDiffuse >= 0) {
         part->textureIndex = part->material->TextureDiffuse;
