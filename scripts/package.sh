@@ -19,7 +19,7 @@ build_and_stage() {
   quietly cmake -S "$root" --preset release -B "$build" -DVORELLE_TESTS=OFF -DVORELLE_BENCH=OFF \
     -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_EXE_LINKER_FLAGS="$(dpkg-buildflags --get LDFLAGS) -Wl,-z,now" ||
     fail "configuring failed"
-  cmake --build "$build" || fail "the build failed"
+  cmake --build "$build" --target vorelle-annotator vorelle-batch || fail "the build failed"
   rm -rf "$stage"
   # The mode of a folder or file must not depend on the person's own habits.
   (umask 022 && DESTDIR="$stage" quietly cmake --install "$build" --prefix /usr --strip) || fail "staging failed"
@@ -56,7 +56,7 @@ Version: $version
 Architecture: $architecture
 Maintainer: $maintainer
 Installed-Size: $(du -sk --apparent-size "$stage/usr" | cut -f 1)
-Depends: $dependencies, libgl1-mesa-dri
+Depends: $dependencies, libegl1, libgl1, libgl1-mesa-dri
 Recommends: librsvg2-common
 Suggests: bash-completion, parallel, zenity
 Section: graphics

@@ -1,6 +1,7 @@
 #include "Annotator/Lint.h"
 
 #include "Annotator/AircraftRoad.h"
+#include "Annotator/LintAnnotations.h"
 #include "Annotator/LintChecks.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
@@ -100,24 +101,34 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& o
                  "nothing, if the chosen one belongs to the pilot's yoke; the widest sweep farthest left wins");
 }
 
-/// Yokes show only in the built cockpit. What keeps it from being built is among the findings of its text, except for
-/// limits of the model.
-void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline,
-                       const std::vector<LintFinding>& before, LintFindings& findings) {
+void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGraph& sceneGraph,
+                      std::vector<LintFinding>& findings) {
+    const std::string file = "QVRA/Annotations/" + Utils::FolderStem(info.acfPath) + ".xml";
+    LintFindings target(file, findings);
+    if (boost::filesystem::exists(file))
+        LintAnnotations(Utils::ReadFile(file), sceneGraph, target);
+}
+
+/// Yokes and what annotations name show only in the built cockpit. What keeps it from being built is among the findings
+/// of its text, except for limits of the model.
+void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline, std::vector<LintFinding>& all,
+                       LintFindings& findings) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
         const OpenedAircraft opened = OpenAircraft(info, repository);
-        CheckYokes(*BuildAircraft(opened, {.untextured = true}).sceneGraph, outline, findings);
+        const BuiltAircraft built = BuildAircraft(opened, {.untextured = true});
+        CheckYokes(*built.sceneGraph, outline, findings);
+        CheckAnnotations(info, *built.sceneGraph, all);
     } catch (const std::exception& error) {
-        if (std::ranges::find(before, Error, &LintFinding::severity) == before.end())
+        if (std::ranges::find(all, Error, &LintFinding::severity) == all.end())
             findings.Add(Error, "not-loaded", 0, Utils::Describe(error), "mend what it names");
     }
 }
 
-/// The worst first, each kind of severity by line.
+/// The worst first, each kind of severity by file and line; the cockpit object comes ahead of the annotations.
 void Sort(std::vector<LintFinding>& findings) {
     std::ranges::stable_sort(findings, [](const LintFinding& a, const LintFinding& b) {
-        return std::tuple(b.severity, a.line) < std::tuple(a.severity, b.line);
+        return std::tie(b.severity, a.file, a.line) < std::tie(a.severity, b.file, b.line);
     });
 }
 

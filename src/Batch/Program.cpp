@@ -150,8 +150,10 @@ std::string Session::CallersPath(const std::string& path) const {
 
 int Run(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
+#ifdef SIGPIPE
     // A reader that has seen enough ends the program in silence, also below a program that ignores this signal.
     std::signal(SIGPIPE, SIG_DFL);
+#endif
     CommandLine line;
     Session session;
     try {

@@ -92,6 +92,52 @@ TEST(LintTest, ReadsAnyBytes) {
                 ElementsAre("index-range@2"));
 }
 
+TEST(LintTest, FindsWhatAnAnnotationFileSaysInVain) {
+    const Support::Installation installation;
+    const Support::WorkingDirectory inside(installation.path.string());
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", ObjText().Texture().Tris().Tris());
+    installation.Write("Aircraft/Props/Cub/panel.png", "");
+    const auto lint = [&](const std::string& records) {
+        installation.Annotations("Cub", records);
+        auto findings = LintAircraft(*Sim::XPAircraftListLoader().LoadAircraftList().at(0));
+        EXPECT_EQ(findings.back().check, "no-yoke");
+        findings.pop_back();
+        return Places(findings);
+    };
+    const std::string first = "<NodeId>0</NodeId><PartId>0</PartId>";
+    const struct {
+        const char* name;
+        std::string records;
+        std::vector<std::string> places;
+    } rows[] = {
+        {"all that can be said",
+         "<Override>" + first +
+             "<InteractionType>Radio</InteractionType><InteractionTypeTest>"
+             "YokePart</InteractionTypeTest><EventType>LClick/RClick</EventType><Tooltip/><Reverse>1</Reverse><Mine/>"
+             "</Override>",
+         {}},
+        {"an unknown type",
+         "<Override>" + first + "\n<InteractionTypeTest>Slide</InteractionTypeTest></Override>",
+         {"annotation-word@2"}},
+        {"three unknown words",
+         "<Override>" + first +
+             "<InteractionType>tap</InteractionType>\n<EventType/>\n"
+             "<Reverse>true</Reverse></Override>",
+         {"annotation-word@1", "annotation-word@2", "annotation-word@3"}},
+        {"no place", "\n<Override><NodeId>0</NodeId></Override>", {"annotation-place@2"}},
+        {"beyond the parts",
+         Support::Expectation(0, 1, "Tap") + "\n" + Support::Expectation(0, 2, "Tap"),
+         {"annotation-place@2"}},
+        {"beyond the nodes", Support::Expectation(1, 0, "Tap"), {"annotation-place@1"}},
+        {"a part twice",
+         "\n" + Support::Expectation(0, 1, "Tap") + "\n\n" + Support::Expectation(0, 1, "Move"),
+         {"annotation-place@2"}},
+        {"no XML", "\n<Override", {"annotation-xml@2"}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(lint(row.records), row.places) << row.name;
+}
+
 TEST(LintTest, LooksAtTheFilesAroundACockpit) {
     const Support::Installation installation;
     const Support::WorkingDirectory inside(installation.path.string());

@@ -121,24 +121,6 @@ TEST(DetectCommand, LetsTheLaterWinThoughTheEarlierEndsLast) {
     EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
 }
 
-TEST(DetectCommand, SurvivesTheKillOfOneAircraftsProcess) {
-    const Rivals rivals;
-    const Support::HeldFile held(rivals.Cockpit(rivals.first));
-    if (!held.IsHeld())
-        GTEST_SKIP() << "no leases on this file system";
-    Support::Program program(BatchWords({"detect", "--out", "out", "--jobs", "1"}), rivals.installation.path.string());
-    held.AwaitReader();
-    const std::vector<pid_t> children = ChildrenOf(program.Id());
-    ASSERT_EQ(children.size(), 1u);
-    kill(children[0], SIGKILL);
-
-    const ProgramResult result = program.Wait();
-    EXPECT_EQ(result.exitCode, 3);
-    EXPECT_THAT(result.errors, HasSubstr(rivals.first + " (Aircraft/" + rivals.first + "/Plane/plane.acf)"));
-    EXPECT_THAT(result.errors, HasSubstr("signal 9 (Killed)"));
-    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
-}
-
 TEST(DetectCommand, TakesItsProcessesAlongWhenASignalEndsIt) {
     for (const int signal : {SIGINT, SIGTERM}) {
         const Rivals rivals;

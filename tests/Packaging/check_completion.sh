@@ -37,6 +37,7 @@ expect detect -j '' -- ''
 expect detect --out '../pack' -- '../packaging'
 expect compare '../pack' -- '../packaging'
 expect explain 'Lark\ 15.2' 1 -- '14,0|15,0|16,0|17,0'
+# shellcheck disable=SC2016  # a word that must stay one
 expect explain '$(touch broken)`touch broken`' '' -- ''
 [ ! -e broken ] || { echo "FAILED: a word was run" >&2; failed=1; }
 exit $failed
