@@ -88,28 +88,31 @@ std::string YokeChangeText(const NodePart& part) {
     return none + ", a score above " + score + ", YokePrimary";
 }
 
-/// Which of the two animations of a yoke a part without a manipulator hangs under.
-std::string NoYokeText(const NodePart& part) {
+struct RuleTexts {
+    std::string why, change;
+};
+
+/// A part without a manipulator that is no yoke may hang under one of a yoke's two animations.
+RuleTexts NoRectangleTexts(const NodePart& part) {
     bool roll = false, pitch = false;
     for (const Node* node = part.node; node; node = node->parent) {
         roll |= node->animation && CockpitModel::IsYokeRollName(node->animation->name);
         pitch |= node->animation && CockpitModel::IsYokePitchName(node->animation->name);
     }
+    const std::string manipulator =
+        "a manipulator ahead of its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move";
     if (!roll && !pitch)
-        return "no animation of a yoke at or above it";
-    return std::string(roll ? "a yoke's roll but not its pitch" : "a yoke's pitch but not its roll") +
-           " at or above it";
+        return {"it has no manipulator, and no animation of a yoke at or above it, so None", manipulator};
+    return {std::string("it has no manipulator, and a yoke's ") +
+                (roll ? "roll but not its pitch" : "pitch but not its roll") + " at or above it, so None",
+            manipulator + "; an animation by sim/cockpit2/controls/yoke_" + (roll ? "pitch" : "roll") +
+                "_ratio at or above it makes it a yoke"};
 }
-
-struct RuleTexts {
-    std::string why, change;
-};
 
 RuleTexts TextsOf(DetectionRule rule, const NodePart& part) {
     switch (rule) {
     case DetectionRule::NoRectangle:
-        return {"it has no manipulator, and " + NoYokeText(part) + ", so None",
-                "a manipulator ahead of its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move"};
+        return NoRectangleTexts(part);
     case DetectionRule::YokeAnimations:
         return {"it has no manipulator, and animations of a yoke's roll and pitch at or above it, so a yoke",
                 YokeChangeText(part)};

@@ -151,15 +151,5 @@ TEST(InspectCommand, ShowsAPanelConfiguration) {
     EXPECT_TRUE(Inspect(installation, {"Cub", "--panel", caller / "empty.cfg"})["panels"].empty());
 }
 
-TEST(InspectCommand, NamesWhyACockpitCannotBeLoaded) {
-    const Installation installation;
-    installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
-    const ProgramResult result = RunBatch(installation, {"inspect", "Piper"});
-    EXPECT_EQ(result.exitCode, 3);
-    EXPECT_EQ(result.output, "");
-    EXPECT_THAT(result.errors, HasSubstr("Piper (Aircraft/Props/Piper/plane.acf): "));
-    EXPECT_THAT(result.errors, HasSubstr("plane_cockpit.obj(11)"));
-}
-
 } // namespace
 } // namespace Batch

@@ -10,35 +10,6 @@ using Support::Expectation;
 using Support::Installation;
 using Support::ProgramResult;
 using testing::HasSubstr;
-using testing::Not;
-
-/// A table without the blanks that align it.
-std::string WithoutRuns(const std::string& text) {
-    std::string single;
-    for (const char c : text)
-        if (c != ' ' || !single.ends_with(' '))
-            single += c;
-    return single;
-}
-
-TEST(TestCommand, CountsPassedAndFailedTests) {
-    const Installation installation;
-    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
-    installation.Aircraft("Aircraft/Props/Other", "Other", ThreeParts());
-    installation.Aircraft("Aircraft/Props/Overruled", "Overruled", ThreeParts());
-    installation.Annotations("Cub", Expectation(0, 0, "None") + Expectation(0, 1, "Push") + Expectation(1, 0, "Twist"));
-    installation.Annotations("Overruled", "<Override><NodeId>0</NodeId><PartId>1</PartId>"
-                                          "<InteractionType>Radio</InteractionType></Override>");
-
-    const ProgramResult result = RunBatch(installation, {"test"});
-    EXPECT_EQ(result.exitCode, 1);
-    const std::string output = WithoutRuns(result.output);
-    EXPECT_THAT(output, HasSubstr("Aircraft Passed Failed Total\nCub 2 1 3\n\n"));
-    EXPECT_THAT(output, HasSubstr("\nCub 1 0 DragVariable: 0 , 1 -- sim/lever Twist Move\n"));
-    EXPECT_THAT(output, Not(HasSubstr("Other")));
-    EXPECT_THAT(output, Not(HasSubstr("Overruled"))) << "it has annotations but no test";
-    EXPECT_THAT(result.errors, HasSubstr("2 tests passed, 1 failed"));
-}
 
 TEST(TestCommand, TellsOutcomesByItsExitCode) {
     const struct {
