@@ -236,7 +236,7 @@ void Reader::Triangles(Line& line) {
 
 void Reader::TakeNameRoom(std::string& name) {
     if (name.size() > nameRoom)
-        name = {};
+        std::string().swap(name); // an assignment would keep its room
     nameRoom -= name.size();
 }
 
