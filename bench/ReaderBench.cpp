@@ -3,7 +3,7 @@
 #include "CockpitModel/XPlane/XPObjConverter.h"
 #include "CockpitModel/XPlane/XPObjReader.h"
 #include "Compare.h"
-#include "Sim/AcfFile.h"
+#include "Sim/XPAircraftListLoader.h"
 #include "Support/ModelBuilder.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
@@ -14,6 +14,7 @@
 #include <boost/filesystem.hpp>
 #include <charconv>
 #include <cstdlib>
+#include <fstream>
 #include <iomanip>
 #include <malloc.h>
 #include <random>
@@ -155,18 +156,6 @@ void RoadBesideReader(benchmark::State& state, const std::string& text) {
     state.counters["heap_per_byte"] = static_cast<double>(roadHeap) / static_cast<double>(text.size());
 }
 
-void ScanAcf(benchmark::State& state, const std::vector<std::string>& paths) {
-    std::size_t bytes = 0;
-    for (auto _ : state) {
-        for (const std::string& path : paths) {
-            const std::string text = Utils::ReadFile(path);
-            benchmark::DoNotOptimize(Sim::LastAcfProperty(text, "acf/_descrip"));
-            bytes += text.size();
-        }
-    }
-    state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
-}
-
 std::vector<std::string> FilesBelow(const fs::path& folder, const std::string& extension, std::uintmax_t leastSize) {
     std::vector<std::string> files;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder))
@@ -174,6 +163,32 @@ std::vector<std::string> FilesBelow(const fs::path& folder, const std::string& e
             files.push_back(entry.path().string());
     std::sort(files.begin(), files.end());
     return files;
+}
+
+/// The least that a listing does: reads the files and finds their lines' ends.
+std::size_t CountLines(const std::vector<std::string>& paths) {
+    std::size_t lines = 0;
+    std::string buffer(64 << 10, '\0');
+    for (const std::string& path : paths)
+        for (std::ifstream file(path, std::ios::binary); file;) {
+            file.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+            std::string_view rest(buffer.data(), static_cast<std::size_t>(file.gcount()));
+            for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos; ++lines)
+                rest.remove_prefix(end + 1);
+        }
+    return lines;
+}
+
+/// The aircraft of the working directory, listed.
+void ListAircraft(benchmark::State& state) {
+    const std::vector<std::string> paths = FilesBelow("Aircraft", ".acf", 0);
+    double bytes = 0;
+    for (const std::string& path : paths)
+        bytes += static_cast<double>(fs::file_size(path));
+    Bench::Compare(
+        state, [] { benchmark::DoNotOptimize(Sim::XPAircraftListLoader().LoadAircraftList()); },
+        [&] { benchmark::DoNotOptimize(CountLines(paths)); });
+    state.counters["GB/s"] = bytes / state.counters["us"] / 1e3;
 }
 
 void RegisterObject(const std::string& name, const std::string& text) {
@@ -185,7 +200,8 @@ void RegisterInstallation(const fs::path& folder) {
     constexpr std::uintmax_t kLeastObj = 1000000;
     for (const std::string& path : FilesBelow(folder, ".obj", kLeastObj))
         RegisterObject(fs::path(path).filename().string(), Utils::ReadFile(path));
-    benchmark::RegisterBenchmark("ScanAcf", ScanAcf, FilesBelow(folder, ".acf", 0));
+    fs::current_path(folder);
+    benchmark::RegisterBenchmark("ListAircraft", ListAircraft);
 }
 
 } // namespace

@@ -59,6 +59,12 @@ std::string SaveFailureText(const std::string& path, const std::string& reason) 
     return "The annotations cannot be saved:\n" + Absolute(path) + "\n\n" + reason;
 }
 
+std::string KeptCopyText(const std::string& path, const std::string& copy) {
+    return "The annotations are saved:\n" + Absolute(path) +
+           "\n\nThe file held more than the annotations that were read from it. As it was, it is kept in\n" +
+           Absolute(copy);
+}
+
 std::string SelectionFailureText(const std::exception& error) {
     return "This part cannot be shown:\n\n" + ReasonText(error);
 }

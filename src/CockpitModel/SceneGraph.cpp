@@ -32,6 +32,7 @@ SceneGraph::SceneGraph(const ModelData& source, const AircraftCockpit& cockpit, 
     Logging::Logger::Get().Log(HERE, "Model has " + std::to_string(model.parts.size()) + " parts, " +
                                          std::to_string(indexCount) + " total drawn vertices, stored in array size " +
                                          std::to_string(model.vertexBlocks.size()));
+    CheckSize();
     MakeNodes();
     LinkParents();
     PrepareUpdate();

@@ -73,6 +73,7 @@ private:
     void MakeNodes();
     void LinkParents();
     void PrepareUpdate();
+    void CheckSize() const;
     void BuildParts(const RiffBlockPART& block);
     void SetAllPositions(float position);
     void UpdateTransforms();
