@@ -5,7 +5,6 @@
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
-source "$root/scripts/lay-files.sh"
 seconds=${1:-1200}
 seed=${2:-$RANDOM}
 program=${3-}
@@ -19,8 +18,9 @@ fi
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-for installation in "$root/sample" "${@:4}"; do lay_missing_files "$installation" "$folder/installation"; done
-lay_missing_files "$root/data/QVRA" "$folder/installation/QVRA"
+mkdir -p "$folder/installation/QVRA"
+for installation in "$root/sample" "${@:4}"; do cp -r "$installation/." "$folder/installation"; done
+cp -r "$root/data/QVRA/." "$folder/installation/QVRA"
 say "Driving the annotator for $seconds seconds with seed $seed"
 cd "$folder/installation"
 env -u DISPLAY XDG_DATA_HOME="$folder/data" "$root/tests/Annotator/Window/run_on_display.sh" "$program" "$seconds" "$seed" ||
