@@ -4,7 +4,7 @@
 set -euo pipefail
 root=$(dirname "$(readlink -f "$0")")
 source "$root/scripts/packages.sh"
-source "$root/scripts/lay-files.sh"
+source "$root/scripts/working-copy.sh"
 
 case "${1-}" in
   -h | --help) echo "usage: ./run.sh [X-PLANE-FOLDER]"; exit 0 ;;
@@ -35,8 +35,6 @@ detect_on_terminal() {
 install_packages "${tool_packages[@]}" "${library_packages[@]}" "${device_packages[@]}"
 configure_and_build
 [ $# -eq 1 ] || refresh_working_copy "$root/sample" "$folder"
-say "Laying the QVRA files beside Aircraft in $folder"
-lay_missing_files "$root/data/QVRA" "$folder/QVRA" || fail "cannot write to '$folder'"
 
 if [ -z "${DISPLAY-}" ]; then
   detect_on_terminal

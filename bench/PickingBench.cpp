@@ -25,16 +25,16 @@ using Utils::Vector3;
 using Soup = std::vector<CockpitModel::PartTriangle>;
 using Vertices = std::vector<Rendering::GeometryVertex>;
 
-/// A part with the way from the cockpit's space into its own.
 struct Part {
     Vertices vertices;
-    Utils::Matrix4 toPart = Utils::Matrix4::Identity();
+    std::size_t node = 0;
 };
 
 struct Cockpit {
     std::string name;
     Vector3 eye = Vector3::Zero();
     std::vector<Part> parts;
+    std::vector<Utils::Matrix4> toNode = {Utils::Matrix4::Identity()}; ///< from the cockpit's space
 };
 
 Soup Triangles(const Vertices& vertices) {
@@ -48,7 +48,7 @@ Soup Triangles(const Vertices& vertices) {
 Soup WholeSoup(const Cockpit& cockpit) {
     Soup whole;
     for (const Part& part : cockpit.parts) {
-        const Utils::Matrix4 world = part.toPart.inverse();
+        const Utils::Matrix4 world = cockpit.toNode[part.node].inverse();
         for (CockpitModel::PartTriangle triangle : Triangles(part.vertices)) {
             for (Vector3& vertex : triangle)
                 vertex = Utils::TransformPoint(vertex, world);
@@ -83,7 +83,9 @@ Cockpit SyntheticCockpit() {
     const auto knob = [&](Vertices& vertices) {
         AddKnob(vertices, {place(random), 0.5f * place(random), depth(random)}, radius(random));
     };
-    Cockpit cockpit = {"synthetic", {0, 0, 0}, std::vector<Part>(404)};
+    Cockpit cockpit;
+    cockpit.name = "synthetic";
+    cockpit.parts.resize(404);
     for (std::size_t i = 0; i < cockpit.parts.size(); ++i)
         for (int knobs = i < 4 ? 80 : 1; knobs > 0; --knobs)
             knob(cockpit.parts[i].vertices);
@@ -94,10 +96,15 @@ Cockpit RealCockpit(const Sim::AircraftInfo& info) {
     CockpitModel::GaugeRepository repository(".");
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
-    Cockpit cockpit = {info.displayName, opened.cockpit->pilotEye, {}};
-    for (const auto& node : built.sceneGraph->Nodes())
+    Cockpit cockpit;
+    cockpit.name = info.displayName;
+    cockpit.eye = opened.cockpit->pilotEye;
+    for (const auto& node : built.sceneGraph->Nodes()) {
         for (const auto& part : node->parts)
-            cockpit.parts.push_back({part->vertices, node->worldMatrix.inverse()});
+            cockpit.parts.push_back({part->vertices, cockpit.toNode.size()});
+        if (!node->parts.empty())
+            cockpit.toNode.push_back(node->worldMatrix.inverse());
+    }
     return cockpit;
 }
 
@@ -137,68 +144,85 @@ void Build(benchmark::State& state, const Cockpit& cockpit) {
 #endif
 }
 
-/// Rays from the pilot's eye at random places of random triangles.
-std::vector<PartRay> AimedRays(const Vector3& eye, const Soup& whole, std::size_t count) {
+/// From the pilot's eye at a random place of a random triangle.
+struct AimedRay {
+    PartRay ray;
+    std::size_t part = 0; ///< of the triangle
+};
+
+std::vector<AimedRay> AimedRays(const Cockpit& cockpit, std::size_t count) {
     std::mt19937 random(7);
     std::uniform_real_distribution<float> unit(0, 1);
-    std::vector<PartRay> rays;
+    const Soup whole = WholeSoup(cockpit);
+    std::vector<std::size_t> parts;
+    for (std::size_t part = 0; part < cockpit.parts.size(); ++part)
+        parts.insert(parts.end(), cockpit.parts[part].vertices.size() / 3, part);
+    std::vector<AimedRay> rays;
     while (rays.size() < count) {
-        const auto& [a, b, c] = whole[random() % whole.size()];
+        const std::size_t triangle = random() % whole.size();
+        const auto& [a, b, c] = whole[triangle];
         const float u = unit(random), v = (1 - u) * unit(random);
-        rays.push_back({eye, Utils::Normalised(a + u * (b - a) + v * (c - a) - eye)});
+        const Vector3 target = a + u * (b - a) + v * (c - a);
+        rays.push_back({{cockpit.eye, Utils::Normalised(target - cockpit.eye)}, parts[triangle]});
     }
     return rays;
 }
 
-/// A ray through the trees of all parts, brought into each part's space ahead.
-void Rays(benchmark::State& state, const Cockpit& cockpit) {
-    constexpr std::size_t kRays = 1000, kSlowRays = 50;
-    const Soup whole = WholeSoup(cockpit);
-    const std::vector<PartRay> rays = AimedRays(cockpit.eye, whole, kRays);
+struct Tested {
+    std::size_t part = 0;
+    PartRay ray; ///< in the part's space
+};
+
+/// The time of one of `rays` rays, whose tests are given.
+template <typename Test>
+double MicrosecondsARay(const std::vector<Tested>& tests, std::size_t rays, Test test) {
+    return Bench::Cost([&] {
+               for (const auto& [part, ray] : tests)
+                   benchmark::DoNotOptimize(test(part, ray));
+           }) /
+           static_cast<double>(rays) * 1e6;
+}
+
+/// Aimed rays brought into the space of the parts that they are tested against: the one that they are aimed at, or all.
+void Rays(benchmark::State& state, const Cockpit& cockpit, bool allParts) {
+    constexpr std::size_t kRays = 1000;
+    std::vector<Tested> tests;
+    for (const AimedRay& aimed : AimedRays(cockpit, kRays))
+        for (std::size_t part = 0; part < cockpit.parts.size(); ++part)
+            if (allParts || part == aimed.part)
+                tests.push_back(
+                    {part, CockpitModel::TransformRay(aimed.ray, cockpit.toNode[cockpit.parts[part].node])});
     std::vector<std::unique_ptr<PartTree>> trees;
     std::vector<Support::PlainTree> plainTrees;
-    std::vector<std::vector<PartRay>> partRays(kRays);
     for (const Part& part : cockpit.parts) {
         trees.push_back(std::make_unique<PartTree>(part.vertices));
         plainTrees.emplace_back(Triangles(part.vertices));
-        for (std::size_t i = 0; i < kRays; ++i)
-            partRays[i].push_back(CockpitModel::TransformRay(rays[i], part.toPart));
     }
-    double best = 1e9, plain = 1e9, bruteForce = 1e9;
-#ifdef VORELLE_EMBREE
-    double embree = 1e9;
-    Bench::EmbreeScene scene(whole);
-    scene.Commit();
-#endif
+    double best = 1e9, plain = 1e9;
     for (auto _ : state) {
-        best = std::min(best, Bench::Cost([&] {
-                            for (const auto& ray : partRays)
-                                for (std::size_t i = 0; i < trees.size(); ++i)
-                                    benchmark::DoNotOptimize(trees[i]->Intersect(ray[i]));
+        best = std::min(best, MicrosecondsARay(tests, kRays, [&](std::size_t part, const PartRay& ray) {
+                            return trees[part]->Intersect(ray);
                         }));
-        plain = std::min(plain, Bench::Cost([&] {
-                             for (std::size_t r = 0; r < kSlowRays; ++r)
-                                 for (std::size_t i = 0; i < plainTrees.size(); ++i)
-                                     benchmark::DoNotOptimize(plainTrees[i].Distance(partRays[r][i]));
+        plain = std::min(plain, MicrosecondsARay(tests, kRays, [&](std::size_t part, const PartRay& ray) {
+                             return plainTrees[part].Distance(ray);
                          }));
-        bruteForce = std::min(bruteForce, Bench::Cost([&] {
-                                  for (std::size_t r = 0; r < kSlowRays; ++r)
-                                      benchmark::DoNotOptimize(Support::BruteForce(whole, rays[r]));
-                              }));
-#ifdef VORELLE_EMBREE
-        embree = std::min(embree, Bench::Cost([&] {
-                              for (const PartRay& ray : rays)
-                                  benchmark::DoNotOptimize(scene.Distance(ray));
-                          }));
-#endif
     }
-    state.counters["parts"] = static_cast<double>(trees.size());
-    state.counters["us"] = best / kRays * 1e6;
-    state.counters["plain_us"] = plain / kSlowRays * 1e6;
-    state.counters["brute_us"] = bruteForce / kSlowRays * 1e6;
-    state.counters["plain_ratio"] = state.counters["us"] / state.counters["plain_us"];
+    state.counters["us"] = best;
+    state.counters["plain_us"] = plain;
+    state.counters["plain_ratio"] = best / plain;
 #ifdef VORELLE_EMBREE
-    state.counters["embree_us"] = embree / kRays * 1e6;
+    std::vector<std::unique_ptr<Bench::EmbreeScene>> scenes;
+    for (const Part& part : cockpit.parts) {
+        scenes.push_back(std::make_unique<Bench::EmbreeScene>(Triangles(part.vertices)));
+        scenes.back()->Commit();
+    }
+    double embree = 1e9;
+    for (int run = 0; run < 20; ++run)
+        embree = std::min(embree, MicrosecondsARay(tests, kRays, [&](std::size_t part, const PartRay& ray) {
+                              return scenes[part]->Distance(ray);
+                          }));
+    state.counters["embree_us"] = embree;
+    state.counters["embree_ratio"] = best / embree;
 #endif
 }
 
@@ -231,8 +255,10 @@ void Register(Cockpit cockpit) {
     const auto shared = std::make_shared<const Cockpit>(std::move(cockpit));
     benchmark::RegisterBenchmark(("Build/" + shared->name).c_str(),
                                  [shared](benchmark::State& state) { Build(state, *shared); });
-    benchmark::RegisterBenchmark(("Rays/" + shared->name).c_str(),
-                                 [shared](benchmark::State& state) { Rays(state, *shared); });
+    benchmark::RegisterBenchmark(("RaysAtPart/" + shared->name).c_str(),
+                                 [shared](benchmark::State& state) { Rays(state, *shared, false); });
+    benchmark::RegisterBenchmark(("RaysThroughAll/" + shared->name).c_str(),
+                                 [shared](benchmark::State& state) { Rays(state, *shared, true); });
 }
 
 void RegisterAircraft(const char* installation) {

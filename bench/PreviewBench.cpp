@@ -113,7 +113,7 @@ void Pointer(benchmark::State& state, const Sim::AircraftInfo& info) {
                 continue;
             const auto partRay = CockpitModel::TransformRay(ray, (node->worldMatrix * view).inverse());
             for (const auto& part : node->parts)
-                benchmark::DoNotOptimize(part->tree.Intersect(partRay));
+                benchmark::DoNotOptimize(part->Tree().Intersect(partRay));
         }
     };
     Compare(

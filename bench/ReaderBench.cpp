@@ -1,6 +1,12 @@
+#include "CockpitModel/SceneGraph.h"
+#include "CockpitModel/Touch/InteractionDetector.h"
+#include "CockpitModel/XPlane/XPObjConverter.h"
 #include "CockpitModel/XPlane/XPObjReader.h"
-#include "Sim/AcfFile.h"
+#include "Compare.h"
+#include "Sim/XPAircraftListLoader.h"
+#include "Support/ModelBuilder.h"
 #include "Utils/Paths.h"
+#include "Utils/RangeCheck.h"
 #include "Utils/Text.h"
 
 #include <algorithm>
@@ -8,7 +14,7 @@
 #include <boost/filesystem.hpp>
 #include <charconv>
 #include <cstdlib>
-#include <ctime>
+#include <fstream>
 #include <iomanip>
 #include <malloc.h>
 #include <random>
@@ -80,34 +86,23 @@ void FromCharsWalk(const std::string& text) {
     benchmark::DoNotOptimize(integers);
 }
 
-/// The time of this thread alone: other programs on the machine must not count.
-double ThreadSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 std::size_t HeapInUse() {
     const auto heap = mallinfo2();
     return heap.uordblks + heap.hblkhd;
 }
 
-double WalkSeconds(const std::string& text) {
-    const double start = ThreadSeconds();
-    FromCharsWalk(text);
-    return ThreadSeconds() - start;
+void Read(const std::string& text, CockpitModel::XPObjData& data) {
+    std::istringstream stream(text);
+    CockpitModel::ReadXPObj(stream, data);
 }
 
 /// `heap` is what the data hold.
 double ReadSeconds(const std::string& text, std::size_t& heap) {
-    std::istringstream stream(text);
     const std::size_t heapBefore = HeapInUse();
-    const double start = ThreadSeconds();
     CockpitModel::XPObjData data;
-    CockpitModel::ReadXPObj(stream, data);
-    const double end = ThreadSeconds();
+    const double seconds = Bench::Cost([&] { Read(text, data); });
     heap = HeapInUse() - heapBefore;
-    return end - start;
+    return seconds;
 }
 
 /// Both readings in turn within each iteration, so that what slows the machine down slows down both; the ratio is that
@@ -116,7 +111,7 @@ void BesideFromChars(benchmark::State& state, const std::string& text) {
     double walk = 1e9, reader = 1e9;
     std::size_t heap = 0;
     for (auto _ : state) {
-        walk = std::min(walk, WalkSeconds(text));
+        walk = std::min(walk, Bench::Cost([&] { FromCharsWalk(text); }));
         reader = std::min(reader, ReadSeconds(text, heap));
     }
     const auto bytes = static_cast<double>(text.size());
@@ -126,16 +121,39 @@ void BesideFromChars(benchmark::State& state, const std::string& text) {
     state.counters["heap_per_byte"] = static_cast<double>(heap) / bytes;
 }
 
-void ScanAcf(benchmark::State& state, const std::vector<std::string>& paths) {
-    std::size_t bytes = 0;
-    for (auto _ : state) {
-        for (const std::string& path : paths) {
-            const std::string text = Utils::ReadFile(path);
-            benchmark::DoNotOptimize(Sim::LastAcfProperty(text, "acf/_descrip"));
-            bytes += text.size();
-        }
+/// From the text to the types of all parts; `heap` is what is live then.
+double RoadSeconds(const std::string& text, std::size_t& heap) {
+    const std::size_t heapBefore = HeapInUse();
+    const double start = Bench::Seconds(CLOCK_PROCESS_CPUTIME_ID);
+    CockpitModel::ModelData model;
+    {
+        CockpitModel::XPObjData data;
+        Read(text, data);
+        CockpitModel::XPObjConverter().Convert("Aircraft/Bench", data, model);
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
+    CockpitModel::SceneGraph graph(model, Support::ModelCockpit(), nullptr);
+    CockpitModel::InteractionDetector().Detect(graph);
+    const double seconds = Bench::Seconds(CLOCK_PROCESS_CPUTIME_ID) - start;
+    heap = HeapInUse() - heapBefore;
+    return seconds;
+}
+
+/// The whole road of an object beside its reading alone.
+void RoadBesideReader(benchmark::State& state, const std::string& text) {
+    double reader = 1e9, road = 1e9;
+    std::size_t heap = 0, roadHeap = 0;
+    try {
+        for (auto _ : state) {
+            reader = std::min(reader, ReadSeconds(text, heap));
+            road = std::min(road, RoadSeconds(text, roadHeap));
+        }
+    } catch (const Utils::OutOfRange& failure) {
+        state.SkipWithError(failure.Reason().c_str());
+    }
+    state.counters["reader_ms"] = reader * 1e3;
+    state.counters["road_ms"] = road * 1e3;
+    state.counters["ratio"] = road / reader;
+    state.counters["heap_per_byte"] = static_cast<double>(roadHeap) / static_cast<double>(text.size());
 }
 
 std::vector<std::string> FilesBelow(const fs::path& folder, const std::string& extension, std::uintmax_t leastSize) {
@@ -147,19 +165,50 @@ std::vector<std::string> FilesBelow(const fs::path& folder, const std::string& e
     return files;
 }
 
+/// The least that a listing does: reads the files and finds their lines' ends.
+std::size_t CountLines(const std::vector<std::string>& paths) {
+    std::size_t lines = 0;
+    std::string buffer(64 << 10, '\0');
+    for (const std::string& path : paths)
+        for (std::ifstream file(path, std::ios::binary); file;) {
+            file.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+            std::string_view rest(buffer.data(), static_cast<std::size_t>(file.gcount()));
+            for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos; ++lines)
+                rest.remove_prefix(end + 1);
+        }
+    return lines;
+}
+
+/// The aircraft of the working directory, listed.
+void ListAircraft(benchmark::State& state) {
+    const std::vector<std::string> paths = FilesBelow("Aircraft", ".acf", 0);
+    double bytes = 0;
+    for (const std::string& path : paths)
+        bytes += static_cast<double>(fs::file_size(path));
+    Bench::Compare(
+        state, [] { benchmark::DoNotOptimize(Sim::XPAircraftListLoader().LoadAircraftList()); },
+        [&] { benchmark::DoNotOptimize(CountLines(paths)); });
+    state.counters["GB/s"] = bytes / state.counters["us"] / 1e3;
+}
+
+void RegisterObject(const std::string& name, const std::string& text) {
+    benchmark::RegisterBenchmark(("BesideFromChars/" + name).c_str(), BesideFromChars, text);
+    benchmark::RegisterBenchmark(("RoadBesideReader/" + name).c_str(), RoadBesideReader, text);
+}
+
 void RegisterInstallation(const fs::path& folder) {
     constexpr std::uintmax_t kLeastObj = 1000000;
     for (const std::string& path : FilesBelow(folder, ".obj", kLeastObj))
-        benchmark::RegisterBenchmark(("BesideFromChars/" + fs::path(path).filename().string()).c_str(), BesideFromChars,
-                                     Utils::ReadFile(path));
-    benchmark::RegisterBenchmark("ScanAcf", ScanAcf, FilesBelow(folder, ".acf", 0));
+        RegisterObject(fs::path(path).filename().string(), Utils::ReadFile(path));
+    fs::current_path(folder);
+    benchmark::RegisterBenchmark("ListAircraft", ListAircraft);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    benchmark::RegisterBenchmark("BesideFromChars/synthetic", BesideFromChars, SyntheticObj());
+    RegisterObject("synthetic", SyntheticObj());
     if (const char* installation = std::getenv("VORELLE_INSTALLATION"))
         RegisterInstallation(installation);
     benchmark::RunSpecifiedBenchmarks();

@@ -6,10 +6,18 @@ else()
   set(other_system "(Windows|WindowsTest|D3D11)\\.cpp$")
 endif()
 
-# vorelle_room(NAME FOLDERS folder... [FILES file...] [WITHOUT file...] USES target...): folders and files are relative
-# to src; a folder is not searched below.
+# What most files of a room include and what changes seldom is compiled once. With a compiler cache each file stands for
+# itself, as the cache would miss all of them after a change of one.
+function(vorelle_precompile target)
+  if(NOT VORELLE_CCACHE AND ARGN)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+# vorelle_room(NAME FOLDERS folder... [FILES file...] [WITHOUT file...] USES target... [PRECOMPILES header...]): folders and
+# files are relative to src; a folder is not searched below.
 function(vorelle_room name)
-  cmake_parse_arguments(ROOM "" "" "FOLDERS;FILES;WITHOUT;USES" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "FOLDERS;FILES;WITHOUT;USES;PRECOMPILES" ${ARGN})
   set(sources)
   foreach(folder IN LISTS ROOM_FOLDERS)
     file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp)
@@ -31,6 +39,7 @@ function(vorelle_room name)
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ROOM_USES} PRIVATE vorelle_options)
+  vorelle_precompile(${name} ${ROOM_PRECOMPILES})
 endfunction()
 
 # vorelle_program(NAME [WINDOW] MAIN file USES target...): WINDOW leaves out the console that Windows gives a program.
@@ -47,10 +56,10 @@ function(vorelle_program name)
   endif()
 endfunction()
 
-# vorelle_test(NAME FOLDERS folder... [WITHOUT file...] USES target... [RUNNER program] [OWN_MAIN]): one test program, its
-# folders and the program that runs it relative to tests.
+# vorelle_test(NAME FOLDERS folder... [WITHOUT file...] USES target... [RUNNER program] [OWN_MAIN] [PRECOMPILES header...]):
+# one test program, its folders and the program that runs it relative to tests.
 function(vorelle_test name)
-  cmake_parse_arguments(TEST "OWN_MAIN" "RUNNER" "FOLDERS;WITHOUT;USES" ${ARGN})
+  cmake_parse_arguments(TEST "OWN_MAIN" "RUNNER" "FOLDERS;WITHOUT;USES;PRECOMPILES" ${ARGN})
   set(sources)
   foreach(folder IN LISTS TEST_FOLDERS)
     file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
@@ -71,6 +80,7 @@ function(vorelle_test name)
   target_link_libraries(${name} PRIVATE ${TEST_USES} GTest::gmock vorelle_options)
   target_compile_definitions(${name} PRIVATE
     VORELLE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VORELLE_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  vorelle_precompile(${name} ${TEST_PRECOMPILES})
   set(runner)
   if(TEST_RUNNER)
     set(runner ${PROJECT_SOURCE_DIR}/tests/${TEST_RUNNER})

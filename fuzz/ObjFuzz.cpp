@@ -20,7 +20,7 @@ void Pick(const SceneGraph& graph) {
     for (const auto& node : graph.Nodes()) {
         for (const auto& part : node->parts) {
             for (const Utils::Vector3& direction : {Utils::Vector3(0, 0, 1), Utils::Vector3(0.6f, 0, 0.8f)}) {
-                const auto hit = part->tree.Intersect({part->FarthestVertex - direction, direction});
+                const auto hit = part->Tree().Intersect({part->FarthestVertex - direction, direction});
                 Fuzz::Require(!hit || !(hit->distance < 0));
             }
         }

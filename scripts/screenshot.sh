@@ -4,7 +4,6 @@
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
-source "$root/scripts/lay-files.sh"
 
 annotator=$(readlink -f "${1:-$root/build/run/src/vorelle-annotator}")
 picture=$(readlink -f "${2:-$root/docs/annotator.png}")
@@ -16,9 +15,9 @@ install_packages "${device_packages[@]}" xvfb xauth xdotool imagemagick fonts-de
 # Alone, the trainer is the first line of the selector in whatever order the folders are listed.
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-lay_missing_files "$root/sample/$trainer" "$folder/installation/$trainer"
-lay_missing_files "$root/sample/QVRA" "$folder/installation/QVRA"
-lay_missing_files "$root/data/QVRA" "$folder/installation/QVRA"
+mkdir -p "$folder/installation/$(dirname "$trainer")"
+cp -r "$root/sample/$trainer" "$folder/installation/$trainer"
+cp -r "$root/sample/QVRA" "$folder/installation/QVRA"
 
 wait_for_log() { # TEXT
   local tries

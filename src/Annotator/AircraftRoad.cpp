@@ -37,7 +37,7 @@ OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRe
     OpenedAircraft opened;
     opened.cockpit = info.CreateCockpit();
     opened.panels = std::make_unique<CockpitModel::PanelSet>();
-    std::ifstream configuration(Utils::StreamPath(opened.cockpit->panelConfigPath));
+    std::ifstream configuration = Utils::OpenFile(opened.cockpit->panelConfigPath);
     opened.panels->Read(configuration, repository);
     return opened;
 }

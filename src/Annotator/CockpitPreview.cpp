@@ -192,7 +192,7 @@ void CockpitPreview::FindHoveredPart(const CanvasMouseEvent& event) {
         for (const auto& part : node.parts) {
             if (!IsShown(*part))
                 continue;
-            const auto hit = part->tree.Intersect(ray);
+            const auto hit = part->Tree().Intersect(ray);
             if (hit && hit->distance < best) {
                 hoveredPart = part.get();
                 best = hit->distance;

@@ -56,7 +56,8 @@ void SaveOne(const Sim::AircraftInfo& info, const fs::path& folder, CockpitModel
     const OpenedAircraft opened = OpenAircraft(info, repository);
     try {
         const BuiltAircraft built = BuildAircraft(opened);
-        Utils::SaveFile(path.string(), DetectedDataXml(*built.sceneGraph));
+        if (const auto saved = Utils::SaveFile(path.string(), DetectedDataXml(*built.sceneGraph)); !saved)
+            Logging::Logger::Get().Log(HERE, saved.error);
     } catch (const std::exception&) {
         Logging::Logger::Get().Log(kPlace, kSkippingLine, "Failed to load model.  Skipping...");
     }

@@ -1,8 +1,10 @@
 #include "Annotator/Explanation.h"
 
+#include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <vector>
 
@@ -18,9 +20,13 @@ using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
 using CockpitModel::TouchInteractionType;
 
-std::string NumberText(float number) {
+constexpr std::size_t kMostCandidates = 10; ///< for the primary yoke, that are listed
+/// Below this, what rounding left of a zero.
+constexpr float kNothing = 1e-6f;
+
+std::string NumberText(float number, int digits = 6) {
     char text[32];
-    std::snprintf(text, sizeof text, "%.6g", static_cast<double>(number));
+    std::snprintf(text, sizeof text, "%.*g", digits, static_cast<double>(std::fabs(number) < kNothing ? 0 : number));
     return text;
 }
 
@@ -28,8 +34,11 @@ std::string Id(const NodePart& part) {
     return std::to_string(part.node->index) + "," + std::to_string(part.id);
 }
 
+/// With as many digits as it takes to see that it is above.
 std::string AboveText(const char* measure, float value, float limit) {
-    return std::string(measure) + " " + NumberText(value) + " is above " + NumberText(limit) + ", so Move, not Twist";
+    constexpr int allDigits = 9;
+    const std::string shown = NumberText(value) == NumberText(limit) ? NumberText(value, allDigits) : NumberText(value);
+    return std::string(measure) + " " + shown + " is above " + NumberText(limit) + ", so Move, not Twist";
 }
 
 std::string TwistText(const NodePart& part) {
@@ -48,46 +57,100 @@ std::string TwistChangeText(const NodePart& part) {
            NumberText(CockpitModel::kBalancedTwist) + " or an animation that does not turn makes it Move";
 }
 
+/// The rule behind the one that decides says no as well.
+std::string WideToo(const NodePart& part) {
+    if (!part.node->animation || !(part.SweepRadius > CockpitModel::kTwistRadius))
+        return {};
+    return ", if its SweepRadius comes down to " + NumberText(CockpitModel::kTwistRadius) + " as well";
+}
+
+std::vector<const NodePart*> YokeCandidates(const SceneGraph& sceneGraph) {
+    std::vector<const NodePart*> candidates;
+    for (const auto& node : sceneGraph.Nodes())
+        for (const auto& part : node->parts)
+            if (part->InteractionType == TouchInteractionType::YokePart ||
+                part->InteractionType == TouchInteractionType::YokePrimary)
+                candidates.push_back(part.get());
+    const InteractionDetector detector;
+    std::ranges::stable_sort(candidates, std::ranges::greater(),
+                             [&](const NodePart* part) { return detector.YokeScore(*part); });
+    return candidates;
+}
+
+std::string YokeChangeText(const NodePart& part) {
+    const std::string none = "a manipulator ahead of its TRIS makes it no yoke";
+    const std::vector<const NodePart*> candidates = YokeCandidates(*part.node->graph);
+    const auto rival = std::ranges::find_if(candidates, [&](const NodePart* other) { return other != &part; });
+    if (rival == candidates.end())
+        return none;
+    const std::string score = NumberText(InteractionDetector().YokeScore(**rival)) + ", that of part " + Id(**rival);
+    if (part.InteractionType == TouchInteractionType::YokePrimary)
+        return none + ", a score below " + score + ", YokePart";
+    return none + ", a score above " + score + ", YokePrimary";
+}
+
 struct RuleTexts {
     std::string why, change;
 };
 
+/// A part without a manipulator that is no yoke may hang under one of a yoke's two animations.
+RuleTexts NoRectangleTexts(const NodePart& part) {
+    bool roll = false, pitch = false;
+    for (const Node* node = part.node; node; node = node->parent) {
+        roll |= node->animation && CockpitModel::IsYokeRollName(node->animation->name);
+        pitch |= node->animation && CockpitModel::IsYokePitchName(node->animation->name);
+    }
+    const std::string manipulator =
+        "a manipulator ahead of its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move";
+    if (!roll && !pitch)
+        return {"it has no manipulator, and no animation of a yoke at or above it, so None", manipulator};
+    return {std::string("it has no manipulator, and a yoke's ") +
+                (roll ? "roll but not its pitch" : "pitch but not its roll") + " at or above it, so None",
+            manipulator + "; an animation by sim/cockpit2/controls/yoke_" + (roll ? "pitch" : "roll") +
+                "_ratio at or above it makes it a yoke"};
+}
+
 RuleTexts TextsOf(DetectionRule rule, const NodePart& part) {
     switch (rule) {
     case DetectionRule::NoRectangle:
-        return {"it has no manipulator, and no animations of a yoke's roll and pitch at or above it, so None",
-                "a manipulator ahead of its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move"};
+        return NoRectangleTexts(part);
     case DetectionRule::YokeAnimations:
         return {"it has no manipulator, and animations of a yoke's roll and pitch at or above it, so a yoke",
-                "a manipulator ahead of its TRIS makes it no yoke; the greatest score is the primary yoke"};
+                YokeChangeText(part)};
     case DetectionRule::FiresEvent:
         return {"its manipulator fires an event when clicked, so Tap",
                 "ATTR_manip_drag_axis in the place of its toggle makes it Twist or Move"};
     case DetectionRule::NoCallback:
-        return {"its rectangle does nothing when clicked, so None", "a rectangle that fires an event or takes a value"};
+        return {"its rectangle does nothing when clicked, so None",
+                "a rectangle that fires an event makes it Tap, one that takes a value Twist or Move"};
     case DetectionRule::NoTurn:
         return {"it is dragged, and the animation of its own node never turns, so Move, not Twist",
-                "an ANIM_rotate as the last step of its block, with the part balanced on its axis and near it"};
+                "an ANIM_rotate as the last step of its block, with the part balanced on its axis and near it, makes "
+                "it Twist"};
     case DetectionRule::Unbalanced:
         return {AboveText("BalanceFactor", part.BalanceFactor, CockpitModel::kBalancedTwist),
-                "an origin of its node in the middle of the part, so that its corners lie evenly about the axis"};
+                "an origin of its node in the middle of the part, so that its corners lie evenly about the axis, makes "
+                "it Twist" +
+                    WideToo(part)};
     case DetectionRule::WideSweep:
         return {AboveText("SweepRadius", part.SweepRadius, CockpitModel::kTwistRadius),
                 "a part that stays within " + NumberText(CockpitModel::kTwistRadius) +
-                    " m of its axis, or an origin of its node that is nearer"};
+                    " m of its axis, or an origin of its node that is nearer, makes it Twist"};
     case DetectionRule::Twist:
         return {TwistText(part), TwistChangeText(part)};
     }
     return {};
 }
 
+/// As compilers name a line, for editors that go there.
 std::string SourceText(const NodePart& part) {
     if (part.block.SourceLine == 0)
-        return "from a panel, not from the cockpit object";
-    std::string text = "TRIS in line " + std::to_string(part.block.SourceLine);
+        return "  source:      a panel, not the cockpit object\n";
+    const std::string file = part.node->graph->Model().sourcePath + ":";
+    std::string text = "  source:      " + file + std::to_string(part.block.SourceLine) + ": TRIS\n";
     if (part.Rect())
-        text += ", manipulator in line " + std::to_string(part.block.ManipulatorLine) + " (" + part.Rect()->Text + ")";
-    return text + " of " + part.node->graph->Model().sourcePath;
+        text += "  manipulator: " + file + std::to_string(part.block.ManipulatorLine) + ": " + part.Rect()->Text + "\n";
+    return text;
 }
 
 bool HoldsTurn(const ModelAnimation& animation) {
@@ -114,40 +177,35 @@ std::string ChainText(const NodePart& part) {
     return text;
 }
 
-bool IsYoke(const NodePart& part) {
-    return part.InteractionType == TouchInteractionType::YokePart ||
-           part.InteractionType == TouchInteractionType::YokePrimary;
-}
-
-std::string CandidatesText(const SceneGraph& sceneGraph) {
-    std::vector<const NodePart*> candidates;
-    for (const auto& node : sceneGraph.Nodes())
-        for (const auto& part : node->parts)
-            if (IsYoke(*part))
-                candidates.push_back(part.get());
+/// The best of them, and the part itself wherever it comes.
+std::string CandidatesText(const SceneGraph& sceneGraph, const NodePart& asked) {
     const InteractionDetector detector;
-    std::ranges::stable_sort(candidates, std::ranges::greater(),
-                             [&](const NodePart* part) { return detector.YokeScore(*part); });
-    std::string text =
-        "  candidates for the primary yoke, by score (10 times SweepRadius, less the place to the right):\n";
-    for (const NodePart* part : candidates)
-        text += "    " + NumberText(detector.YokeScore(*part)) + "  part " + Id(*part) +
-                (part->InteractionType == TouchInteractionType::YokePrimary ? ", the primary yoke" : "") + "\n";
+    const std::vector<const NodePart*> candidates = YokeCandidates(sceneGraph);
+    std::string text = "  candidates for the primary yoke, by score (10 x SweepRadius - metres to the right):\n";
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        const NodePart& part = *candidates[i];
+        if (i < kMostCandidates || &part == &asked)
+            text += "    " + NumberText(detector.YokeScore(part)) + "  part " + Id(part) +
+                    (part.InteractionType == TouchInteractionType::YokePrimary ? ", the primary yoke" : "") + "\n";
+    }
+    if (candidates.size() > kMostCandidates)
+        text += "    of " + std::to_string(candidates.size()) + " in all\n";
     return text;
 }
 
 } // namespace
 
 std::string ExplanationText(const SceneGraph& sceneGraph, const NodePart& part) {
-    const RuleTexts texts = TextsOf(InteractionDetector().Explain(part).rule, part);
+    const DetectionRule rule = InteractionDetector().Explain(part).rule;
+    const RuleTexts texts = TextsOf(rule, part);
     std::string text = "part " + Id(part) + " is " + TouchInteractionTypeToText(part.InteractionType) + "\n";
-    text += "  because: " + texts.why + "\n";
-    text += "  source:  " + SourceText(part) + "\n";
-    text += "  figures: BalanceFactor " + NumberText(part.BalanceFactor) + ", SweepRadius " +
+    text += "  because:     " + texts.why + "\n";
+    text += SourceText(part);
+    text += "  figures:     BalanceFactor " + NumberText(part.BalanceFactor) + ", SweepRadius " +
             NumberText(part.SweepRadius) + " m, " + std::to_string(part.vertices.size() / 3) + " triangles\n";
     text += "  animations, from the part's own up to the root:\n" + ChainText(part);
-    if (IsYoke(part))
-        text += CandidatesText(sceneGraph);
+    if (rule == DetectionRule::YokeAnimations)
+        text += CandidatesText(sceneGraph, part);
     return text + "  what would change it: " + texts.change + "\n";
 }
 

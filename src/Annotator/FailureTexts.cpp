@@ -38,6 +38,10 @@ std::string ScanFailureText(const std::exception& error) {
            "\n\nStart the program in the folder of an X-Plane installation.";
 }
 
+std::string DataFilesFailureText(const std::string& folder, const std::string& reason) {
+    return "The program's own files cannot all be put into " + folder + ": " + reason;
+}
+
 std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error) {
     return info.displayName + " cannot be loaded:\n" + info.acfPath + "\n\n" + ReasonText(error);
 }
@@ -53,6 +57,12 @@ std::string TestRunFailureText(const std::exception& error) {
 
 std::string SaveFailureText(const std::string& path, const std::string& reason) {
     return "The annotations cannot be saved:\n" + Absolute(path) + "\n\n" + reason;
+}
+
+std::string KeptCopyText(const std::string& path, const std::string& copy) {
+    return "The annotations are saved:\n" + Absolute(path) +
+           "\n\nThe file held more than the annotations that were read from it. As it was, it is kept in\n" +
+           Absolute(copy);
 }
 
 std::string SelectionFailureText(const std::exception& error) {

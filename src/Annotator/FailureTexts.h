@@ -16,10 +16,13 @@ bool WasFatalError(const std::exception& error);
 std::string ReasonText(const std::exception& error);
 
 std::string ScanFailureText(const std::exception& error);
+std::string DataFilesFailureText(const std::string& folder, const std::string& reason);
 std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error);
 std::string ExportFailureText(const std::exception& error);
 std::string TestRunFailureText(const std::exception& error);
 std::string SaveFailureText(const std::string& path, const std::string& reason);
+/// The annotations are saved, over a file that held something else.
+std::string KeptCopyText(const std::string& path, const std::string& copy);
 std::string SelectionFailureText(const std::exception& error);
 std::string FrameFailureText(const std::exception& error);
 

@@ -1,14 +1,19 @@
 #include "Annotator/Lint.h"
 
 #include "Annotator/AircraftRoad.h"
+#include "Annotator/LintAnnotations.h"
 #include "Annotator/LintChecks.h"
+#include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
+#include "Utils/Text.h"
 
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
 #include <cstdio>
+#include <set>
+#include <tuple>
 
 namespace Annotator {
 
@@ -17,6 +22,8 @@ namespace {
 using enum LintSeverity;
 using boost::filesystem::path;
 using CockpitModel::TouchInteractionType;
+
+constexpr std::size_t kMostOtherYokes = 4;
 
 /// X-Plane takes a texture of either kind for the other.
 std::string WithOtherExtension(const path& texture) {
@@ -54,7 +61,21 @@ std::string ScoreText(const CockpitModel::NodePart& part) {
            (part.InteractionType == TouchInteractionType::YokePrimary ? " (chosen)" : "");
 }
 
-void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, LintFindings& findings) {
+/// The datarefs of animations that look like a yoke's and are not taken for one.
+std::string OtherYokes(const LintOutline& outline) {
+    std::string text;
+    std::set<std::string> seen;
+    for (const LintStep& step : outline.steps) {
+        const std::string name = Utils::Lower(step.dataref);
+        const bool like = name.find("yoke") != name.npos || name.find("stick") != name.npos;
+        const bool known = CockpitModel::IsYokeRollName(step.dataref) || CockpitModel::IsYokePitchName(step.dataref);
+        if (like && !known && seen.size() < kMostOtherYokes && seen.insert(name).second)
+            text += (text.empty() ? " (" : ", ") + step.dataref + " in line " + std::to_string(step.line);
+    }
+    return text.empty() ? text : text + (seen.size() == 1 ? " does not count)" : " do not count)");
+}
+
+void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& outline, LintFindings& findings) {
     std::vector<const CockpitModel::NodePart*> candidates;
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
@@ -62,7 +83,8 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, LintFindings& findin
                 part->InteractionType == TouchInteractionType::YokePrimary)
                 candidates.push_back(part.get());
     if (candidates.empty()) {
-        findings.Add(Note, "no-yoke", 0, "no part without a manipulator moves with both axes of a yoke",
+        findings.Add(Note, "no-yoke", 0,
+                     "no part without a manipulator moves with both axes of a yoke" + OtherYokes(outline),
                      "animate it by sim/cockpit2/controls/yoke_roll_ratio and .../yoke_pitch_ratio with ANIM_rotate or "
                      "ANIM_trans lines");
         return;
@@ -79,21 +101,35 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, LintFindings& findin
                  "nothing, if the chosen one belongs to the pilot's yoke; the widest sweep farthest left wins");
 }
 
-/// Yokes show only in the built cockpit. What keeps it from being built is among the findings of its text, except for
-/// limits of the model.
-void CheckBuiltCockpit(const Sim::AircraftInfo& info, const std::vector<LintFinding>& before, LintFindings& findings) {
+void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGraph& sceneGraph,
+                      std::vector<LintFinding>& findings) {
+    const std::string file = "QVRA/Annotations/" + Utils::FolderStem(info.acfPath) + ".xml";
+    LintFindings target(file, findings);
+    if (boost::filesystem::exists(file))
+        LintAnnotations(Utils::ReadFile(file), sceneGraph, target);
+}
+
+/// Yokes and what annotations name show only in the built cockpit. What keeps it from being built is among the findings
+/// of its text, except for limits of the model.
+void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline, std::vector<LintFinding>& all,
+                       LintFindings& findings) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
         const OpenedAircraft opened = OpenAircraft(info, repository);
-        CheckYokes(*BuildAircraft(opened, {.untextured = true}).sceneGraph, findings);
+        const BuiltAircraft built = BuildAircraft(opened, {.untextured = true});
+        CheckYokes(*built.sceneGraph, outline, findings);
+        CheckAnnotations(info, *built.sceneGraph, all);
     } catch (const std::exception& error) {
-        if (std::ranges::find(before, Error, &LintFinding::severity) == before.end())
+        if (std::ranges::find(all, Error, &LintFinding::severity) == all.end())
             findings.Add(Error, "not-loaded", 0, Utils::Describe(error), "mend what it names");
     }
 }
 
-void SortByLine(std::vector<LintFinding>& findings) {
-    std::ranges::stable_sort(findings, {}, &LintFinding::line);
+/// The worst first, each kind of severity by file and line; the cockpit object comes ahead of the annotations.
+void Sort(std::vector<LintFinding>& findings) {
+    std::ranges::stable_sort(findings, [](const LintFinding& a, const LintFinding& b) {
+        return std::tie(b.severity, a.file, a.line) < std::tie(a.severity, b.file, b.line);
+    });
 }
 
 void RunChecks(const LintOutline& outline, const std::string& file, std::vector<LintFinding>& findings) {
@@ -111,7 +147,7 @@ const char* LintSeverityText(LintSeverity severity) {
 std::vector<LintFinding> LintObject(const std::string& file, std::string_view text) {
     std::vector<LintFinding> findings;
     RunChecks(ReadLintOutline(text), file, findings);
-    SortByLine(findings);
+    Sort(findings);
     return findings;
 }
 
@@ -129,8 +165,8 @@ std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
         target.Add(Warning, "object-case", 0, "the cockpit object differs in case from " + expected.string(),
                    "rename it: Linux tells them apart");
     CheckTextureFiles(outline, acf.parent_path(), target);
-    CheckBuiltCockpit(info, findings, target);
-    SortByLine(findings);
+    CheckBuiltCockpit(info, outline, findings, target);
+    Sort(findings);
     return findings;
 }
 

@@ -23,11 +23,11 @@ struct LintFinding {
 
 const char* LintSeverityText(LintSeverity severity);
 
-/// The findings in the text of a cockpit object, by line.
+/// The findings in the text of a cockpit object, the worst first, and by line.
 std::vector<LintFinding> LintObject(const std::string& file, std::string_view text);
 
-/// The findings of an aircraft: those of its cockpit object, of the files around it and of its yokes. An aircraft that
-/// cannot be read throws.
+/// The findings of an aircraft: those of its cockpit object, of the files around it, of its yokes and of its annotation
+/// file. An aircraft that cannot be read throws.
 std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info);
 
 } // namespace Annotator

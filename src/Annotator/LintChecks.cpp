@@ -131,12 +131,13 @@ void CheckOneInForce(const LintOutline& outline, std::span<const LintDraw> draws
     if (left.firstElsewhere)
         findings.Add(Warning, "left-in-force", left.firstElsewhere->line,
                      name + " is still in force over " + Times(left.elsewhere, "part", "parts") +
-                         " of other animation blocks, which can be clicked therefore",
+                         " outside its animation block, where a click works it, too",
                      "write ATTR_manip_none ahead of " + AtLine(left.firstElsewhere->line));
     if (left.firstBehind)
         findings.Add(Warning, "unread-manipulator", left.firstBehind->unreadLine,
-                     left.firstBehind->unreadKeyword + " is not read here, so " + name + " stays in force over " +
-                         Times(left.behindUnread, "part", "parts") + " from " + AtLine(left.firstBehind->line) + " on",
+                     left.firstBehind->unreadKeyword + " is not read by this program, so " + name +
+                         " stays in force over " + Times(left.behindUnread, "part", "parts") + " from " +
+                         AtLine(left.firstBehind->line) + " on",
                      "write ATTR_manip_none ahead of it, which changes nothing in X-Plane");
 }
 

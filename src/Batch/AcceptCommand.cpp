@@ -159,8 +159,6 @@ ExitCode Accept(const AcceptOptions& options, Session& session) {
 
 Action PrepareAccept(CLI::App& app) {
     auto options = std::make_shared<AcceptOptions>();
-    app.description("Writes what detection finds now as the expectation of each part that has a mouse rectangle and "
-                    "no expectation yet. What the annotation files hold already stays.");
     app.add_flag("--dry-run", options->dryRun, "Only shows what would be added");
     app.add_flag("--yoke", options->yoke, "Records yoke parts too, which have no mouse rectangle");
     app.add_option("AIRCRAFT", options->aircraft, "These aircraft")->type_name("")->required();

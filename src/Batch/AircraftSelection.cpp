@@ -50,15 +50,20 @@ AircraftSelection All(const Sim::AircraftList& aircraft) {
 } // namespace
 
 Sim::AircraftList LoadInstallation(Console& console) {
-    Sim::AircraftList aircraft;
     if (const std::string* acfPath = JobAircraft()) {
-        aircraft.push_back(Sim::XPAircraftListLoader::LoadAircraft(*acfPath));
-        return aircraft;
+        Sim::AircraftList only;
+        only.push_back(Sim::XPAircraftListLoader::LoadAircraft(*acfPath));
+        return only;
     }
+    const std::string folder = boost::filesystem::current_path().string();
     try {
-        aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
+        // A wrong folder in a script must not look like an installation in which all is well.
+        if (!boost::filesystem::exists("Aircraft"))
+            throw CommandError(kWrongUsage, folder + " is no X-Plane installation: there is no folder Aircraft in it");
+        Sim::AircraftList aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
         if (aircraft.empty())
-            console.Message("no aircraft below " + (boost::filesystem::current_path() / "Aircraft").string());
+            console.Message("no aircraft below " + folder + "/Aircraft");
+        std::ranges::sort(aircraft, {}, [](const auto& info) { return info->acfPath; });
         return aircraft;
     } catch (const boost::filesystem::filesystem_error& error) {
         throw CommandError(kAircraftFailed, "cannot list the aircraft: " + Annotator::ReasonText(error));
@@ -99,7 +104,7 @@ void AddAircraftOption(CLI::App& app, std::vector<std::string>& words) {
 void AddJobsOption(CLI::App& app, std::size_t& jobs) {
     app.add_option("--jobs,-j", jobs, "So many aircraft at once; as many as there are processors without it")
         ->type_name("N")
-        ->check(CLI::Range(std::size_t{1}, std::size_t{kMostJobs}));
+        ->check(CLI::Range(std::size_t{1}, std::size_t{kMostJobs}).description(""));
 }
 
 std::string NameOf(const Sim::AircraftInfo& info) {

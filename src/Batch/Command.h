@@ -16,7 +16,7 @@ namespace Batch {
 /// What the program's exit codes say. Where several hold, the greatest is given.
 enum ExitCode : int {
     kDone = 0,
-    kTestFailed = 1,     ///< or what was compared differs
+    kTestFailed = 1, ///< or what was compared differs
     kWrongUsage = 2,
     kAircraftFailed = 3, ///< an aircraft could not be loaded, or not be tested as its annotations have it,
                          ///< or a file to read is not as it has to be
@@ -45,7 +45,8 @@ using Action = std::function<ExitCode(Session&)>;
 /// table of Program.cpp.
 struct Command {
     const char* name;
-    const char* description;
+    const char* description; ///< a line
+    const char* help;        ///< what --help tells below the options: more, and examples
     /// Adds the command's options to `app`, which outlives the action, and returns what runs once they are read.
     Action (*prepare)(CLI::App& app);
 };

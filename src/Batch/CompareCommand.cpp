@@ -183,8 +183,6 @@ ExitCode Compare(const CompareOptions& options, Session& session) {
 
 Action PrepareCompare(CLI::App& app) {
     auto options = std::make_shared<CompareOptions>();
-    app.description("Tells which parts changed their type, appeared or vanished between two folders that 'detect' "
-                    "wrote, and which files only one of them has. Ends with 1 where they differ.");
     app.add_option("A", options->a, "The earlier folder")->type_name("")->required();
     app.add_option("B", options->b, "The later folder")->type_name("")->required();
     app.add_flag("--json", options->json, "Prints the differences as JSON");

@@ -39,8 +39,9 @@ std::string DetectOne(const Sim::AircraftInfo& info, const Annotator::RoadOption
 /// Writes results, which come in list order: where two aircraft have the same file, the later one stands.
 class DetectedDataWriter {
 public:
-    DetectedDataWriter(std::string outputFolder, Console& messages)
-        : folder(std::move(outputFolder)), console(messages) {
+    /// `shownFolder` is what the caller calls it.
+    DetectedDataWriter(std::string outputFolder, std::string shownFolder, Console& messages)
+        : folder(std::move(outputFolder)), shown(std::move(shownFolder)), console(messages) {
         boost::system::error_code error;
         boost::filesystem::create_directories(folder, error);
         if (error)
@@ -57,7 +58,7 @@ public:
     }
 
     ExitCode Finish(std::size_t aircraft) const {
-        console.Message(Counted(files.size(), "detected-data file") + " in " + folder + ", " + std::to_string(failed) +
+        console.Message(Counted(files.size(), "detected-data file") + " in " + shown + ", " + std::to_string(failed) +
                         " of " + std::to_string(aircraft) + " aircraft failed");
         return notWritten ? kNotWritten : failed > 0 ? kAircraftFailed : kDone;
     }
@@ -78,7 +79,7 @@ private:
         earlier->second = &info;
     }
 
-    std::string folder;
+    std::string folder, shown;
     Console& console;
     std::map<std::string, const Sim::AircraftInfo*> files; ///< by name, whose they are
     std::size_t failed = 0;
@@ -88,9 +89,8 @@ private:
 ExitCode Detect(const DetectOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
-    DetectedDataWriter writer(options.folder.empty() ? Annotator::DetectedDataFolder()
-                                                     : session.CallersPath(options.folder),
-                              session.console);
+    const std::string folder = options.folder.empty() ? Annotator::DetectedDataFolder() : options.folder;
+    DetectedDataWriter writer(options.folder.empty() ? folder : session.CallersPath(folder), folder, session.console);
     session.console.BeginProgress(aircraft.size());
     RunJobs(
         aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.road); },

@@ -3,6 +3,7 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
 #include "Utils/Text.h"
 
 #include <CLI/CLI.hpp>
@@ -42,6 +43,17 @@ PartPlace ReadPlace(const std::string& text) {
     return place;
 }
 
+/// Empty where a person has said nothing of the type.
+std::string AnnotationText(const std::optional<CockpitModel::AnnotationRecord>& record) {
+    std::string text;
+    if (record && record->InteractionType)
+        text +=
+            std::string("  annotated:   ") + TouchInteractionTypeToText(*record->InteractionType) + " in its place\n";
+    if (record && record->InteractionTypeTest)
+        text += std::string("  expected:    ") + TouchInteractionTypeToText(*record->InteractionTypeTest) + "\n";
+    return text;
+}
+
 /// Empty for a part that is not there.
 std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, const Annotator::RoadOptions& road) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
@@ -50,7 +62,10 @@ std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, co
     const auto& nodes = built.sceneGraph->Nodes();
     if (place.node >= nodes.size() || place.part >= nodes[place.node]->parts.size())
         return {};
-    return Utils::Readable(Annotator::ExplanationText(*built.sceneGraph, *nodes[place.node]->parts[place.part]));
+    const NodePart& part = *nodes[place.node]->parts[place.part];
+    CockpitModel::AnnotationStore store(*built.sceneGraph);
+    store.Read(CockpitModel::AnnotationPath(info));
+    return Utils::Readable(Annotator::ExplanationText(*built.sceneGraph, part) + AnnotationText(store.Get(part)));
 }
 
 ExitCode Explain(const ExplainOptions& options, Session& session) {

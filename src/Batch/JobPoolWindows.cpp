@@ -3,6 +3,7 @@
 #include "Batch/JobAnswer.h"
 #include "Batch/Process.h"
 #include "Logging/Logger.h"
+#include "Utils/Platform.h"
 #include "Utils/WideText.h"
 
 #include <algorithm>
@@ -71,16 +72,6 @@ private:
     std::atomic<bool> ended = false;
 };
 
-std::wstring ProgramPath() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size())
-            return path.substr(0, length);
-        path.resize(2 * path.size());
-    }
-}
-
 /// This process's command line behind the program's name, as it stands.
 std::wstring_view OwnArguments() {
     const std::wstring_view line = GetCommandLineW();
@@ -117,7 +108,7 @@ Process Start(const Sim::AircraftInfo& aircraft, ProcessGroup& group) {
     streams.dwFlags = STARTF_USESTDHANDLES;
     streams.hStdOutput = written.Get();
     streams.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    const std::wstring program = ProgramPath();
+    const std::wstring program = Utils::Platform::ProgramPath().native();
     std::wstring line = JobCommandLine(program, aircraft.acfPath);
     PROCESS_INFORMATION made{};
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr,

@@ -7,7 +7,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <iterator>
+#include <map>
 #include <memory>
+#include <span>
 
 namespace Batch {
 
@@ -16,8 +19,12 @@ namespace {
 using Annotator::LintFinding;
 using Annotator::LintSeverity;
 
+/// So many findings of a kind a person reads before the rest is but counted.
+constexpr std::size_t kShown = 3;
+constexpr std::size_t kLinesOfRest = 12;
+
 struct LintOptions {
-    bool json = false;
+    bool json = false, all = false;
     std::size_t jobs = DefaultProcesses();
     std::vector<std::string> aircraft;
 };
@@ -35,47 +42,100 @@ std::string LintOne(const Sim::AircraftInfo& info) {
     return list.dump();
 }
 
-/// "file:line: severity: what is wrong", as compilers write it, and below it what to do.
+std::string Place(const Json& finding) {
+    const Json& line = finding["line"];
+    return finding["file"].get<std::string>() + (line.is_null() ? "" : ":" + line.dump());
+}
+
+/// As compilers write it.
 void PrintFinding(std::ostream& stream, const Json& finding) {
     const auto text = [&](const char* name) { return finding[name].get<std::string>(); };
-    stream << text("file") << (finding["line"].is_null() ? "" : ":" + finding["line"].dump()) << ": "
-           << text("severity") << ": " << text("wrong") << " [" << text("check") << "]\n    " << text("mend") << '\n';
+    stream << Place(finding) << ": " << text("severity") << ": " << text("wrong") << " [" << text("check") << "]\n";
+}
+
+void PrintRest(std::ostream& stream, std::span<const Json> rest) {
+    stream << "    and " << rest.size() << " more like these, in lines ";
+    for (std::size_t i = 0; i < std::min(rest.size(), kLinesOfRest); ++i)
+        stream << (i > 0 ? ", " : "") << rest[i]["line"].dump();
+    stream << (rest.size() > kLinesOfRest ? ", ...; --all prints each\n" : "; --all prints each\n");
+}
+
+/// Those of one check and severity, and below them what to do: once where it is the same for all.
+void PrintGroup(std::ostream& stream, std::span<const Json> group, bool all) {
+    // One line in the place of one finding would save nobody any reading.
+    const std::size_t shown = all || group.size() <= kShown + 1 ? group.size() : kShown;
+    for (std::size_t i = 0; i < shown; ++i) {
+        PrintFinding(stream, group[i]);
+        if (i + 1 == shown && shown < group.size())
+            PrintRest(stream, group.subspan(shown));
+        if (i + 1 == shown || group[i]["mend"] != group[i + 1]["mend"])
+            stream << "    " << group[i]["mend"].get<std::string>() << '\n';
+    }
+}
+
+void PrintFindings(std::ostream& stream, std::vector<Json> findings, bool all) {
+    const auto kind = [](const Json& finding) { return std::pair(finding["severity"], finding["check"]); };
+    // By the first of each kind, as the worst come first.
+    std::vector<decltype(kind(Json()))> kinds;
+    for (const Json& finding : findings)
+        if (std::ranges::find(kinds, kind(finding)) == kinds.end())
+            kinds.push_back(kind(finding));
+    std::ranges::stable_sort(findings, {},
+                             [&](const Json& finding) { return std::ranges::find(kinds, kind(finding)); });
+    const std::span<const Json> sorted = findings;
+    for (std::size_t first = 0, next = 0; first < sorted.size(); first = next) {
+        while (next < sorted.size() && kind(sorted[next]) == kind(sorted[first]))
+            ++next;
+        PrintGroup(stream, sorted.subspan(first, next - first), all);
+    }
+}
+
+/// Counts by severity, worst first: "1 error, 2 warnings and 1 note".
+std::string Totals(const std::map<std::string, std::size_t>& counts) {
+    const auto count = [&](LintSeverity severity) {
+        const auto found = counts.find(LintSeverityText(severity));
+        return Counted(found == counts.end() ? 0 : found->second, LintSeverityText(severity));
+    };
+    return count(LintSeverity::Error) + ", " + count(LintSeverity::Warning) + " and " + count(LintSeverity::Note);
 }
 
 ExitCode Lint(const LintOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
-    Json all = Json::array();
-    std::size_t notes = 0, findings = 0, failed = 0;
-    RunJobs(aircraft, options.jobs, LintOne, [&](const JobResult& result) {
+    Json everything = Json::array();
+    std::map<std::string, std::size_t> counts; // by severity
+    std::size_t failed = 0;
+    const auto take = [&](const JobResult& result) {
         if (result.failure) {
             session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
             ++failed;
             return;
         }
-        for (Json& finding : Json::parse(result.output)) {
-            ++(finding["severity"] == LintSeverityText(LintSeverity::Note) ? notes : findings);
-            if (options.json)
-                all.push_back(std::move(finding));
-            else
-                PrintFinding(std::cout, finding);
-        }
-    });
+        const auto findings = Json::parse(result.output).get<std::vector<Json>>();
+        for (const Json& finding : findings)
+            ++counts[finding["severity"].get<std::string>()];
+        if (options.json)
+            std::ranges::copy(findings, std::back_inserter(everything));
+        else
+            PrintFindings(std::cout, findings, options.all);
+    };
+    RunJobs(aircraft, options.jobs, LintOne, take);
     if (options.json)
-        std::cout << all.dump(1) << '\n';
+        std::cout << everything.dump(1) << '\n';
     std::cout.flush(); // ahead of the message, where both streams go to one terminal
-    session.console.Message(Counted(findings, "finding") + " and " + Counted(notes, "note") + " in " +
-                            std::to_string(aircraft.size()) + " aircraft, of which " + std::to_string(failed) +
-                            " could not be read");
-    return failed > 0 ? kAircraftFailed : findings > 0 ? kTestFailed : kDone;
+    session.console.Message(Totals(counts) + " in " + std::to_string(aircraft.size() - failed) + " aircraft" +
+                            (failed > 0 ? ", " + std::to_string(failed) + " more could not be read" : ""));
+    const bool clean =
+        counts[LintSeverityText(LintSeverity::Error)] + counts[LintSeverityText(LintSeverity::Warning)] == 0;
+    return failed > 0 ? kAircraftFailed : clean ? kDone : kTestFailed;
 }
 
 } // namespace
 
 Action PrepareLint(CLI::App& app) {
     auto options = std::make_shared<LintOptions>();
-    app.footer("Exit codes: 0 nothing but notes, 1 errors or warnings, 2 wrong usage, 3 an aircraft cannot be read.");
-    app.add_flag("--json", options->json, "A list of objects");
+    app.add_flag("--all", options->all, "Prints every finding, however often it repeats itself");
+    app.add_flag("--json", options->json, "A list of objects, with every finding");
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Lint(*options, session); };

@@ -63,8 +63,6 @@ ExitCode Merge(const MergeOptions& options, Session& session) {
 
 Action PrepareMerge(CLI::App& app) {
     auto options = std::make_shared<MergeOptions>();
-    app.description("Makes one report of the JSON reports that several runs of 'test' wrote: that of a single run over "
-                    "the same aircraft in the same order. Table, files and exit code are those of 'test'.");
     AddReportOptions(app, options->reports);
     app.add_option("PART", options->parts, "JSON reports, or folders of them, which are taken in the order of names")
         ->type_name("")

@@ -3,12 +3,14 @@
 #include "Annotator/FailureTexts.h"
 #include "Batch/BatchLog.h"
 #include "Batch/Commands.h"
+#include "Batch/Usage.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <iostream>
 
@@ -17,23 +19,72 @@ namespace Batch {
 namespace {
 
 constexpr std::array kCommands{
-    Command{"list", "Lists the aircraft: path, a tab, name", PrepareList},
-    Command{"detect", "Writes what detection finds, one XML file per aircraft", PrepareDetect},
-    Command{"inspect", "Prints a cockpit's nodes and parts as JSON", PrepareInspect},
-    Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file", PrepareRender},
-    Command{"explain", "Tells why a part got its type", PrepareExplain},
-    Command{"lint", "Tells an aircraft's author what is wrong in a cockpit object", PrepareLint},
-    Command{"manips", "Prints a line for each part that can be clicked", PrepareManips},
-    Command{"test", "Holds detection against the expectations of the annotation files", PrepareTest},
-    Command{"merge", "Makes one report of the JSON reports of several test runs", PrepareMerge},
-    Command{"accept", "Records what detection finds as the expectations of the annotation files", PrepareAccept},
-    Command{"compare", "Tells how two folders of detected-data files differ", PrepareCompare},
+    Command{"list", "Lists the aircraft: path, a tab, name",
+            "Example:\n"
+            "  vorelle-batch -C X-Plane list | cut -f 1",
+            PrepareList},
+    Command{"detect", "Writes what detection finds, one XML file per aircraft",
+            "Examples:\n"
+            "  vorelle-batch -C X-Plane detect --out detected          every aircraft\n"
+            "  vorelle-batch -C X-Plane detect --out detected Trainer  one of them",
+            PrepareDetect},
+    Command{"inspect", "Prints a cockpit's nodes and parts as JSON",
+            "Example:\n"
+            "  vorelle-batch -C X-Plane inspect Trainer >trainer.json",
+            PrepareInspect},
+    Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file",
+            "Puts the program's own files into the installation's folder QVRA first, where they are missing.\n"
+            "Example:\n"
+            "  vorelle-batch -C X-Plane render Trainer --look 0,25 --select 71,0 --out selector.png",
+            PrepareRender},
+    Command{"explain", "Tells why a part got its type",
+            "'manips' lists the parts that can be clicked, 'inspect' all parts.\n"
+            "Example:\n"
+            "  vorelle-batch -C X-Plane explain Trainer 71,0",
+            PrepareExplain},
+    Command{"lint", "Tells an aircraft's author what is wrong in a cockpit object",
+            "Ends with 0 where there is nothing but notes, with 1 for errors or warnings.\n"
+            "Example:\n"
+            "  vorelle-batch -C X-Plane lint Trainer",
+            PrepareLint},
+    Command{"manips", "Prints a line for each part that can be clicked",
+            "Example:\n"
+            "  vorelle-batch -C X-Plane manips --csv Trainer >parts.csv",
+            PrepareManips},
+    Command{"test", "Holds detection against the expectations of the annotation files",
+            "Example:\n"
+            "  vorelle-batch -C X-Plane test --require-tests --junit tests.xml Trainer",
+            PrepareTest},
+    Command{"merge", "Makes one report of the JSON reports of several test runs",
+            "The report is that of a single run over the same aircraft in the same order. Table, files and exit\n"
+            "code are those of 'test'.\n"
+            "Example:\n"
+            "  vorelle-batch merge --junit tests.xml parts",
+            PrepareMerge},
+    Command{"accept", "Records what detection finds as the expectations of the annotation files",
+            "A part that has a mouse rectangle and no expectation yet gets its detected type as one. What the\n"
+            "annotation files hold already stays.\n"
+            "Example:\n"
+            "  vorelle-batch -C X-Plane accept --dry-run Trainer && vorelle-batch -C X-Plane accept Trainer",
+            PrepareAccept},
+    Command{"compare", "Tells how two folders of detected-data files differ",
+            "Tells which parts changed their type, appeared or vanished between two folders that 'detect' wrote,\n"
+            "and which files only one of them has. Ends with 1 where they differ.\n"
+            "Example:\n"
+            "  vorelle-batch compare before after",
+            PrepareCompare},
 };
 
-constexpr const char* kFooter =
-    "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other "
-    "aircraft has.\nExit codes: 0 done, 1 a test failed or compared files differ, 2 wrong usage, 3 an "
-    "aircraft could not\nbe loaded or tested or a file not be read, 4 a file could not be written.";
+constexpr const char* kAircraft =
+    "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other aircraft has.\n";
+constexpr const char* kExitCodes =
+    "Exit codes: 0 done, 1 a test failed, compared files differ or lint warns, 2 wrong usage,\n"
+    "3 an aircraft could not be loaded or tested or a file not be read, 4 a file could not be written.";
+
+std::string Footer(const Command& command, const CLI::App& app) {
+    const bool takesAircraft = app.get_option_no_throw("AIRCRAFT") != nullptr;
+    return std::string(command.help) + "\n\n" + (takesAircraft ? kAircraft : "") + kExitCodes;
+}
 
 /// The options that all commands share, and the action of the chosen one.
 struct CommandLine {
@@ -46,8 +97,9 @@ struct CommandLine {
 };
 
 CommandLine::CommandLine() {
-    app.footer(kFooter);
-    app.set_version_flag("--version", "vorelle-batch " VORELLE_VERSION);
+    app.footer("'vorelle-batch COMMAND --help' tells of a command.\n\n" + std::string(kAircraft) + kExitCodes);
+    app.set_help_flag("-h,--help", "Prints this and ends");
+    app.set_version_flag("--version", "vorelle-batch " VORELLE_VERSION, "Prints the version and ends");
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
         ->take_last();
@@ -55,6 +107,7 @@ CommandLine::CommandLine() {
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
         subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
+        subcommand->footer(Footer(command, *subcommand));
     }
 }
 
@@ -98,14 +151,21 @@ std::string Session::CallersPath(const std::string& path) const {
 
 int Run(std::vector<std::string> words) {
     std::ios::sync_with_stdio(false);
+#ifdef SIGPIPE
+    // A reader that has seen enough ends the program in silence, also below a program that ignores this signal.
+    std::signal(SIGPIPE, SIG_DFL);
+#endif
     CommandLine line;
+    Session session;
     try {
         std::ranges::reverse(words); // as the parser takes them
         line.app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
-        return line.app.exit(error) == 0 ? kDone : kWrongUsage;
+        if (error.get_exit_code() == 0)
+            return line.app.exit(error); // help or version
+        session.console.Message(UsageText(line.app, error));
+        return kWrongUsage;
     }
-    Session session;
     if (!line.action) {
         session.console.Message("a command is required; --help lists them");
         return kWrongUsage;

@@ -1,4 +1,5 @@
 #include "Annotator/CockpitPreview.h"
+#include "Annotator/DataFiles.h"
 #include "Annotator/FailureTexts.h"
 #include "Annotator/PreviewPicture.h"
 #include "Batch/AircraftSelection.h"
@@ -130,7 +131,10 @@ std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& reque
     }
 }
 
-void RequireData() {
+/// Drawing is all that needs the program's own files.
+void RequireData(Console& console) {
+    if (const std::string problem = Annotator::LayOwnDataFiles(); !problem.empty())
+        console.Message(problem);
     if (!boost::filesystem::exists(Annotator::kMarkerMeshFile))
         throw CommandError(kWrongUsage, std::string("there is no ") + Annotator::kMarkerMeshFile +
                                             " in the installation: the program's folder QVRA belongs beside Aircraft");
@@ -139,7 +143,7 @@ void RequireData() {
 ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
-    RequireData();
+    RequireData(session.console);
     const std::string answer =
         RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options.picture); });
     const auto code = static_cast<ExitCode>(answer.at(0) - '0');

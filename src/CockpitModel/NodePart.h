@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,9 +30,8 @@ struct NodePart : Utils::NonAssignable {
     bool Reverse = false;
     std::unique_ptr<Rendering::Geometry> geometry;   ///< made by SceneGraph::PrepareGpuResources
     std::vector<Rendering::GeometryVertex> vertices; ///< three a triangle
-    PartTree tree;
-    RiffBlockPART block; ///< of a part from a panel: default, apart from its rectangle
-    MouseRect panelRect; ///< of a part from a panel; empty elsewhere
+    RiffBlockPART block;                             ///< of a part from a panel: default, apart from its rectangle
+    MouseRect panelRect;                             ///< of a part from a panel; empty elsewhere
     std::optional<std::int32_t> textureIndex;
     std::string textureName;
     const Material* material = nullptr; ///< in the graph's model
@@ -50,6 +50,12 @@ struct NodePart : Utils::NonAssignable {
     /// Null for a part that cannot be clicked.
     MouseRect* Rect() const { return block.mouseRect; }
     bool IsTransparent() const;
+    /// Over `vertices`, which stay as they are from the first call on: that call builds it. Any thread.
+    const PartTree& Tree() const;
+
+private:
+    mutable std::once_flag treeBuilt; ///< guards `tree`
+    mutable PartTree tree;
 };
 
 } // namespace CockpitModel

@@ -16,6 +16,10 @@ constexpr std::uint32_t kTriangleFan = 2;
 constexpr std::uint32_t kTriangleStrip = 3;
 constexpr std::int32_t kOpaqueBlendKind = 2;
 constexpr float kOpaqueAlpha = 0.9f;
+/// Draw calls may draw the same vertices and name the same texture over and over, so that a small file could fill the
+/// memory with copies. Cockpits draw up to a few million vertices.
+constexpr std::uint64_t kMostVertices = 1 << 24;
+constexpr std::uint64_t kMostNameBytes = 1 << 28;
 
 /// "<file>(<line>): <what>", as far as the model knows file and line.
 std::string AtSource(const ModelData& model, const RiffBlockPART& block, const std::string& what) {
@@ -111,7 +115,6 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
         part->vertices = std::move(entry.vertices);
         part->panelRect = std::move(entry.rect);
         part->block.mouseRect = &part->panelRect;
-        part->tree = PartTree(part->vertices);
         part->textureIndex = base.textureIndex;
         part->textureName = base.textureName;
         part->panel = base.panel;
@@ -126,6 +129,30 @@ bool NodePart::IsTransparent() const {
     return material && !(material->BlendKind == kOpaqueBlendKind && material->Alpha >= kOpaqueAlpha);
 }
 
+const PartTree& NodePart::Tree() const {
+    std::call_once(treeBuilt, [this] { tree = PartTree(vertices); });
+    return tree;
+}
+
+/// Ahead of the building, so that what is too large fails before it has taken its time.
+void SceneGraph::CheckSize() const {
+    const std::uint64_t poolSize = model.indexBlocks.empty() ? 0 : model.indexBlocks[0].Children.size();
+    std::uint64_t vertices = 0, nameBytes = 0;
+    for (const RiffBlockPART& block : model.parts) {
+        if (std::uint64_t{block.IndexOffset} + block.IndexCount <= poolSize) // else it fails by itself
+            vertices += block.IndexCount;
+        if (block.MaterialIndex < model.textures.Children.size())
+            nameBytes += model.textures.Children[block.MaterialIndex].size();
+        if (vertices > kMostVertices)
+            throw Utils::OutOfRange(AtSource(model, block,
+                                             "the TRIS lines up to this one draw " + std::to_string(vertices) +
+                                                 " vertices; a cockpit draws at most " +
+                                                 std::to_string(kMostVertices)));
+        if (nameBytes > kMostNameBytes)
+            throw Utils::OutOfRange(AtSource(model, block, "the texture's name is too long for so many TRIS lines"));
+    }
+}
+
 void SceneGraph::BuildParts(const RiffBlockPART& block) {
     Node& node = *NamedEntry(nodes, block.Node, model, block, "node");
     Soup soup = MakeTriangles(ExpandIndices(model, block), block.Type);
@@ -135,7 +162,6 @@ void SceneGraph::BuildParts(const RiffBlockPART& block) {
     part->node = &node;
     part->vertices = std::move(soup);
     part->block = block;
-    part->tree = PartTree(part->vertices);
     part->material = &FindMaterial(model, block);
     if (part->material->TextureDiffuse >= 0) {
         part->textureIndex = part->material->TextureDiffuse;

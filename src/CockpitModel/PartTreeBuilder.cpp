@@ -12,8 +12,8 @@ using Utils::Mask4;
 
 namespace {
 
-/// Leaves above this many triangles are worth their own boxes.
-constexpr std::uint32_t kLargeLeaf = 16;
+/// Leaves above this many triangles are worth their own boxes: below, making them costs more than rays gain.
+constexpr std::uint32_t kLargeLeaf = 64;
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 const Float4 kEmptyMin = Utils::Splat(kInfinity), kEmptyMax = Utils::Splat(-kInfinity);

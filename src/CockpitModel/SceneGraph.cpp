@@ -32,6 +32,7 @@ SceneGraph::SceneGraph(const ModelData& source, const AircraftCockpit& cockpit, 
     Logging::Logger::Get().Log(HERE, "Model has " + std::to_string(model.parts.size()) + " parts, " +
                                          std::to_string(indexCount) + " total drawn vertices, stored in array size " +
                                          std::to_string(model.vertexBlocks.size()));
+    CheckSize();
     MakeNodes();
     LinkParents();
     PrepareUpdate();
@@ -88,20 +89,27 @@ void SceneGraph::LinkParents() {
 /// Lays the nodes out breadth-first from node 0: a node's peer ahead of its child.
 void SceneGraph::PrepareUpdate() {
     std::vector<bool> reached(nodes.size(), false);
-    const auto append = [&](std::int32_t index, std::ptrdiff_t parent) {
+    const auto append = [&](std::int32_t index, std::int32_t parent) {
         Node* const node = Utils::At(nodes, index).get();
         if (reached[static_cast<std::size_t>(index)])
             return;
         reached[static_cast<std::size_t>(index)] = true;
-        updateSteps.push_back({node, parent});
+        UpdateStep& step = updateSteps.emplace_back();
+        step.node = node;
+        step.parent = parent;
+        step.localMatrix = node->localMatrix;
+        if (node->animation) {
+            step.motion = motions.Add(*node->animation);
+            step.animation = *node->animationIndex;
+        }
     };
     append(0, -1);
     for (std::size_t i = 0; i < updateSteps.size(); ++i) {
-        const UpdateStep step = updateSteps[i];
-        if (step.node->peerIndex)
-            append(*step.node->peerIndex, step.parent);
-        if (step.node->childIndex)
-            append(*step.node->childIndex, static_cast<std::ptrdiff_t>(i));
+        const Node& node = *updateSteps[i].node;
+        if (node.peerIndex)
+            append(*node.peerIndex, updateSteps[i].parent);
+        if (node.childIndex)
+            append(*node.childIndex, static_cast<std::int32_t>(i));
     }
     scratchList.reserve(updateSteps.size());
 }
@@ -132,10 +140,9 @@ void SceneGraph::UpdateTransforms() {
             entry.parentMatrix.setIdentity();
         else
             entry.parentMatrix = scratchList[static_cast<std::size_t>(step.parent)].worldMatrix;
-        entry.worldMatrix.noalias() = step.node->localMatrix * entry.parentMatrix;
-        if (step.node->animation)
-            ApplyAnimation(*step.node->animation, entry.worldMatrix,
-                           scratchPositions[static_cast<std::size_t>(*step.node->animationIndex)]);
+        entry.worldMatrix.noalias() = step.localMatrix * entry.parentMatrix;
+        if (step.motion.trackCount != 0)
+            motions.Apply(step.motion, entry.worldMatrix, scratchPositions[static_cast<std::size_t>(step.animation)]);
     }
     // The lists trade places: every entry of the one that comes back is written anew by the next run.
     const std::lock_guard lock(mutex);

@@ -2,6 +2,7 @@
 
 #include "CockpitModel/AircraftCockpit.h"
 #include "CockpitModel/ModelData.h"
+#include "CockpitModel/MotionTable.h"
 #include "CockpitModel/Node.h"
 #include "Rendering/Context.h"
 #include "Threading/TriggeredWorker.h"
@@ -59,15 +60,20 @@ public:
     const NodePart* YokePrimary() const { return yokePrimary; }
 
 private:
-    /// A step of the update, prepared once, as links and animations never change. Parents come before their children.
+    /// A step of the update, prepared once, as links, places and animations never change. Parents come before their
+    /// children.
     struct UpdateStep {
         Node* node = nullptr;
-        std::ptrdiff_t parent = -1; ///< step whose world matrix places this node; -1 for the root's level
+        std::int32_t parent = -1;   ///< step whose world matrix places this node; -1 for the root's level
+        std::int32_t animation = 0; ///< whose position moves it; any where nothing does
+        MotionTable::Motion motion;
+        Utils::Matrix4 localMatrix = Utils::Matrix4::Identity(); ///< the node's
     };
 
     void MakeNodes();
     void LinkParents();
     void PrepareUpdate();
+    void CheckSize() const;
     void BuildParts(const RiffBlockPART& block);
     void SetAllPositions(float position);
     void UpdateTransforms();
@@ -80,8 +86,9 @@ private:
     std::vector<TraversalEntry> publishedList; ///< the last finished update
     bool publishedIsNew = false;               ///< the nodes' own matrices are older than publishedList
 
-    std::vector<UpdateStep> updateSteps; ///< read by the worker, does not change
-    std::size_t visibilityCursor = 0;    ///< node at which the next slice starts
+    std::vector<UpdateStep> updateSteps; ///< read by the worker, as are the motions; neither changes
+    MotionTable motions;
+    std::size_t visibilityCursor = 0; ///< node at which the next slice starts
     std::vector<std::unique_ptr<Node>> nodes;
     std::vector<std::unique_ptr<Rendering::GPUBitmap>> textures; ///< by texture name; null where there is no file
     ModelData model;

@@ -56,7 +56,9 @@ std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     auto model = std::make_unique<ModelData>();
     model->sourcePath = cockpitObjPath;
     XPObjData data;
-    std::ifstream stream(Utils::StreamPath(cockpitObjPath), std::ios::binary);
+    std::ifstream stream = Utils::OpenFile(cockpitObjPath);
+    if (!stream.is_open())
+        Logging::Logger::Get().Log(HERE, "There is no object to be read at \"" + cockpitObjPath + "\"");
     ReadXPObj(stream, data);
     XPObjConverter().Convert(aircraftFolder, data, *model);
     return model;

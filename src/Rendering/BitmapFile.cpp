@@ -4,14 +4,19 @@
 #include "Rendering/DdsFile.h"
 #include "Utils/Asserts.h"
 #include "Utils/Images.h"
+#include "Utils/Paths.h"
 #include "Utils/Text.h"
 
 #include <algorithm>
+#include <array>
+#include <fstream>
 #include <memory>
 
 namespace Rendering {
 
 namespace {
+
+constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 28; ///< a square of 16,384, the side that devices stop at
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 
@@ -53,9 +58,31 @@ std::uint32_t Straight(std::uint32_t pixel) {
            alpha << 24;
 }
 
+/// The pixels that the header of a PNG promises; 0 where there is none.
+std::uint64_t PromisedPixels(const std::string& path) {
+    constexpr std::size_t kWidth = 16, kHeight = 20, kEnd = 24; // big-endian words
+    std::array<char, kEnd> header{};
+    Utils::OpenFile(path).read(header.data(), kEnd);
+    const auto word = [&](std::size_t at) {
+        std::uint64_t value = 0;
+        for (std::size_t i = at; i < at + 4; ++i)
+            value = value << 8 | static_cast<unsigned char>(header[i]);
+        return value;
+    };
+    return word(kWidth) * word(kHeight);
+}
+
+/// A pipe keeps its reader waiting, and a small file can hold more pixels than there is memory.
+bool MayBeOpened(const std::string& path) {
+    return Utils::IsReadableFile(path) && PromisedPixels(path) <= kMostPixels;
+}
+
 MemBitmap ReadPng(const std::string& path) {
-    MemBitmap bitmap;
-    Utils::FromCairoSurface(bitmap, OpenPng(path).get());
+    MemBitmap bitmap(1, 1);
+    if (MayBeOpened(path))
+        Utils::FromCairoSurface(bitmap, OpenPng(path).get());
+    else
+        Logging::Logger::Get().Log(HERE, path + " cannot be read as a picture");
     std::transform(bitmap.Pixels().begin(), bitmap.Pixels().end(), bitmap.Pixels().begin(), Straight);
     return bitmap;
 }

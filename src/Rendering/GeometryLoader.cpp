@@ -127,8 +127,8 @@ std::string ResolveDataPath(const std::string& path) {
 }
 
 std::unique_ptr<Geometry> LoadGeometryFile(Context& context, const std::string& path, bool required) {
-    std::ifstream file(Utils::StreamPath(ResolveDataPath(path)));
-    if (!file)
+    std::ifstream file = Utils::OpenFile(ResolveDataPath(path));
+    if (!file.is_open())
         ReportMissing(path, required);
     Mesh mesh;
     mesh.path = path;

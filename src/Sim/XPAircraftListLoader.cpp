@@ -2,10 +2,12 @@
 
 #include "Sim/AcfFile.h"
 #include "Sim/XPAircraftInfo.h"
+#include "Utils/LineBlocks.h"
 #include "Utils/Paths.h"
 #include "Utils/Text.h"
 
 #include <boost/filesystem/operations.hpp>
+#include <fstream>
 #include <optional>
 
 namespace fs = boost::filesystem;
@@ -68,9 +70,11 @@ std::unique_ptr<AircraftInfo> XPAircraftListLoader::LoadAircraft(const std::stri
     auto info = std::make_unique<XPAircraftInfo>();
     info->acfPath = acfPath;
     info->displayName = fs::path(acfPath).filename().string();
-    const std::string acf = Utils::ReadFile(acfPath);
-    if (const std::string_view description = LastAcfProperty(acf, "acf/_descrip"); !description.empty())
-        info->displayName = Joined(description);
+    std::ifstream file(Utils::StreamPath(acfPath), std::ios::binary);
+    Utils::LineBlocks blocks(file);
+    for (std::string_view block; blocks.Next(block);)
+        if (const std::string_view description = LastAcfProperty(block, "acf/_descrip"); !description.empty())
+            info->displayName = Joined(description);
     return info;
 }
 

@@ -4,13 +4,14 @@
 
 namespace Threading {
 
-TriggeredWorker::TriggeredWorker(std::function<void()> work) : work(std::move(work)), thread([this] { Loop(); }) {}
+TriggeredWorker::TriggeredWorker(std::function<void()> work) : work(std::move(work)) {}
 
 TriggeredWorker::~TriggeredWorker() {
     Stop();
 }
 
 void TriggeredWorker::Trigger() {
+    StartOnce();
     {
         const std::lock_guard lock(workerMutex);
         pending = true;
@@ -19,6 +20,7 @@ void TriggeredWorker::Trigger() {
 }
 
 void TriggeredWorker::RunAndWait() {
+    StartOnce();
     std::unique_lock lock(workerMutex);
     pending = true;
     done = false;
@@ -27,15 +29,23 @@ void TriggeredWorker::RunAndWait() {
 }
 
 void TriggeredWorker::Stop() {
-    if (!thread.joinable())
-        return; // stopped before
     {
         std::unique_lock lock(workerMutex);
         stop = true;
+        if (!thread.joinable()) {
+            stopped = true; // never started, or stopped before
+            return;
+        }
         changed.notify_all();
         changed.wait(lock, [this] { return stopped; });
     }
     thread.join();
+}
+
+void TriggeredWorker::StartOnce() {
+    const std::lock_guard lock(workerMutex);
+    if (!stop && !thread.joinable())
+        thread = std::thread([this] { Loop(); });
 }
 
 void TriggeredWorker::Loop() {

@@ -9,7 +9,8 @@
 
 namespace Threading {
 
-/// A thread that runs one callable each time it is triggered. A trigger during a run counts for nothing beyond it.
+/// A thread that runs one callable each time it is triggered. A trigger during a run counts for nothing beyond it. The
+/// first one starts the thread, so that a worker that nobody asks costs none.
 class TriggeredWorker : public Utils::NonAssignable {
 public:
     explicit TriggeredWorker(std::function<void()> work);
@@ -24,6 +25,7 @@ protected:
     void Stop();
 
 private:
+    void StartOnce();
     void Loop();
 
     std::function<void()> work;

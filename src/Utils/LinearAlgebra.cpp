@@ -80,19 +80,26 @@ Quaternion RotationAboutAxis(const Vector3& axis, float radians) {
     return {std::cos(half), v.x(), v.y(), v.z()};
 }
 
-Quaternion Slerp(const Quaternion& from, const Quaternion& to, float u) {
+Arc::Arc(const Quaternion& from, const Quaternion& to) : start(from.coeffs()), end(to.coeffs()) {
     float cosine = from.x() * to.x() + from.y() * to.y() + from.z() * to.z() + from.w() * to.w();
-    const float sign = cosine < 0.0f ? -1.0f : 1.0f;
-    cosine *= sign;
-    float a = 1.0f - u, b = u;
+    if (cosine < 0.0f) {
+        cosine = -cosine;
+        end = -end;
+    }
     if (1.0f - cosine > kStraightArc) {
-        const float angle = std::acos(cosine);
-        const float sine = std::sin(angle);
+        angle = std::acos(cosine);
+        sine = std::sin(angle);
+    }
+}
+
+Quaternion Arc::At(float u) const {
+    float a = 1.0f - u, b = u;
+    if (angle != 0.0f) {
         a = std::sin(angle * a) / sine;
         b = std::sin(angle * b) / sine;
     }
     Quaternion result;
-    result.coeffs() = a * from.coeffs() + (sign * b) * to.coeffs();
+    result.coeffs() = a * start + b * end;
     return result;
 }
 

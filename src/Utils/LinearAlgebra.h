@@ -43,7 +43,21 @@ Matrix4 PerspectiveFov(float verticalFieldOfView, float aspect, float nearPlane,
 
 /// The turn by an angle in radians about an axis of any length; a zero axis gives (0, 0, 0, cos(radians / 2)).
 Quaternion RotationAboutAxis(const Vector3& axis, float radians);
-/// Spherical interpolation over the shorter arc; u is not clamped.
-Quaternion Slerp(const Quaternion& from, const Quaternion& to, float u);
+
+/// The shorter way from one rotation to another, prepared for many interpolations along it.
+class Arc {
+public:
+    Arc(const Quaternion& from, const Quaternion& to);
+    /// Spherical interpolation; u is not clamped.
+    Quaternion At(float u) const;
+
+private:
+    Vector4 start, end; ///< x, y, z, w; the end is turned to the start's side
+    float angle = 0;    ///< 0 for an arc that is as good as straight
+    float sine = 1;     ///< of the angle
+};
+inline Quaternion Slerp(const Quaternion& from, const Quaternion& to, float u) {
+    return Arc(from, to).At(u);
+}
 
 } // namespace Utils

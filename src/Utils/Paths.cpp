@@ -93,12 +93,18 @@ std::string FolderStem(const std::string& filePath) {
     return fs::path(filePath).parent_path().stem().string();
 }
 
-std::string ReadFile(const fs::path& path) {
+bool IsReadableFile(const fs::path& path) {
     boost::system::error_code error;
-    if (!fs::is_regular_file(path, error))
-        return {};
-    std::ifstream file(StreamPath(path), std::ios::binary);
-    return ReadAll(file);
+    return fs::is_regular_file(path, error) && fs::file_size(path, error) <= kLargestFile;
+}
+
+std::ifstream OpenFile(const fs::path& path) {
+    return IsReadableFile(path) ? std::ifstream(StreamPath(path), std::ios::binary) : std::ifstream();
+}
+
+std::string ReadFile(const fs::path& path) {
+    std::ifstream file = OpenFile(path);
+    return file.is_open() ? ReadAll(file) : std::string();
 }
 
 std::size_t SizeLeft(std::istream& stream) {
@@ -117,7 +123,7 @@ std::string ReadAll(std::istream& stream) {
     std::string text;
     const std::size_t size = SizeLeft(stream);
     std::size_t room = size == 0 ? kFirstRead : size + 1; // so that the first read meets the end
-    while (stream) {
+    while (stream && text.size() < kLargestFile) {
         const std::size_t had = text.size();
         text.resize(had + room);
         stream.read(text.data() + had, static_cast<std::streamsize>(room));

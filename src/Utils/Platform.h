@@ -18,6 +18,9 @@ std::int64_t CounterFrequency();
 /// Where programs keep a user's data; empty when the system names no place.
 boost::filesystem::path DataFolder();
 
+/// The running program's file, with links followed; empty when the system does not tell.
+boost::filesystem::path ProgramPath();
+
 /// Shows a text to the person and blocks until it is dismissed; on a system without a box of its own it goes to the
 /// standard error stream.
 void ShowErrorBox(const std::string& caption, const std::string& text);

@@ -1,5 +1,6 @@
 #include "Utils/Platform.h"
 
+#include <boost/filesystem/operations.hpp>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
@@ -35,6 +36,11 @@ boost::filesystem::path DataFolder() {
         return dataHome;
     const char* home = std::getenv("HOME");
     return home && *home ? boost::filesystem::path(home) / ".local/share" : boost::filesystem::path();
+}
+
+boost::filesystem::path ProgramPath() {
+    boost::system::error_code error;
+    return boost::filesystem::read_symlink("/proc/self/exe", error);
 }
 
 void ShowErrorBox(const std::string& caption, const std::string& text) {

@@ -6,6 +6,7 @@
 #include <codecvt>
 #include <locale>
 #include <shlobj.h>
+#include <string>
 #include <windows.h>
 
 namespace Utils::Platform {
@@ -44,6 +45,18 @@ boost::filesystem::path DataFolder() {
     if (FAILED(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder)))
         return {};
     return folder;
+}
+
+boost::filesystem::path ProgramPath() {
+    std::wstring path(MAX_PATH, L'\0');
+    constexpr std::size_t longest = 1 << 15;
+    for (; path.size() <= longest; path.resize(2 * path.size())) {
+        // A path that does not fit is cut, and fills the room.
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size())
+            return path.substr(0, length);
+    }
+    return {};
 }
 
 void ShowErrorBox(const std::string& caption, const std::string& text) {

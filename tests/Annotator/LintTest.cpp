@@ -58,7 +58,7 @@ TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
 TEST(LintTest, FindsManipulatorsInForceWhereNobodyMeantThem) {
     const auto left = Lint(ObjText().Texture().Begin().Toggle("sim/x").Tris().Begin().Tris().End().End().Tris().Tris());
     EXPECT_THAT(Places(left), ElementsAre("left-in-force@19"));
-    EXPECT_THAT(left.at(0).wrong, HasSubstr("ATTR_manip_toggle of line 13 is still in force over 2 parts"));
+    EXPECT_THAT(left.at(0).wrong, HasSubstr("ATTR_manip_toggle of line 13 is still in force over 2 parts outside"));
     EXPECT_THAT(Places(Lint(ObjText().Texture().Begin().Toggle("x").Tris().NoManip().End().Tris())), ElementsAre());
 
     const ObjText unread = ObjText().Texture().Toggle("x").Tris().Line("ATTR_manip_push hand 1 0 y").Tris().Tris();
@@ -92,6 +92,52 @@ TEST(LintTest, ReadsAnyBytes) {
                 ElementsAre("index-range@2"));
 }
 
+TEST(LintTest, FindsWhatAnAnnotationFileSaysInVain) {
+    const Support::Installation installation;
+    const Support::WorkingDirectory inside(installation.path.string());
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", ObjText().Texture().Tris().Tris());
+    installation.Write("Aircraft/Props/Cub/panel.png", "");
+    const auto lint = [&](const std::string& records) {
+        installation.Annotations("Cub", records);
+        auto findings = LintAircraft(*Sim::XPAircraftListLoader().LoadAircraftList().at(0));
+        EXPECT_EQ(findings.back().check, "no-yoke");
+        findings.pop_back();
+        return Places(findings);
+    };
+    const std::string first = "<NodeId>0</NodeId><PartId>0</PartId>";
+    const struct {
+        const char* name;
+        std::string records;
+        std::vector<std::string> places;
+    } rows[] = {
+        {"all that can be said",
+         "<Override>" + first +
+             "<InteractionType>Radio</InteractionType><InteractionTypeTest>"
+             "YokePart</InteractionTypeTest><EventType>LClick/RClick</EventType><Tooltip/><Reverse>1</Reverse><Mine/>"
+             "</Override>",
+         {}},
+        {"an unknown type",
+         "<Override>" + first + "\n<InteractionTypeTest>Slide</InteractionTypeTest></Override>",
+         {"annotation-word@2"}},
+        {"three unknown words",
+         "<Override>" + first +
+             "<InteractionType>tap</InteractionType>\n<EventType/>\n"
+             "<Reverse>true</Reverse></Override>",
+         {"annotation-word@1", "annotation-word@2", "annotation-word@3"}},
+        {"no place", "\n<Override><NodeId>0</NodeId></Override>", {"annotation-place@2"}},
+        {"beyond the parts",
+         Support::Expectation(0, 1, "Tap") + "\n" + Support::Expectation(0, 2, "Tap"),
+         {"annotation-place@2"}},
+        {"beyond the nodes", Support::Expectation(1, 0, "Tap"), {"annotation-place@1"}},
+        {"a part twice",
+         "\n" + Support::Expectation(0, 1, "Tap") + "\n\n" + Support::Expectation(0, 1, "Move"),
+         {"annotation-place@2"}},
+        {"no XML", "\n<Override", {"annotation-xml@2"}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(lint(row.records), row.places) << row.name;
+}
+
 TEST(LintTest, LooksAtTheFilesAroundACockpit) {
     const Support::Installation installation;
     const Support::WorkingDirectory inside(installation.path.string());
@@ -106,10 +152,15 @@ TEST(LintTest, LooksAtTheFilesAroundACockpit) {
     Sim::AircraftList list = Sim::XPAircraftListLoader().LoadAircraftList();
     ASSERT_EQ(list.size(), 1u);
     const auto findings = LintAircraft(*list.front());
-    EXPECT_THAT(Places(findings), ElementsAre("object-case@0", "several-yokes@0", "texture-case@11",
-                                              "texture-missing@12", "texture-missing@13"));
-    EXPECT_EQ(findings.at(3).severity, LintSeverity::Note) << "X-Plane takes the .dds";
-    EXPECT_THAT(findings.at(1).wrong, testing::ContainsRegex("part 2,0 scores [-0-9.]+ \\(chosen\\), part 2,1 scores"));
+    EXPECT_THAT(Places(findings), ElementsAre("object-case@0", "texture-case@11", "texture-missing@13",
+                                              "several-yokes@0", "texture-missing@12"))
+        << "the worst first: that X-Plane takes the .dds is but a note";
+    EXPECT_THAT(findings.at(3).wrong, testing::ContainsRegex("part 2,0 scores [-0-9.]+ \\(chosen\\), part 2,1 scores"));
+
+    installation.Write("Aircraft/Props/Cub/Plane_Cockpit.obj",
+                       ObjText().Line("ANIM_rotate 0 0 1 0 30 0 1 sim/joystick/Yoke_roll").Line(yoke).Text());
+    EXPECT_THAT(LintAircraft(*list.front()).back().wrong,
+                HasSubstr("moves with both axes of a yoke (sim/joystick/Yoke_roll in line 11 does not count)"));
 
     boost::filesystem::remove(installation.path / "Aircraft/Props/Cub/Plane_Cockpit.obj");
     EXPECT_THROW(LintAircraft(*list.front()), std::runtime_error);

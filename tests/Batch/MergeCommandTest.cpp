@@ -25,11 +25,13 @@ std::string Everything(const Installation& installation, std::vector<std::string
     return all;
 }
 
-TEST(MergeCommand, MakesTheReportOfASingleRun) {
+TEST(MergeCommand, MakesTheReportOfASingleRunHoweverManyRunAtOnce) {
     const Installation installation;
     for (const char* name : {"Pass", "Fail", "Broken", "Plain", "Unplaced"})
         installation.Aircraft(std::string("Aircraft/Props/") + name, name,
                               name == std::string("Broken") ? NoMaterial() : ThreeParts());
+    installation.Aircraft("Aircraft/Props/Shell", "Shell, which has annotations but no cockpit object");
+    installation.Annotations("Shell", "");
     installation.Annotations("Pass", Expectation(0, 1, "Tap"));
     installation.Annotations("Fail", Expectation(0, 1, "Tap") + Expectation(1, 0, "Twist"));
     installation.Annotations("Broken", Expectation(0, 0, "Tap"));
@@ -43,9 +45,10 @@ TEST(MergeCommand, MakesTheReportOfASingleRun) {
         RunBatch(installation, {"test", "--json", part, line.substr(0, line.find('\t'))});
         merge.push_back(part);
     }
-    ASSERT_EQ(merge.size(), 6u);
-    const std::string single = Everything(installation, {"test"}, "single");
+    ASSERT_EQ(merge.size(), 7u);
+    const std::string single = Everything(installation, {"test", "--jobs", "1"}, "single");
     EXPECT_THAT(single, testing::StartsWith("3\n"));
+    EXPECT_EQ(Everything(installation, {"test", "--jobs", "8"}, "at once"), single);
     EXPECT_EQ(Everything(installation, merge, "merged"), single);
     EXPECT_EQ(Everything(installation, {"merge", "parts"}, "folder"), single);
 }

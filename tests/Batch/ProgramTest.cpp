@@ -6,6 +6,7 @@ namespace Batch {
 namespace {
 
 using Support::Installation;
+using Support::ObjText;
 using Support::ProgramResult;
 using testing::HasSubstr;
 
@@ -22,13 +23,17 @@ TEST(Program, TellsUsageFromHelp) {
         {"help of a command", {"detect", "--help"}, 0, "--jobs", ""},
         {"version", {"--version"}, 0, "vorelle-batch 1", ""},
         {"no command", {}, 2, "", "required"},
-        {"unknown command", {"fly"}, 2, "", "fly"},
-        {"unknown option", {"list", "--fast"}, 2, "", "--fast"},
-        {"no aircraft to inspect", {"inspect"}, 2, "", "AIRCRAFT"},
-        {"no processes", {"detect", "--jobs", "0"}, 2, "", "--jobs"},
-        {"no number", {"test", "--jobs", "many"}, 2, "", "--jobs"},
+        {"unknown command", {"fly"}, 2, "", "there is no command 'fly'\n'vorelle-batch --help'"},
+        {"two letters wrong", {"lits"}, 2, "", "there is no command 'lits'; did you mean 'list'?"},
+        {"unknown option", {"list", "--fast"}, 2, "", "list: there is no option --fast\n'vorelle-batch list --help'"},
+        {"a letter short", {"detect", "--job=3"}, 2, "", "there is no option --job=3; did you mean '--jobs'?"},
+        {"the beginning of an option", {"detect", "--un"}, 2, "", "did you mean '--untextured'?"},
+        {"a word too many", {"explain", "Vorelle", "Trainer", "1,0"}, 2, "", "explain: '1,0' is one word too many"},
+        {"no aircraft to inspect", {"inspect"}, 2, "", "inspect: AIRCRAFT is required"},
+        {"no processes", {"detect", "--jobs", "0"}, 2, "", "detect: --jobs: Value 0 not in range 1 to 1024"},
+        {"no number", {"test", "--jobs", "many"}, 2, "", "test: --jobs: "},
         {"no such folder", {"-C", "nowhere", "list"}, 2, "", "nowhere: No such file or directory"},
-        {"no installation", {"list"}, 0, "", "no aircraft below"},
+        {"no installation", {"lint"}, 2, "", "is no X-Plane installation: there is no folder Aircraft in it"},
     };
     for (const auto& row : rows) {
         const ProgramResult result = RunBatch(installation, row.arguments);
@@ -39,11 +44,30 @@ TEST(Program, TellsUsageFromHelp) {
     }
 }
 
+TEST(Program, EndsInSilenceWhenNobodyReadsOn) {
+    const Installation installation;
+    ObjText object = ObjText().Texture();
+    for (int i = 0; i < 300; ++i) // more JSON than a pipe holds
+        object.Tris();
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", object);
+    const std::string line = "trap '' PIPE; { \"$0\" inspect Cub; echo $? >&2; } | head -c 1";
+    const ProgramResult result =
+        Support::Program({"/bin/sh", "-c", line, VORELLE_BATCH_PROGRAM}, installation.path.string()).Wait();
+    EXPECT_EQ(result.output, "{");
+    EXPECT_EQ(result.errors, "141\n") << "as a shell tells that a closed pipe has ended a program";
+}
+
 TEST(Program, ListsPathsAndNames) {
     const Installation installation;
     const std::string acfPath = installation.Aircraft("Aircraft/Props/Bird", "Blue \t Bird  II");
     EXPECT_EQ(RunBatch(installation, {"list"}).output, acfPath + "\tBlue Bird II\n");
     EXPECT_EQ(RunBatch(installation, {"list", "-C", "."}).output, acfPath + "\tBlue Bird II\n");
+
+    // By path, whatever order a file system keeps them in.
+    for (const char* folder : {"Aircraft/Z/A", "Aircraft/A/Z", "Aircraft/A/A"})
+        installation.Aircraft(folder, "x");
+    EXPECT_EQ(RunBatch(installation, {"list"}).output, "Aircraft/A/A/plane.acf\tx\nAircraft/A/Z/plane.acf\tx\n" +
+                                                           acfPath + "\tBlue Bird II\nAircraft/Z/A/plane.acf\tx\n");
 
     const Installation latin;
     latin.Aircraft("Aircraft/Props/Bird", "Fl\xE4mmchen");

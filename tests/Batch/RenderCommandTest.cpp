@@ -2,7 +2,6 @@
 #include "Batch/Command.h"
 #include "Rendering/OpenGL/EglContext.h"
 #include "Utils/Images.h"
-#include "Utils/Paths.h"
 
 #include <cairo.h>
 #include <gmock/gmock.h>
@@ -29,8 +28,6 @@ constexpr Colour kGround{128, 128, 128};
 /// of node 1.
 struct RenderCommand : testing::Test {
     RenderCommand() {
-        const std::string sphere = "QVRA/Models/Sphere.obj";
-        installation.Write(sphere, Utils::ReadFile(std::string(VORELLE_SOURCE_DIR "/data/") + sphere));
         installation.Aircraft("Aircraft/Props/Cub", "Cub", "P acf/_pe_xyz/0 -9\nP acf/_pe_xyz/2 10\n");
         installation.Write(
             "Aircraft/Props/Cub/plane_cockpit.obj",
@@ -128,8 +125,10 @@ TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
     boost::filesystem::create_directory(installation / "picture.png");
     EXPECT_EQ(Render({"Cub"}).exitCode, kNotWritten);
     boost::filesystem::remove_all(installation / "QVRA");
+    installation.Write("QVRA", "a file where the folder of the program's own files belongs");
     const ProgramResult bare = Render({"Cub"});
     EXPECT_EQ(bare.exitCode, kWrongUsage);
+    EXPECT_THAT(bare.errors, HasSubstr("own files cannot all be put into " + installation / "QVRA"));
     EXPECT_THAT(bare.errors, HasSubstr("there is no QVRA/Models/Sphere.obj in the installation"));
 }
 

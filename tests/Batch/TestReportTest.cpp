@@ -43,33 +43,6 @@ TestReport AwkwardReport() {
     return report;
 }
 
-TEST(TestReport, ComesThroughItsTransportUnchanged) {
-    AircraftReport sent = AwkwardReport()[0];
-    CockpitModel::AnnotationRecord unplaced;
-    unplaced.NodeId = 70'000, unplaced.PartId = -1;
-    unplaced.InteractionTypeTest = TouchInteractionType::YokePrimary;
-    sent.tests.unplaced = {unplaced};
-    sent.tests.hasCockpitObject = false;
-    sent.problems = FindProblems(sent.tests);
-    const AircraftReport got = ParseAircraft(SerialiseAircraft(sent));
-    EXPECT_EQ(got.tests.displayName, sent.tests.displayName);
-    EXPECT_EQ(got.tests.acfPath, sent.tests.acfPath);
-    EXPECT_EQ(got.tests.hasCockpitObject, false);
-    EXPECT_EQ(got.tests.clickable, 10u);
-    EXPECT_EQ(got.tests.covered, 2u);
-    EXPECT_EQ(got.tests.unplaced, sent.tests.unplaced);
-    EXPECT_EQ(got.problems, sent.problems);
-    EXPECT_EQ(got.problems.size(), 2u);
-    ASSERT_EQ(got.tests.parts.size(), 2u);
-    const Annotator::PartTest& part = got.tests.parts[1];
-    EXPECT_EQ(part.NodeId, 3);
-    EXPECT_EQ(part.PartId, 1);
-    EXPECT_EQ(part.rectangle, sent.tests.parts[1].rectangle);
-    EXPECT_EQ(part.expected, TouchInteractionType::Tap);
-    EXPECT_EQ(part.detected, TouchInteractionType::Move);
-    EXPECT_FALSE(part.passed);
-}
-
 TEST(TestReport, AlignsItsTableByCharacters) {
     std::ostringstream table;
     PrintTable(table, {Aircraft("Flämmchen", {Part(0, 0, TouchInteractionType::Tap, TouchInteractionType::Tap)}),

@@ -316,7 +316,7 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
         const PartTree tree = Tree(row.soup);
         const Support::PlainTree plain(row.soup);
         ExpectSameTree(tree, plain, row.name);
-        ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 25), row.name);
+        ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 12), row.name);
     }
 }
 
@@ -324,7 +324,7 @@ TEST(PartTree, LeavesNothingOutThatRoundingMakesAHit) {
     Seeded seeded(24);
     for (const Soup& soup : {seeded.Scattered(100, 0.2f, 2), seeded.Panel(100)}) {
         const Support::PlainTree plain(soup);
-        ExpectSameAnswers(Tree(soup), plain, seeded.SkimmingRays(soup, 5000), "skimmed");
+        ExpectSameAnswers(Tree(soup), plain, seeded.SkimmingRays(soup, 1500), "skimmed");
     }
 }
 
@@ -363,7 +363,7 @@ TEST(PartTree, TakesMemoryInProportionToItsTriangles) {
         Soup soup;
         bool bounded;
     } rows[] = {
-        {"half as large as their space", seeded.Scattered(3000, 1, 0.5f), true},
+        {"half as large as their space", seeded.Scattered(2000, 1, 0.5f), true},
         {"all across each other", seeded.Scattered(1000, 0.2f, 2), false},
         {"a few", seeded.Scattered(100, 1, 0.5f), false},
         {"spiral", spiral, true},

@@ -1,6 +1,7 @@
 #include "Logging/Logger.h"
 
 #include "Support/FatalErrorRecorder.h"
+#include "Support/Sanitizers.h"
 #include "Support/TemporaryFolder.h"
 #include "Utils/Asserts.h"
 
@@ -8,7 +9,11 @@
 #include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <regex>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -138,21 +143,79 @@ TEST_F(LoggerTest, ASecondFatalErrorShowsItsTextButMakesNoSecondCrashLog) {
     EXPECT_EQ(CrashLogs().size(), 1u);
 }
 
-TEST_F(LoggerTest, ADataFolderThatCannotBeWrittenCostsOnlyTheLog) {
-    data.Write("Vorelle", "a file where the folder should be");
-    EXPECT_EQ(InOwnProcess([] {
-        Logger::Get().Start();
-        Logger::Get().Log(HERE, "lost");
-        EXPECT_EQ(Logger::Get().Stop("error.txt"), "");
-    }), 0);
-    EXPECT_EQ(InOwnProcess([] {
-        unsetenv("XDG_DATA_HOME");
-        unsetenv("HOME");
-        Logger::Get().Start();
-        Support::FatalErrorRecorder dialog;
-        EXPECT_THROW(Utils::FatalError(HERE), std::exception);
-        EXPECT_EQ(dialog.texts.size(), 1u);
-    }), 0);
+TEST_F(LoggerTest, WhateverIsInItsWayCostsOnlyTheLog) {
+    constexpr uid_t kNobody = 65534;
+    const auto beNobody = [] { return geteuid() != 0 || setresuid(kNobody, kNobody, kNobody) == 0; };
+    const struct {
+        const char* name;
+        std::function<bool()> prepare; ///< in the process; false where it cannot be tried
+    } rows[] = {
+        {"a file for a folder", [this] { return !data.Write("Vorelle", "in the way").empty(); }},
+        {"a folder for the log", [this] { return boost::filesystem::create_directories(data / "Vorelle/log.txt"); }},
+        {"a link to nowhere",
+         [this] {
+             boost::filesystem::create_directories(data / "Vorelle");
+             return symlink("no/such/file", (data / "Vorelle/log.txt").c_str()) == 0;
+         }},
+        {"no right", [&] { return chmod(data.path.c_str(), 0555) == 0 && beNobody(); }},
+        {"no room",
+         [this] {
+             if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+                 return false;
+             mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
+             return mount("tmpfs", data.path.c_str(), "tmpfs", 0, "size=16k") == 0;
+         }},
+        {"no home", [] { return unsetenv("XDG_DATA_HOME") == 0 && unsetenv("HOME") == 0; }},
+        {"a home that is not there",
+         [&] {
+             unsetenv("XDG_DATA_HOME");
+             return setenv("HOME", "/no/such/home", 1) == 0 && beNobody();
+         }},
+    };
+    for (const auto& row : rows) {
+        const int code = InOwnProcess([&] {
+            if (!row.prepare())
+                _exit(77);
+            Logger::Get().Start();
+            for (int i = 0; i < 1000; ++i)
+                Logger::Get().Log(HERE, std::string(100, 'x'));
+            const Support::FatalErrorRecorder dialog;
+            EXPECT_THROW(Utils::FatalError("A.cpp", 7), std::exception);
+            ASSERT_EQ(dialog.texts.size(), 1u);
+            EXPECT_NE(dialog.texts[0].find("A.cpp: Line 7\n"), std::string::npos);
+        });
+        EXPECT_TRUE(code == 0 || code == 77) << row.name << ": " << code;
+        chmod(data.path.c_str(), 0755);
+        boost::filesystem::remove_all(data.path / "Vorelle");
+    }
+}
+
+/// With a pipe for a log the writer waits at its start for someone to read.
+TEST_F(LoggerTest, NeverHoldsUpItsCallersAndGivesTheLinesBack) {
+    constexpr std::size_t kLines = 200'000, kLength = 200;
+    boost::filesystem::create_directories(data / "Vorelle");
+    ASSERT_EQ(mkfifo((data / "Vorelle/log.txt").c_str(), 0600), 0);
+    ASSERT_EQ(InOwnProcess([&] {
+                  Logger::Get().Start();
+                  const std::size_t before = mallinfo2().uordblks;
+                  for (std::size_t i = 0; i < kLines; ++i)
+                      Logger::Get().Log("T", 1, std::string(kLength, 'x'));
+                  const std::size_t waiting = mallinfo2().uordblks - before;
+                  std::thread reader([&] {
+                      std::ifstream log(data / "Vorelle/log.txt");
+                      std::size_t lines = 0;
+                      for (std::string line; std::getline(log, line);)
+                          ++lines;
+                      EXPECT_EQ(lines, kLines);
+                  });
+                  Logger::Get().Stop("");
+                  reader.join();
+                  if (Support::kSanitized)
+                      return;
+                  EXPECT_GT(waiting, kLines * kLength);
+                  EXPECT_LT(mallinfo2().uordblks - before, waiting / 3) << "only the queue's own links stay";
+              }),
+              0);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <cairo.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -31,7 +32,12 @@ TEST(BitmapFileTest, APngComesWithTheColoursThatItsPainterChose) {
 
 TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
     const Support::TemporaryFolder folder;
-    for (const std::string& path : {folder / "missing.png", folder.Write("not.png", "GIF89a"), folder.path.string()}) {
+    ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
+    // A header that promises 32,767 by 32,767 pixels, for which there is room in cairo and hardly in the machine.
+    const std::string vast =
+        folder.Write("vast.png", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x7F\xFF\0\0\x7F\xFF", 24));
+    for (const std::string& path :
+         {folder / "missing.png", folder.Write("not.png", "GIF89a"), folder / "pipe.png", folder.path.string(), vast}) {
         const auto levels = Rendering::ReadBitmapFile(path);
         ASSERT_EQ(levels.size(), 1u) << path;
         ASSERT_EQ(levels[0].Pixels().size(), 1u) << path;

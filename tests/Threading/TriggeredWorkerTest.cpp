@@ -56,6 +56,10 @@ TEST(TriggeredWorkerTest, EndsWithoutEverHavingRun) {
     {
         Worker worker([&] { ran = true; });
     }
+    Worker stopped([&] { ran = true; });
+    stopped.Stop();
+    stopped.RunAndWait(); // returns at once
+    stopped.Trigger();
     EXPECT_FALSE(ran);
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace fs = boost::filesystem;
 
@@ -60,6 +61,17 @@ TEST(Paths, ReadsWholeFiles) {
     EXPECT_EQ(ReadFile(folder.Write("empty", "")), "");
     EXPECT_EQ(ReadFile(folder / "missing"), "");
     EXPECT_EQ(ReadFile(folder.path), "");
+
+    // What would keep a reader waiting or fill the memory is not opened.
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    fs::create_symlink("/dev/zero", folder / "zeros");
+    fs::create_symlink("circle", folder / "circle");
+    folder.Write("sparse", "x");
+    fs::resize_file(folder / "sparse", kLargestFile + 1);
+    for (const char* name : {"pipe", "zeros", "circle", "sparse", "missing", ""}) {
+        EXPECT_EQ(ReadFile(folder / name), "") << name;
+        EXPECT_FALSE(OpenFile(folder / name).is_open()) << name;
+    }
 
     std::istringstream stream(bytes);
     stream.seekg(5);

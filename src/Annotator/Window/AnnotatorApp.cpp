@@ -1,5 +1,6 @@
 #include "Annotator/Window/AnnotatorApp.h"
 
+#include "Annotator/DataFiles.h"
 #include "Annotator/FailureTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/FatalErrorBox.h"
@@ -63,6 +64,9 @@ bool PrepareToolkit() {
 bool AnnotatorApp::OnInit() {
     // Outlives the window, which the toolkit destroys after the application's last word.
     static const auto loader = std::make_unique<Sim::XPAircraftListLoader>();
+    // A person may still look at aircraft where the files cannot be laid.
+    if (const std::string problem = LayOwnDataFiles(); !problem.empty())
+        ShowProblem(nullptr, problem);
     try {
         auto* window = new AnnotatorWindow(loader.get());
         window->Show(true);

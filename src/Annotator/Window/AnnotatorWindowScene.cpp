@@ -188,6 +188,8 @@ void AnnotatorWindow::OnSaveAnnotation(wxCommandEvent&) {
     annotationStore->Set(*selectedPart, currentAnnotation);
     if (const auto result = annotationStore->Write(annotationPath); !result)
         ShowProblem(this, SaveFailureText(annotationPath, result.error));
+    else if (!annotationStore->KeptCopy().empty())
+        ShowProblem(this, KeptCopyText(annotationPath, annotationStore->KeptCopy()));
 }
 
 } // namespace Annotator

@@ -2,6 +2,7 @@
 
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "CockpitModel/SceneGraph.h"
+#include "Logging/Logger.h"
 #include "Sim/AircraftInfo.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
@@ -34,7 +35,8 @@ AnnotationStore::AnnotationStore(const SceneGraph& sceneGraph) : sceneGraph(&sce
 }
 
 void AnnotationStore::Read(const std::string& path) {
-    for (AnnotationRecord& record : ReadAnnotations(path)) {
+    std::string xml = Utils::ReadFile(path);
+    for (AnnotationRecord& record : AnnotationsFromXml(xml)) {
         if (std::cmp_less(record.NodeId, 0) || std::cmp_greater_equal(record.NodeId, records.size()))
             continue;
         auto& slots = records[static_cast<std::size_t>(record.NodeId)];
@@ -42,11 +44,33 @@ void AnnotationStore::Read(const std::string& path) {
             continue;
         slots[static_cast<std::size_t>(record.PartId)] = std::move(record);
     }
+    if (SaysJust(xml, ListAll()))
+        ownText = std::move(xml);
 }
 
-Utils::SaveResult AnnotationStore::Write(const std::string& path) const noexcept {
+Utils::SaveResult AnnotationStore::KeepOtherText(const std::string& path) {
+    keptCopy.clear();
+    const std::string found = Utils::ReadFile(path);
+    boost::system::error_code error;
+    if (found.empty() && boost::filesystem::file_size(path, error) > 0 && !error)
+        return {false, "Cannot save " + path + ": what stands there cannot be read, and would be lost"};
+    if (found.empty() || found == ownText)
+        return {true, {}};
+    for (int number = 1; keptCopy.empty() || boost::filesystem::exists(keptCopy); ++number)
+        keptCopy = path + ".kept-" + std::to_string(number);
+    Logging::Logger::Get().Log(HERE, path + " held more than the records; it is kept as " + keptCopy);
+    return Utils::SaveFile(keptCopy, found);
+}
+
+Utils::SaveResult AnnotationStore::Write(const std::string& path) noexcept {
     try {
-        return Utils::SaveFile(path, AnnotationsToXml(ListAll()));
+        if (Utils::SaveResult kept = KeepOtherText(path); !kept)
+            return kept;
+        std::string xml = AnnotationsToXml(ListAll());
+        Utils::SaveResult saved = Utils::SaveFile(path, xml);
+        if (saved)
+            ownText = std::move(xml);
+        return saved;
     } catch (...) {
         return {false, "Cannot be saved"}; // short enough to need no memory
     }

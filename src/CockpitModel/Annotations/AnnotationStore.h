@@ -38,8 +38,12 @@ public:
     /// Fills slots from a file. What cannot be read is left out in silence: a field with an unknown word, a record
     /// without a place in the scene, a file that is no XML.
     void Read(const std::string& path);
-    /// Replaces the file by all filled slots, or leaves it byte for byte as it was and returns why not.
-    Utils::SaveResult Write(const std::string& path) const noexcept;
+    /// Replaces the file by all filled slots, or leaves it byte for byte as it was and returns why not. Text that this
+    /// store has neither read whole nor written, such as what does not parse or what came since, is kept in a file
+    /// beside it first.
+    Utils::SaveResult Write(const std::string& path) noexcept;
+    /// Where the last Write kept such a text; empty for most.
+    const std::string& KeptCopy() const { return keptCopy; }
 
     /// A part outside the table throws Utils::OutOfRange.
     std::optional<AnnotationRecord> Get(const NodePart& part) const;
@@ -48,7 +52,11 @@ public:
     PartEvaluation Evaluate(const NodePart& part) const;
 
 private:
+    Utils::SaveResult KeepOtherText(const std::string& path);
+
     const SceneGraph* sceneGraph;
+    std::string ownText; ///< of the file, as it was read whole or written; empty when there is none
+    std::string keptCopy;
     std::vector<std::vector<std::optional<AnnotationRecord>>> records; ///< by node and part
 };
 

@@ -137,15 +137,24 @@ void SetExpectation(XMLElement& element, const std::string& type) {
 } // namespace
 
 std::vector<AnnotationRecord> ReadAnnotations(const std::string& path) {
+    return AnnotationsFromXml(Utils::ReadFile(path));
+}
+
+std::vector<AnnotationRecord> AnnotationsFromXml(const std::string& xml) {
     std::vector<AnnotationRecord> records;
     tinyxml2::XMLDocument document;
-    const std::string text = Utils::ReadFile(path);
-    if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS || !document.RootElement())
+    if (document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS || !document.RootElement())
         return records;
     for (const XMLElement* element = document.RootElement()->FirstChildElement("Override"); element;
          element = element->NextSiblingElement("Override"))
         records.push_back(ReadRecord(*element));
     return records;
+}
+
+bool SaysJust(const std::string& xml, const std::vector<AnnotationRecord>& records) {
+    tinyxml2::XMLDocument document;
+    return document.Parse(xml.data(), xml.size()) == tinyxml2::XML_SUCCESS &&
+           Printed(document) == AnnotationsToXml(records);
 }
 
 std::string AnnotationsToXml(const std::vector<AnnotationRecord>& records) {

@@ -11,6 +11,11 @@ namespace CockpitModel {
 /// or is no XML. A field with an unknown word keeps its default.
 std::vector<AnnotationRecord> ReadAnnotations(const std::string& path);
 
+/// The same from a file's text.
+std::vector<AnnotationRecord> AnnotationsFromXml(const std::string& xml);
+/// Whether a text says what these records say and nothing else: no comment, unknown word or record without a place.
+bool SaysJust(const std::string& xml, const std::vector<AnnotationRecord>& records);
+
 /// The text of an annotation file.
 std::string AnnotationsToXml(const std::vector<AnnotationRecord>& records);
 

@@ -1,6 +1,7 @@
 #include "CockpitModel/XPlane/XPObjReader.h"
 
 #include "CockpitModel/XPlane/NumberText.h"
+#include "Utils/LineBlocks.h"
 #include "Utils/Paths.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace {
 constexpr const char* kPanelTexture = "cockpit_3d/-PANELS-/Panel.png";
 constexpr std::uint32_t kPanelTextureIndex = 0;
 constexpr std::uint32_t kRoot = 0;
-constexpr std::size_t kBlockSize = 64 << 10;
 /// How many bytes of names the draw calls of an object can copy, beside twice its size. No real object comes near; it
 /// keeps a long name that many draw calls share from filling the memory.
 constexpr std::size_t kNameRoom = 64 << 20;
@@ -236,7 +236,7 @@ void Reader::Triangles(Line& line) {
 
 void Reader::TakeNameRoom(std::string& name) {
     if (name.size() > nameRoom)
-        name = {};
+        std::string().swap(name); // an assignment would keep its room
     nameRoom -= name.size();
 }
 
@@ -301,25 +301,12 @@ XPObjManip Reader::Manipulator(Line& line) {
 
 } // namespace
 
-/// The text goes through a small buffer in blocks of whole lines: fresh memory for all of it would cost as much time as
-/// reading its numbers does.
 void ReadXPObj(std::istream& stream, XPObjData& data) {
+    static_assert(kNumberPadding <= Utils::LineBlocks::kPadding);
     Reader reader(data, Utils::SizeLeft(stream));
-    std::string buffer(kBlockSize, '\0');
-    std::size_t begun = 0; // what the last block left: the front of a line
-    while (stream) {
-        if (begun > buffer.size() / 2)
-            buffer.resize(2 * buffer.size());
-        const std::size_t room = buffer.size() - begun - kNumberPadding;
-        stream.read(buffer.data() + begun, static_cast<std::streamsize>(room - 1));
-        std::size_t filled = begun + static_cast<std::size_t>(stream.gcount());
-        if (!stream)
-            buffer[filled++] = '\n';
-        const std::size_t end = std::string_view(buffer.data(), filled).rfind('\n') + 1; // 0 where there is none
-        reader.ReadLines(buffer.data(), buffer.data() + end);
-        begun = filled - end;
-        std::memmove(buffer.data(), buffer.data() + end, begun);
-    }
+    Utils::LineBlocks blocks(stream);
+    for (std::string_view block; blocks.Next(block);)
+        reader.ReadLines(block.data(), block.data() + block.size());
 }
 
 } // namespace CockpitModel

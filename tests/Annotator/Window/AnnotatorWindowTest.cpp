@@ -210,6 +210,20 @@ TEST_F(AnnotatorWindowTest, SavesAndFindsAnAnnotationAgain) {
     EXPECT_TRUE(dialogs.texts.empty());
 }
 
+TEST_F(AnnotatorWindowTest, TellsWhereASaveKeptWhatItCouldNotRead) {
+    folder.Write("QVRA/Annotations/Trainer.xml", "<Overrides><Override>");
+    Open();
+    Load();
+    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+    ASSERT_EQ(dialogs.texts.size(), 1u);
+    EXPECT_THAT(dialogs.texts[0], HasSubstr(folder / "QVRA/Annotations/Trainer.xml.kept-1"));
+    EXPECT_EQ(folder.Read("QVRA/Annotations/Trainer.xml.kept-1"), "<Overrides><Override>");
+    EXPECT_THAT(folder.Read("QVRA/Annotations/Trainer.xml"), HasSubstr("<NodeId>0</NodeId>"));
+    Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+    EXPECT_EQ(dialogs.texts.size(), 1u);
+}
+
 TEST_F(AnnotatorWindowTest, TellsWhenASaveFails) {
     Open();
     Load();
@@ -224,31 +238,82 @@ TEST_F(AnnotatorWindowTest, TellsWhenASaveFails) {
     EXPECT_EQ(IdLabel(), "ID: (0,0)");
 }
 
-TEST_F(AnnotatorWindowTest, SurvivesALoadThatFails) {
+/// A cockpit that throws at one step of the road.
+struct ThrowingCockpit final : CockpitModel::AircraftCockpit {
+    enum class Step { Valid, Model, Memory };
+    explicit ThrowingCockpit(Step failing) : step(failing) {}
+    bool IsValid() const override {
+        if (step == Step::Valid)
+            throw std::runtime_error("not to be asked");
+        return true;
+    }
+    std::unique_ptr<CockpitModel::ModelData> LoadModel() const override {
+        if (step == Step::Memory)
+            throw std::bad_alloc();
+        throw std::runtime_error("the model is gone");
+    }
+    Step step;
+};
+
+/// Each step of the load in turn: the person reads which aircraft it was and why, the window stands empty, and what was
+/// saved before stands in its file.
+TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
+    using Step = ThrowingCockpit::Step;
     struct NoObject final : CockpitModel::AircraftCockpit {
         bool IsValid() const override { return false; }
         std::unique_ptr<CockpitModel::ModelData> LoadModel() const override { return nullptr; }
     };
-    loader.aircraft.emplace_back("Empty", "Made/Empty", [] { return std::make_unique<NoObject>(); });
-    loader.aircraft.emplace_back("Broken", "Made/Broken", []() -> std::unique_ptr<CockpitModel::AircraftCockpit> {
-        throw Utils::OutOfRange("broken_cockpit.obj(7): TRIS before any TEXTURE line");
-    });
+    ModelBuilder noVertex, noMaterial, noTrack;
+    noVertex.Part(0, SquareAhead(0, 0, 1, 1));
+    noVertex.model.indexBlocks[0].Children[4] = 6;
+    noMaterial.Part(0, SquareAhead(0, 0, 1, 1)).MaterialIndex = 9;
+    noTrack.model.animationLinks.Children.clear();
+    const auto throwing = [](Step step) { return [step] { return std::make_unique<ThrowingCockpit>(step); }; };
+    const struct {
+        const char* step;
+        CockpitMaker maker;
+        const char* reason;
+    } rows[] = {
+        {"cockpit",
+         []() -> std::unique_ptr<CockpitModel::AircraftCockpit> {
+             throw Utils::OutOfRange("broken_cockpit.obj(7): TRIS before any TEXTURE line");
+         },
+         "broken_cockpit.obj(7): TRIS before any TEXTURE line"},
+        {"validity", throwing(Step::Valid), "not to be asked"},
+        {"object", [] { return std::make_unique<NoObject>(); }, "no cockpit object"},
+        {"model", throwing(Step::Model), "the model is gone"},
+        {"memory", throwing(Step::Memory), "bad_alloc"},
+        {"vertices", MakerOf(noVertex.model), "vertex 6, but the model has 6"},
+        {"material", MakerOf(noMaterial.model), "the part has no material"},
+        {"links", MakerOf(noTrack.model), "invalid vector<T> subscript"},
+    };
+    for (const auto& row : rows)
+        loader.aircraft.emplace_back(row.step, "Made/Broken", row.maker);
     Open();
+    int line = 1;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.step);
+        Load(1);
+        tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+        Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+        const std::string saved = folder.Read("QVRA/Annotations/Trainer.xml");
+        dialogs.texts.clear();
+        Load(++line);
+        const bool fatal = std::string(row.step) == "object";
+        ASSERT_EQ(dialogs.texts.size(), fatal ? 2u : 1u);
+        if (fatal) {
+            EXPECT_THAT(dialogs.texts[0], HasSubstr("Annotator\\AnnotatorWindow.cpp: Line 158\n"));
+        }
+        EXPECT_THAT(
+            dialogs.texts.back(),
+            testing::AllOf(HasSubstr(row.step), HasSubstr("Aircraft/Made/Broken/plane.acf"), HasSubstr(row.reason)));
+        EXPECT_EQ(TreeText(), "");
+        EXPECT_EQ(IdLabel(), "ID: None");
+        Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+        EXPECT_EQ(folder.Read("QVRA/Annotations/Trainer.xml"), saved);
+        EXPECT_FALSE(boost::filesystem::exists("QVRA/Annotations/Broken.xml"));
+    }
     Load(1);
-    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
-    Load(2);
-    ASSERT_EQ(dialogs.texts.size(), 2u);
-    EXPECT_THAT(dialogs.texts[0], HasSubstr("Annotator\\AnnotatorWindow.cpp: Line 158\n"));
-    EXPECT_THAT(dialogs.texts[1], testing::AllOf(HasSubstr("Empty"), HasSubstr("Aircraft/Made/Empty/plane.acf"),
-                                                 HasSubstr("no cockpit object")));
-    EXPECT_EQ(TreeText(), "");
-    EXPECT_EQ(IdLabel(), "ID: None");
-
-    Load(3);
-    ASSERT_EQ(dialogs.texts.size(), 3u);
-    EXPECT_THAT(dialogs.texts[2], HasSubstr("broken_cockpit.obj(7): TRIS before any TEXTURE line"));
-    Load(1);
-    EXPECT_EQ(dialogs.texts.size(), 3u);
     tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
     EXPECT_EQ(IdLabel(), "ID: (1,0)");
 }

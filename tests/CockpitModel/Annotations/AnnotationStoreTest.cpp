@@ -154,6 +154,54 @@ TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
     EXPECT_TRUE(store.ListAll().empty());
 }
 
+TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
+    const std::string first = "<Override><NodeId>0</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
+    const std::string far = "<Override><NodeId>7</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
+    const struct {
+        const char* name;
+        std::string read, present; ///< the file when it is read, and when it is saved over
+        bool kept;
+    } rows[] = {
+        {"all of it read", "<Overrides>" + first + "</Overrides>", "<Overrides>" + first + "</Overrides>", false},
+        {"made by the save", "", "", false},
+        {"vanished", "<Overrides>" + first + "</Overrides>", "", false},
+        {"not well-formed", "<Overrides>" + first + "<Over", "<Overrides>" + first + "<Over", true},
+        {"a record of a part that is gone", "<Overrides>" + far + "</Overrides>", "<Overrides>" + far + "</Overrides>",
+         true},
+        {"a comment", "<Overrides><!-- mine -->" + first + "</Overrides>",
+         "<Overrides><!-- mine -->" + first + "</Overrides>", true},
+        {"written by another meanwhile", "<Overrides>" + first + "</Overrides>", "<Overrides/>", true},
+    };
+    for (const auto& row : rows) {
+        const Support::TemporaryFolder place;
+        AnnotationStore saver(scene);
+        const auto lay = [&](const std::string& text) {
+            boost::filesystem::remove(place / "a.xml");
+            if (!text.empty())
+                place.Write("a.xml", text);
+        };
+        lay(row.read);
+        saver.Read(place / "a.xml");
+        lay(row.present);
+        saver.Set(Part(1, 1), AnnotationRecord{1, 1});
+        EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
+        EXPECT_EQ(saver.KeptCopy(), row.kept ? place / "a.xml.kept-1" : "") << row.name;
+        EXPECT_EQ(place.Read("a.xml.kept-1"), row.kept ? row.present : "") << row.name;
+        EXPECT_EQ(ReadAnnotations(place / "a.xml"), saver.ListAll()) << row.name;
+
+        EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
+        EXPECT_EQ(saver.KeptCopy(), "") << row.name << ", saved again";
+        place.Write("a.xml", "changed");
+        EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
+        EXPECT_EQ(place.Read(row.kept ? "a.xml.kept-2" : "a.xml.kept-1"), "changed") << row.name;
+    }
+    // Where the copy cannot be made, the file stays.
+    folder.Write("b.xml", "kept");
+    boost::filesystem::create_symlink("nowhere/at all", folder / "b.xml.kept-1");
+    EXPECT_FALSE(store.Write(folder / "b.xml"));
+    EXPECT_EQ(folder.Read("b.xml"), "kept");
+}
+
 TEST_F(AnnotationStoreTest, TakesAnyRootAndTheLaterOfTwoRecords) {
     Read("<?xml version=\"1.0\"?><Other><Overrides/><Override><NodeId>1</NodeId><PartId>1</PartId>"
          "<Tooltip>first</Tooltip><Reverse>1</Reverse></Override><override/>"

@@ -88,11 +88,11 @@ TEST_F(PanelRoadTest, PanelPartsArePickedAheadOfTheSurface) {
     ASSERT_EQ(parts.size(), 2u);
     const PartRay through{{0.2f, 0.15f, 0}, {0, 0, 1}}, beside{{0.35f, 0.15f, 0}, {0, 0, 1}};
     for (const auto& part : parts)
-        ASSERT_TRUE(part->tree.Intersect(through));
-    EXPECT_NEAR(parts[0]->tree.Intersect(through)->distance, 1.999f, 1e-5f);
-    EXPECT_NEAR(parts[1]->tree.Intersect(through)->distance, 2.0f, 1e-5f);
-    EXPECT_FALSE(parts[0]->tree.Intersect(beside));
-    EXPECT_TRUE(parts[1]->tree.Intersect(beside));
+        ASSERT_TRUE(part->Tree().Intersect(through));
+    EXPECT_NEAR(parts[0]->Tree().Intersect(through)->distance, 1.999f, 1e-5f);
+    EXPECT_NEAR(parts[1]->Tree().Intersect(through)->distance, 2.0f, 1e-5f);
+    EXPECT_FALSE(parts[0]->Tree().Intersect(beside));
+    EXPECT_TRUE(parts[1]->Tree().Intersect(beside));
 }
 
 TEST_F(PanelRoadTest, APartWithAnotherTextureShowsNothing) {

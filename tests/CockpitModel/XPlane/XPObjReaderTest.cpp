@@ -235,7 +235,7 @@ TEST(XPObjReader, BoundsTheNamesThatDrawCallsShare) {
     ASSERT_EQ(data.drawCalls.size(), kCalls);
     std::size_t bytes = 0;
     for (const XPObjDrawCall& call : data.drawCalls)
-        bytes += call.toggle.value().dataref.size();
+        bytes += call.toggle.value().dataref.capacity();
     EXPECT_LT(bytes, 80 * kNameSize);
     EXPECT_EQ(data.drawCalls.front().toggle->dataref.size(), kNameSize);
 }

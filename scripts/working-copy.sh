@@ -1,15 +1,5 @@
 # shellcheck shell=bash
-# Sourced by run.sh: puts files into a folder without taking anything of a person's away.
-
-# lay_missing_files FROM TO: copies each file that TO has no entry for.
-lay_missing_files() {
-  local file
-  mkdir -p "$2" || return
-  while IFS= read -r -d '' file; do
-    if [ -e "$2/$file" ] || [ -L "$2/$file" ]; then continue; fi
-    mkdir -p "$2/$(dirname "$file")" && cp "$1/$file" "$2/$file" || return
-  done < <(cd "$1" && find . -type f -printf '%P\0')
-}
+# Sourced by run.sh: keeps a copy of a folder without taking anything of a person's away.
 
 # refresh_working_copy FROM TO: brings TO up to date with FROM. A file that was changed in TO since it was laid there
 # stays as it is; TO.laid remembers what was laid.

@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# soak.sh [SECONDS [SEED [PROGRAM [INSTALLATION...]]]]: has the desktop tool driven at random for so long (1200) on a display of
+# its own, on a copy of the sample and of further installations. Fails when memory, handles or threads grow, when the window
+# complains, or when a saved annotation is not found again. Without a PROGRAM it builds annotator_soak in build/release.
+set -euo pipefail
+root=$(dirname "$(dirname "$(readlink -f "$0")")")
+source "$root/scripts/packages.sh"
+seconds=${1:-1200}
+seed=${2:-$RANDOM}
+program=${3-}
+if [ -z "$program" ]; then
+  install_packages "${tool_packages[@]}" "${library_packages[@]}" "${device_packages[@]}" "${test_packages[@]}"
+  say "Building in build/release"
+  quietly cmake -S "$root" --preset release || fail "configuring failed"
+  quietly cmake --build "$root/build/release" --target annotator_soak || fail "the build failed"
+  program=$root/build/release/soak/annotator_soak
+fi
+
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+mkdir -p "$folder/installation/QVRA"
+for installation in "$root/sample" "${@:4}"; do cp -r "$installation/." "$folder/installation"; done
+cp -r "$root/data/QVRA/." "$folder/installation/QVRA"
+say "Driving the annotator for $seconds seconds with seed $seed"
+cd "$folder/installation"
+env -u DISPLAY XDG_DATA_HOME="$folder/data" "$root/tests/Annotator/Window/run_on_display.sh" "$program" "$seconds" "$seed" ||
+  fail "the annotator did not stand it (seed $seed)"

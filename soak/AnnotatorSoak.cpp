@@ -1,0 +1,351 @@
+// annotator_soak SECONDS [SEED]: drives the real window in the installation that is the working directory, as a person
+// without aim would, and watches memory, handles and threads. It fails when they grow, when the window has anything to
+// complain of, or when an annotation file does not hold what was saved.
+#include "Annotator/Window/AnnotatorApp.h"
+#include "Annotator/Window/AnnotatorWindow.h"
+#include "Annotator/Window/Toolkit.h"
+#include "CockpitModel/Annotations/AnnotationXml.h"
+#include "Logging/Logger.h"
+#include "Sim/XPAircraftListLoader.h"
+
+#include <boost/filesystem/operations.hpp>
+#include <charconv>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <random>
+#include <unistd.h>
+#include <wx/button.h>
+#include <wx/evtloop.h>
+#include <wx/notebook.h>
+#include <wx/uiaction.h>
+
+namespace {
+
+using CockpitModel::AnnotationRecord;
+using Clock = std::chrono::steady_clock;
+using Place = std::pair<std::int32_t, std::int32_t>; ///< node and part
+using namespace Annotator;
+
+constexpr double kSampleSeconds = 5;
+/// Until all aircraft have been loaded a few times, caches of the driver and the toolkit fill.
+constexpr double kWarmUpShare = 0.2;
+/// What the medians of the first and the last third after the warm-up may differ by.
+constexpr double kMostGrowth = 0.05;
+/// What the window may say: an aircraft of the sample has no texture, and its annotations have a record without a
+/// place.
+constexpr const char* kExpected[] = {"cannot be loaded", "it is kept in"};
+constexpr long kMostHandles = 4, kMostThreads = 1;
+
+double SecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+long CountEntries(const char* folder) {
+    return std::distance(boost::filesystem::directory_iterator(folder), boost::filesystem::directory_iterator());
+}
+
+struct Sample {
+    double seconds = 0;
+    long kilobytes = 0, handles = 0, threads = 0;
+};
+
+Sample TakeSample(double seconds) {
+    long pages = 0, resident = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident;
+    return {seconds, resident * (sysconf(_SC_PAGESIZE) / 1024), CountEntries("/proc/self/fd"),
+            CountEntries("/proc/self/task")};
+}
+
+class Soak {
+public:
+    explicit Soak(unsigned seed) : random(seed) {
+        for (const auto& info : loader.LoadAircraftList())
+            paths.push_back(CockpitModel::AnnotationPath(*info));
+        Open();
+    }
+
+    void Run(double seconds) {
+        const auto start = Clock::now();
+        double nextSample = 0;
+        for (double now = 0; now < seconds; now = SecondsSince(start)) {
+            Step();
+            if (now >= nextSample) {
+                samples.push_back(TakeSample(now));
+                const Sample& sample = samples.back();
+                std::cout << static_cast<int>(now) << " s, " << steps << " steps, " << sample.kilobytes << " kB, "
+                          << sample.handles << " handles, " << sample.threads << " threads" << std::endl;
+                nextSample = now + kSampleSeconds;
+            }
+        }
+        Close();
+    }
+
+    bool IsWell() const {
+        const bool steady = IsSteady(), found = AllIsFound();
+        bool quiet = true;
+        for (const std::string& text : dialogs.texts) {
+            if (std::ranges::any_of(kExpected, [&](const char* words) { return text.find(words) != text.npos; }))
+                continue;
+            std::cout << "FAILED: the window said: " << text << '\n';
+            quiet = false;
+        }
+        std::cout << steps << " steps, " << loads << " loads, " << saves << " saves, " << windows << " windows"
+                  << std::endl;
+        return steady && found && quiet;
+    }
+
+private:
+    /// 0 for a count of 0, as of the lines of a choice without a part.
+    int Below(int count) { return std::uniform_int_distribution<int>(0, std::max(count - 1, 0))(random); }
+    template <typename Type>
+    Type& Child() {
+        return *Support::Find<Type>(*window);
+    }
+    wxPoint PointInView() {
+        const wxSize size = canvas->GetClientSize();
+        return canvas->ClientToScreen(wxPoint(Below(size.x), Below(size.y)));
+    }
+
+    void Open() {
+        window = new AnnotatorWindow(&loader);
+        window->Show();
+        canvas = Support::Find<DXCanvas>(*window);
+        loaded = -1;
+        ++windows;
+        Support::PumpFrames(3);
+    }
+    void Close() {
+        window->Destroy();
+        Support::PumpFrames(3);
+    }
+
+    void Step() {
+        static constexpr struct {
+            int weight; ///< of 1000
+            void (Soak::*act)();
+        } kActions[] = {
+            {20, &Soak::Load},   {300, &Soak::Click},    {100, &Soak::Drag},    {150, &Soak::SelectInTree},
+            {200, &Soak::Slide}, {150, &Soak::EditSave}, {40, &Soak::TurnPage}, {20, &Soak::ShowTransparent},
+            {15, &Soak::Walk},   {4, &Soak::Resize},     {1, &Soak::Reopen}};
+        ++steps;
+        int at = Below(1000);
+        for (const auto& action : kActions) {
+            if (at < action.weight) {
+                (this->*action.act)();
+                break;
+            }
+            at -= action.weight;
+        }
+        Support::PumpFrames(1);
+    }
+
+    void Load() {
+        loaded = Below(static_cast<int>(paths.size()));
+        Support::Choose(Child<wxChoice>(), loaded + 1);
+        Support::PumpFrames(2);
+        ++loads;
+    }
+    void Click() {
+        mouse.MouseMove(PointInView());
+        mouse.MouseClick();
+        Support::PumpFrames(1);
+    }
+    void Drag() {
+        mouse.MouseMove(PointInView());
+        mouse.MouseDown();
+        for (int i = Below(4); i >= 0; --i) {
+            mouse.MouseMove(PointInView());
+            Support::PumpFrames(1);
+        }
+        mouse.MouseUp();
+        // The pilot looks ahead again, or most clicks would go through the cabin's roof.
+        if (Below(4) == 0)
+            canvas->control.camera.SetRotation({0, 0, 0});
+    }
+    void SelectInTree() {
+        auto& tree = Child<wxTreeCtrl>();
+        std::vector<wxTreeItemId> items;
+        const std::function<void(const wxTreeItemId&)> gather = [&](const wxTreeItemId& item) {
+            items.push_back(item);
+            wxTreeItemIdValue cookie;
+            for (auto child = tree.GetFirstChild(item, cookie); child.IsOk(); child = tree.GetNextChild(item, cookie))
+                gather(child);
+        };
+        if (tree.GetRootItem().IsOk())
+            gather(tree.GetRootItem());
+        if (!items.empty())
+            tree.SelectItem(items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))]);
+    }
+    void Slide() {
+        auto& pane = Child<AnimationsPane>();
+        auto& animations = *Support::Find<wxChoice>(pane);
+        auto& slider = *Support::Find<wxSlider>(pane);
+        Support::Choose(animations, Below(static_cast<int>(animations.GetCount())));
+        for (int i = Below(3); i >= 0; --i) {
+            slider.SetValue(Below(101));
+            Support::Fire(slider, wxEVT_SLIDER);
+            Support::PumpFrames(1);
+        }
+    }
+    void TurnPage() {
+        auto& notebook = Child<wxNotebook>();
+        notebook.SetSelection(static_cast<std::size_t>(Below(static_cast<int>(notebook.GetPageCount()))));
+    }
+    void ShowTransparent() {
+        auto& box = *Support::FindLabelled<wxCheckBox>(*window, "Show Transparent Objects");
+        box.SetValue(!box.GetValue());
+        Support::Fire(box, wxEVT_CHECKBOX);
+    }
+    void Walk() {
+        const int keys[] = {'W', 'A', 'S', 'D', WXK_LEFT, WXK_RIGHT, WXK_UP, WXK_DOWN};
+        const int key = keys[Below(8)];
+        for (const auto& type : {wxEVT_KEY_DOWN, wxEVT_KEY_UP}) {
+            wxKeyEvent event(type);
+            event.m_keyCode = key;
+            canvas->ProcessWindowEvent(event);
+            Support::PumpFrames(1);
+        }
+    }
+    void Resize() { window->SetSize(700 + Below(800), 500 + Below(400)); }
+    void Reopen() {
+        Close();
+        Open();
+    }
+
+    std::optional<Place> Selected() {
+        const std::string label = Support::Labels<wxStaticText>(Child<PartInfoPane>()).at(0);
+        Place place;
+        return std::sscanf(label.c_str(), "ID: (%d,%d)", &place.first, &place.second) == 2 ? std::optional(place)
+                                                                                           : std::nullopt;
+    }
+
+    /// The value that the text of a choice's line means; none for its first line.
+    template <typename FromText>
+    auto Chosen(wxChoice& choice, FromText fromText) {
+        choice.SetSelection(Below(static_cast<int>(choice.GetCount())));
+        return choice.GetSelection() == 0
+                   ? std::nullopt
+                   : std::optional(fromText(choice.GetStringSelection().ToStdString(wxConvUTF8)));
+    }
+
+    void EditSave() {
+        const auto place = Selected();
+        if (!place || loaded < 0)
+            return;
+        auto& pane = Child<InteractionPane>();
+        std::vector<wxChoice*> choices;
+        for (wxWindow* child : pane.GetChildren())
+            if (auto* choice = dynamic_cast<wxChoice*>(child))
+                choices.push_back(choice);
+        static const std::vector<std::string> kTooltips = {"", "Throttle", "a < b & \"c\"", "Gr\xC3\xBC\xC3\x9F",
+                                                           std::string(3000, 'x')};
+        AnnotationRecord record{.NodeId = place->first, .PartId = place->second};
+        record.InteractionType = Chosen(*choices.at(0), CockpitModel::TouchInteractionTypeFromText);
+        record.EventType = Chosen(*choices.at(1), CockpitModel::TouchEventTypeFromText);
+        record.InteractionTypeTest =
+            Chosen(*Support::Find<wxChoice>(Child<TestPane>()), CockpitModel::TouchInteractionTypeFromText);
+        record.Reverse = Below(2) == 1;
+        const std::string& tooltip = kTooltips[static_cast<std::size_t>(Below(static_cast<int>(kTooltips.size())))];
+        if (!tooltip.empty())
+            record.Tooltip = tooltip;
+        Support::Find<wxCheckBox>(pane)->SetValue(record.Reverse);
+        Support::Find<wxTextCtrl>(pane)->SetValue(wxString::FromUTF8(tooltip));
+        Support::Fire(*Support::FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+        saved[paths[static_cast<std::size_t>(loaded)]][*place] = record;
+        ++saves;
+    }
+
+    bool AllIsFound() const {
+        bool all = true;
+        for (const auto& [path, records] : saved) {
+            std::map<Place, AnnotationRecord> found;
+            for (const AnnotationRecord& record : CockpitModel::ReadAnnotations(path))
+                found[{record.NodeId, record.PartId}] = record;
+            std::size_t lost = 0;
+            for (const auto& [place, record] : records)
+                lost += !found.contains(place) || found[place] != record;
+            std::cout << path << ": " << records.size() << " records saved, " << lost << " lost\n";
+            all &= lost == 0;
+        }
+        return all;
+    }
+
+    static long Median(std::vector<long> values) {
+        const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+        std::nth_element(values.begin(), middle, values.end());
+        return *middle;
+    }
+    bool IsSteady() const {
+        const auto first = static_cast<std::size_t>(kWarmUpShare * static_cast<double>(samples.size()));
+        const std::size_t third = (samples.size() - first) / 3;
+        if (third < 2)
+            return true; // too short to tell
+        const auto median = [&](std::size_t from, long Sample::*field) {
+            std::vector<long> values;
+            for (std::size_t i = from; i < from + third; ++i)
+                values.push_back(samples[i].*field);
+            return Median(values);
+        };
+        const std::size_t last = samples.size() - third;
+        const auto grew = [&](const char* what, long Sample::*field, long allowed) {
+            const long before = median(first, field), after = median(last, field);
+            std::cout << what << ": " << before << " after the warm-up, " << after << " at the end, " << allowed
+                      << " more are allowed\n";
+            return after - before > allowed;
+        };
+        const auto room = static_cast<long>(kMostGrowth * static_cast<double>(median(first, &Sample::kilobytes)));
+        const bool memory = grew("memory in kB", &Sample::kilobytes, room);
+        const bool handles = grew("handles", &Sample::handles, kMostHandles);
+        const bool threads = grew("threads", &Sample::threads, kMostThreads);
+        return !memory && !handles && !threads;
+    }
+
+    std::mt19937 random;
+    Sim::XPAircraftListLoader loader;
+    std::vector<std::string> paths; ///< of annotation files, by the aircraft's place in the list
+    Support::DialogRecorder dialogs;
+    AnnotatorWindow* window = nullptr;
+    DXCanvas* canvas = nullptr;
+    wxUIActionSimulator mouse;
+    int loaded = -1;
+    long steps = 0, loads = 0, saves = 0, windows = 0;
+    std::vector<Sample> samples;
+    std::map<std::string, std::map<Place, AnnotationRecord>> saved;
+};
+
+class SoakApp : public wxApp {
+public:
+    bool OnInit() override { return true; }
+    bool OnExceptionInMainLoop() override { throw; }
+};
+
+int Run(double seconds, unsigned seed) {
+    wxEventLoop loop;
+    const wxEventLoopActivator active(&loop);
+    Soak soak(seed);
+    soak.Run(seconds);
+    return soak.IsWell() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> words(argv, argv + argc);
+    if (words.size() < 2 || words.size() > 3) {
+        std::cerr << "usage: annotator_soak SECONDS [SEED], in a folder with aircraft\n";
+        return EXIT_FAILURE;
+    }
+    Logging::Logger::Create();
+    Logging::Logger::Get().Start();
+    if (!PrepareToolkit())
+        return EXIT_FAILURE;
+    wxApp::SetInstance(new SoakApp);
+    int argumentCount = 0;
+    if (!wxEntryStart(argumentCount, static_cast<char**>(nullptr)) || !wxTheApp->CallOnInit())
+        return EXIT_FAILURE;
+    wxTheApp->SetExitOnFrameDelete(false);
+    const int result = Run(std::stod(words[1]), words.size() > 2 ? static_cast<unsigned>(std::stoul(words[2])) : 1);
+    wxEntryCleanup();
+    return result;
+}

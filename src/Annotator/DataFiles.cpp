@@ -1,0 +1,80 @@
+#include "Annotator/DataFiles.h"
+
+#include "Annotator/FailureTexts.h"
+#include "Utils/Paths.h"
+#include "Utils/Platform.h"
+#include "Utils/SaveFile.h"
+
+#include <boost/filesystem/operations.hpp>
+
+namespace Annotator {
+
+namespace {
+
+namespace fs = boost::filesystem;
+
+constexpr const char* kPlaces[] = {"../share/vorelle-annotator/QVRA", "../data/QVRA", "QVRA"};
+
+/// A link counts as an entry though what it points to may be gone: it is a person's.
+bool HasEntry(const fs::path& path) {
+    boost::system::error_code error;
+    return fs::exists(fs::symlink_status(path, error));
+}
+
+void LayFile(const fs::path& from, const fs::path& to) {
+    const std::string bytes = Utils::ReadFile(from);
+    if (bytes.empty())
+        throw std::runtime_error("Cannot read " + from.string());
+    fs::create_directories(to.parent_path());
+    if (const auto saved = Utils::SaveFile(to.string(), bytes); !saved)
+        throw std::runtime_error(saved.error);
+}
+
+/// A file that fails keeps none of the others away. Returns the first failure.
+std::string LayMissing(const fs::path& data, const fs::path& target) {
+    std::string failure;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(data)) {
+        const fs::path to = target / entry.path().lexically_relative(data);
+        if (!fs::is_regular_file(entry.path()) || HasEntry(to))
+            continue;
+        try {
+            LayFile(entry.path(), to);
+        } catch (const std::exception& error) {
+            failure = failure.empty() ? ReasonText(error) : failure;
+        }
+    }
+    return failure;
+}
+
+} // namespace
+
+fs::path OwnDataFolder(const fs::path& program) {
+    if (program.empty())
+        return {};
+    boost::system::error_code error;
+    for (const char* place : kPlaces)
+        if (const fs::path folder = program.parent_path() / place; fs::is_directory(folder, error))
+            return fs::canonical(folder);
+    return {};
+}
+
+std::string LayDataFiles(const fs::path& data, const fs::path& installation) {
+    boost::system::error_code error;
+    if (data.empty() || !fs::is_directory(installation / "Aircraft", error))
+        return {};
+    std::string failure;
+    try {
+        failure = LayMissing(data, installation / "QVRA");
+    } catch (const std::exception& unlisted) { // the program's own folder
+        failure = ReasonText(unlisted);
+    }
+    return failure.empty() ? failure : DataFilesFailureText((installation / "QVRA").string(), failure);
+}
+
+std::string LayOwnDataFiles() {
+    boost::system::error_code error;
+    const fs::path installation = fs::current_path(error);
+    return LayDataFiles(OwnDataFolder(Utils::Platform::ProgramPath()), installation);
+}
+
+} // namespace Annotator

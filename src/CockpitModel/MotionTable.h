@@ -1,0 +1,49 @@
+#pragma once
+
+#include "CockpitModel/ModelAnimation.h"
+#include "Utils/LinearAlgebra.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace CockpitModel {
+
+/// The motions of many animations, laid out one behind another, so that an update of a whole cockpit walks through
+/// memory in order. Any thread may read it once it is filled.
+class MotionTable {
+public:
+    /// One animation's tracks; none for a node that stands still.
+    struct Motion {
+        float length = 0; ///< end of the time axis
+        std::uint32_t firstTrack = 0, trackCount = 0;
+    };
+
+    /// A track of fewer than two keys throws OutOfRange.
+    Motion Add(const ModelAnimation& animation);
+    /// As ApplyAnimation does with the animation that was added.
+    void Apply(const Motion& motion, Utils::Matrix4& m, float position) const;
+
+private:
+    struct Shift {
+        Utils::Vector3 start, whole;
+    };
+    /// From one key to the next; the kind is that of the first.
+    struct Segment {
+        float start, end; ///< fractions of the time axis
+        bool isTranslation;
+        std::uint32_t place; ///< in `shifts` or in `turns`
+    };
+    struct Track {
+        std::uint32_t firstSegment, segmentCount;
+    };
+
+    void AddSegment(const RiffBlockXANK& from, const RiffBlockXANK& to, float length);
+    Utils::Matrix4 TrackMatrix(const Track& track, float fraction) const;
+
+    std::vector<Track> tracks;
+    std::vector<Segment> segments;
+    std::vector<Shift> shifts;
+    std::vector<Utils::Arc> turns;
+};
+
+} // namespace CockpitModel

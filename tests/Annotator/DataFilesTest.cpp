@@ -1,0 +1,122 @@
+#include "Annotator/DataFiles.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/Paths.h"
+
+#include <gmock/gmock.h>
+#include <map>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Annotator {
+namespace {
+
+namespace fs = boost::filesystem;
+
+using Support::TemporaryFolder;
+using testing::HasSubstr;
+using Files = std::map<std::string, std::string>; // name to bytes
+
+Files FilesBelow(const fs::path& folder) {
+    Files files;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder))
+        if (!fs::is_directory(entry.path()))
+            files[entry.path().lexically_relative(folder).string()] = Utils::ReadFile(entry.path());
+    return files;
+}
+
+/// The rights of a person who may not write everywhere, whoever runs the tests.
+struct AsNobody {
+    AsNobody() { EXPECT_EQ(before == 0 ? seteuid(65534) : 0, 0); }
+    ~AsNobody() { EXPECT_EQ(seteuid(before), 0); }
+    const uid_t before = geteuid();
+};
+
+struct DataFiles : testing::Test {
+    DataFiles() {
+        data.Write("Images/checker.png", "png\n");
+        data.Write("Models/Sphere.obj", "ball\r\n");
+        data.Write("readme", "words");
+        fs::create_directories(installation / "Aircraft");
+    }
+
+    std::string Lay() const { return LayDataFiles(data.path, installation.path); }
+
+    const TemporaryFolder data, installation;
+    const Files all{{"Images/checker.png", "png\n"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "words"}};
+};
+
+TEST_F(DataFiles, AreLaidWholeAndLeaveNothingElseBehind) {
+    EXPECT_EQ(Lay(), "");
+    EXPECT_EQ(FilesBelow(installation / "QVRA"), all);
+    fs::remove(installation / "QVRA/Models/Sphere.obj");
+    EXPECT_EQ(Lay(), "");
+    EXPECT_EQ(FilesBelow(installation / "QVRA"), all) << "a file that went missing comes back";
+}
+
+TEST_F(DataFiles, NeverTakeThePlaceOfWhatStandsThere) {
+    installation.Write("QVRA/Models/Sphere.obj", "mine");
+    installation.Write("QVRA/Annotations/Cub.xml", "mine too");
+    fs::create_symlink("gone", installation / "QVRA/readme");
+    EXPECT_EQ(Lay(), "");
+    EXPECT_EQ(fs::read_symlink(installation / "QVRA/readme"), "gone");
+    EXPECT_FALSE(fs::exists(installation / "QVRA/gone"));
+    EXPECT_EQ(FilesBelow(installation / "QVRA"), (Files{{"Annotations/Cub.xml", "mine too"},
+                                                        {"Images/checker.png", "png\n"},
+                                                        {"Models/Sphere.obj", "mine"},
+                                                        {"readme", ""}}));
+}
+
+TEST_F(DataFiles, AreLaidInInstallationsOnly) {
+    const TemporaryFolder home;
+    home.Write("Aircraft", "a file of that name makes no installation");
+    EXPECT_EQ(LayDataFiles(data.path, home.path), "");
+    EXPECT_EQ(FilesBelow(home.path).size(), 1u);
+    EXPECT_EQ(LayDataFiles({}, installation.path), "") << "a program without data of its own lays none";
+    EXPECT_FALSE(fs::exists(installation / "QVRA"));
+}
+
+TEST_F(DataFiles, ThatCannotBeWrittenAreTold) {
+    {
+        ASSERT_EQ(chmod(installation.path.c_str(), 0555), 0);
+        const AsNobody nobody;
+        EXPECT_THAT(Lay(), testing::AllOf(HasSubstr((installation.path / "QVRA").string()), HasSubstr("ermission")));
+    }
+    ASSERT_EQ(chmod(installation.path.c_str(), 0755), 0);
+    EXPECT_FALSE(fs::exists(installation / "QVRA"));
+
+    // A folder that is in the way of one file keeps no other away, nor does a file in the way of a folder.
+    installation.Write("QVRA/Images", "a file");
+    EXPECT_THAT(Lay(), HasSubstr("QVRA/Images"));
+    EXPECT_EQ(FilesBelow(installation / "QVRA"),
+              (Files{{"Images", "a file"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "words"}}));
+}
+
+TEST(OwnDataFolder, IsFoundByTheProgramsPath) {
+    const TemporaryFolder folder;
+    const auto found = [&](const char* program) {
+        const fs::path path = OwnDataFolder(folder / program);
+        return path.empty() ? std::string() : path.lexically_relative(fs::canonical(folder.path)).string();
+    };
+    for (const char* program : {"usr/bin/vorelle-batch", "build/src/vorelle-batch"})
+        folder.Write(program, "");
+    folder.Write("usr/share/vorelle-annotator/QVRA/readme", "");
+    folder.Write("build/data/QVRA/readme", "");
+    folder.Write("Vorelle/QVRA/readme", "");
+    folder.Write("alone/QVRA", "a file");
+    EXPECT_EQ(found("usr/bin/vorelle-batch"), "usr/share/vorelle-annotator/QVRA");
+    EXPECT_EQ(found("build/src/vorelle-batch"), "build/data/QVRA");
+    EXPECT_EQ(found("Vorelle/vorelle-annotator.exe"), "Vorelle/QVRA");
+    EXPECT_EQ(found("alone/vorelle-batch"), "");
+    EXPECT_EQ(OwnDataFolder({}), "") << "a program whose place is not known";
+}
+
+TEST(OwnDataFiles, OfTheBuildTreeAreLaidInTheWorkingDirectory) {
+    const TemporaryFolder installation;
+    fs::create_directories(installation / "Aircraft");
+    const Support::WorkingDirectory inside(installation.path);
+    EXPECT_EQ(LayOwnDataFiles(), "");
+    EXPECT_EQ(FilesBelow(installation / "QVRA"), FilesBelow(VORELLE_SOURCE_DIR "/data/QVRA"));
+}
+
+} // namespace
+} // namespace Annotator

@@ -1,0 +1,171 @@
+#include "Annotator/Explanation.h"
+
+#include "Annotator/AircraftRoad.h"
+#include "Sim/XPAircraftListLoader.h"
+#include "Support/Installation.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+
+namespace Annotator {
+namespace {
+
+using CockpitModel::NodePart;
+using testing::ContainsRegex;
+using testing::HasSubstr;
+
+/// A cockpit of these lines behind a pool that each row may add to: vertices 3 to 5 lie about the origin, 6 to 8 do so
+/// but for two that are 0.2 m away, 9 to 11 lie on one side of it, and IDX brings them in that order behind 0 1 2, the
+/// last three times over. TEXTURE is in line 22.
+struct Cockpit {
+    explicit Cockpit(const std::string& lines) {
+        const Support::WorkingDirectory inside(installation.path);
+        Support::ObjText object;
+        for (const char* corner : {"0.02 0 0", "-0.02 0 0", "0 0.02 0", "0.2 0 0", "-0.2 0 0", "0 0.05 0", "0.1 0 0",
+                                   "0.1 0.01 0", "0.09 0 0"})
+            object.Line(std::string("VT ") + corner + " 0 0 1 0 0");
+        object.Line("IDX10 3 4 5 6 7 8").Line("IDX10 9 10 11 9 10 11 9 10 11").Texture().Line(lines);
+        installation.Aircraft("Aircraft/Props/Cub", "Cub", object);
+        const auto list = Sim::XPAircraftListLoader().LoadAircraftList();
+        CockpitModel::GaugeRepository repository("");
+        opened = OpenAircraft(*list.at(0), repository);
+        built = BuildAircraft(opened);
+    }
+
+    NodePart& Part(std::size_t node) const { return *built.sceneGraph->Nodes().at(node)->parts.at(0); }
+    std::string Text(std::size_t node) const { return ExplanationText(*built.sceneGraph, Part(node)); }
+
+    const Support::Installation installation;
+    OpenedAircraft opened;
+    BuiltAircraft built;
+};
+
+const std::string kDrag = "ATTR_manip_drag_axis hand 1 0 0 0 1 sim/x\n";
+const std::string kTurn = "ANIM_rotate 0 0 1 0 90 0 1 sim/turn\n";
+const std::string kRoll = "ANIM_rotate 0 0 1 0 90 0 1 sim/cockpit2/controls/yoke_roll_ratio\n";
+const std::string kPitch = "ANIM_trans 0 0 0 0 0 0 0 1 sim/cockpit2/controls/yoke_pitch_ratio\n";
+
+// A quarter turn about z has the vector sin(45) along z: the mask (1, 1, 0.29289) over its length 1.44423 is (0.69241,
+// 0.69241, 0.20280), by which corners count. Vertices 3 to 5 sum to 0.02 x 0.69241 = 0.01385 and reach as far. 6 to 8
+// sum to 0.05 x 0.69241 = 0.03462 and reach 0.2 x 0.69241 = 0.13848. 9 to 11, three times, sum to 3 x (0.29, 0.01) x
+// 0.69241 = (0.60240, 0.02077), which is 0.60276 long. 0 to 2 sum to (0.69241, 0.69241), which is 0.97922 long, and
+// reach 0.69241.
+TEST(ExplanationTest, TellsTheRuleItsFiguresAndWhatWouldChangeIt) {
+    const struct {
+        const char* name;
+        std::string lines;
+        std::size_t node;
+        const char* type;
+        const char* because; ///< expressions
+        const char* change;
+    } rows[] = {
+        {"nothing to click", "TRIS 0 3", 0, "None",
+         "no manipulator, and no animation of a yoke at or above it, so None",
+         "ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move$"},
+        {"roll alone", "ANIM_begin\n" + kRoll + "TRIS 0 3\nANIM_end", 1, "None",
+         "a yoke's roll but not its pitch at or above it, so None",
+         "controls/yoke_pitch_ratio at or above it makes it a yoke$"},
+        {"pitch alone, above it", "ANIM_begin\n" + kPitch + "ANIM_begin\n" + kTurn + "TRIS 0 3\nANIM_end\nANIM_end", 2,
+         "None", "a yoke's pitch but not its roll at or above it, so None",
+         "controls/yoke_roll_ratio at or above it makes it a yoke$"},
+        {"a toggle", "ANIM_begin\n" + kTurn + "ATTR_manip_toggle hand 0 1 sim/x\nTRIS 0 3\nANIM_end", 1, "Tap",
+         "fires an event when clicked, so Tap",
+         "ATTR_manip_drag_axis in the place of its toggle makes it Twist or Move"},
+        {"a drag on the root", kDrag + "TRIS 0 3", 0, "Twist",
+         "its node has no animation, and BalanceFactor 0 is not above 0.3, so Twist",
+         "an animation block of its own; in one that does not turn it is Move"},
+        {"a knob", "ANIM_begin\n" + kTurn + kDrag + "TRIS 3 3\nANIM_end", 1, "Twist",
+         "it turns, BalanceFactor 0.01384[0-9]* is not above 0.3 and SweepRadius 0.01384[0-9]* is not above 0.1, so "
+         "Twist",
+         "a SweepRadius above 0.1, a BalanceFactor above 0.3 or an animation that does not turn makes it Move"},
+        {"a slider", "ANIM_begin\nANIM_trans 0 0 0 0 0 1 0 1 sim/x\n" + kDrag + "TRIS 3 3\nANIM_end", 1, "Move",
+         "the animation of its own node never turns, so Move, not Twist", "an ANIM_rotate as the last step"},
+        {"a block without steps", "ANIM_begin\n" + kDrag + "TRIS 3 3\nANIM_end", 1, "Move", "never turns, so Move",
+         "an ANIM_rotate as the last step"},
+        {"a lever", "ANIM_begin\n" + kTurn + kDrag + "TRIS 9 9\nANIM_end", 1, "Move",
+         "BalanceFactor 0.6027[0-9]* is above 0.3, so Move, not Twist", "lie evenly about the axis, makes it Twist$"},
+        {"a lever that is wide, too", "ANIM_begin\n" + kTurn + kDrag + "TRIS 0 3\nANIM_end", 1, "Move",
+         "BalanceFactor 0.979[0-9]* is above 0.3, so Move, not Twist",
+         "makes it Twist, if its SweepRadius comes down to 0.1 as well$"},
+        {"a wide wheel", "ANIM_begin\n" + kTurn + kDrag + "TRIS 6 3\nANIM_end", 1, "Move",
+         "SweepRadius 0.1384[0-9]* is above 0.1, so Move, not Twist", "stays within 0.1 m of its axis"},
+        {"the only yoke", "ANIM_begin\n" + kRoll + kPitch + "TRIS 3 3\nANIM_end", 2, "YokePrimary",
+         "no manipulator, and animations of a yoke's roll and pitch at or above it, so a yoke",
+         "a manipulator ahead of its TRIS makes it no yoke$"},
+    };
+    for (const auto& row : rows) {
+        const std::string text = Cockpit(row.lines).Text(row.node);
+        const auto line = [&](const std::string& heading) {
+            const std::size_t start = text.find(heading);
+            return start == text.npos ? "nothing" : text.substr(start, text.find('\n', start) - start);
+        };
+        EXPECT_TRUE(line("part ").ends_with(std::string(" is ") + row.type)) << row.name << ":\n" << text;
+        EXPECT_THAT(line("because:"), ContainsRegex(row.because)) << row.name;
+        EXPECT_THAT(line("what would change it:"), ContainsRegex(row.change)) << row.name;
+    }
+}
+
+TEST(ExplanationTest, TellsLinesAnimationsAndFigures) {
+    const Cockpit cockpit("ANIM_begin\nANIM_trans 0 0 0 0 0 1 0 5 sim/slide\nANIM_begin\n" + kTurn + kDrag +
+                          "TRIS 6 3\nANIM_end\nANIM_end");
+    const std::string file = "Aircraft/Props/Cub/plane_cockpit.obj:";
+    EXPECT_THAT(cockpit.Text(2), HasSubstr("  source:      " + file + "28: TRIS\n  manipulator: " + file +
+                                           "27: DragVariable: 0 , 1 -- sim/x\n"));
+    EXPECT_THAT(cockpit.Text(2),
+                ContainsRegex("BalanceFactor 0.0346[0-9]*, SweepRadius 0.1384[0-9]* m, 1 triangles\n"));
+    EXPECT_THAT(cockpit.Text(2), HasSubstr("    node 2: rotation by sim/turn from 0 to 1\n"
+                                           "    node 1: translation by sim/slide from 0 to 5\n"
+                                           "    node 0: no animation\n"));
+}
+
+TEST(ExplanationTest, ShowsAFigureThatIsBarelyAboveItsLimitWithAllItsDigits) {
+    const Cockpit cockpit("ANIM_begin\n" + kTurn + kDrag + "TRIS 3 3\nANIM_end");
+    NodePart& part = cockpit.Part(1);
+    part.BalanceFactor = 0.3f;
+    part.SweepRadius = 0.1f;
+    EXPECT_THAT(cockpit.Text(1), HasSubstr("BalanceFactor 0.3 is not above 0.3 and SweepRadius 0.1 is not above 0.1"));
+    // The 32-bit floats nearest to 0.3 lie 2^-25 apart: 0.300000012 and 0.300000042.
+    part.BalanceFactor = std::nextafter(0.3f, 1.0f);
+    EXPECT_THAT(cockpit.Text(1), HasSubstr("BalanceFactor 0.300000042 is above 0.3"));
+    part.BalanceFactor = 1e-9f;
+    part.SweepRadius = std::nanf("");
+    EXPECT_THAT(cockpit.Text(1), HasSubstr("BalanceFactor 0 is not above 0.3 and SweepRadius nan is not above 0.1"));
+}
+
+TEST(ExplanationTest, TellsTheScoresOfAllYokes) {
+    std::string yokes;
+    for (const std::string right : {"2", "0"})
+        yokes += "ANIM_begin\nANIM_trans " + right + " 0 0 " + right +
+                 " 0 0 0 1 sim/cockpit2/controls/yoke_roll_ratio\n" + "ANIM_begin\n" + kPitch +
+                 "TRIS 0 3\nANIM_end\nANIM_end\n";
+    const Cockpit cockpit(yokes);
+    // Neither turns nor travels: a corner at 1 sweeps 1 / sqrt(3), and the axis tip is the node's origin.
+    EXPECT_THAT(cockpit.Text(2), HasSubstr("    5.7735  part 4,0, the primary yoke\n    3.7735  part 2,0\n"));
+    EXPECT_THAT(cockpit.Text(2), HasSubstr("makes it no yoke, a score above 5.7735, that of part 4,0, YokePrimary\n"));
+    EXPECT_THAT(cockpit.Text(4), HasSubstr("makes it no yoke, a score below 3.7735, that of part 2,0, YokePart\n"));
+}
+
+TEST(ExplanationTest, ListsTheBestOfManyYokesAndThePartItself) {
+    std::string yokes;
+    for (int i = 0; i < 12; ++i) {
+        const std::string right = std::to_string(i);
+        yokes += "ANIM_begin\nANIM_trans " + right + " 0 0 " + right +
+                 " 0 0 0 1 sim/cockpit2/controls/yoke_roll_ratio\n" + kPitch + "TRIS 0 3\nANIM_end\n";
+    }
+    const Cockpit cockpit(yokes); // the parts hang on nodes 13 to 24, behind the twelve of the first steps, each a
+                                  // metre farther to the right
+    const std::string text = cockpit.Text(24);
+    for (const char* shown : {"part 13,0, the primary yoke\n", "part 22,0\n", "part 24,0\n    of 12 in all\n"})
+        EXPECT_THAT(text, HasSubstr(shown));
+    EXPECT_THAT(text, testing::Not(HasSubstr("part 23,0\n")));
+}
+
+TEST(ExplanationTest, TellsOfARectangleThatDoesNothing) {
+    const Cockpit cockpit(kDrag + "TRIS 0 3");
+    cockpit.Part(0).Rect()->CallbackType = 0;
+    EXPECT_THAT(cockpit.Text(0), HasSubstr("does nothing when clicked, so None\n"));
+    EXPECT_THAT(cockpit.Text(0), HasSubstr("fires an event makes it Tap, one that takes a value Twist or Move\n"));
+}
+
+} // namespace
+} // namespace Annotator

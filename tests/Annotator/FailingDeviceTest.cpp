@@ -1,0 +1,118 @@
+#include "Annotator/CockpitPreview.h"
+
+#include "Support/DataFolder.h"
+#include "Support/FatalErrorRecorder.h"
+#include "Support/ModelBuilder.h"
+#include "Support/RecordingContext.h"
+#include "Support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+namespace Annotator {
+namespace {
+
+using Rendering::GeometryVertex;
+
+/// A device whose calls end in a fatal error from one of them on, for a number of them.
+class FailingContext final : public Support::RecordingContext {
+public:
+    std::unique_ptr<Rendering::GPUBitmap> LoadBitmap(const std::string& path) override {
+        Call();
+        return RecordingContext::LoadBitmap(path);
+    }
+    std::unique_ptr<Rendering::Geometry> CreateGeometry(const std::vector<GeometryVertex>& vertices) override {
+        Call();
+        return RecordingContext::CreateGeometry(vertices);
+    }
+    void DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
+                      const Rendering::Geometry& geometry, const Rendering::GPUBitmap* bitmap,
+                      const std::vector<const Rendering::GPUBitmap*>* furtherBitmaps,
+                      const Rendering::GeometryDrawParams& params) override {
+        Call();
+        RecordingContext::DrawGeometry(world, view, projection, geometry, bitmap, furtherBitmaps, params);
+    }
+
+    int calls = 0, firstFailing = 0, failures = 0;
+
+private:
+    void Call() {
+        ++calls;
+        if (calls >= firstFailing && calls < firstFailing + failures)
+            Utils::FatalError("Rendering\\Device.cpp", calls);
+    }
+};
+
+/// A square of two triangles across the view axis.
+std::vector<Support::Corner> Square(float distance) {
+    return {{-1, -1, distance}, {1, -1, distance}, {1, 1, distance},
+            {1, 1, distance},   {-1, 1, distance}, {-1, -1, distance}};
+}
+
+/// Two parts, the nearer one of which an animation moves.
+CockpitModel::ModelData TwoParts() {
+    Support::ModelBuilder builder;
+    builder.Part(0, Square(3));
+    const auto from = Support::TranslationKey(0, 0, 0, 0), to = Support::TranslationKey(100, 1, 0, 0);
+    builder.Part(builder.Node(0, Support::Animation("sim/lever", {{from, to}})), Square(2));
+    return std::move(builder.model);
+}
+
+/// A device that fails in each of its calls in turn, once or twice in a row, through load, frames, selection and pick:
+/// every failure reaches whoever ran the frame, and the frame after it draws what an unharmed preview draws.
+TEST(FailingDevice, LeavesThePreviewWholeWhicheverCallFails) {
+    Support::BindDataFolder();
+    const Support::TemporaryFolder folder;
+    folder.Write("panel.png", "");
+    const Support::FatalErrorRecorder dialogs;
+    const Utils::Matrix4 identity = Utils::Matrix4::Identity();
+    std::size_t expectedDraws = 0;
+    int lastCall = 1;
+    for (int failures : {0, 1, 2}) {
+        for (int first = 1; first <= lastCall; ++first) {
+            SCOPED_TRACE("call " + std::to_string(first) + ", " + std::to_string(failures) + " failures");
+            CockpitModel::ModelData source = TwoParts();
+            Support::ModelCockpit cockpit;
+            cockpit.textureFolder = folder.path.string();
+            FailingContext context;
+            context.firstFailing = first;
+            context.failures = failures;
+            CockpitPreview preview;
+            CockpitModel::NodePart* picked = nullptr;
+            preview.partSignal.connect([&](CockpitModel::NodePart* part) { picked = part; });
+            const auto scene = std::make_shared<CockpitModel::SceneGraph>(source, cockpit, nullptr);
+            const CockpitModel::AnnotationStore store(*scene);
+            preview.SetScene(scene, &source, &store);
+
+            int thrown = 0;
+            const auto frame = [&] {
+                context.draws.clear();
+                try {
+                    preview.Render(context, identity, identity);
+                } catch (const std::exception&) {
+                    ++thrown;
+                }
+            };
+            frame();
+            CanvasMouseEvent click;
+            click.ray.direction = {0, 0, 1};
+            preview.OnMouseEvent(click);
+            EXPECT_EQ(picked, scene->Nodes()[1]->parts[0].get());
+            preview.SetSelectedPart(picked);
+            for (int i = 0; i < 4; ++i)
+                frame();
+            EXPECT_EQ(thrown, failures);
+            if (failures == 0) {
+                expectedDraws = context.draws.size();
+                lastCall = context.calls - 2 * static_cast<int>(expectedDraws); // the last frame has no failure
+                EXPECT_GT(expectedDraws, 20u) << "the selected part's markers";
+            }
+            EXPECT_EQ(context.draws.size(), expectedDraws);
+            preview.ReleaseGpuResources();
+        }
+    }
+    EXPECT_EQ(dialogs.texts.size(), static_cast<std::size_t>(3 * lastCall)) << "one for each failure";
+    EXPECT_THAT(dialogs.texts, testing::Each(testing::HasSubstr("Rendering\\Device.cpp: Line ")));
+}
+
+} // namespace
+} // namespace Annotator

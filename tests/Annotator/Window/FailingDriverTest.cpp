@@ -1,0 +1,107 @@
+// libepoxy's header comes ahead of the platform's GL.
+#include <epoxy/gl.h>
+
+#include "Annotator/Window/WindowFixture.h"
+
+namespace {
+
+using namespace Support;
+using testing::HasSubstr;
+
+/// The driver's answer after each checked step of the device; 0 for a driver that stays whole.
+int calls = 0, firstFailing = 0, lastFailing = 0;
+PFNGLGETERRORPROC driversError = nullptr;
+
+GLenum FailingError() {
+    const GLenum error = driversError();
+    ++calls;
+    return calls >= firstFailing && calls <= lastFailing ? GL_OUT_OF_MEMORY : error;
+}
+
+/// The driver's errors come from FailingError for the length of a scope.
+class FailingDriver : Utils::NonAssignable {
+public:
+    FailingDriver(int first, int last) {
+        calls = 0;
+        firstFailing = first;
+        lastFailing = last;
+        driversError = epoxy_glGetError;
+        epoxy_glGetError = FailingError;
+    }
+    ~FailingDriver() { epoxy_glGetError = driversError; }
+};
+
+class FailingDriverTest : public WindowTest {
+protected:
+    /// From the window's first frame over a load, a click, a selection and a resize to its close. Returns how often the
+    /// driver was asked.
+    int OpenPickAndClose() {
+        Open();
+        Load();
+        const wxSize size = canvas->GetClientSize();
+        Click({size.x / 2, size.y / 2});
+        PumpFrames(1);
+        window->SetSize(1000, 600);
+        PumpFrames(2);
+        const int asked = calls;
+        Close();
+        return asked;
+    }
+};
+
+/// Each step of the device fails in turn: on the screen there is the fatal error and what follows from it, and the
+/// window can be closed.
+TEST_F(FailingDriverTest, ShowsTheFatalErrorWhicheverStepFails) {
+    Open(); // which also has the library find the driver's functions
+    Close();
+    int steps = 0;
+    {
+        const FailingDriver whole(0, 0);
+        steps = OpenPickAndClose();
+    }
+    ASSERT_TRUE(dialogs.texts.empty()) << dialogs.texts[0];
+    ASSERT_GT(steps, 50);
+    // Nearly all of the steps that differ come with the device and the first two frames; later ones repeat them.
+    for (int step = 1; step <= steps; step += step < 60 ? 1 : 7) {
+        dialogs.texts.clear();
+        dialogs.captions.clear();
+        const FailingDriver failing(step, step);
+        OpenPickAndClose();
+        ASSERT_GE(dialogs.texts.size(), 2u) << "step " << step;
+        EXPECT_EQ(dialogs.captions[0], "Vorelle FSX") << "step " << step;
+        EXPECT_THAT(dialogs.texts[0], HasSubstr("Vorelle Fatal Error Encountered (1285, ")) << "step " << step;
+        EXPECT_THAT(dialogs.texts[1], HasSubstr("The cockpit cannot be shown")) << "step " << step;
+    }
+}
+
+/// A driver that never recovers, as after the loss of the device.
+TEST_F(FailingDriverTest, EndsWithADriverThatIsLostForGood) {
+    Open();
+    Close();
+    for (const int step : {1, 5, 40, 80}) {
+        dialogs.texts.clear();
+        const FailingDriver lost(step, INT_MAX);
+        OpenPickAndClose();
+        EXPECT_GE(dialogs.texts.size(), 2u) << "step " << step;
+    }
+}
+
+/// A scene that failed to be shown is gone, and the next load stands.
+TEST_F(FailingDriverTest, LoadsAgainAfterAFailure) {
+    Open();
+    {
+        const FailingDriver failing(12, 12);
+        Load();
+        ASSERT_TRUE(PumpUntil([] { return calls >= 12; }));
+    }
+    ASSERT_EQ(dialogs.texts.size(), 2u);
+    EXPECT_EQ(TreeText(), "");
+    Load(0);
+    Load(1);
+    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    PumpFrames(2);
+    EXPECT_EQ(IdLabel(), "ID: (0,0)");
+    EXPECT_EQ(dialogs.texts.size(), 2u);
+}
+
+} // namespace

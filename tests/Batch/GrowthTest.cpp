@@ -1,0 +1,78 @@
+#include "Batch/BatchProgram.h"
+#include "Support/Sanitizers.h"
+
+#include <gmock/gmock.h>
+
+namespace Batch {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string Repeated(const std::string& text, int count) {
+    std::string all;
+    all.reserve(text.size() * static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        all += text;
+    return all;
+}
+
+/// The words of a command that runs with so much address space. The sanitizers take all of it for their own ends.
+std::vector<std::string> WithMemory(int megabytes, std::vector<std::string> words) {
+    const std::string limit = "ulimit -v " + std::to_string(megabytes * 1024) + " && exec \"$@\"";
+    if (!Support::kSanitized)
+        words.insert(words.begin(), {"/bin/sh", "-c", limit, "sh"});
+    return words;
+}
+
+/// Objects that ask for far more memory, time or stack than they are large: each is read or refused within one
+/// gigabyte, and the person reads why.
+TEST(Growth, StaysWithinTheMemoryOfAMachineForAnyObject) {
+    const std::string vertex = "TEXTURE a.png\nVT 0 0 0 0 0 1 0 0\n",
+                      index = Repeated("IDX10 0 0 0 0 0 0 0 0 0 0\n", 3000);
+    const struct {
+        const char* name;
+        std::string object;
+        std::string reason; ///< empty for an object that is read
+    } rows[] = {
+        {"Nested", Repeated("ANIM_begin\n", 1'000'000) + "TRIS 0 3\n" + Repeated("ANIM_end\n", 1'000'000),
+         "1000001 nodes"},
+        {"Steps", vertex + "ANIM_begin\n" + Repeated("ANIM_trans\n", 100'000), "100001 nodes"},
+        {"Counts", vertex + "POINT_COUNTS 2147483647 0 0 2147483647\nTRIS 0 2147483647\n",
+         "(4): TRIS 0 2147483647 reaches beyond the 0 indices"},
+        {"Index", vertex + "IDX 0\nIDX 0\nIDX 2147483647\nTRIS 0 3\n", "vertex 2147483647, but the model has 1"},
+        {"Drawn", vertex + index + Repeated("TRIS 0 30000\n", 30'000),
+         "the TRIS lines up to this one draw 16800000 vertices; a cockpit draws at most 16777216"},
+        {"Names", "TEXTURE " + std::string(1 << 20, 't') + "\nVT\nIDX10 0 0 0\n" + Repeated("TRIS 0 3\n", 1000),
+         "the texture's name is too long for so many TRIS lines"},
+        {"Rectangles",
+         vertex + "IDX10 0 0 0\nATTR_manip_toggle hand 0 1 " + std::string(1 << 20, 'd') + "\n" +
+             Repeated("TRIS 0 3\n", 1000),
+         ""},
+        {"Line", "", ""},
+    };
+    const Support::Installation installation;
+    for (const auto& row : rows) {
+        const std::string folder = std::string("Aircraft/A/") + row.name;
+        installation.Aircraft(folder, row.name);
+        installation.Write(folder + "/plane_cockpit.obj", row.object);
+    }
+    boost::filesystem::resize_file(installation / "Aircraft/A/Line/plane_cockpit.obj", 200'000'000);
+
+    Support::Program program(WithMemory(1024, BatchWords({"detect", "--out", "out", "--jobs", "1"})),
+                             installation.path.string());
+    const Support::ProgramResult result = program.Wait();
+    EXPECT_EQ(result.exitCode, 3);
+    for (const auto& row : rows) {
+        const std::string name = row.name, place = name + " (Aircraft/A/" + name + "/plane.acf): ";
+        if (row.reason.empty())
+            EXPECT_THAT(result.errors, Not(HasSubstr(place)));
+        else
+            EXPECT_THAT(result.errors, AllOf(HasSubstr(place), HasSubstr(row.reason)));
+        EXPECT_EQ(boost::filesystem::exists(installation / ("out/" + name + ".xml")), row.reason.empty()) << name;
+    }
+}
+
+} // namespace
+} // namespace Batch

@@ -1,0 +1,81 @@
+#!/usr/bin/env python3
+"""check_docs.py PROGRAM [--update]: runs the commands of the documents' console blocks on the sample and compares what
+they print with what stands below them; --update writes it there. Every option of every command has to stand in its
+chapter of docs/batch.md and in the man page."""
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+DOCUMENTS = ["docs/batch.md", "docs/formats.md"]
+BLOCK = re.compile(r"(?<=^```console\n)(.*?)(?=^```$)", re.M | re.S)
+
+
+def commands_of(block):
+    """A block's commands: lines behind '$ ', with the lines that continue them."""
+    return re.findall(r"^\$ (.*(?:(?<=\\)\n.*)*)$", block, re.M)
+
+
+def run(commands, folder, environment):
+    """What stands in a block of these commands, run one after the other in a shell of its own."""
+    text = ""
+    code = 0
+    for command in commands:
+        result = subprocess.run(["bash", "-c", f"(exit {code})\n{command}"], cwd=folder, env=environment,
+                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=120)
+        code = result.returncode
+        text += f"$ {command}\n{result.stdout}"
+        text += "" if text.endswith("\n") else "\n"
+    return text
+
+
+def check_blocks(name, folder, environment, update):
+    path = ROOT / name
+    document = path.read_text()
+    real = BLOCK.sub(lambda block: run(commands_of(block[0]), folder, environment), document)
+    if real == document:
+        return True
+    if update:
+        path.write_text(real)
+        return True
+    (folder / "said").write_text(document)
+    (folder / "real").write_text(real)
+    print(f"FAILED: {name} does not show what the program prints; check_docs.py --update mends it", flush=True)
+    subprocess.run(["diff", "-u", folder / "said", folder / "real"])
+    return False
+
+
+def check_options(program):
+    def help_of(*words):
+        return subprocess.run([program, *words, "--help"], stdout=subprocess.PIPE, text=True, check=True).stdout
+
+    chapters = dict(re.findall(r"^## (\w+)[^\n]*\n(.*?)(?=^## |\Z)", (ROOT / "docs/batch.md").read_text(), re.M | re.S))
+    manual = (ROOT / "packaging/vorelle-batch.1").read_text().replace("\\-", "-")
+    complete = True
+    for command in re.findall(r"^  (\w+) ", help_of().split("Subcommands:")[1], re.M):
+        for option in re.findall(r"^  (?:-\w,)?(--[\w-]+)", help_of(command), re.M):
+            for place, text in [("docs/batch.md", chapters.get(command, "")), ("the man page", manual)]:
+                if option != "--help" and option not in text:
+                    print(f"FAILED: {place} does not tell of {command} {option}")
+                    complete = False
+    return complete
+
+
+def main():
+    program, update = os.path.abspath(sys.argv[1]), "--update" in sys.argv
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        shutil.copytree(ROOT / "sample", folder / "X-Plane")
+        (folder / "bin").mkdir()
+        (folder / "bin/vorelle-batch").symlink_to(program)
+        environment = {**os.environ, "PATH": f"{folder / 'bin'}:{os.environ['PATH']}", "LC_ALL": "C.UTF-8",
+                       "XDG_DATA_HOME": str(folder / "data")}
+        done = [check_blocks(document, folder, environment, update) for document in DOCUMENTS]
+    return 0 if check_options(program) and all(done) else 1
+
+
+sys.exit(main())

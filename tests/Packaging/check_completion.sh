@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# check_completion.sh PROGRAM: completes lines on the sample and compares what is offered, by line and sorted.
+set -uo pipefail
+root=$(dirname "$(dirname "$(dirname "$(readlink -f "$0")")")")
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+ln -s "$(readlink -f "$1")" "$folder/vorelle-batch"
+export PATH="$folder:$PATH" XDG_DATA_HOME="$folder/data"
+cd "$root/sample" || exit 1
+source "$root/packaging/vorelle-batch.bash"
+failed=0
+
+# What is typed, word by word, the last one unfinished; and behind -- what is to be offered, joined by blanks.
+expect() {
+  local typed=() offered
+  while [ "$1" != -- ]; do typed+=("$1"); shift; done
+  COMP_WORDS=(vorelle-batch "${typed[@]}") COMP_CWORD=${#typed[@]}
+  _vorelle_batch
+  offered=$(printf '%s\n' "${COMPREPLY[@]}" | LC_ALL=C sort | tr '\n' '|')
+  [ "$offered" = "$2|" ] || { echo "FAILED: '${typed[*]}' is offered '$offered', not '$2|'" >&2; failed=1; }
+}
+
+expect li -- 'lint|list'
+expect detect --un -- '--untextured'
+expect -C . detect -- 'detect'
+expect test --j -- '--jobs|--json|--junit'
+expect lint '' -- 'Lark\ 15.2|Unpainted\ Prototype|Vorelle\ Trainer'
+expect lint V -- 'Vorelle\ Trainer'
+expect lint '"Lark 1' -- 'Lark 15.2'
+expect lint 'Vorelle\ T' -- 'Vorelle\ Trainer'
+expect lint Aircraft/S -- 'Aircraft/Sailplanes/Lark\ 15.2/LARK.ACF'
+expect list '' -- ''
+expect -C "$root/docs" lint '' -- ''
+expect test --json '../LIC' -- '../LICENSE'
+expect lint --json L -- 'Lark\ 15.2'
+expect detect -j '' -- ''
+expect detect --out '../pack' -- '../packaging'
+expect compare '../pack' -- '../packaging'
+expect explain 'Lark\ 15.2' 1 -- '14,0|15,0|16,0|17,0'
+# shellcheck disable=SC2016  # a word that must stay one
+expect explain '$(touch broken)`touch broken`' '' -- ''
+[ ! -e broken ] || { echo "FAILED: a word was run" >&2; failed=1; }
+exit $failed
