@@ -70,7 +70,7 @@ std::unique_ptr<AircraftInfo> XPAircraftListLoader::LoadAircraft(const std::stri
     auto info = std::make_unique<XPAircraftInfo>();
     info->acfPath = acfPath;
     info->displayName = fs::path(acfPath).filename().string();
-    std::ifstream file(Utils::StreamPath(acfPath), std::ios::binary);
+    std::ifstream file = Utils::OpenFile(acfPath);
     Utils::LineBlocks blocks(file);
     for (std::string_view block; blocks.Next(block);)
         if (const std::string_view description = LastAcfProperty(block, "acf/_descrip"); !description.empty())
