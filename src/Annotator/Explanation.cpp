@@ -20,6 +20,7 @@ using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
 using CockpitModel::TouchInteractionType;
 
+constexpr std::size_t kMostCandidates = 10; ///< for the primary yoke, that are listed
 /// Below this, what rounding left of a zero.
 constexpr float kNothing = 1e-6f;
 
@@ -176,12 +177,19 @@ std::string ChainText(const NodePart& part) {
     return text;
 }
 
-std::string CandidatesText(const SceneGraph& sceneGraph) {
+/// The best of them, and the part itself wherever it comes.
+std::string CandidatesText(const SceneGraph& sceneGraph, const NodePart& asked) {
     const InteractionDetector detector;
+    const std::vector<const NodePart*> candidates = YokeCandidates(sceneGraph);
     std::string text = "  candidates for the primary yoke, by score (10 x SweepRadius - metres to the right):\n";
-    for (const NodePart* part : YokeCandidates(sceneGraph))
-        text += "    " + NumberText(detector.YokeScore(*part)) + "  part " + Id(*part) +
-                (part->InteractionType == TouchInteractionType::YokePrimary ? ", the primary yoke" : "") + "\n";
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        const NodePart& part = *candidates[i];
+        if (i < kMostCandidates || &part == &asked)
+            text += "    " + NumberText(detector.YokeScore(part)) + "  part " + Id(part) +
+                    (part.InteractionType == TouchInteractionType::YokePrimary ? ", the primary yoke" : "") + "\n";
+    }
+    if (candidates.size() > kMostCandidates)
+        text += "    of " + std::to_string(candidates.size()) + " in all\n";
     return text;
 }
 
@@ -197,7 +205,7 @@ std::string ExplanationText(const SceneGraph& sceneGraph, const NodePart& part) 
             NumberText(part.SweepRadius) + " m, " + std::to_string(part.vertices.size() / 3) + " triangles\n";
     text += "  animations, from the part's own up to the root:\n" + ChainText(part);
     if (rule == DetectionRule::YokeAnimations)
-        text += CandidatesText(sceneGraph);
+        text += CandidatesText(sceneGraph, part);
     return text + "  what would change it: " + texts.change + "\n";
 }
 

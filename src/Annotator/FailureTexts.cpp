@@ -61,7 +61,7 @@ std::string SaveFailureText(const std::string& path, const std::string& reason) 
 
 std::string KeptCopyText(const std::string& path, const std::string& copy) {
     return "The annotations are saved:\n" + Absolute(path) +
-           "\n\nThe file held more than the annotations that were read from it. As it was, it is kept in\n" +
+           "\n\nThe file that stood there was no annotation file that could be read. As it was, it is kept in\n" +
            Absolute(copy);
 }
 

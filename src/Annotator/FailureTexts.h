@@ -21,7 +21,7 @@ std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception&
 std::string ExportFailureText(const std::exception& error);
 std::string TestRunFailureText(const std::exception& error);
 std::string SaveFailureText(const std::string& path, const std::string& reason);
-/// The annotations are saved, over a file that held something else.
+/// The annotations are saved, over a file that held something unreadable.
 std::string KeptCopyText(const std::string& path, const std::string& copy);
 std::string SelectionFailureText(const std::exception& error);
 std::string FrameFailureText(const std::exception& error);

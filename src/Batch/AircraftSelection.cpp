@@ -5,7 +5,6 @@
 #include "Utils/Text.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <set>
@@ -57,7 +56,6 @@ Sim::AircraftList LoadInstallation(Console& console) {
         Sim::AircraftList aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
         if (aircraft.empty())
             console.Message("no aircraft below " + folder + "/Aircraft");
-        std::ranges::sort(aircraft, {}, [](const auto& info) { return info->acfPath; });
         return aircraft;
     } catch (const boost::filesystem::filesystem_error& error) {
         throw CommandError(kAircraftFailed, "cannot list the aircraft: " + Annotator::ReasonText(error));

@@ -10,8 +10,8 @@ namespace Batch {
 
 using AircraftSelection = std::vector<const Sim::AircraftInfo*>;
 
-/// The aircraft of the installation in the working directory, by path, so that reports of one installation are alike on
-/// every machine; says so where there is none. A folder that is no installation or cannot be scanned ends the command.
+/// The aircraft of the installation in the working directory, in the order of the desktop tool's list; says so where
+/// there is none. A folder that is no installation or cannot be scanned ends the command.
 Sim::AircraftList LoadInstallation(Console& console);
 
 /// The aircraft that each word means, in list order and once each; all of them without a word. A word is an acfPath or

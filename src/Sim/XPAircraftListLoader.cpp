@@ -56,7 +56,7 @@ std::unique_ptr<AircraftInfo> MakeInfo(const fs::path& acfPath) {
     auto info = std::make_unique<XPAircraftInfo>();
     info->acfPath = acfPath.string();
     info->displayName = acfPath.filename().string();
-    std::ifstream file(Utils::StreamPath(acfPath), std::ios::binary);
+    std::ifstream file = Utils::OpenFile(acfPath);
     Utils::LineBlocks blocks(file);
     for (std::string_view block; blocks.Next(block);)
         if (const std::string_view description = LastAcfProperty(block, "acf/_descrip"); !description.empty())

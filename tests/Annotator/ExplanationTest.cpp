@@ -145,6 +145,21 @@ TEST(ExplanationTest, TellsTheScoresOfAllYokes) {
     EXPECT_THAT(cockpit.Text(4), HasSubstr("makes it no yoke, a score below 3.7735, that of part 2,0, YokePart\n"));
 }
 
+TEST(ExplanationTest, ListsTheBestOfManyYokesAndThePartItself) {
+    std::string yokes;
+    for (int i = 0; i < 12; ++i) {
+        const std::string right = std::to_string(i);
+        yokes += "ANIM_begin\nANIM_trans " + right + " 0 0 " + right +
+                 " 0 0 0 1 sim/cockpit2/controls/yoke_roll_ratio\n" + kPitch + "TRIS 0 3\nANIM_end\n";
+    }
+    const Cockpit cockpit(yokes); // the parts hang on nodes 13 to 24, behind the twelve of the first steps, each a
+                                  // metre farther to the right
+    const std::string text = cockpit.Text(24);
+    for (const char* shown : {"part 13,0, the primary yoke\n", "part 22,0\n", "part 24,0\n    of 12 in all\n"})
+        EXPECT_THAT(text, HasSubstr(shown));
+    EXPECT_THAT(text, testing::Not(HasSubstr("part 23,0\n")));
+}
+
 TEST(ExplanationTest, TellsOfARectangleThatDoesNothing) {
     const Cockpit cockpit(kDrag + "TRIS 0 3");
     cockpit.Part(0).Rect()->CallbackType = 0;

@@ -77,6 +77,8 @@ struct Rivals {
     Rivals() {
         for (const std::string& group : {first, second})
             installation.Aircraft("Aircraft/" + group + "/Plane", group, ThreeParts());
+        if (!RunBatch(installation, {"list"}).output.starts_with("Aircraft/" + first))
+            std::swap(first, second);
     }
 
     std::string Cockpit(const std::string& group) const {
@@ -84,7 +86,7 @@ struct Rivals {
     }
 
     const Installation installation;
-    const std::string first = "A", second = "B";
+    std::string first = "A", second = "B"; ///< in the order in which the system lists them
 };
 
 std::vector<pid_t> ChildrenOf(pid_t process) {

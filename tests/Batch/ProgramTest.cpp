@@ -1,5 +1,6 @@
 #include "Batch/BatchProgram.h"
 
+#include <boost/filesystem/operations.hpp>
 #include <gmock/gmock.h>
 
 namespace Batch {
@@ -63,11 +64,15 @@ TEST(Program, ListsPathsAndNames) {
     EXPECT_EQ(RunBatch(installation, {"list"}).output, acfPath + "\tBlue Bird II\n");
     EXPECT_EQ(RunBatch(installation, {"list", "-C", "."}).output, acfPath + "\tBlue Bird II\n");
 
-    // By path, whatever order a file system keeps them in.
+    // In the order in which the system lists the folders.
+    std::string expected;
     for (const char* folder : {"Aircraft/Z/A", "Aircraft/A/Z", "Aircraft/A/A"})
         installation.Aircraft(folder, "x");
-    EXPECT_EQ(RunBatch(installation, {"list"}).output, "Aircraft/A/A/plane.acf\tx\nAircraft/A/Z/plane.acf\tx\n" +
-                                                           acfPath + "\tBlue Bird II\nAircraft/Z/A/plane.acf\tx\n");
+    for (const auto& group : boost::filesystem::directory_iterator(installation / "Aircraft"))
+        for (const auto& aircraft : boost::filesystem::directory_iterator(group))
+            expected += "Aircraft/" + group.path().filename().string() + "/" + aircraft.path().filename().string() +
+                        "/plane.acf\t" + (group.path().filename() == "Props" ? "Blue Bird II\n" : "x\n");
+    EXPECT_EQ(RunBatch(installation, {"list"}).output, expected);
 
     const Installation latin;
     latin.Aircraft("Aircraft/Props/Bird", "Fl\xE4mmchen");

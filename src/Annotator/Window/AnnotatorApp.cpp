@@ -28,15 +28,12 @@ void LogAssert(const wxString& file, int line, const wxString& function, const w
 }
 
 #ifdef __WXGTK__
+/// Asks the X library that the toolkit has loaded. The connection stays open: a server whose last client leaves starts
+/// anew, and would drop the toolkit's own connection if that came in the midst of it.
 bool HasDisplay() {
     auto* const open = reinterpret_cast<void* (*)(const char*)>(dlsym(RTLD_DEFAULT, "XOpenDisplay"));
-    auto* const close = reinterpret_cast<int (*)(void*)>(dlsym(RTLD_DEFAULT, "XCloseDisplay"));
-    if (!open || !close)
-        return true;
-    void* const display = open(nullptr);
-    if (display)
-        close(display);
-    return display != nullptr;
+    static void* const display = open ? open(nullptr) : nullptr;
+    return !open || display;
 }
 #else
 bool HasDisplay() {

@@ -3,6 +3,7 @@
 #include "Annotator/FailureTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/ProblemBox.h"
+#include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Logging/Logger.h"
 #include "Utils/Asserts.h"
 #include "Utils/Paths.h"
@@ -188,8 +189,9 @@ void AnnotatorWindow::OnSaveAnnotation(wxCommandEvent&) {
     annotationStore->Set(*selectedPart, currentAnnotation);
     if (const auto result = annotationStore->Write(annotationPath); !result)
         ShowProblem(this, SaveFailureText(annotationPath, result.error));
-    else if (!annotationStore->KeptCopy().empty())
-        ShowProblem(this, KeptCopyText(annotationPath, annotationStore->KeptCopy()));
+    else if (const std::string& copy = annotationStore->KeptCopy();
+             !copy.empty() && !CockpitModel::IsXml(Utils::ReadFile(copy)))
+        ShowProblem(this, KeptCopyText(annotationPath, copy));
 }
 
 } // namespace Annotator

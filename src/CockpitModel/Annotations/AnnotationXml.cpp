@@ -151,6 +151,11 @@ std::vector<AnnotationRecord> AnnotationsFromXml(const std::string& xml) {
     return records;
 }
 
+bool IsXml(const std::string& text) {
+    tinyxml2::XMLDocument document;
+    return document.Parse(text.data(), text.size()) == tinyxml2::XML_SUCCESS && document.RootElement();
+}
+
 bool SaysJust(const std::string& xml, const std::vector<AnnotationRecord>& records) {
     tinyxml2::XMLDocument document;
     return document.Parse(xml.data(), xml.size()) == tinyxml2::XML_SUCCESS &&

@@ -13,6 +13,8 @@ std::vector<AnnotationRecord> ReadAnnotations(const std::string& path);
 
 /// The same from a file's text.
 std::vector<AnnotationRecord> AnnotationsFromXml(const std::string& xml);
+/// Whether a text parses as XML with a root.
+bool IsXml(const std::string& text);
 /// Whether a text says what these records say and nothing else: no comment, unknown word or record without a place.
 bool SaysJust(const std::string& xml, const std::vector<AnnotationRecord>& records);
 
