@@ -1,4 +1,5 @@
 #include "Annotator/AircraftRoad.h"
+#include "Annotator/DataFiles.h"
 #include "Annotator/DetectedDataExport.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
@@ -90,6 +91,9 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     const std::string folder = options.folder.empty() ? Annotator::DetectedDataFolder() : options.folder;
+    // What writes into QVRA leaves it whole, so that the desktop tool finds its own there.
+    if (const std::string problem = options.folder.empty() ? Annotator::LayOwnDataFiles() : ""; !problem.empty())
+        session.console.Message(problem);
     DetectedDataWriter writer(options.folder.empty() ? folder : session.CallersPath(folder), folder, session.console);
     session.console.BeginProgress(aircraft.size());
     RunJobs(
