@@ -27,6 +27,10 @@ if(VORELLE_SANITIZE)
     -fno-omit-frame-pointer)
   target_link_options(vorelle_options INTERFACE -fsanitize=${VORELLE_SANITIZE})
 endif()
+if(VORELLE_SANITIZE MATCHES "address")
+  target_sources(vorelle_options INTERFACE
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${CMAKE_CURRENT_LIST_DIR}/KeepLibraries.cpp>)
+endif()
 
 find_program(VORELLE_CCACHE ccache)
 if(VORELLE_CCACHE)

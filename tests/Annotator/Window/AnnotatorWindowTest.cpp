@@ -211,15 +211,17 @@ TEST_F(AnnotatorWindowTest, SavesAndFindsAnAnnotationAgain) {
 }
 
 TEST_F(AnnotatorWindowTest, TellsWhereASaveKeptWhatItCouldNotRead) {
-    folder.Write("QVRA/Annotations/Trainer.xml", "<Overrides><Override>");
+    const std::string name = "QVRA/Annotations/Caf\xE9.xml"; // the folder's name is no UTF-8
+    loader.aircraft[0].acfPath = "Aircraft/Made/Caf\xE9/plane.acf";
+    folder.Write(name, "<Overrides><Override>");
     Open();
     Load();
     tree->SelectItem(Item({"N: 0", "P: 0"}));
     Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
     ASSERT_EQ(dialogs.texts.size(), 1u);
-    EXPECT_THAT(dialogs.texts[0], HasSubstr(folder / "QVRA/Annotations/Trainer.xml.kept-1"));
-    EXPECT_EQ(folder.Read("QVRA/Annotations/Trainer.xml.kept-1"), "<Overrides><Override>");
-    EXPECT_THAT(folder.Read("QVRA/Annotations/Trainer.xml"), HasSubstr("<NodeId>0</NodeId>"));
+    EXPECT_THAT(dialogs.texts[0], HasSubstr(folder / "QVRA/Annotations/Caf\xEF\xBF\xBD.xml.kept-1"));
+    EXPECT_EQ(folder.Read(name + ".kept-1"), "<Overrides><Override>");
+    EXPECT_THAT(folder.Read(name), HasSubstr("<NodeId>0</NodeId>"));
     Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
     EXPECT_EQ(dialogs.texts.size(), 1u);
 }

@@ -1,6 +1,7 @@
 #!/bin/sh
 # Runs a command that opens windows: on the display there is, else on one of its own, whose number the server chooses, so
-# that no other one that starts or ends at the same time is in its way.
+# that no other one that starts or ends at the same time is in its way. It stays as it is when its last client leaves: a
+# client that came while it started anew would be refused.
 if [ -n "$DISPLAY" ]; then
     exec "$@"
 fi
