@@ -11,16 +11,16 @@ set(CMAKE_CXX_FLAGS_DEV "-O1 -g1" CACHE STRING "Quick to build, asserts on")
 
 add_library(vorelle_options INTERFACE)
 target_compile_options(vorelle_options INTERFACE
-  -ffp-contract=off -Wall -Wextra -Wpedantic -Woverloaded-virtual
+  "$<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off;-Wall;-Wextra;-Wpedantic;-Woverloaded-virtual>"
   # GCC 12 sees overlapping copies in `"text" + std::string` where there are none.
-  "$<$<CXX_COMPILER_ID:GNU>:-Wshadow=local;-Wno-restrict>"
+  "$<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wshadow=local;-Wno-restrict>"
   # Keeps the machine's folders out of released programs.
-  $<$<CONFIG:Release>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)
+  $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 if(WIN32)
   target_compile_definitions(vorelle_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
 endif()
 if(VORELLE_WERROR)
-  target_compile_options(vorelle_options INTERFACE -Werror)
+  target_compile_options(vorelle_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Werror>)
 endif()
 if(VORELLE_SANITIZE)
   target_compile_options(vorelle_options INTERFACE -fsanitize=${VORELLE_SANITIZE} -fno-sanitize-recover=all

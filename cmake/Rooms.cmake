@@ -42,10 +42,24 @@ function(vorelle_room name)
   vorelle_precompile(${name} ${ROOM_PRECOMPILES})
 endfunction()
 
-# vorelle_test(NAME FOLDERS folder... [WITHOUT file...] USES target... [RUNNER program] [PRECOMPILES header...]): one test
-# program, its folders and the program that runs it relative to tests.
+# vorelle_program(NAME [WINDOW] MAIN file USES target...): WINDOW leaves out the console that Windows gives a program.
+function(vorelle_program name)
+  cmake_parse_arguments(PROGRAM "WINDOW" "MAIN" "USES" ${ARGN})
+  add_executable(${name} ${PROGRAM_MAIN})
+  target_link_libraries(${name} PRIVATE ${PROGRAM_USES} vorelle_options)
+  if(WIN32)
+    set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ${PROGRAM_WINDOW})
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/packaging/windows/${name}.rc)
+    string(REPLACE "." "," numbers ${PROJECT_VERSION}.0)
+    target_compile_definitions(${name} PRIVATE
+      "$<$<COMPILE_LANGUAGE:RC>:VORELLE_VERSION=${PROJECT_VERSION};VORELLE_VERSION_NUMBERS=${numbers}>")
+  endif()
+endfunction()
+
+# vorelle_test(NAME FOLDERS folder... [WITHOUT file...] USES target... [RUNNER program] [OWN_MAIN] [PRECOMPILES header...]):
+# one test program, its folders and the program that runs it relative to tests.
 function(vorelle_test name)
-  cmake_parse_arguments(TEST "" "RUNNER" "FOLDERS;WITHOUT;USES;PRECOMPILES" ${ARGN})
+  cmake_parse_arguments(TEST "OWN_MAIN" "RUNNER" "FOLDERS;WITHOUT;USES;PRECOMPILES" ${ARGN})
   set(sources)
   foreach(folder IN LISTS TEST_FOLDERS)
     file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
@@ -59,6 +73,9 @@ function(vorelle_test name)
     return()
   endif()
   add_executable(${name} ${sources})
+  if(NOT TEST_OWN_MAIN)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/Support/TestMain.cpp)
+  endif()
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${TEST_USES} GTest::gmock vorelle_options)
   target_compile_definitions(${name} PRIVATE

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # windows-libraries.sh CACHE: builds the static libraries of the Windows programs from Debian's source packages, once, into
-# CACHE/prefix. A library that stands there already is left alone.
+# CACHE/prefix. A library that stands there already is left alone. Ends with 3 where the sources cannot be fetched.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -13,6 +13,8 @@ host=x86_64-w64-mingw32
 jobs=$(nproc)
 export CC=$host-gcc-posix CXX=$host-g++-posix
 mkdir -p "$prefix"/{include,lib} "$cache"/{sources,build,logs} "$cache"/apt/{lists,archives}/partial
+# What is headers only comes from the machine's own packages, whose whole folder would bring the machine's system headers.
+ln -sfn -t "$prefix/include" /usr/include/{boost,CLI,nlohmann}
 
 # The machine's own package sources, for source packages, in a list of their own.
 write_source_list() {
@@ -26,16 +28,19 @@ write_source_list() {
 apt_options=(-qq -o Dir::Etc::sourcelist="$cache/apt/sources.list" -o Dir::Etc::sourceparts=-
   -o Dir::State::lists="$cache/apt/lists" -o APT::Sandbox::User=root)
 
-fetch() { # PACKAGE...: the tarballs as their authors released them
-  write_source_list
-  apt-get "${apt_options[@]}" update
-  (cd "$cache/sources" && apt-get "${apt_options[@]}" source --tar-only "$@")
+fetch() { # [PACKAGE...]: the tarballs as their authors released them
+  [ $# -gt 0 ] || return 0
+  write_source_list && apt-get "${apt_options[@]}" update && cd "$cache/sources" &&
+    apt-get "${apt_options[@]}" source --tar-only "$@"
 }
 
-unpack() { # NAME PATTERN: leaves the sources in build/NAME
-  rm -rf "$cache/build/$1"
-  mkdir -p "$cache/build/$1"
-  tar -xf "$cache"/sources/$2 -C "$cache/build/$1" --strip-components=1
+unpack() { # NAME PATTERN [TAR-OPTION...]: leaves the sources in build/NAME
+  local folder=$cache/build/$1 tarball
+  tarball=$(ls "$cache"/sources/$2)
+  shift 2
+  rm -rf "$folder"
+  mkdir -p "$folder"
+  tar -xf "$tarball" -C "$folder" --strip-components=1 "$@"
 }
 
 with_cmake() { # NAME SUBDIR OPTION...
@@ -57,8 +62,7 @@ with_configure() { # NAME SUBDIR OPTION...: makes and installs what lies in SUBD
 }
 
 build_boost() { # of Boost, only Filesystem is more than headers
-  unpack boost 'boost1.74_*.orig.tar.xz'
-  ln -sfn /usr/include/boost "$prefix/include/boost"
+  unpack boost 'boost1.74_*.orig.tar.xz' --wildcards '*/libs/filesystem/src'
   local source
   for source in "$cache"/build/boost/libs/filesystem/src/*.cpp; do
     $CXX -O2 -DBOOST_FILESYSTEM_STATIC_LINK=1 -DBOOST_FILESYSTEM_SOURCE -I"$prefix/include" -c "$source" \
@@ -96,18 +100,20 @@ build_pixman() {
 }
 
 build_cairo() {
-  unpack cairo 'cairo_*.orig.tar.*'
+  unpack cairo 'cairo_*.orig.tar.*' --exclude '*/test/reference/*'
   with_configure cairo src --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
     --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace \
     --enable-png
 }
 
-build_wxwidgets() {
+build_wxwidgets() { # with the PNG library and the zlib of above
   unpack wxwidgets 'wxwidgets3.2_*.orig.tar.*'
-  with_cmake wxwidgets . -DwxBUILD_SHARED=OFF -DwxBUILD_SAMPLES=OFF -DwxBUILD_TESTS=OFF -DwxUSE_LIBJPEG=OFF \
-    -DwxUSE_LIBTIFF=OFF -DwxUSE_EXPAT=OFF -DwxUSE_XRC=OFF -DwxUSE_STC=OFF -DwxUSE_WEBVIEW=OFF -DwxUSE_XML=OFF \
-    -DwxUSE_MEDIACTRL=OFF -DwxUSE_RIBBON=OFF -DwxUSE_PROPGRID=OFF -DwxUSE_AUI=OFF -DwxUSE_HTML=OFF \
-    -DwxUSE_RICHTEXT=OFF -DwxUSE_LIBPNG=OFF -DwxUSE_ZLIB=OFF -DwxUSE_OPENGL=OFF -DwxUSE_NANOSVG=OFF
+  local option options=(-DwxBUILD_SHARED=OFF -DwxBUILD_SAMPLES=OFF -DwxBUILD_TESTS=OFF -DwxUSE_LIBPNG=sys -DwxUSE_ZLIB=sys)
+  for option in LIBJPEG LIBTIFF LIBLZMA EXPAT XML XRC STC WEBVIEW MEDIACTRL RIBBON PROPGRID AUI HTML WXHTML_HELP RICHTEXT \
+    NANOSVG OPENGL REGEX; do
+    options+=(-DwxUSE_$option=OFF)
+  done
+  with_cmake wxwidgets . "${options[@]}"
 }
 
 build_googletest() {
@@ -122,7 +128,10 @@ with_cmake_of_package() { # SOURCE NAME: sources that Debian installs
   cmake --install "$cache/build/$2"
 }
 
+# In the order of what they need of each other, with Debian's names of their sources.
 libraries=(boost tinyxml2 polyclipping libpng pixman cairo googletest wxwidgets)
+declare -A packages=([boost]=boost1.74 [tinyxml2]=tinyxml2 [polyclipping]=libpolyclipping [libpng]=libpng1.6
+  [pixman]=pixman [cairo]=cairo [googletest]="" [wxwidgets]=wxwidgets3.2)
 [ -n "${WINDOWS_LIBRARIES-}" ] && read -ra libraries <<<"$WINDOWS_LIBRARIES"
 missing=()
 for library in "${libraries[@]}"; do
@@ -130,10 +139,16 @@ for library in "${libraries[@]}"; do
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
-say "Windows libraries: fetching the sources"
-fetch boost1.74 tinyxml2 libpolyclipping libpng1.6 pixman cairo wxwidgets3.2 || fail "the sources could not be fetched"
+sources=()
+for library in "${missing[@]}"; do
+  [ -z "${packages[$library]}" ] || sources+=("${packages[$library]}")
+done
+say "Windows libraries: fetching the sources of ${missing[*]}"
+(fetch "${sources[@]}") || { echo "${0##*/}: the sources could not be fetched" >&2; exit 3; }
 for library in "${missing[@]}"; do
   say "Windows libraries: building $library"
-  "build_$library" >"$cache/logs/$library.log" 2>&1 || { tail -n 30 "$cache/logs/$library.log" >&2; fail "$library failed"; }
+  # In the background, as a command whose failure is asked for would go on after a step that failed.
+  "build_$library" >"$cache/logs/$library.log" 2>&1 &
+  wait $! || { tail -n 30 "$cache/logs/$library.log" >&2; fail "$library failed"; }
   touch "$prefix/$library.done"
 done

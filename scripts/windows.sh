@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # windows.sh [--tests-only]: installs the cross tools, builds the libraries once, builds the Windows programs and their
 # tests, runs the tests under Wine, and packs build/windows/Vorelle (and its .zip) to unpack into an X-Plane
-# installation. With --tests-only neither the toolkit nor the programs are built.
+# installation. With --tests-only neither the toolkit nor the desktop tool is built, and nothing is packed.
 # The libraries go to build/windows-libraries, or to the folder that WINDOWS_CACHE names.
+# Ends with 3 where the tools or the sources of the libraries cannot be had, which says nothing of the programs.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -13,23 +14,19 @@ case "${1-}" in
   *) fail "usage: windows.sh [--tests-only]" ;;
 esac
 
-cross_packages=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev xz-utils zip make cmake ninja-build
-  libboost-dev libeigen3-dev googletest libgtest-dev xvfb xauth libgl1-mesa-dri)
+cross_packages=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev xz-utils cmake ninja-build python3
+  libboost-dev libeigen3-dev libcli11-dev nlohmann-json3-dev googletest xvfb xauth libgl1-mesa-dri)
 libraries="boost tinyxml2 polyclipping libpng pixman cairo googletest"
 [ $window = OFF ] || libraries="$libraries wxwidgets"
 cache=${WINDOWS_CACHE:-$root/build/windows-libraries}
 build=$root/build/windows
-
-# Ends with 3 where the tools or libraries cannot be had here, which says nothing of the programs.
-unavailable() {
-  printf '%s: %s\n' "${0##*/}" "$*" >&2
-  exit 3
-}
+targets=(foundation_tests rendering_tests rendering_d3d11_tests batch_windows_tests vorelle-batch)
+[ $window = OFF ] || targets+=(annotator_window_tests vorelle-annotator)
 
 run_tests() {
   local code=0
   # One at a time: the first start makes Wine's prefix.
-  xvfb-run -a -s "-screen 0 1280x800x24" ctest --test-dir "$build" --output-on-failure -j1 || code=$?
+  env -u DISPLAY xvfb-run -a -s "-screen 0 1600x1000x24" ctest --test-dir "$build" --output-on-failure -j1 || code=$?
   WINEPREFIX=$root/build/wine /usr/lib/wine/wineserver64 -k || true
   return $code
 }
@@ -38,23 +35,20 @@ pack() {
   local folder=$build/Vorelle
   rm -rf "$folder" "$folder.zip"
   mkdir -p "$folder"
-  cp "$build/src/vorelle-annotator.exe" "$folder/"
-  x86_64-w64-mingw32-strip "$folder/vorelle-annotator.exe"
+  x86_64-w64-mingw32-strip -o "$folder/vorelle-annotator.exe" "$build/src/vorelle-annotator.exe"
+  x86_64-w64-mingw32-strip -o "$folder/vorelle-batch.exe" "$build/src/vorelle-batch.exe"
   cp -r "$root/data/QVRA" "$folder/"
-  (cd "$folder" && zip -q -r ../Vorelle.zip .)
-  say "Packed $folder.zip"
+  (cd "$folder" && cmake -E tar cf ../Vorelle.zip --format=zip .)
+  say "Packed $folder and $folder.zip: unpack it into an X-Plane installation"
 }
 
-(install_packages "${cross_packages[@]}") || unavailable "the cross tools cannot be installed"
-WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" ||
-  unavailable "the libraries could not be built"
+(install_packages "${cross_packages[@]}") || exit 3
+WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" || exit $?
 
 say "Building in build/windows"
 quietly cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
   -DVORELLE_WINDOWS_PREFIX="$cache/prefix" -DVORELLE_WINDOW=$window -DVORELLE_WERROR=ON -DCMAKE_BUILD_TYPE=Release ||
   fail "configuring failed"
-targets=(foundation_tests rendering_tests rendering_d3d11_tests)
-[ $window = OFF ] || targets+=(vorelle-annotator)
 cmake --build "$build" --target "${targets[@]}" || fail "the build failed"
 
 say "Running the Windows tests under Wine"

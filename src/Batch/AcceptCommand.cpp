@@ -149,8 +149,8 @@ ExitCode Accept(const AcceptOptions& options, Session& session) {
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     Acceptance acceptance(session.console);
     RunJobs(
-        aircraft.size(), DefaultProcesses(), [&](std::size_t index) { return FindNew(*aircraft[index], options.yoke); },
-        [&](const JobResult& result) { acceptance.Take(*aircraft[result.index], result); });
+        aircraft, DefaultProcesses(), [&](const Sim::AircraftInfo& info) { return FindNew(info, options.yoke); },
+        [&](const JobResult& result) { acceptance.Take(*result.aircraft, result); });
     std::cout.flush(); // shown before anything is saved
     return acceptance.Finish(options.dryRun);
 }

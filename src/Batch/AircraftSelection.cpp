@@ -1,6 +1,7 @@
 #include "Batch/AircraftSelection.h"
 
 #include "Annotator/FailureTexts.h"
+#include "Batch/Process.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Utils/Text.h"
 
@@ -48,6 +49,11 @@ AircraftSelection All(const Sim::AircraftList& aircraft) {
 } // namespace
 
 Sim::AircraftList LoadInstallation(Console& console) {
+    if (const std::string* acfPath = JobAircraft()) {
+        Sim::AircraftList only;
+        only.push_back(Sim::XPAircraftListLoader::LoadAircraft(*acfPath));
+        return only;
+    }
     const std::string folder = boost::filesystem::current_path().string();
     try {
         // A wrong folder in a script must not look like an installation in which all is well.
@@ -80,7 +86,7 @@ const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const
 
 AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& words) {
     AircraftSelection selection = All(aircraft);
-    if (words.empty())
+    if (words.empty() || JobAircraft())
         return selection;
     std::set<const Sim::AircraftInfo*> wanted;
     for (const std::string& word : words)

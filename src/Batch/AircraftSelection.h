@@ -11,7 +11,8 @@ namespace Batch {
 using AircraftSelection = std::vector<const Sim::AircraftInfo*>;
 
 /// The aircraft of the installation in the working directory, in the order of the desktop tool's list; says so where
-/// there is none. A folder that is no installation or cannot be scanned ends the command.
+/// there is none. A folder that is no installation or cannot be scanned ends the command. In a
+/// process for one job (JobAircraft), its aircraft alone.
 Sim::AircraftList LoadInstallation(Console& console);
 
 /// The aircraft that each word means, in list order and once each; all of them without a word. A word is an acfPath or

@@ -1,5 +1,6 @@
 #include "Batch/BatchLog.h"
 
+#include "Batch/Process.h"
 #include "Logging/Logger.h"
 #include "Utils/Paths.h"
 
@@ -15,6 +16,8 @@ constexpr const char* kLogName = "batch-log.txt";
 
 void BeginLog() {
     Logging::Logger::Create();
+    if (JobAircraft())
+        return;
     // Whoever loads an aircraft appends, so that an older log has to go first.
     const boost::filesystem::path data = Utils::UserDataFolder();
     boost::system::error_code ignored;

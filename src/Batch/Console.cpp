@@ -1,11 +1,11 @@
 #include "Batch/Console.h"
 
+#include "Batch/Process.h"
 #include "Utils/Text.h"
 
 #include <iomanip>
 #include <iostream>
 #include <sstream>
-#include <unistd.h>
 
 namespace Batch {
 
@@ -28,7 +28,7 @@ std::string Counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-Console::Console() : terminal(isatty(STDERR_FILENO) != 0) {}
+Console::Console() : terminal(ErrorsGoToTerminal()) {}
 
 void Console::Message(std::string_view text) {
     EraseProgress();

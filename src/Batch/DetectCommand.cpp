@@ -49,12 +49,12 @@ public:
             throw CommandError(kNotWritten, "cannot make the folder " + folder + ": " + error.message());
     }
 
-    void Take(const Sim::AircraftInfo& info, const JobResult& result) {
+    void Take(const JobResult& result) {
         if (result.failure) {
-            console.Message(NameOf(info) + ": " + *result.failure);
+            console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
             ++failed;
         } else {
-            Write(info, result.output);
+            Write(*result.aircraft, result.output);
         }
     }
 
@@ -97,9 +97,9 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
     DetectedDataWriter writer(options.folder.empty() ? folder : session.CallersPath(folder), folder, session.console);
     session.console.BeginProgress(aircraft.size());
     RunJobs(
-        aircraft.size(), options.jobs, [&](std::size_t index) { return DetectOne(*aircraft[index], options.road); },
+        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.road); },
         [&](const JobResult& result) {
-            writer.Take(*aircraft[result.index], result);
+            writer.Take(result);
             session.console.Advance();
         });
     session.console.EndProgress();

@@ -72,7 +72,8 @@ ExitCode Explain(const ExplainOptions& options, Session& session) {
     const PartPlace place = ReadPlace(options.part);
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
-    const std::string text = RunJob(NameOf(info), [&] { return ExplainOne(info, place, options.road); });
+    const std::string text =
+        RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, place, options.road); });
     if (text.empty())
         throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
                                             "; 'inspect' lists all parts, 'manips' those that can be clicked");

@@ -3,6 +3,7 @@
 #include "Batch/CockpitJson.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs.h"
+#include "Utils/Paths.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/operations.hpp>
@@ -25,7 +26,7 @@ struct InspectOptions {
 
 /// The configuration's text. A folder opens like a file and fails at its first read.
 std::string ReadPanel(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(Utils::StreamPath(path), std::ios::binary);
     std::ostringstream text;
     if (!file || (file.peek() != EOF && !(text << file.rdbuf())) || file.bad())
         throw CommandError(kWrongUsage, "cannot read " + path + ": " + std::strerror(errno));
@@ -53,7 +54,7 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
         panel = ReadPanel(session.CallersPath(options.panel));
         session.console.Message("there is no source of gauges, so that panels have no entries");
     }
-    std::cout << RunJob(NameOf(info), [&] { return InspectOne(info, panel); });
+    std::cout << RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel); });
     return kDone;
 }
 

@@ -1,25 +1,12 @@
 #include "Batch/Jobs.h"
 
 #include "Annotator/FailureTexts.h"
-#include "Batch/BatchLog.h"
 #include "Batch/Command.h"
-#include "Batch/HeldSignals.h"
-#include "Logging/Logger.h"
+#include "Batch/JobAnswer.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
-#include <fcntl.h>
-#include <map>
 #include <new>
-#include <poll.h>
-#include <string_view>
-#include <sys/prctl.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
-#include <vector>
 
 namespace Batch {
 
@@ -29,30 +16,11 @@ namespace {
 constexpr char kReturned = 'R';
 constexpr char kThrew = 'T';
 
-/// Results that may wait for a slow one ahead of them, for each process.
-constexpr std::size_t kAhead = 8;
-constexpr std::size_t kReadSize = 65536;
+} // namespace
 
-struct Process {
-    std::size_t index = 0;
-    pid_t id = -1;
-    int answer = -1; ///< end of the pipe to read from
-    std::string received;
-};
-
-bool WriteAll(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-    }
-    return true;
-}
-
-std::string Answer(const Job& job, std::size_t index) {
+std::string JobAnswer(const Job& job, const Sim::AircraftInfo& aircraft) {
     try {
-        return kReturned + job(index);
+        return kReturned + job(aircraft);
     } catch (const std::bad_alloc&) {
         return kThrew + std::string("out of memory");
     } catch (const std::exception& error) {
@@ -60,162 +28,19 @@ std::string Answer(const Job& job, std::size_t index) {
     }
 }
 
-[[noreturn]] void RunInChild(const Job& job, std::size_t index, int answer, pid_t parent, const sigset_t& signals) {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent)
-        _exit(1); // it ended before its end could be heard of
-    sigprocmask(SIG_SETMASK, &signals, nullptr);
-    JoinLog();
-    const std::string text = Answer(job, index);
-    Logging::Logger::Get().Stop("");
-    // The parent's buffers and objects, which this process has copies of, are not its own to flush or to destroy.
-    _exit(WriteAll(answer, text) ? 0 : 1);
+JobResult ReadJobAnswer(const Sim::AircraftInfo& aircraft, const std::string& answer) {
+    if (answer[0] == kThrew)
+        return {&aircraft, {}, answer.substr(1)};
+    return {&aircraft, answer.substr(1), std::nullopt};
 }
 
-/// Waits for a process to end and returns its status.
-int Reap(pid_t id) {
-    int status = 0;
-    while (waitpid(id, &status, 0) < 0 && errno == EINTR) {
-    }
-    return status;
-}
-
-/// What a process left without an answer died of.
-std::string HowItEnded(int status) {
-    if (!WIFSIGNALED(status))
-        return "its process ended with exit code " + std::to_string(WEXITSTATUS(status)) + " and no answer";
-    const int signal = WTERMSIG(status);
-    return "its process was ended by signal " + std::to_string(signal) + " (" + strsignal(signal) + ")" +
-           (signal == SIGKILL ? ", as the system does when memory runs out" : "");
-}
-
-class JobPool : public Utils::NonAssignable {
-public:
-    JobPool(std::size_t jobCount, std::size_t processes, const Job& work)
-        : count(jobCount), limit(std::max<std::size_t>(processes, 1)), job(work) {}
-    ~JobPool() {
-        for (const Process& process : running) {
-            kill(process.id, SIGKILL);
-            close(process.answer);
-            Reap(process.id);
-        }
-    }
-
-    void Run(const std::function<void(JobResult&&)>& use) {
-        while (delivered < count) {
-            StartProcesses();
-            ReadAnswers();
-            for (auto next = waiting.find(delivered); next != waiting.end(); next = waiting.find(delivered)) {
-                use(std::move(next->second));
-                waiting.erase(next);
-                ++delivered;
-            }
-        }
-    }
-
-private:
-    void StartProcesses() {
-        while (started < count && running.size() < limit && started < delivered + kAhead * limit) {
-            if (!Start(started)) {
-                // Processes or file handles have run out.
-                if (!running.empty())
-                    return; // the next one that ends makes room
-                const std::string reason = std::strerror(errno);
-                waiting[started] = {started, {}, "no process could be started for it: " + reason};
-            }
-            ++started;
-        }
-    }
-
-    bool Start(std::size_t index) {
-        // The parent closes its copy of the writing end right after the fork: no other child gets one, so that the
-        // end of the answer is the end of the pipe.
-        int ends[2];
-        if (pipe2(ends, O_CLOEXEC) != 0)
-            return false;
-        const pid_t parent = getpid();
-        const pid_t child = fork();
-        if (child == 0) {
-            close(ends[0]);
-            RunInChild(job, index, ends[1], parent, signals.Before());
-        }
-        const int error = errno;
-        close(ends[1]);
-        if (child < 0) {
-            close(ends[0]);
-            errno = error;
-            return false;
-        }
-        running.push_back({index, child, ends[0], {}});
-        return true;
-    }
-
-    void ReadAnswers() {
-        if (running.empty())
-            return;
-        std::vector<pollfd> polled;
-        for (const Process& process : running)
-            polled.push_back({process.answer, POLLIN, 0});
-        // Only here may a signal end this process, which then takes its children along.
-        if (ppoll(polled.data(), polled.size(), nullptr, &signals.Before()) < 0)
-            return;
-        // From the back, as one that is finished leaves the list.
-        for (std::size_t i = polled.size(); i-- > 0;) {
-            if (polled[i].revents != 0 && !ReadSome(running[i])) {
-                Finish(running[i]);
-                running.erase(running.begin() + static_cast<std::ptrdiff_t>(i));
-            }
-        }
-    }
-
-    /// False at the end of the answer.
-    static bool ReadSome(Process& process) {
-        const std::size_t size = process.received.size();
-        process.received.resize(size + kReadSize);
-        const ssize_t got = read(process.answer, process.received.data() + size, kReadSize);
-        const bool again = got < 0 && errno == EINTR;
-        process.received.resize(size + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-        return got > 0 || again;
-    }
-
-    void Finish(Process& process) {
-        close(process.answer);
-        const int status = Reap(process.id);
-        JobResult& result = waiting[process.index];
-        result.index = process.index;
-        // A process may have died in the middle of its answer.
-        const bool answered = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !process.received.empty();
-        if (!answered)
-            result.failure = HowItEnded(status);
-        else if (process.received[0] == kThrew)
-            result.failure = process.received.substr(1);
-        else
-            result.output = process.received.substr(1);
-    }
-
-    HeldSignals signals;
-    std::size_t count, limit;
-    const Job& job;
-    std::size_t started = 0, delivered = 0;
-    std::vector<Process> running;
-    std::map<std::size_t, JobResult> waiting;
-};
-
-} // namespace
-
-void RunJobs(std::size_t count, std::size_t processes, const Job& job, const std::function<void(JobResult&&)>& use) {
-    JobPool(count, processes, job).Run(use);
-}
-
-std::string RunJob(const std::string& subject, const std::function<std::string()>& job) {
+std::string RunJob(const Sim::AircraftInfo& aircraft, const Job& job) {
     std::string output;
-    RunJobs(
-        1, 1, [&](std::size_t) { return job(); },
-        [&](JobResult&& result) {
-            if (result.failure)
-                throw CommandError(kAircraftFailed, subject + ": " + *result.failure);
-            output = std::move(result.output);
-        });
+    RunJobs({&aircraft}, 1, job, [&](JobResult&& result) {
+        if (result.failure)
+            throw CommandError(kAircraftFailed, NameOf(aircraft) + ": " + *result.failure);
+        output = std::move(result.output);
+    });
     return output;
 }
 

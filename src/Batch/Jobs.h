@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Batch/AircraftSelection.h"
+
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -7,24 +9,29 @@
 
 namespace Batch {
 
-/// What came of one job.
+/// What is done for one aircraft. It runs in a process of its own, with a log and without anything to write but the
+/// string that it returns.
+using Job = std::function<std::string(const Sim::AircraftInfo&)>;
+
+/// What came of the job for one aircraft.
 struct JobResult {
-    std::size_t index = 0;
+    const Sim::AircraftInfo* aircraft = nullptr;
     std::string output;                 ///< what the job returned
     std::optional<std::string> failure; ///< in words, where it threw or its process ended without an answer
 };
 
-/// Runs in a process of its own, with a log and without anything to write but the string that it returns.
-using Job = std::function<std::string(std::size_t index)>;
+/// Runs a job for each aircraft in a process of its own, up to `processes` at once, so that a crash, an abort or a kill
+/// for memory in one leaves the others. `use` gets the results in the order of the aircraft, in the calling process and
+/// with ending signals held back; few results wait for their turn, so that memory is bounded. The caller must have a
+/// single thread. When it ends, however that comes about, so do the processes.
+///
+/// Where the system cannot copy a process, each one is this program started once more with the same words and its
+/// aircraft's path (JobAircraft), and comes as far as this call: what stands ahead of it is done in each of them.
+void RunJobs(const AircraftSelection& aircraft, std::size_t processes, const Job& job,
+             const std::function<void(JobResult&&)>& use);
 
-/// Runs the jobs 0 to `count` - 1 in processes of their own, up to `processes` at once, so that a crash, an abort or a
-/// kill for memory in one leaves the others. `use` gets the results in the order of the indices, in the calling
-/// process and with ending signals held back; few results wait for their turn, so that memory is bounded. The caller
-/// must have a single thread. When it ends, however that comes about, so do the processes.
-void RunJobs(std::size_t count, std::size_t processes, const Job& job, const std::function<void(JobResult&&)>& use);
-
-/// One job, whose failure ends the command with the reason behind the name of what it was about.
-std::string RunJob(const std::string& subject, const std::function<std::string()>& job);
+/// One job, whose failure ends the command with the reason behind the aircraft's name.
+std::string RunJob(const Sim::AircraftInfo& aircraft, const Job& job);
 
 /// As many processes as the machine has processors for this program.
 std::size_t DefaultProcesses();

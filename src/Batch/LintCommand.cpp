@@ -107,7 +107,7 @@ ExitCode Lint(const LintOptions& options, Session& session) {
     std::size_t failed = 0;
     const auto take = [&](const JobResult& result) {
         if (result.failure) {
-            session.console.Message(NameOf(*aircraft[result.index]) + ": " + *result.failure);
+            session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
             ++failed;
             return;
         }
@@ -119,8 +119,7 @@ ExitCode Lint(const LintOptions& options, Session& session) {
         else
             PrintFindings(std::cout, findings, options.all);
     };
-    RunJobs(
-        aircraft.size(), options.jobs, [&](std::size_t index) { return LintOne(*aircraft[index]); }, take);
+    RunJobs(aircraft, options.jobs, LintOne, take);
     if (options.json)
         std::cout << everything.dump(1) << '\n';
     std::cout.flush(); // ahead of the message, where both streams go to one terminal

@@ -1,5 +1,6 @@
+#include "Batch/Process.h"
 #include "Batch/Program.h"
 
 int main(int argc, char** argv) {
-    return Batch::Run(argc, argv);
+    return Batch::Run(Batch::StartProcess(argc, argv));
 }

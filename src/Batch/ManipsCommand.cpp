@@ -165,10 +165,10 @@ ExitCode Manips(const ManipsOptions& options, Session& session) {
     const char* separator = options.json ? "[\n" : "";
     std::cout << (options.csv ? CsvHeading() : "");
     RunJobs(
-        aircraft.size(), options.jobs, [&](std::size_t index) { return FormOf(options, *aircraft[index]); },
+        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return FormOf(options, info); },
         [&](const JobResult& result) {
             if (result.failure) {
-                session.console.Message(NameOf(*aircraft[result.index]) + ": " + *result.failure);
+                session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
                 failed = true;
             } else if (!result.output.empty()) {
                 std::cout << separator << result.output;

@@ -6,6 +6,7 @@
 #include "Batch/Usage.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
@@ -148,7 +149,7 @@ std::string Session::CallersPath(const std::string& path) const {
     return boost::filesystem::absolute(path, startFolder).string();
 }
 
-int Run(int argc, char** argv) {
+int Run(std::vector<std::string> words) {
     std::ios::sync_with_stdio(false);
 #ifdef SIGPIPE
     // A reader that has seen enough ends the program in silence, also below a program that ignores this signal.
@@ -157,7 +158,8 @@ int Run(int argc, char** argv) {
     CommandLine line;
     Session session;
     try {
-        line.app.parse(argc, argv);
+        std::ranges::reverse(words); // as the parser takes them
+        line.app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return line.app.exit(error); // help or version

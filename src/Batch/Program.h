@@ -1,8 +1,11 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace Batch {
 
 /// The whole program behind its entry. Returns the exit code.
-int Run(int argc, char** argv);
+int Run(std::vector<std::string> words);
 
 } // namespace Batch

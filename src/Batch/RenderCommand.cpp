@@ -1,4 +1,3 @@
-#include "Annotator/CanvasControl.h"
 #include "Annotator/CockpitPreview.h"
 #include "Annotator/DataFiles.h"
 #include "Annotator/FailureTexts.h"
@@ -7,8 +6,7 @@
 #include "Batch/Commands.h"
 #include "Batch/HeldSignals.h"
 #include "Batch/Jobs.h"
-#include "Rendering/OpenGL/EglContext.h"
-#include "Rendering/OpenGL/GLFrameTarget.h"
+#include "Batch/OffScreen.h"
 #include "Utils/Images.h"
 #include "Utils/SaveFile.h"
 
@@ -28,7 +26,6 @@ namespace {
 using Annotator::PictureRequest;
 
 constexpr std::uint32_t kGreatestSide = 8192; // pixels
-constexpr std::uint32_t kSamples = 4;         // a pixel, for smooth edges
 constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
 
 struct RenderOptions {
@@ -112,14 +109,9 @@ std::string Answer(ExitCode code, const std::string& bytes) {
 
 std::string DrawToPng(const PictureRequest& request, const Annotator::OpenedAircraft& opened,
                       const Annotator::BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations) {
-    const Rendering::OpenGL::EglContext device;
-    const Rendering::Camera camera; // gives the eye matrices alone
-    Rendering::OpenGL::GLContext context(camera);
-    Rendering::OpenGL::GLFrameTarget target(context, kSamples);
-    target.Resize(request.size);
-    target.Begin(Annotator::kCanvasColour);
-    Annotator::DrawPreviewPicture(context, request, opened, built, annotations);
-    return Utils::ToPng(target.Read());
+    return Utils::ToPng(DrawOffScreen(request.size, [&](Rendering::Context& context) {
+        Annotator::DrawPreviewPicture(context, request, opened, built, annotations);
+    }));
 }
 
 std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& request) {
@@ -152,7 +144,8 @@ ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
     RequireData(session.console);
-    const std::string answer = RunJob(NameOf(info), [&] { return RenderOne(info, options.picture); });
+    const std::string answer =
+        RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options.picture); });
     const auto code = static_cast<ExitCode>(answer.at(0) - '0');
     const std::string_view bytes = std::string_view(answer).substr(1);
     if (code != kDone)

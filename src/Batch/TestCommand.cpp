@@ -40,16 +40,13 @@ AircraftReport Unloaded(const Sim::AircraftInfo& info, const std::string& reason
 TestReport RunTests(const AircraftSelection& aircraft, std::size_t jobs, Console& console) {
     TestReport report;
     console.BeginProgress(aircraft.size());
-    RunJobs(
-        aircraft.size(), jobs, [&](std::size_t index) { return TestOne(*aircraft[index]); },
-        [&](const JobResult& result) {
-            const Sim::AircraftInfo& info = *aircraft[result.index];
-            if (result.failure)
-                report.push_back(Unloaded(info, *result.failure));
-            else if (!result.output.empty())
-                report.push_back(ParseAircraft(result.output));
-            console.Advance();
-        });
+    RunJobs(aircraft, jobs, TestOne, [&](const JobResult& result) {
+        if (result.failure)
+            report.push_back(Unloaded(*result.aircraft, *result.failure));
+        else if (!result.output.empty())
+            report.push_back(ParseAircraft(result.output));
+        console.Advance();
+    });
     console.EndProgress();
     return report;
 }

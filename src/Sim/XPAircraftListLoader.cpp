@@ -52,18 +52,6 @@ std::string Joined(std::string_view value) {
     return text;
 }
 
-std::unique_ptr<AircraftInfo> MakeInfo(const fs::path& acfPath) {
-    auto info = std::make_unique<XPAircraftInfo>();
-    info->acfPath = acfPath.string();
-    info->displayName = acfPath.filename().string();
-    std::ifstream file = Utils::OpenFile(acfPath);
-    Utils::LineBlocks blocks(file);
-    for (std::string_view block; blocks.Next(block);)
-        if (const std::string_view description = LastAcfProperty(block, "acf/_descrip"); !description.empty())
-            info->displayName = Joined(description);
-    return info;
-}
-
 } // namespace
 
 AircraftList XPAircraftListLoader::LoadAircraftList() {
@@ -74,8 +62,20 @@ AircraftList XPAircraftListLoader::LoadAircraftList() {
     for (const fs::path& group : Subfolders(root))
         for (const fs::path& aircraft : Subfolders(group))
             if (const std::optional<fs::path> acfPath = FirstAcfFile(aircraft))
-                list.push_back(MakeInfo(*acfPath));
+                list.push_back(LoadAircraft(acfPath->string()));
     return list;
+}
+
+std::unique_ptr<AircraftInfo> XPAircraftListLoader::LoadAircraft(const std::string& acfPath) {
+    auto info = std::make_unique<XPAircraftInfo>();
+    info->acfPath = acfPath;
+    info->displayName = fs::path(acfPath).filename().string();
+    std::ifstream file = Utils::OpenFile(acfPath);
+    Utils::LineBlocks blocks(file);
+    for (std::string_view block; blocks.Next(block);)
+        if (const std::string_view description = LastAcfProperty(block, "acf/_descrip"); !description.empty())
+            info->displayName = Joined(description);
+    return info;
 }
 
 } // namespace Sim

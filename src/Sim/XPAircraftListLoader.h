@@ -9,6 +9,8 @@ namespace Sim {
 class XPAircraftListLoader final : public AircraftListLoader {
 public:
     AircraftList LoadAircraftList() override;
+    /// One aircraft by its .acf file's path.
+    static std::unique_ptr<AircraftInfo> LoadAircraft(const std::string& acfPath);
 };
 
 } // namespace Sim

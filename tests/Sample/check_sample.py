@@ -2,7 +2,8 @@
 """Holds what is said of the sample, and what the program finds in it, against an independent computation.
 
     check_sample.py INSTALLATION                   the tables of the installation's README, and its annotation files
-    check_sample.py INSTALLATION VORELLE-BATCH     the program's detected-data files, byte for byte
+    check_sample.py INSTALLATION PROGRAM...        the detected-data files of vorelle-batch, byte for byte; PROGRAM is the
+                                                   words that start it
 """
 import os
 import subprocess
@@ -16,7 +17,7 @@ import expected_detection as expected
 def main():
     installation = sys.argv[1]
     if len(sys.argv) > 2:
-        faults = program_faults(installation, sys.argv[2])
+        faults = program_faults(installation, sys.argv[2:])
     else:
         faults = readme_faults(installation)
     for fault in faults:
@@ -39,7 +40,7 @@ def program_faults(installation, program):
     faults = []
     with tempfile.TemporaryDirectory() as out:
         result = subprocess.run(
-            [program, "-C", installation, "detect", "--out", out], stdout=subprocess.DEVNULL, check=False
+            [*program, "-C", installation, "detect", "--out", out], stdout=subprocess.DEVNULL, check=False
         )
         aircraft = detected_aircraft(installation)
         wanted = 3 if None in aircraft.values() else 0
@@ -47,7 +48,7 @@ def program_faults(installation, program):
             faults.append(f"detect ended with {result.returncode}, not {wanted}")
         for name, by_node in aircraft.items():
             path = os.path.join(out, name)
-            text = open(path, encoding="utf-8").read() if os.path.exists(path) else None
+            text = open(path, encoding="utf-8", newline="").read() if os.path.exists(path) else None
             if text != (None if by_node is None else expected.xml_of(by_node)):
                 faults.append(f"{name} differs from the independent computation")
     return faults

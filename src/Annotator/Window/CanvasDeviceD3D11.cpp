@@ -1,4 +1,6 @@
 #include "Annotator/Window/CanvasDevice.h"
+
+#include "Annotator/CanvasControl.h"
 #include "Rendering/D3D11/D3D11Context.h"
 #include "Rendering/D3D11/DX11Texture.h"
 
@@ -25,7 +27,6 @@ enum Line : std::int32_t {
     kResizedTargetView = 359
 };
 
-constexpr float kMidGrey[] = {0.5f, 0.5f, 0.5f, 1.0f};
 constexpr UINT kBuffers = 2;
 
 DXGI_SWAP_CHAIN_DESC SwapChainOf(HWND window, Rendering::Size size) {
@@ -75,7 +76,7 @@ public:
             0.0f, 0.0f, static_cast<float>(depthBuffer->Width()), static_cast<float>(depthBuffer->Height()),
             0.0f, 1.0f};
         deviceContext->RSSetViewports(1, &whole);
-        deviceContext->ClearRenderTargetView(renderTargetView.Get(), kMidGrey);
+        deviceContext->ClearRenderTargetView(renderTargetView.Get(), kCanvasColour.data());
         deviceContext->ClearDepthStencilView(depthBuffer->DepthView(), D3D11_CLEAR_DEPTH, 1.0f, 0);
         deviceContext->OMSetDepthStencilState(depthStencilState.Get(), 0);
         deviceContext->OMSetRenderTargets(1, renderTargetView.GetAddressOf(), depthBuffer->DepthView());

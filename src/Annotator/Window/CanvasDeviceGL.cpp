@@ -2,6 +2,7 @@
 #include "Rendering/OpenGL/GLContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
 
+#include "Annotator/CanvasControl.h"
 #include "Annotator/Window/CanvasDevice.h"
 #include "Logging/Logger.h"
 #include "Utils/Asserts.h"
@@ -14,8 +15,6 @@ namespace {
 
 constexpr const char* kPlace = "Annotator\\DXCanvas.cpp";
 constexpr std::int32_t kMakingDevice = 280;
-
-const Utils::Vector4 kMidGrey(0.5f, 0.5f, 0.5f, 1.0f);
 
 wxGLAttributes SurfaceAttributes() {
     // Without a depth buffer: frames are drawn to a target of their own.
@@ -51,7 +50,7 @@ public:
     Rendering::Context& Context() override { return *context; }
     void MakeCurrent() override { glContext->SetCurrent(*canvas); }
     void Resize(Rendering::Size size) override { target->Resize(size); }
-    void BeginFrame() override { target->Begin(kMidGrey); }
+    void BeginFrame() override { target->Begin(kCanvasColour); }
     void Present() override {
         target->Present();
         canvas->SwapBuffers();

@@ -1,12 +1,10 @@
 #include "Annotator/Window/DXCanvas.h"
 
+#include "Annotator/Window/CanvasPicture.h"
 #include "Annotator/Window/WindowFixture.h"
 
-#include <cairo.h>
 #include <chrono>
 #include <cmath>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 
 namespace {
 
@@ -25,19 +23,7 @@ protected:
         event.m_keyCode = code;
         canvas->ProcessWindowEvent(event);
     }
-    /// What the screen shows of the canvas.
-    wxImage Picture() {
-        const wxSize size = canvas->GetClientSize();
-        const wxPoint at = canvas->ClientToScreen(wxPoint(0, 0));
-        wxScreenDC screen;
-        // The screen has changed behind cairo's back, which keeps copies of what it has read.
-        cairo_surface_mark_dirty(cairo_get_target(static_cast<cairo_t*>(screen.GetImpl()->GetCairoContext())));
-        wxBitmap picture(size);
-        wxMemoryDC target(picture);
-        target.Blit(0, 0, size.x, size.y, &screen, at.x, at.y);
-        target.SelectObject(wxNullBitmap);
-        return picture.ConvertToImage();
-    }
+    wxImage Picture() { return CanvasPicture(*canvas); }
     static wxColour ColourAt(const wxImage& image, int x, int y) {
         return {image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)};
     }

@@ -36,8 +36,10 @@ int FailBeforeToolkit() {
 } // namespace
 
 int main(int argc, char** argv) {
+#ifndef _WIN32
     const Support::TemporaryFolder userData;
     setenv("XDG_DATA_HOME", userData.path.c_str(), 1);
+#endif
     Logging::Logger::Create();
     Logging::Logger::Get().Start();
     if (!Annotator::PrepareToolkit())

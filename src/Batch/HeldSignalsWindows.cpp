@@ -1,0 +1,30 @@
+#include "Batch/HeldSignals.h"
+
+#include <mutex>
+#include <windows.h>
+
+namespace Batch {
+
+namespace {
+
+std::mutex holding;
+
+/// Runs on a thread of the system's, which ends the process afterwards. From then on nothing is held any more.
+BOOL WINAPI WaitForWriting(DWORD) {
+    holding.lock();
+    return FALSE;
+}
+
+} // namespace
+
+HeldSignals::HeldSignals() {
+    static const BOOL installed = SetConsoleCtrlHandler(WaitForWriting, TRUE);
+    static_cast<void>(installed);
+    holding.lock();
+}
+
+HeldSignals::~HeldSignals() {
+    holding.unlock();
+}
+
+} // namespace Batch

@@ -1,0 +1,187 @@
+#include "Batch/BatchLog.h"
+#include "Batch/HeldSignals.h"
+#include "Batch/JobAnswer.h"
+#include "Logging/Logger.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <map>
+#include <poll.h>
+#include <string_view>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace Batch {
+
+namespace {
+
+constexpr std::size_t kReadSize = 65536;
+
+struct Process {
+    std::size_t index = 0;
+    pid_t id = -1;
+    int answer = -1; ///< end of the pipe to read from
+    std::string received;
+};
+
+bool WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return true;
+}
+
+[[noreturn]] void RunInChild(const Job& job, const Sim::AircraftInfo& aircraft, int answer, pid_t parent,
+                             const sigset_t& signals) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent)
+        _exit(1); // it ended before its end could be heard of
+    sigprocmask(SIG_SETMASK, &signals, nullptr);
+    JoinLog();
+    const std::string text = JobAnswer(job, aircraft);
+    Logging::Logger::Get().Stop("");
+    // The parent's buffers and objects, which this process has copies of, are not its own to flush or to destroy.
+    _exit(WriteAll(answer, text) ? 0 : 1);
+}
+
+/// Waits for a process to end and returns its status.
+int Reap(pid_t id) {
+    int status = 0;
+    while (waitpid(id, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status;
+}
+
+/// What a process left without an answer died of.
+std::string HowItEnded(int status) {
+    if (!WIFSIGNALED(status))
+        return "its process ended with exit code " + std::to_string(WEXITSTATUS(status)) + " and no answer";
+    const int signal = WTERMSIG(status);
+    return "its process was ended by signal " + std::to_string(signal) + " (" + strsignal(signal) + ")" +
+           (signal == SIGKILL ? ", as the system does when memory runs out" : "");
+}
+
+class JobPool : public Utils::NonAssignable {
+public:
+    JobPool(const AircraftSelection& selection, std::size_t processes, const Job& work)
+        : aircraft(selection), limit(std::max<std::size_t>(processes, 1)), job(work) {}
+    ~JobPool() {
+        for (const Process& process : running) {
+            kill(process.id, SIGKILL);
+            close(process.answer);
+            Reap(process.id);
+        }
+    }
+
+    void Run(const std::function<void(JobResult&&)>& use) {
+        while (delivered < aircraft.size()) {
+            StartProcesses();
+            ReadAnswers();
+            for (auto next = waiting.find(delivered); next != waiting.end(); next = waiting.find(delivered)) {
+                use(std::move(next->second));
+                waiting.erase(next);
+                ++delivered;
+            }
+        }
+    }
+
+private:
+    void StartProcesses() {
+        while (started < aircraft.size() && running.size() < limit && started < delivered + kAhead * limit) {
+            if (!Start(started)) {
+                // Processes or file handles have run out.
+                if (!running.empty())
+                    return; // the next one that ends makes room
+                const std::string reason = std::strerror(errno);
+                waiting[started] = {aircraft[started], {}, "no process could be started for it: " + reason};
+            }
+            ++started;
+        }
+    }
+
+    bool Start(std::size_t index) {
+        // The parent closes its copy of the writing end right after the fork: no other child gets one, so that the
+        // end of the answer is the end of the pipe.
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0)
+            return false;
+        const pid_t parent = getpid();
+        const pid_t child = fork();
+        if (child == 0) {
+            close(ends[0]);
+            RunInChild(job, *aircraft[index], ends[1], parent, signals.Before());
+        }
+        const int error = errno;
+        close(ends[1]);
+        if (child < 0) {
+            close(ends[0]);
+            errno = error;
+            return false;
+        }
+        running.push_back({index, child, ends[0], {}});
+        return true;
+    }
+
+    void ReadAnswers() {
+        if (running.empty())
+            return;
+        std::vector<pollfd> polled;
+        for (const Process& process : running)
+            polled.push_back({process.answer, POLLIN, 0});
+        // Only here may a signal end this process, which then takes its children along.
+        if (ppoll(polled.data(), polled.size(), nullptr, &signals.Before()) < 0)
+            return;
+        // From the back, as one that is finished leaves the list.
+        for (std::size_t i = polled.size(); i-- > 0;) {
+            if (polled[i].revents != 0 && !ReadSome(running[i])) {
+                Finish(running[i]);
+                running.erase(running.begin() + static_cast<std::ptrdiff_t>(i));
+            }
+        }
+    }
+
+    /// False at the end of the answer.
+    static bool ReadSome(Process& process) {
+        const std::size_t size = process.received.size();
+        process.received.resize(size + kReadSize);
+        const ssize_t got = read(process.answer, process.received.data() + size, kReadSize);
+        const bool again = got < 0 && errno == EINTR;
+        process.received.resize(size + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        return got > 0 || again;
+    }
+
+    void Finish(Process& process) {
+        close(process.answer);
+        const int status = Reap(process.id);
+        // A process may have died in the middle of its answer.
+        const bool answered = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !process.received.empty();
+        const Sim::AircraftInfo& its = *aircraft[process.index];
+        waiting[process.index] =
+            answered ? ReadJobAnswer(its, process.received) : JobResult{&its, {}, HowItEnded(status)};
+    }
+
+    HeldSignals signals;
+    const AircraftSelection& aircraft;
+    std::size_t limit;
+    const Job& job;
+    std::size_t started = 0, delivered = 0;
+    std::vector<Process> running;
+    std::map<std::size_t, JobResult> waiting;
+};
+
+} // namespace
+
+void RunJobs(const AircraftSelection& aircraft, std::size_t processes, const Job& job,
+             const std::function<void(JobResult&&)>& use) {
+    JobPool(aircraft, processes, job).Run(use);
+}
+
+} // namespace Batch

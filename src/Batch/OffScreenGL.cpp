@@ -1,0 +1,20 @@
+#include "Batch/OffScreen.h"
+
+#include "Annotator/CanvasControl.h"
+#include "Rendering/OpenGL/EglContext.h"
+#include "Rendering/OpenGL/GLFrameTarget.h"
+
+namespace Batch {
+
+Rendering::MemBitmap DrawOffScreen(Rendering::Size size, const std::function<void(Rendering::Context&)>& draw) {
+    const Rendering::OpenGL::EglContext device;
+    const Rendering::Camera camera; // gives the eye matrices alone
+    Rendering::OpenGL::GLContext context(camera);
+    Rendering::OpenGL::GLFrameTarget target(context, kSamples);
+    target.Resize(size);
+    target.Begin(Annotator::kCanvasColour);
+    draw(context);
+    return target.Read();
+}
+
+} // namespace Batch

@@ -1,0 +1,20 @@
+#include "Batch/Process.h"
+
+#include <unistd.h>
+
+namespace Batch {
+
+std::vector<std::string> StartProcess(int argc, char** argv) {
+    return {argv + (argc > 0), argv + argc};
+}
+
+bool ErrorsGoToTerminal() {
+    return isatty(STDERR_FILENO) != 0;
+}
+
+// Jobs run in copies of the process, which are started for none in particular.
+const std::string* JobAircraft() {
+    return nullptr;
+}
+
+} // namespace Batch

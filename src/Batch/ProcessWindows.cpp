@@ -1,0 +1,75 @@
+#include "Batch/Process.h"
+
+#include "Utils/Asserts.h"
+#include "Utils/WideText.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <io.h>
+#include <iostream>
+#include <optional>
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace Batch {
+
+namespace {
+
+std::optional<std::string> jobAircraft;
+
+/// The program's own arguments are in the system's code page, which has some letters only.
+std::vector<std::string> WordsOfCommandLine() {
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> texts;
+    for (int i = 1; words && i < count; ++i)
+        texts.push_back(Utils::FromWideText(words[i]));
+    LocalFree(words);
+    return texts;
+}
+
+/// Text reaches a console as UTF-8, and a file or another program as the same bytes as on any system.
+void PrepareStreams() {
+    for (const int stream : {1, 2})
+        _setmode(stream, _O_BINARY);
+    static const UINT before = GetConsoleOutputCP();
+    if (before != 0 && SetConsoleOutputCP(CP_UTF8))
+        std::atexit([] { SetConsoleOutputCP(before); });
+}
+
+/// Nobody may sit at the screen to dismiss a box.
+void PrepareFailures() {
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
+    Utils::SetFatalErrorDialog([](const std::string& caption, const std::string& text) {
+        std::fprintf(stderr, "%s: %s\n", caption.c_str(), text.c_str());
+    });
+}
+
+} // namespace
+
+std::vector<std::string> StartProcess(int, char**) {
+    PrepareFailures();
+    PrepareStreams();
+    std::vector<std::string> words = WordsOfCommandLine();
+    if (words.size() >= 2 && words[0] == kJobOption) {
+        jobAircraft = words[1];
+        words.erase(words.begin(), words.begin() + 2);
+        std::cout.rdbuf(nullptr);
+        std::cerr.rdbuf(nullptr);
+    }
+    return words;
+}
+
+bool ErrorsGoToTerminal() {
+    const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    return GetConsoleMode(errors, &mode) && SetConsoleMode(errors, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+}
+
+const std::string* JobAircraft() {
+    return jobAircraft ? &*jobAircraft : nullptr;
+}
+
+} // namespace Batch

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Rendering/D3D11/D3D11Context.h"
+
+#include <memory>
+
+namespace Rendering::D3D11 {
+
+/// The pixels of a texture's first level, of 32 bits each and with one sample. Waits for the device.
+MemBitmap ReadTexture(ID3D11Device* device, ID3D11Texture2D* texture);
+
+/// What a frame without a window is drawn to: colour and a depth of 32-bit floats.
+class D3D11FrameTarget : public Utils::NonAssignable {
+public:
+    /// `samples` above 1 smooths edges.
+    D3D11FrameTarget(D3D11Context& context, ID3D11Device* device, std::uint32_t samples = 1);
+
+    /// Remakes the target.
+    void Resize(Size size);
+    /// Draws go to the whole of this target from now on; clears it to the colour and to the farthest depth.
+    void Begin(const Utils::Vector4& colour);
+    /// The picture: red, green, blue, alpha, top row first. Waits for the device.
+    MemBitmap Read();
+
+private:
+    D3D11Context& context;
+    ID3D11Device* device;
+    std::uint32_t samples;
+    std::unique_ptr<D3D11GPUBitmap> colour;
+    ComPtr<ID3D11DepthStencilView> depth;
+};
+
+} // namespace Rendering::D3D11

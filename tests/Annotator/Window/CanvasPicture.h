@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Annotator/Window/DXCanvas.h"
+
+#include <wx/image.h>
+
+namespace Support {
+
+/// What the canvas shows: on Linux what stands on the screen, on Windows what the next frame draws into the back
+/// buffer, as a window inside another one stays black on the screen under Wine.
+wxImage CanvasPicture(Annotator::DXCanvas& canvas);
+
+} // namespace Support

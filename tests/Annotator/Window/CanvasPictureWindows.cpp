@@ -1,0 +1,50 @@
+#include "Annotator/Window/CanvasPicture.h"
+
+#include "Annotator/Window/Toolkit.h"
+#include "Rendering/D3D11/D3D11FrameTarget.h"
+
+#include <cstring>
+
+namespace Support {
+
+namespace {
+
+/// Reads what the stages before it have drawn in one frame. A stage stays for good, and does nothing afterwards.
+struct ReadingStage final : Rendering::Stage {
+    void Render(Rendering::Context& context, const Utils::Matrix4&, const Utils::Matrix4&) override {
+        if (picture.IsOk())
+            return;
+        const auto any = context.CreateRenderTarget({1, 1}, 1, 0);
+        ID3D11Device* const device = dynamic_cast<Rendering::D3D11::D3D11GPUBitmap&>(*any).Device();
+        Rendering::D3D11::ComPtr<ID3D11RenderTargetView> target;
+        Rendering::D3D11::ImmediateContext(device)->OMGetRenderTargets(1, &target, nullptr);
+        Rendering::D3D11::ComPtr<ID3D11Resource> resource;
+        target->GetResource(&resource);
+        Rendering::D3D11::ComPtr<ID3D11Texture2D> texture;
+        Rendering::D3D11::Check(resource.As(&texture), HERE);
+        Keep(Rendering::D3D11::ReadTexture(device, texture.Get()));
+    }
+
+    wxImage picture;
+
+private:
+    void Keep(const Rendering::MemBitmap& pixels) {
+        picture.Create(static_cast<int>(pixels.Width()), static_cast<int>(pixels.Height()));
+        unsigned char* to = picture.GetData();
+        for (const std::uint32_t pixel : pixels.Pixels()) {
+            std::memcpy(to, &pixel, 3);
+            to += 3;
+        }
+    }
+};
+
+} // namespace
+
+wxImage CanvasPicture(Annotator::DXCanvas& canvas) {
+    const auto reader = std::make_shared<ReadingStage>();
+    canvas.stages.Add(reader);
+    PumpUntil([&] { return reader->picture.IsOk(); });
+    return reader->picture;
+}
+
+} // namespace Support

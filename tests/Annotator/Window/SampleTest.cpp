@@ -1,0 +1,64 @@
+#include "Annotator/Window/CanvasPicture.h"
+#include "Annotator/Window/WindowFixture.h"
+#include "Sim/XPAircraftListLoader.h"
+
+#include <set>
+
+namespace {
+
+using namespace Support;
+
+void CopyFolder(const boost::filesystem::path& from, const boost::filesystem::path& to) {
+    boost::filesystem::create_directories(to);
+    for (const auto& entry : boost::filesystem::directory_iterator(from)) {
+        const boost::filesystem::path target = to / entry.path().filename();
+        if (is_directory(entry.status()))
+            CopyFolder(entry.path(), target);
+        else
+            boost::filesystem::copy_file(entry.path(), target);
+    }
+}
+
+int CountColours(const wxImage& image) {
+    std::set<std::array<unsigned char, 3>> colours;
+    for (int y = 0; y < image.GetHeight(); ++y)
+        for (int x = 0; x < image.GetWidth(); ++x)
+            colours.insert({image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)});
+    return static_cast<int>(colours.size());
+}
+
+/// The window as a person has it, on a copy of the sample below a folder whose name has letters of many languages. The
+/// picture stays as canvas.ppm beside the test program.
+TEST(Sample, IsListedLoadedAndDrawn) {
+    const TemporaryFolder folder;
+    BindDataFolder();
+    const boost::filesystem::path installation = folder.path / "X-Plane \xC3\x9C\xE6\x97\xA5";
+    CopyFolder(VORELLE_SOURCE_DIR "/sample", installation);
+    CopyFolder(VORELLE_SOURCE_DIR "/data/QVRA/Images", installation / "QVRA/Images");
+    const WorkingDirectory inside(installation);
+    DialogRecorder dialogs;
+    Sim::XPAircraftListLoader loader;
+    auto* window = new Annotator::AnnotatorWindow(&loader);
+    window->Show();
+    PumpFrames(3);
+
+    auto& selector = *Find<wxChoice>(*window);
+    const std::vector<std::string> lines = Lines(selector);
+    const auto trainer =
+        std::ranges::find_if(lines, [](const auto& line) { return line.starts_with("Vorelle Trainer"); });
+    EXPECT_EQ(lines.size(), 4u);
+    ASSERT_NE(trainer, lines.end());
+    auto& canvas = *Find<Annotator::DXCanvas>(*window);
+    EXPECT_EQ(CountColours(CanvasPicture(canvas)), 1);
+    Choose(selector, static_cast<int>(trainer - lines.begin()));
+    EXPECT_TRUE(PumpUntil([&] { return Find<wxTreeCtrl>(*window)->GetCount() > 10; }));
+    const wxImage picture = CanvasPicture(canvas);
+    EXPECT_GT(CountColours(picture), 100);
+    wxImage::AddHandler(new wxPNMHandler);
+    picture.SaveFile(VORELLE_BINARY_DIR "/canvas.ppm", wxBITMAP_TYPE_PNM);
+    EXPECT_EQ(testing::PrintToString(dialogs.texts), "{}");
+    window->Destroy();
+    PumpFrames(3);
+}
+
+} // namespace
