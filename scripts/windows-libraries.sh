@@ -97,6 +97,7 @@ build_libpng() { # the packaged zlib is linked by the name of its archive, or it
 build_pixman() {
   unpack pixman 'pixman_*.orig.tar.*'
   with_configure pixman pixman --disable-gtk --disable-libpng
+  cp "$cache/build/pixman/pixman-1.pc" "$prefix/lib/pkgconfig/"
 }
 
 build_cairo() {

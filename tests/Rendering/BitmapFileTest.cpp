@@ -32,7 +32,9 @@ TEST(BitmapFileTest, APngComesWithTheColoursThatItsPainterChose) {
 
 TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
     const Support::TemporaryFolder folder;
+#ifndef _WIN32 // where it is one more file that is missing
     ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
+#endif
     // A header that promises 32,767 by 32,767 pixels, for which there is room in cairo and hardly in the machine.
     const std::string vast =
         folder.Write("vast.png", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x7F\xFF\0\0\x7F\xFF", 24));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/filesystem.hpp>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -24,11 +25,11 @@ public:
     std::string Write(const std::string& name, const std::string& bytes) const {
         const boost::filesystem::path file = path / name;
         boost::filesystem::create_directories(file.parent_path());
-        std::ofstream(file.string(), std::ios::binary) << bytes;
+        std::ofstream(std::filesystem::path(file.native()), std::ios::binary) << bytes;
         return file.string();
     }
     std::string Read(const std::string& name) const {
-        std::ifstream file((path / name).string(), std::ios::binary);
+        std::ifstream file(std::filesystem::path((path / name).native()), std::ios::binary);
         std::ostringstream text;
         text << file.rdbuf();
         return text.str();

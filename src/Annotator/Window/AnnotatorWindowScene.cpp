@@ -164,8 +164,11 @@ const wxTreeItemId& AnnotatorWindow::ItemOf(const NodePart& part) const {
 }
 
 void AnnotatorWindow::HighlightItem(const wxTreeItemId& item) {
-    partTree->SelectItem(item, true);
-    partTree->SetFocusedItem(item);
+    // Where the tree itself tells of its selection, the toolkit forbids to change it.
+    if (partTree->GetSelection() != item)
+        partTree->SelectItem(item, true);
+    if (partTree->GetFocusedItem() != item)
+        partTree->SetFocusedItem(item);
     if (highlightedItem) {
         partTree->SetItemBold(*highlightedItem, false);
         partTree->SetItemTextColour(*highlightedItem, *wxBLACK);

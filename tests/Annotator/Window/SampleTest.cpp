@@ -28,7 +28,7 @@ int CountColours(const wxImage& image) {
 }
 
 /// The window as a person has it, on a copy of the sample below a folder whose name has letters of many languages. The
-/// picture stays as canvas.ppm beside the test program.
+/// picture stays as canvas.png in the build folder.
 TEST(Sample, IsListedLoadedAndDrawn) {
     const TemporaryFolder folder;
     BindDataFolder();
@@ -54,8 +54,8 @@ TEST(Sample, IsListedLoadedAndDrawn) {
     EXPECT_TRUE(PumpUntil([&] { return Find<wxTreeCtrl>(*window)->GetCount() > 10; }));
     const wxImage picture = CanvasPicture(canvas);
     EXPECT_GT(CountColours(picture), 100);
-    wxImage::AddHandler(new wxPNMHandler);
-    picture.SaveFile(VORELLE_BINARY_DIR "/canvas.ppm", wxBITMAP_TYPE_PNM);
+    wxImage::AddHandler(new wxPNGHandler);
+    picture.SaveFile(VORELLE_BINARY_DIR "/canvas.png", wxBITMAP_TYPE_PNG);
     EXPECT_EQ(testing::PrintToString(dialogs.texts), "{}");
     window->Destroy();
     PumpFrames(3);

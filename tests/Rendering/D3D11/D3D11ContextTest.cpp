@@ -1,4 +1,5 @@
 #include "Rendering/D3D11/D3D11Device.h"
+#include "Rendering/D3D11/DX11Texture.h"
 #include "Rendering/D3D11/TextureRenderLock.h"
 #include "Support/DdsBuilder.h"
 #include "Support/FatalErrorRecorder.h"
