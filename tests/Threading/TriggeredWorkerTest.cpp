@@ -1,8 +1,8 @@
 #include "Threading/TriggeredWorker.h"
 
 #include <atomic>
+#include <future>
 #include <gtest/gtest.h>
-#include <semaphore>
 
 namespace {
 
@@ -33,20 +33,21 @@ TEST(TriggeredWorkerTest, RunsOnAThreadOfItsOwnEachTimeItIsAsked) {
 }
 
 TEST(TriggeredWorkerTest, TriggerReturnsWhileTheWorkIsStillRunning) {
-    std::binary_semaphore started(0), gate(0);
-    std::atomic<int> finished = 0;
-    Worker worker([&] {
-        started.release();
-        gate.acquire();
+    std::promise<void> started, gate;
+    std::atomic<int> begun = 0, finished = 0;
+    Worker worker([&, opened = gate.get_future().share()] {
+        if (begun++ == 0)
+            started.set_value();
+        opened.wait();
         ++finished;
     });
     worker.Trigger();
-    started.acquire();
+    started.get_future().wait();
     worker.Trigger();
     worker.Trigger();
     EXPECT_EQ(finished, 0);
     std::thread stopping([&] { worker.Stop(); });
-    gate.release();
+    gate.set_value();
     stopping.join();
     EXPECT_EQ(finished, 1) << "stopping waits for the present run and starts no other";
 }
