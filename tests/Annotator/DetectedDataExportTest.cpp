@@ -12,21 +12,17 @@ namespace {
 namespace fs = boost::filesystem;
 
 /// A list in an order of the test's making; a cockpit is made as the real record makes it.
-class FixedList : public Sim::AircraftListLoader {
-public:
+struct FixedList : Sim::AircraftListLoader {
     explicit FixedList(std::vector<std::string> paths) : acfPaths(std::move(paths)) {}
     Sim::AircraftList LoadAircraftList() override {
         Sim::AircraftList list;
         for (const std::string& path : acfPaths) {
-            auto info = std::make_unique<Sim::XPAircraftInfo>();
-            info->acfPath = path;
-            info->displayName = path;
-            list.push_back(std::move(info));
+            list.push_back(std::make_unique<Sim::XPAircraftInfo>());
+            list.back()->acfPath = list.back()->displayName = path;
         }
         return list;
     }
 
-private:
     std::vector<std::string> acfPaths;
 };
 

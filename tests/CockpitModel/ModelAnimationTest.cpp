@@ -50,6 +50,7 @@ TEST(ApplyAnimation, FindsTheSegmentAndDoesNotClampWithinIt) {
         {"descending times", {ShiftX(60, 3), ShiftX(40, 7)}, 0.5f, 7},
         {"a key that is reached exactly ends its segment", three, 0.5f, 8},
         {"second segment", three, 0.75f, 5},
+        {"at a jump", {ShiftX(0, 0), ShiftX(50, 8), ShiftX(50, 2), ShiftX(100, 2)}, 0.5f, 8},
         // u = (0.1 - 0.2) / (1 - 0.2) = -0.125
         {"ahead of the first key", {ShiftX(20, 0), ShiftX(100, 8)}, 0.1f, -1},
         // Both 0 and 20 lie before 0.5, and the last of them in list order counts: from 20 on to 60.

@@ -79,7 +79,7 @@ TEST(PartMotionTest, BothKeysOfATrackCount) {
 TEST(PartMotionTest, ATravelAboveItsLimitNarrowsTheMotionToItsDirection) {
     const std::vector<Corner> corners = {{3, 1, 0}, {-3, 1, 0}, {0, 1, 9}};
     // d = (0, 1, 0): all three corners lie 1 to one side, so the sum equals the absolute sum.
-    const Measured part(corners, {Slide(0, 0.2f, 0)});
+    const Measured part(corners, {Slide(0, 0.105f, 0)});
     EXPECT_NEAR(part.BalanceFactor, 1, 1e-6);
     EXPECT_NEAR(part.SweepRadius, 1, 1e-6);
     // 0.1 is not above it: d = (1, 1, 1) / sqrt(3).

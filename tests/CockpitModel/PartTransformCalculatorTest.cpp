@@ -59,13 +59,17 @@ TEST_F(PartTransforms, VaryOneAnimationAndKeepTheOthers) {
         EXPECT_EQ(Origin(calculator.TransformAt(t)), Vector3(1500.5f, y, 5)) << t;
 }
 
-TEST_F(PartTransforms, MoveThePartWithinItsNodesFrame) {
-    Node& node = AddAnimated("lever", {}, {1, 0, 0});
-    node.localMatrix = Utils::RotationZ(std::acos(-1.0f) / 2) * Utils::Translation({0, 0, 3});
-    node.parentMatrix = Utils::Translation({100, 0, 0});
-    // The node's frame is turned, so its x runs along the parent's y.
-    const Utils::Matrix4 moved = PartTransformCalculator(part, *node.animation).TransformAt(1);
-    EXPECT_TRUE(Origin(moved).isApprox(Vector3(100, 1, 3)));
+TEST_F(PartTransforms, MoveThePartWithinTurnedFrames) {
+    const Utils::Matrix4 quarterTurn = Utils::RotationZ(std::acos(-1.0f) / 2);
+    Node& lever = AddAnimated("lever", {}, {1, 0, 0});
+    lever.localMatrix = quarterTurn * Utils::Translation({0, 0, 3});
+    lever.parentMatrix = Utils::Translation({100, 0, 0});
+    AddNode().localMatrix = quarterTurn;
+    AddNode({1, 0, 0});
+    // The part stands at (0, 1, 0) in the lever's frame and is moved to (1, 1, 0) there, which is (-1, 1, 3) in its
+    // parent's.
+    const Vector3 moved = Origin(PartTransformCalculator(part, *lever.animation).TransformAt(1));
+    EXPECT_TRUE(moved.isApprox(Vector3(99, 1, 3))) << moved;
 }
 
 TEST_F(PartTransforms, FindTheNearestAnimationThatMovesAnything) {

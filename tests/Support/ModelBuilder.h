@@ -136,12 +136,13 @@ private:
 /// A cockpit that gives out copies of a model.
 struct ModelCockpit final : CockpitModel::AircraftCockpit {
     explicit ModelCockpit(CockpitModel::ModelData source = {}) : model(std::move(source)) {}
-    bool IsValid() const override { return true; }
+    bool IsValid() const override { return isValid; }
     std::unique_ptr<CockpitModel::ModelData> LoadModel() const override {
         return std::make_unique<CockpitModel::ModelData>(model);
     }
 
     CockpitModel::ModelData model;
+    bool isValid = true;
 };
 
 } // namespace Support
