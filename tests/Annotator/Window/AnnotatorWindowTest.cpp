@@ -207,31 +207,29 @@ TEST_F(AnnotatorWindowTest, TellsWhereASaveKeptWhatItCouldNotReadAndWhenItFails)
 
 /// A cockpit that throws at one step of the road.
 struct ThrowingCockpit final : CockpitModel::AircraftCockpit {
-    enum class Step { Valid, Model, Memory };
-    explicit ThrowingCockpit(Step failing) : step(failing) {}
+    explicit ThrowingCockpit(const char* failing) : step(failing) {}
     bool IsValid() const override {
-        if (step == Step::Valid)
+        if (step == "validity")
             throw std::runtime_error("not to be asked");
         return true;
     }
     std::unique_ptr<CockpitModel::ModelData> LoadModel() const override {
-        if (step == Step::Memory)
+        if (step == "memory")
             throw std::bad_alloc();
         throw std::runtime_error("the model is gone");
     }
-    Step step;
+    std::string step;
 };
 
 /// Each step of the load in turn: the person reads which aircraft it was and why, the window stands empty, and what was
 /// saved before stands in its file.
 TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
-    using Step = ThrowingCockpit::Step;
     ModelBuilder noVertex, noMaterial, noTrack;
     noVertex.Part(0, SquareAhead(0, 0, 1, 1));
     noVertex.model.indexBlocks[0].Children[4] = 6;
     noMaterial.Part(0, SquareAhead(0, 0, 1, 1)).MaterialIndex = 9;
     noTrack.model.animationLinks.Children.clear();
-    const auto throwing = [](Step step) { return [step] { return std::make_unique<ThrowingCockpit>(step); }; };
+    const auto throwing = [](const char* step) { return [step] { return std::make_unique<ThrowingCockpit>(step); }; };
     const struct {
         const char* step;
         CockpitMaker maker;
@@ -242,7 +240,7 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
              throw Utils::OutOfRange("broken_cockpit.obj(7): TRIS before any TEXTURE line");
          },
          "broken_cockpit.obj(7): TRIS before any TEXTURE line"},
-        {"validity", throwing(Step::Valid), "not to be asked"},
+        {"validity", throwing("validity"), "not to be asked"},
         {"object",
          [] {
              auto cockpit = std::make_unique<ModelCockpit>();
@@ -250,8 +248,8 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
              return cockpit;
          },
          "no cockpit object"},
-        {"model", throwing(Step::Model), "the model is gone"},
-        {"memory", throwing(Step::Memory), "bad_alloc"},
+        {"model", throwing("model"), "the model is gone"},
+        {"memory", throwing("memory"), "bad_alloc"},
         {"vertices", MakerOf(noVertex.model), "vertex 6, but the model has 6"},
         {"material", MakerOf(noMaterial.model), "the part has no material"},
         {"links", MakerOf(noTrack.model), "invalid vector<T> subscript"},
