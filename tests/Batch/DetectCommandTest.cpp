@@ -95,7 +95,7 @@ TEST(DetectCommand, LetsTheLaterWinThoughTheEarlierEndsLast) {
     if (!held.IsHeld())
         GTEST_SKIP() << "no leases on this file system";
     Support::Program program(BatchWords({"detect", "--out", "out", "--jobs", "2"}), rivals.installation.path.string());
-    held.AwaitReader();
+    ASSERT_TRUE(held.AwaitReader());
     held.LetGo();
     EXPECT_EQ(program.Wait().exitCode, 0);
     EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
@@ -109,7 +109,7 @@ TEST(DetectCommand, TakesItsProcessesAlongWhenASignalEndsIt) {
             GTEST_SKIP() << "no leases on this file system";
         Support::Program program(BatchWords({"detect", "--out", "out", "--jobs", "2"}),
                                  rivals.installation.path.string());
-        held.AwaitReader();
+        ASSERT_TRUE(held.AwaitReader());
         const std::vector<pid_t> children = ChildrenOf(program.Id());
         EXPECT_FALSE(children.empty());
         std::vector<pollfd> ends;

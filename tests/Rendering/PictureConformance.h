@@ -5,8 +5,8 @@
 #include "Support/DdsBuilder.h"
 #include "Support/Picture.h"
 #include "Support/TemporaryFolder.h"
+#include "Utils/Images.h"
 
-#include <cairo.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <numbers>
@@ -429,12 +429,8 @@ TYPED_TEST_P(ContextPictures, StraightensACameraImage) {
 
 TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
     const Support::TemporaryFolder folder;
-    std::uint32_t pixels[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0x80808080}; // half of white, premultiplied
-    cairo_surface_t* surface =
-        cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels), CAIRO_FORMAT_ARGB32, 2, 2, 8);
-    ASSERT_EQ(cairo_surface_write_to_png(surface, (folder / "a.png").c_str()), CAIRO_STATUS_SUCCESS);
-    cairo_surface_destroy(surface);
-    const auto png = this->Context().LoadBitmap(folder / "a.png");
+    // The writer takes red first, where the bitmap has blue.
+    const auto png = this->Context().LoadBitmap(folder.Write("a.png", Utils::ToPng(Support::Bitmap("BG\nRW\n"))));
     EXPECT_EQ(Support::Picture(this->device->Read(*png)), "RG\nBW\n");
 
     // The file's first row is the picture's bottom; its second level is green.
