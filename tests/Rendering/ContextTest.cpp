@@ -3,6 +3,7 @@
 #include "Support/FatalErrorRecorder.h"
 
 #include <gmock/gmock.h>
+#include <numeric>
 #include <thread>
 
 namespace {
@@ -41,13 +42,15 @@ TEST(ContextTest, DrawsTheQueueFromTheFarthestAndEmptiesIt) {
             drawn.push_back(number);
         });
     };
-    queue(5, true, 4);
-    queue(-9, false, 3); // 1 from the viewer, though 9 from the world's origin
-    queue(5, false, 1);
-    queue(5, false, 2);
+    std::vector<int> expected(42);
+    std::iota(expected.begin(), expected.end(), 0);
+    queue(5, true, 41);
+    queue(-9, false, 40); // 1 from the viewer, though 9 from the world's origin
+    for (int number = 0; number < 40; ++number)
+        queue(5, false, number);
     context.FlushDrawQueue(view, &argument);
     context.FlushDrawQueue(view, &argument);
-    EXPECT_THAT(drawn, ElementsAre(1, 2, 3, 4));
+    EXPECT_EQ(drawn, expected);
     context.QueueDraw({0, 0, 0}, false, nullptr);
     EXPECT_THROW(context.FlushDrawQueue(view, nullptr), std::bad_function_call);
 }

@@ -1,20 +1,16 @@
 #include "Utils/SaveFile.h"
 
+#include "Support/OwnProcess.h"
 #include "Support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <csignal>
-#include <functional>
 #include <gtest/gtest.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 namespace Utils {
 
@@ -22,24 +18,9 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-constexpr uid_t kNobody = 65534;
-constexpr int kCannotTry = 77;
-
 using Strings = std::vector<std::string>;
-
-/// Forks a process that ends with the function's result.
-pid_t Fork(const std::function<int()>& run) {
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(run());
-    return child;
-}
-
-int ExitCode(pid_t child) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
+using Support::ExitCode;
+using Support::Fork;
 
 bool FailsWith(const std::string& path, const std::string& bytes, const char* words) {
     const SaveResult result = SaveFile(path, bytes);
@@ -134,13 +115,9 @@ TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
 
 TEST(SaveFile, LeavesTheOldFileOnAFullFileSystem) {
     const Support::TemporaryFolder folder;
-    // The mount lives in a name space of the child's own, and dies with it.
     const int code = ExitCode(Fork([&] {
-        if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
-            return kCannotTry;
-        mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
-        if (mount("tmpfs", folder.path.c_str(), "tmpfs", 0, "size=64k") != 0)
-            return kCannotTry;
+        if (!Support::MountSmall(folder.path.string(), "64k"))
+            return Support::kCannotTry;
         const std::string path = folder / "f";
         if (!SaveFile(path, "old") || !FailsWith(path, std::string(1 << 20, 'x'), "No space left"))
             return 1;
@@ -148,7 +125,7 @@ TEST(SaveFile, LeavesTheOldFileOnAFullFileSystem) {
             return 2;
         return SaveFile(path, "new") && folder.Read("f") == "new" ? 0 : 3;
     }));
-    if (code == kCannotTry)
+    if (code == Support::kCannotTry)
         GTEST_SKIP() << "a small file system cannot be mounted here";
     EXPECT_EQ(code, 0);
 }
@@ -163,15 +140,13 @@ TEST(SaveFile, LeavesTheOldFileWithoutARight) {
     chmod(readOnly.c_str(), 0444);
     chmod((folder / "open").c_str(), 0777);
     const int code = ExitCode(Fork([&] {
-        if (geteuid() == 0 && setresuid(kNobody, kNobody, kNobody) != 0) // root needs no right
-            return kCannotTry;
-        return FailsWith(inReadOnlyFolder, "new", "Permission denied") &&
-                       FailsWith(readOnly, "new", "Permission denied")
-                   ? 0
-                   : 1;
+        if (!Support::BecomeNobody())
+            return Support::kCannotTry;
+        const char* const words = "Permission denied";
+        return FailsWith(inReadOnlyFolder, "new", words) && FailsWith(readOnly, "new", words) ? 0 : 1;
     }));
     chmod((folder / "closed").c_str(), 0755);
-    if (code == kCannotTry)
+    if (code == Support::kCannotTry)
         GTEST_SKIP() << "root cannot give up its rights here";
     EXPECT_EQ(code, 0);
     for (const std::string place : {"closed", "open"}) {
