@@ -31,6 +31,14 @@ TEST(WindowsServices, FilesMayHaveAnyName) {
     EXPECT_NE(GetFileAttributesW((folder.path / L"\x65E5\x672C.xml").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
+TEST(WindowsServices, AFileFoundByAnotherSpellingIsNamedAsTheDiskDoes) {
+    const Support::TemporaryFolder folder;
+    folder.Write("Plane/Objects/A.png", "");
+    const boost::filesystem::path found = FindIgnoringCase(folder / "plane\\OBJECTS/a.PNG");
+    EXPECT_EQ(AsListed(found), folder.path / "Plane/Objects/A.png");
+    EXPECT_EQ(AsListed(folder / "plane/objects/b.png"), folder.path / "Plane/Objects/b.png");
+}
+
 TEST(WindowsServices, ASaveReplacesAllOrNothing) {
     const Support::TemporaryFolder folder;
     const std::string path = folder.Write("f", "old");
