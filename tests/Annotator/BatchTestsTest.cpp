@@ -1,8 +1,7 @@
 #include "Annotator/BatchTests.h"
 
-#include "CockpitModel/AircraftCockpit.h"
-#include "Support/ModelBuilder.h"
-#include "Support/TemporaryFolder.h"
+#include "Support/Installation.h"
+#include "Support/MadeAircraft.h"
 #include "Utils/RangeCheck.h"
 
 #include <gtest/gtest.h>
@@ -13,78 +12,31 @@ namespace {
 
 using CockpitModel::TouchInteractionType;
 
-/// The aircraft of a made-up installation by folder.
-struct FakeCockpit final : CockpitModel::AircraftCockpit {
-    bool IsValid() const override { return valid; }
-    std::unique_ptr<CockpitModel::ModelData> LoadModel() const override {
-        if (damaged)
-            throw Utils::OutOfRange("Bad_cockpit.obj(12): TRIS reaches beyond the indices");
-        return std::make_unique<CockpitModel::ModelData>(model);
-    }
+using Support::Expectation;
 
-    bool valid = true, damaged = false;
-    CockpitModel::ModelData model;
-};
-
-struct FakeInfo final : Sim::AircraftInfo {
-    FakeInfo(const std::string& folder, FakeCockpit fake, int& loadCount)
-        : cockpit(std::move(fake)), loads(&loadCount) {
-        acfPath = "Aircraft/Group/" + folder + "/plane.acf";
-        displayName = folder + " of the fleet";
-    }
-    std::unique_ptr<CockpitModel::AircraftCockpit> CreateCockpit() const override {
-        ++*loads;
-        return std::make_unique<FakeCockpit>(cockpit);
-    }
-    std::unique_ptr<AircraftInfo> Clone() const override { return std::make_unique<FakeInfo>(*this); }
-
-    FakeCockpit cockpit;
-    int* loads;
-};
-
-std::string Override(const std::string& children) {
-    return "<Override>" + children + "</Override>";
+/// An "Override" element that expects nothing.
+std::string Saying(int node, int part, const std::string& children) {
+    return "<Override><NodeId>" + std::to_string(node) + "</NodeId><PartId>" + std::to_string(part) + "</PartId>" +
+           children + "</Override>";
 }
 
-std::string At(int node, int part, const std::string& children) {
-    return Override("<NodeId>" + std::to_string(node) + "</NodeId><PartId>" + std::to_string(part) + "</PartId>" +
-                    children);
-}
-
-std::string Expect(const std::string& type) {
-    return "<InteractionTypeTest>" + type + "</InteractionTypeTest>";
-}
-
-struct BatchTests : testing::Test, Sim::AircraftListLoader {
-    BatchTests() { folder.Write("QVRA/readme", ""); }
-
-    Sim::AircraftList LoadAircraftList() override {
-        Sim::AircraftList list;
-        for (const FakeInfo& info : fleet)
-            list.push_back(info.Clone());
-        return list;
-    }
-
+struct BatchTests : testing::Test {
     /// An aircraft with three parts on its root: a mere shape, one to tap and one to twist.
-    FakeInfo& Aircraft(const std::string& name) {
+    void Aircraft(const std::string& name) {
         Support::ModelBuilder builder;
-        builder.Part(0, {{0, 0, 1}, {1, 0, 1}, {0, 1, 1}});
-        builder.Part(0, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
+        builder.Part(0, Support::TriangleAt(1));
+        builder.Part(0, Support::TriangleAt(2));
         builder.Rect(1).Text = "ATTR_manip_toggle";
-        builder.Part(0, {{0, 0, 3}, {1, 0, 3}, {0, 1, 3}});
+        builder.Part(0, Support::TriangleAt(3));
         builder.Rect(2).Text = "ATTR_manip_drag_xy";
-        FakeCockpit cockpit;
-        cockpit.model = builder.model;
-        fleet.emplace_back(name, cockpit, loads);
-        return fleet.back();
-    }
-
-    void Annotate(const std::string& name, const std::string& overrides) {
-        folder.Write("QVRA/Annotations/" + name + ".xml", "<Overrides>" + overrides + "</Overrides>");
+        fleet.aircraft.emplace_back(name + " of the fleet", "Group/" + name, [this, model = builder.model] {
+            ++loads;
+            return std::make_unique<Support::ModelCockpit>(model);
+        });
     }
 
     AircraftTests Only() {
-        const auto results = RunAllTests(*this);
+        const auto results = RunAllTests(fleet);
         EXPECT_EQ(results.size(), 1u);
         return results.at(0);
     }
@@ -98,17 +50,19 @@ struct BatchTests : testing::Test, Sim::AircraftListLoader {
         return files;
     }
 
-    Support::TemporaryFolder folder;
-    Support::WorkingDirectory inside{folder.path};
+    const Support::Installation folder;
+    const Support::WorkingDirectory inside{folder.path};
     int loads = 0;
-    std::vector<FakeInfo> fleet;
+    Support::MadeAircraftList fleet;
 };
 
 TEST_F(BatchTests, HoldsExpectationsAgainstTheDetectedTypes) {
     Aircraft("Jet");
     // In file order: a failing part whose override says what is expected, a passing one, one without a test.
-    Annotate("Jet", At(0, 1, "<InteractionType>Twist</InteractionType>" + Expect("Twist")) + At(0, 0, Expect("None")) +
-                        At(0, 2, "<Tooltip>Flaps</Tooltip>"));
+    folder.Annotations(
+        "Jet",
+        Saying(0, 1, "<InteractionType>Twist</InteractionType><InteractionTypeTest>Twist</InteractionTypeTest>") +
+            Expectation(0, 0, "None") + Saying(0, 2, "<Tooltip>Flaps</Tooltip>"));
     const AircraftTests tests = Only();
     EXPECT_EQ(tests.displayName, "Jet of the fleet");
     EXPECT_EQ(tests.acfPath, "Aircraft/Group/Jet/plane.acf");
@@ -133,8 +87,10 @@ TEST_F(BatchTests, HoldsExpectationsAgainstTheDetectedTypes) {
 
 TEST_F(BatchTests, NamesExpectationsWithoutAPlaceInTheScene) {
     Aircraft("Jet");
-    Annotate("Jet", At(1, 0, Expect("Tap")) + At(0, 3, Expect("Move")) + Override(Expect("Twist")) +
-                        At(9, 9, "<Reverse>1</Reverse>") + At(0, -1, Expect("Banana")) + At(0, 2, Expect("Twist")));
+    folder.Annotations("Jet", Expectation(1, 0, "Tap") + Expectation(0, 3, "Move") +
+                                  "<Override><InteractionTypeTest>Twist</InteractionTypeTest></Override>" +
+                                  Saying(9, 9, "<Reverse>1</Reverse>") + Expectation(0, -1, "Banana") +
+                                  Expectation(0, 2, "Twist"));
     const AircraftTests tests = Only();
     EXPECT_EQ(tests.Total(), 1u);
     EXPECT_EQ(tests.Passed(), 1u);
@@ -148,11 +104,15 @@ TEST_F(BatchTests, NamesExpectationsWithoutAPlaceInTheScene) {
 TEST_F(BatchTests, LoadsOnlyAnnotatedAircraftInListOrderAndWritesNothing) {
     for (const char* name : {"Zeppelin", "Bare", "Airliner"})
         Aircraft(name);
-    Annotate("Airliner", At(0, 1, Expect("Tap")));
-    Annotate("Zeppelin", At(0, 1, "<Reverse>1</Reverse>"));
-    fleet[2].cockpit.valid = false;
+    folder.Annotations("Airliner", Expectation(0, 1, "Tap"));
+    folder.Annotations("Zeppelin", Saying(0, 1, "<Reverse>1</Reverse>"));
+    fleet.aircraft[2].make = [make = fleet.aircraft[2].make] {
+        auto cockpit = make();
+        dynamic_cast<Support::ModelCockpit&>(*cockpit).isValid = false;
+        return cockpit;
+    };
     const auto before = Files();
-    const auto results = RunAllTests(*this);
+    const auto results = RunAllTests(fleet);
     EXPECT_EQ(loads, 2);
     ASSERT_EQ(results.size(), 2u);
     EXPECT_EQ(results[0].displayName, "Zeppelin of the fleet");
@@ -167,11 +127,14 @@ TEST_F(BatchTests, LoadsOnlyAnnotatedAircraftInListOrderAndWritesNothing) {
 TEST_F(BatchTests, AnAircraftThatCannotBeLoadedEndsTheRunByName) {
     for (const char* name : {"Good", "Bad", "Never"}) {
         Aircraft(name);
-        Annotate(name, At(0, 1, Expect("Tap")));
+        folder.Annotations(name, Expectation(0, 1, "Tap"));
     }
-    fleet[1].cockpit.damaged = true;
+    fleet.aircraft[1].make = [this]() -> std::unique_ptr<CockpitModel::AircraftCockpit> {
+        ++loads;
+        throw Utils::OutOfRange("Bad_cockpit.obj(12): TRIS reaches beyond the indices");
+    };
     try {
-        RunAllTests(*this);
+        RunAllTests(fleet);
         ADD_FAILURE() << "it went on";
     } catch (const AircraftTestError& error) {
         EXPECT_EQ(error.displayName, "Bad of the fleet");
@@ -184,9 +147,9 @@ TEST_F(BatchTests, AnAircraftThatCannotBeLoadedEndsTheRunByName) {
 
 TEST_F(BatchTests, WithoutAnnotationsThereIsNothingToTest) {
     Aircraft("Jet");
-    EXPECT_TRUE(RunAllTests(*this).empty());
+    EXPECT_TRUE(RunAllTests(fleet).empty());
     CockpitModel::GaugeRepository repository(folder.path.string());
-    EXPECT_FALSE(TestAircraft(fleet[0], repository).has_value());
+    EXPECT_FALSE(TestAircraft(fleet.aircraft[0], repository).has_value());
     EXPECT_EQ(loads, 0);
 }
 

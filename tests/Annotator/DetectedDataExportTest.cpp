@@ -12,21 +12,17 @@ namespace {
 namespace fs = boost::filesystem;
 
 /// A list in an order of the test's making; a cockpit is made as the real record makes it.
-class FixedList : public Sim::AircraftListLoader {
-public:
+struct FixedList : Sim::AircraftListLoader {
     explicit FixedList(std::vector<std::string> paths) : acfPaths(std::move(paths)) {}
     Sim::AircraftList LoadAircraftList() override {
         Sim::AircraftList list;
         for (const std::string& path : acfPaths) {
-            auto info = std::make_unique<Sim::XPAircraftInfo>();
-            info->acfPath = path;
-            info->displayName = path;
-            list.push_back(std::move(info));
+            list.push_back(std::make_unique<Sim::XPAircraftInfo>());
+            list.back()->acfPath = list.back()->displayName = path;
         }
         return list;
     }
 
-private:
     std::vector<std::string> acfPaths;
 };
 
@@ -43,40 +39,36 @@ std::string ListXml(const std::string& parts) {
     return "<NodePartList>\n" + parts + "</NodePartList>\n";
 }
 
-TEST(DetectedDataExportTest, WritesEveryPartInOrder) {
+TEST(DetectedDataExportTest, WritesEveryPartOfEachAircraftInOrderAndSkipsOneThatFails) {
     Support::TemporaryFolder folder;
     const Support::WorkingDirectory here(folder.path);
-    folder.Write("Aircraft/A/Big.Jet 1.2/jet.acf", "");
-    folder.Write("Aircraft/A/Big.Jet 1.2/jet_cockpit.obj",
-                 "TEXTURE a.png\n" + kTriangle +
-                     "TRIS 0 3\nATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\nATTR_manip_none\nANIM_begin\n"
-                     "ANIM_trans 0 0 0 0 0 1 0 1 sim/x\nATTR_manip_drag_axis hand 0 0 1 0 1 sim/x\nTRIS 0 3\nANIM_end");
-    FixedList list({"Aircraft/A/Big.Jet 1.2/jet.acf"});
-    Annotator::SaveDetectedData(list);
-    const std::string expected = ListXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move"));
-    EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"), expected);
-    Annotator::SaveDetectedData(list);
-    EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"), expected) << "a second run replaces the file by the same";
-}
-
-TEST(DetectedDataExportTest, OneThatFailsIsSkippedAndTheLaterOfTwoStemsWins) {
-    Support::TemporaryFolder folder;
-    const Support::WorkingDirectory here(folder.path);
-    folder.Write("Aircraft/A/Plane/a.acf", "");
-    folder.Write("Aircraft/A/Plane/a_cockpit.obj", "TEXTURE a.png\n" + kTriangle + "TRIS 0 3\n");
-    folder.Write("Aircraft/A/Broken/b.acf", "");
-    folder.Write("Aircraft/A/Broken/b_cockpit.obj", kTriangle + "TRIS 0 3\n");
-    folder.Write("Aircraft/A/Bare/c.acf", "");
-    folder.Write("Aircraft/B/Plane/d.acf", "");
-    folder.Write("Aircraft/B/Plane/d_cockpit.obj",
-                 "TEXTURE a.png\n" + kTriangle + "ATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\n");
+    const std::pair<const char*, std::string> aircraft[] = {
+        {"Aircraft/A/Big.Jet 1.2/jet",
+         "TEXTURE a.png\n" + kTriangle +
+             "TRIS 0 3\nATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\nATTR_manip_none\nANIM_begin\n"
+             "ANIM_trans 0 0 0 0 0 1 0 1 sim/x\nATTR_manip_drag_axis hand 0 0 1 0 1 sim/x\nTRIS 0 3\nANIM_end"},
+        {"Aircraft/A/Plane/a", "TEXTURE a.png\n" + kTriangle + "TRIS 0 3\n"},
+        {"Aircraft/A/Broken/b", kTriangle + "TRIS 0 3\n"},
+        {"Aircraft/B/Plane/d", "TEXTURE a.png\n" + kTriangle + "ATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\n"},
+        {"Aircraft/A/Bare/c", ""},
+    };
+    FixedList list({});
+    for (const auto& [path, object] : aircraft) {
+        list.acfPaths.push_back(std::string(path) + ".acf");
+        folder.Write(list.acfPaths.back(), "");
+        if (!object.empty())
+            folder.Write(std::string(path) + "_cockpit.obj", object);
+    }
     folder.Write(kFolder + "Broken.xml", "of an earlier run");
-    FixedList list(
-        {"Aircraft/A/Plane/a.acf", "Aircraft/A/Broken/b.acf", "Aircraft/A/Bare/c.acf", "Aircraft/B/Plane/d.acf"});
-    Annotator::SaveDetectedData(list);
-    EXPECT_EQ(folder.Read(kFolder + "Plane.xml"), ListXml(PartXml(0, 0, "Tap")));
-    EXPECT_EQ(folder.Read(kFolder + "Broken.xml"), "of an earlier run");
-    EXPECT_EQ(folder.Read(kFolder + "Bare.xml"), "<NodePartList/>\n") << "an aircraft without a cockpit object";
+    for (int run : {1, 2}) {
+        Annotator::SaveDetectedData(list);
+        EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"),
+                  ListXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move")))
+            << run;
+        EXPECT_EQ(folder.Read(kFolder + "Plane.xml"), ListXml(PartXml(0, 0, "Tap"))) << "the later of two stems";
+        EXPECT_EQ(folder.Read(kFolder + "Broken.xml"), "of an earlier run");
+        EXPECT_EQ(folder.Read(kFolder + "Bare.xml"), "<NodePartList/>\n") << "without a cockpit object";
+    }
 }
 
 TEST(DetectedDataExportTest, WhatEndsTheRunAndWhatDoesNot) {

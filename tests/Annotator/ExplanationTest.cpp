@@ -109,13 +109,13 @@ TEST(ExplanationTest, TellsLinesAnimationsAndFigures) {
     const Cockpit cockpit("ANIM_begin\nANIM_trans 0 0 0 0 0 1 0 5 sim/slide\nANIM_begin\n" + kTurn + kDrag +
                           "TRIS 6 3\nANIM_end\nANIM_end");
     const std::string file = "Aircraft/Props/Cub/plane_cockpit.obj:";
-    EXPECT_THAT(cockpit.Text(2), HasSubstr("  source:      " + file + "28: TRIS\n  manipulator: " + file +
-                                           "27: DragVariable: 0 , 1 -- sim/x\n"));
-    EXPECT_THAT(cockpit.Text(2),
-                ContainsRegex("BalanceFactor 0.0346[0-9]*, SweepRadius 0.1384[0-9]* m, 1 triangles\n"));
-    EXPECT_THAT(cockpit.Text(2), HasSubstr("    node 2: rotation by sim/turn from 0 to 1\n"
-                                           "    node 1: translation by sim/slide from 0 to 5\n"
-                                           "    node 0: no animation\n"));
+    const std::string text = cockpit.Text(2);
+    EXPECT_THAT(text, HasSubstr("  source:      " + file + "28: TRIS\n  manipulator: " + file +
+                                "27: DragVariable: 0 , 1 -- sim/x\n"));
+    EXPECT_THAT(text, ContainsRegex("BalanceFactor 0.0346[0-9]*, SweepRadius 0.1384[0-9]* m, 1 triangles\n"));
+    EXPECT_THAT(text, HasSubstr("    node 2: rotation by sim/turn from 0 to 1\n"
+                                "    node 1: translation by sim/slide from 0 to 5\n"
+                                "    node 0: no animation\n"));
 }
 
 TEST(ExplanationTest, ShowsAFigureThatIsBarelyAboveItsLimitWithAllItsDigits) {
@@ -132,29 +132,22 @@ TEST(ExplanationTest, ShowsAFigureThatIsBarelyAboveItsLimitWithAllItsDigits) {
     EXPECT_THAT(cockpit.Text(1), HasSubstr("BalanceFactor 0 is not above 0.3 and SweepRadius nan is not above 0.1"));
 }
 
-TEST(ExplanationTest, TellsTheScoresOfAllYokes) {
+TEST(ExplanationTest, TellsTheScoresOfAllYokesOrOfTheBestOfManyAndThePartItself) {
+    const auto yokeAt = [](int right) {
+        const std::string x = std::to_string(right) + " 0 0 ";
+        return "ANIM_begin\nANIM_trans " + x + x + "0 1 sim/cockpit2/controls/yoke_roll_ratio\n" + kPitch +
+               "TRIS 0 3\nANIM_end\n";
+    };
+    // Neither turns nor travels: a corner at 1 sweeps 1 / sqrt(3), and the axis tip is the node's origin. The parts
+    // hang on the nodes of the second steps, behind those of the first.
+    const Cockpit two(yokeAt(2) + yokeAt(0));
+    EXPECT_THAT(two.Text(3), HasSubstr("    5.7735  part 4,0, the primary yoke\n    3.7735  part 3,0\n"));
+    EXPECT_THAT(two.Text(3), HasSubstr("makes it no yoke, a score above 5.7735, that of part 4,0, YokePrimary\n"));
+    EXPECT_THAT(two.Text(4), HasSubstr("makes it no yoke, a score below 3.7735, that of part 3,0, YokePart\n"));
     std::string yokes;
-    for (const std::string right : {"2", "0"})
-        yokes += "ANIM_begin\nANIM_trans " + right + " 0 0 " + right +
-                 " 0 0 0 1 sim/cockpit2/controls/yoke_roll_ratio\n" + "ANIM_begin\n" + kPitch +
-                 "TRIS 0 3\nANIM_end\nANIM_end\n";
-    const Cockpit cockpit(yokes);
-    // Neither turns nor travels: a corner at 1 sweeps 1 / sqrt(3), and the axis tip is the node's origin.
-    EXPECT_THAT(cockpit.Text(2), HasSubstr("    5.7735  part 4,0, the primary yoke\n    3.7735  part 2,0\n"));
-    EXPECT_THAT(cockpit.Text(2), HasSubstr("makes it no yoke, a score above 5.7735, that of part 4,0, YokePrimary\n"));
-    EXPECT_THAT(cockpit.Text(4), HasSubstr("makes it no yoke, a score below 3.7735, that of part 2,0, YokePart\n"));
-}
-
-TEST(ExplanationTest, ListsTheBestOfManyYokesAndThePartItself) {
-    std::string yokes;
-    for (int i = 0; i < 12; ++i) {
-        const std::string right = std::to_string(i);
-        yokes += "ANIM_begin\nANIM_trans " + right + " 0 0 " + right +
-                 " 0 0 0 1 sim/cockpit2/controls/yoke_roll_ratio\n" + kPitch + "TRIS 0 3\nANIM_end\n";
-    }
-    const Cockpit cockpit(yokes); // the parts hang on nodes 13 to 24, behind the twelve of the first steps, each a
-                                  // metre farther to the right
-    const std::string text = cockpit.Text(24);
+    for (int i = 0; i < 12; ++i)
+        yokes += yokeAt(i);
+    const std::string text = Cockpit(yokes).Text(24);
     for (const char* shown : {"part 13,0, the primary yoke\n", "part 22,0\n", "part 24,0\n    of 12 in all\n"})
         EXPECT_THAT(text, HasSubstr(shown));
     EXPECT_THAT(text, testing::Not(HasSubstr("part 23,0\n")));

@@ -42,18 +42,11 @@ private:
     }
 };
 
-/// A square of two triangles across the view axis.
-std::vector<Support::Corner> Square(float distance) {
-    return {{-1, -1, distance}, {1, -1, distance}, {1, 1, distance},
-            {1, 1, distance},   {-1, 1, distance}, {-1, -1, distance}};
-}
-
 /// Two parts, the nearer one of which an animation moves.
 CockpitModel::ModelData TwoParts() {
     Support::ModelBuilder builder;
-    builder.Part(0, Square(3));
-    const auto from = Support::TranslationKey(0, 0, 0, 0), to = Support::TranslationKey(100, 1, 0, 0);
-    builder.Part(builder.Node(0, Support::Animation("sim/lever", {{from, to}})), Square(2));
+    builder.Part(0, Support::TriangleAt(3));
+    builder.Part(builder.Node(0, "sim/lever", Support::Slide(0.2f, 0, 0)), Support::TriangleAt(2));
     return std::move(builder.model);
 }
 
@@ -94,7 +87,7 @@ TEST(FailingDevice, LeavesThePreviewWholeWhicheverCallFails) {
             };
             frame();
             CanvasMouseEvent click;
-            click.ray.direction = {0, 0, 1};
+            click.ray = {{0.3f, 0.3f, 0}, {0, 0, 1}};
             preview.OnMouseEvent(click);
             EXPECT_EQ(picked, scene->Nodes()[1]->parts[0].get());
             preview.SetSelectedPart(picked);

@@ -13,22 +13,15 @@ namespace {
 using namespace Annotator;
 using namespace CockpitModel;
 using testing::ElementsAre;
-
-std::vector<std::string> LabelsOf(const std::vector<AnimData>& rows) {
-    std::vector<std::string> labels;
-    for (const AnimData& row : rows)
-        labels.push_back(row.label);
-    return labels;
-}
+using testing::Field;
 
 /// A root whose first child is animated, with a part two levels further down.
 struct Chain {
     explicit Chain(const std::string& name) {
         Support::ModelBuilder builder;
-        const int top = builder.Node(0, Support::Animation(name, {{Support::TranslationKey(0, 0, 0, 0),
-                                                                   Support::TranslationKey(100, 1, 0, 0)}}));
+        const int top = builder.Node(0, name, Support::Slide(1, 0, 0));
         const int part = builder.Node(builder.Node(top));
-        builder.Part(part, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        builder.Part(part, Support::TriangleAt(0));
         model = std::move(builder.model);
         graph = std::make_unique<SceneGraph>(model, Support::ModelCockpit(), nullptr);
     }
@@ -41,8 +34,10 @@ struct Chain {
 TEST(PaneTexts, ListsTheAnimationsFromThePartsNodeUpToTheRoot) {
     Chain chain("sim/" + std::string(66, 'x'));
     const std::vector<AnimData> rows = AnimationRows(chain.Part(), chain.model);
-    EXPECT_THAT(LabelsOf(rows), ElementsAre("3 - No Animation", "2 - No Animation", "1 - sim/" + std::string(56, 'x'),
-                                            "0 - No Animation"));
+    EXPECT_THAT(rows,
+                ElementsAre(Field(&AnimData::label, "3 - No Animation"), Field(&AnimData::label, "2 - No Animation"),
+                            Field(&AnimData::label, "1 - sim/" + std::string(56, 'x')),
+                            Field(&AnimData::label, "0 - No Animation")));
     EXPECT_EQ(rows[2].animation, &chain.model.animations[1]) << "of the source model, which the slider moves";
     EXPECT_EQ(rows[1].animation, nullptr);
     EXPECT_EQ(rows[1].node, chain.graph->Nodes()[2].get());
@@ -140,8 +135,8 @@ TEST(PaneTexts, LaysTheTextureOutOnASquare) {
     EXPECT_TRUE(UvPanelRectangles(part, 100).empty());
     Panel panel;
     panel.Entries.resize(1);
-    panel.Entries[0].U = 0.1f, panel.Entries[0].V = 0.25f, panel.Entries[0].Width = 0.5f,
-    panel.Entries[0].Height = 0.125f;
+    PanelEntry& entry = panel.Entries[0];
+    entry.U = 0.1f, entry.V = 0.25f, entry.Width = 0.5f, entry.Height = 0.125f;
     part.panel = &panel;
     const auto rectangles = UvPanelRectangles(part, 200);
     ASSERT_EQ(rectangles.size(), 1u);

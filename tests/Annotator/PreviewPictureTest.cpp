@@ -20,13 +20,11 @@ struct Picture : testing::Test {
     Picture() {
         Support::BindDataFolder();
         Support::ModelBuilder builder;
-        builder.Part(0, {{0, 0, 9}, {1, 0, 9}, {0, 1, 9}});
+        builder.Part(0, Support::TriangleAt(9));
         builder.Texture("glass.png");
         builder.model.materials.Children[1].Alpha = 0.5f;
-        builder.Part(0, {{0, 0, 8}, {1, 0, 8}, {0, 1, 8}}).MaterialIndex = 1;
-        builder.Part(builder.Node(0, Support::Animation("sim/slide", {{Support::TranslationKey(0, 0, 0, 0),
-                                                                       Support::TranslationKey(100, 0, 4, 0)}})),
-                     {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        builder.Part(0, Support::TriangleAt(8)).MaterialIndex = 1;
+        builder.Part(builder.Node(0, "sim/slide", Support::Slide(0, 4, 0)), Support::TriangleAt(0));
         auto cockpit = std::make_unique<Support::ModelCockpit>(builder.model);
         cockpit->modelOffset = {1, 0, 1};
         cockpit->pilotEye = {0, 2, 2};
@@ -80,13 +78,8 @@ TEST_F(Picture, ShowsPositionsSelectionAndHiddenGlass) {
         EXPECT_EQ(again[i].world, draws[i].world) << i;
         EXPECT_EQ(again[i].params.firstColour, draws[i].params.firstColour) << i;
     }
-}
-
-TEST_F(Picture, LetsGoOfWhatBelongsToTheDevice) {
-    Draw({});
-    for (const auto& node : built.sceneGraph->Nodes())
-        for (const auto& part : node->parts)
-            EXPECT_EQ(part->geometry, nullptr);
+    for (const auto& part : built.sceneGraph->Nodes()[0]->parts)
+        EXPECT_EQ(part->geometry, nullptr) << "it belongs to the device";
 }
 
 TEST_F(Picture, SaysWhatTheAircraftDoesNotHave) {
@@ -101,13 +94,16 @@ TEST_F(Picture, SaysWhatTheAircraftDoesNotHave) {
     PictureRequest request;
     request.positions = {{"sim/slide", 0.0f}, {"sim/flaps", 1.0f}};
     EXPECT_EQ(reason(request), "no animation of the cockpit follows sim/flaps");
+    const std::pair<PictureRequest::PartPlace, const char*> rows[] = {
+        {{2, 0}, "the cockpit has no node 2, but 2 nodes from 0 on"},
+        {{-1, 0}, "the cockpit has no node -1, but 2 nodes from 0 on"},
+        {{0, 2}, "node 0 has no part 2, but 2 parts from 0 on"},
+    };
     request.positions.clear();
-    request.selected = {2, 0};
-    EXPECT_EQ(reason(request), "the cockpit has no node 2, but 2 nodes from 0 on");
-    request.selected = {-1, 0};
-    EXPECT_EQ(reason(request), "the cockpit has no node -1, but 2 nodes from 0 on");
-    request.selected = {0, 2};
-    EXPECT_EQ(reason(request), "node 0 has no part 2, but 2 parts from 0 on");
+    for (const auto& [place, text] : rows) {
+        request.selected = place;
+        EXPECT_EQ(reason(request), text);
+    }
     EXPECT_TRUE(context.draws.empty());
 }
 

@@ -1,5 +1,6 @@
 #include "CockpitModel/ModelAnimation.h"
 
+#include "Support/ModelBuilder.h"
 #include "Utils/RangeCheck.h"
 
 #include <gmock/gmock.h>
@@ -9,56 +10,47 @@
 namespace CockpitModel {
 namespace {
 
-constexpr float kHalfPi = std::numbers::pi_v<float> / 2.0f;
+using Support::Animation;
+using Support::Track;
+using Utils::Vector3;
 
-RiffBlockXANK Shift(float time, const Utils::Vector3& offset) {
-    RiffBlockXANK key;
-    key.Time = time;
-    key.IsTranslation = true;
-    key.Translation = offset;
-    return key;
-}
+constexpr float kHalfPi = std::numbers::pi_v<float> / 2.0f;
+constexpr float kNoNumber = std::numeric_limits<float>::quiet_NaN();
+constexpr float kInfinite = std::numeric_limits<float>::infinity();
 
 RiffBlockXANK ShiftX(float time, float x) {
-    return Shift(time, {x, 0, 0});
+    return Support::TranslationKey(time, x, 0, 0);
 }
 
 RiffBlockXANK TurnZ(float time, float radians) {
-    RiffBlockXANK key;
-    key.Time = time;
-    key.Rotation = Utils::RotationAboutAxis({0, 0, 1}, radians);
-    return key;
+    return Support::RotationKey(time, Utils::RotationAboutAxis({0, 0, 1}, radians));
 }
 
-ModelAnimation Animation(std::vector<std::vector<RiffBlockXANK>> tracks, float length = 100.0f) {
-    ModelAnimation animation;
-    animation.name = "test/lever";
-    animation.tracks = std::move(tracks);
-    animation.length = length;
-    return animation;
-}
-
-Utils::Matrix4 MatrixAt(const ModelAnimation& animation, float position) {
-    Utils::Matrix4 m = Utils::Matrix4::Identity();
-    ApplyAnimation(animation, m, position);
-    return m;
+/// Where the animation, ahead of a matrix, takes a point on the x axis.
+Vector3 Moved(const Vector3& point, std::vector<Track> tracks, float position,
+              Utils::Matrix4 m = Utils::Matrix4::Identity()) {
+    ApplyAnimation(Animation("test/lever", std::move(tracks)), m, position);
+    return Utils::TransformPoint(point, m);
 }
 
 TEST(ApplyAnimation, FindsTheSegmentAndDoesNotClampWithinIt) {
+    const Track two = {ShiftX(0, 3), ShiftX(100, 7)}, three = {ShiftX(0, 0), ShiftX(50, 8), ShiftX(100, 2)};
     const struct {
         const char* name;
-        std::vector<RiffBlockXANK> track;
+        Track track;
         float position, x;
     } rows[] = {
-        {"start", {ShiftX(0, 3), ShiftX(100, 7)}, 0, 3},
-        {"end", {ShiftX(0, 3), ShiftX(100, 7)}, 1, 7},
-        {"between", {ShiftX(0, 3), ShiftX(100, 7)}, 0.25f, 4},
-        {"past the end", {ShiftX(0, 3), ShiftX(100, 7)}, 5, 7},
-        {"below the start", {ShiftX(0, 3), ShiftX(100, 7)}, -2, 3},
+        {"start", two, 0, 3},
+        {"end", two, 1, 7},
+        {"between", two, 0.25f, 4},
+        {"past the end", two, 5, 7},
+        {"infinitely far", two, kInfinite, 7},
+        {"below the start", two, -2, 3},
         {"equal times", {ShiftX(50, 3), ShiftX(50, 7)}, 0, 7},
         {"descending times", {ShiftX(60, 3), ShiftX(40, 7)}, 0.5f, 7},
-        {"a key that is reached exactly ends its segment", {ShiftX(0, 0), ShiftX(50, 8), ShiftX(100, 2)}, 0.5f, 8},
-        {"second segment", {ShiftX(0, 0), ShiftX(50, 8), ShiftX(100, 2)}, 0.75f, 5},
+        {"a key that is reached exactly ends its segment", three, 0.5f, 8},
+        {"second segment", three, 0.75f, 5},
+        {"at a jump", {ShiftX(0, 0), ShiftX(50, 8), ShiftX(50, 2), ShiftX(100, 2)}, 0.5f, 8},
         // u = (0.1 - 0.2) / (1 - 0.2) = -0.125
         {"ahead of the first key", {ShiftX(20, 0), ShiftX(100, 8)}, 0.1f, -1},
         // Both 0 and 20 lie before 0.5, and the last of them in list order counts: from 20 on to 60.
@@ -67,76 +59,65 @@ TEST(ApplyAnimation, FindsTheSegmentAndDoesNotClampWithinIt) {
         {"behind the last key", {ShiftX(0, 0), ShiftX(50, 4)}, 1, 8},
     };
     for (const auto& row : rows)
-        EXPECT_FLOAT_EQ(MatrixAt(Animation({row.track}), row.position)(3, 0), row.x) << row.name;
+        EXPECT_FLOAT_EQ(Moved({0, 0, 0}, {row.track}, row.position).x(), row.x) << row.name;
+    EXPECT_TRUE(std::isnan(Moved({0, 0, 0}, {two}, kNoNumber).x()));
 }
 
-TEST(ApplyAnimation, ScalesThePositionByTheLength) {
-    const ModelAnimation animation = Animation({{ShiftX(0, 0), ShiftX(50, 10)}}, 50);
-    EXPECT_FLOAT_EQ(MatrixAt(animation, 0.25f)(3, 0), 5);
-    EXPECT_FLOAT_EQ(MatrixAt(animation, 0.5f)(3, 0), 10);
-    EXPECT_FLOAT_EQ(MatrixAt(animation, 1)(3, 0), 10);
+TEST(ApplyAnimation, StopsAtTheEndOfTheTimeAxis) {
+    // At position 0.25 the time is 25, or the end at 20, where u = 20 / 50.
+    for (const auto& [length, x] : {std::pair(50.0f, 5.0f), {200.0f, 5.0f}, {20.0f, 4.0f}, {0.0f, 10.0f}}) {
+        ModelAnimation animation = Animation("test/lever", {{ShiftX(0, 0), ShiftX(50, 10)}});
+        animation.length = length;
+        Utils::Matrix4 m = Utils::Matrix4::Identity();
+        ApplyAnimation(animation, m, 0.25f);
+        EXPECT_FLOAT_EQ(m(3, 0), x) << length;
+    }
 }
 
-TEST(ApplyAnimation, TurnsOnTheShorterArc) {
-    const ModelAnimation quarter = Animation({{TurnZ(0, 0), TurnZ(100, kHalfPi)}});
+TEST(ApplyAnimation, TurnsOnTheShorterArcByTheKindOfTheFirstKey) {
     const float root = std::sqrt(0.5f);
-    // A positive turn about z takes x to y, seen as row vectors.
-    EXPECT_TRUE(Utils::TransformPoint({1, 0, 0}, MatrixAt(quarter, 0)).isApprox(Utils::Vector3(1, 0, 0)));
-    EXPECT_TRUE(Utils::TransformPoint({1, 0, 0}, MatrixAt(quarter, 0.5f)).isApprox(Utils::Vector3(root, root, 0)));
-    EXPECT_TRUE(Utils::TransformPoint({1, 0, 0}, MatrixAt(quarter, 1)).isApprox(Utils::Vector3(0, 1, 0), 1e-5f));
-
-    ModelAnimation sameBySign = quarter;
-    sameBySign.tracks[0][1].Rotation.coeffs() *= -1.0f;
-    EXPECT_TRUE(MatrixAt(sameBySign, 0.5f).isApprox(MatrixAt(quarter, 0.5f)));
-}
-
-TEST(ApplyAnimation, KindOfTheFirstKeyDecides) {
-    RiffBlockXANK shift = ShiftX(0, 4);
-    RiffBlockXANK turn = TurnZ(100, kHalfPi);
-    // The turn's own translation is zero, the shift's own rotation is none.
-    EXPECT_FLOAT_EQ(MatrixAt(Animation({{shift, turn}}), 0.5f)(3, 0), 2);
-    turn.Time = 0;
-    shift.Time = 100;
-    EXPECT_FLOAT_EQ(MatrixAt(Animation({{turn, shift}}), 0)(0, 1), 1);
+    RiffBlockXANK otherSign = TurnZ(100, kHalfPi);
+    otherSign.Rotation.coeffs() *= -1.0f;
+    const struct {
+        const char* name;
+        Track track;
+        float position;
+        Vector3 end; ///< of a positive turn about z, which takes x to y
+    } rows[] = {
+        {"start", {TurnZ(0, 0), TurnZ(100, kHalfPi)}, 0, {1, 0, 0}},
+        {"half way", {TurnZ(0, 0), TurnZ(100, kHalfPi)}, 0.5f, {root, root, 0}},
+        {"end", {TurnZ(0, 0), TurnZ(100, kHalfPi)}, 1, {0, 1, 0}},
+        {"the same turn by its other sign", {TurnZ(0, 0), otherSign}, 0.5f, {root, root, 0}},
+        // The turn's own translation is zero, the shift's own rotation is none.
+        {"a shift that goes on as a turn", {ShiftX(0, 4), TurnZ(100, kHalfPi)}, 0.5f, {3, 0, 0}},
+        {"a turn that goes on as a shift", {TurnZ(0, kHalfPi), ShiftX(100, 4)}, 0, {0, 1, 0}},
+    };
+    for (const auto& row : rows) {
+        const Vector3 end = Moved({1, 0, 0}, {row.track}, row.position);
+        EXPECT_TRUE(end.isApprox(row.end, 1e-5f)) << row.name << ": " << end;
+    }
 }
 
 TEST(ApplyAnimation, ActsAheadOfTheMatrixAndLaterTracksNearerToTheVertex) {
-    const std::vector<RiffBlockXANK> shift = {ShiftX(0, 5), ShiftX(100, 5)};
-    const std::vector<RiffBlockXANK> turn = {TurnZ(0, kHalfPi), TurnZ(100, kHalfPi)};
-    Utils::Matrix4 m = Utils::Translation({0, 0, 7});
-    ApplyAnimation(Animation({shift, turn}), m, 1);
-    // Turned to (0, 1, 0), then moved by 5 along x, then placed by what m held.
-    EXPECT_TRUE(Utils::TransformPoint({1, 0, 0}, m).isApprox(Utils::Vector3(5, 1, 7), 1e-5f));
-
-    m = Utils::RotationZ(kHalfPi);
-    ApplyAnimation(Animation({shift}), m, 1);
-    EXPECT_TRUE(Utils::TransformPoint({1, 0, 0}, m).isApprox(Utils::Vector3(0, 6, 0), 1e-5f));
-
-    m = Utils::Translation({1, 2, 3});
-    ApplyAnimation(Animation({}), m, 1);
-    EXPECT_EQ(m, Utils::Translation({1, 2, 3}));
+    const Track shift = {ShiftX(0, 5), ShiftX(100, 5)}, turn = {TurnZ(0, kHalfPi), TurnZ(100, kHalfPi)};
+    // Turned to (0, 1, 0), then moved by 5 along x, then placed by what the matrix held.
+    const Vector3 both = Moved({1, 0, 0}, {shift, turn}, 1, Utils::Translation({0, 0, 7}));
+    EXPECT_TRUE(both.isApprox(Vector3(5, 1, 7), 1e-5f)) << both;
+    const Vector3 within = Moved({1, 0, 0}, {shift}, 1, Utils::RotationZ(kHalfPi));
+    EXPECT_TRUE(within.isApprox(Vector3(0, 6, 0), 1e-5f)) << within;
+    EXPECT_EQ(Moved({1, 0, 0}, {}, 1, Utils::Translation({1, 2, 3})), Vector3(2, 2, 3));
 }
 
 TEST(ApplyAnimation, ThrowsForATrackWithoutSegment) {
-    for (const auto& track : {std::vector<RiffBlockXANK>{}, std::vector<RiffBlockXANK>{ShiftX(0, 1)}}) {
-        Utils::Matrix4 m = Utils::Matrix4::Identity();
+    for (const Track& track : {Track{}, Track{ShiftX(0, 1)}}) {
         try {
-            ApplyAnimation(Animation({track}), m, 0);
+            Moved({0, 0, 0}, {track}, 0);
             ADD_FAILURE() << track.size() << " keys make no segment";
         } catch (const Utils::OutOfRange& error) {
             EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
             EXPECT_THAT(error.Reason(), testing::HasSubstr("test/lever"));
         }
     }
-}
-
-TEST(ApplyAnimation, NumbersThatAreNoneDoNoHarm) {
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    const ModelAnimation animation = Animation({{ShiftX(0, 3), ShiftX(100, 7)}});
-    EXPECT_TRUE(std::isnan(MatrixAt(animation, nan)(3, 0)));
-    EXPECT_FLOAT_EQ(MatrixAt(animation, std::numeric_limits<float>::infinity())(3, 0), 7);
-    // Without a time axis no time is ahead of another.
-    EXPECT_FLOAT_EQ(MatrixAt(Animation({{ShiftX(0, 3), ShiftX(0, 7)}}, 0), 0)(3, 0), 7);
 }
 
 } // namespace

@@ -1,36 +1,34 @@
 #include "CockpitModel/PartTransformCalculator.h"
 
 #include "CockpitModel/Node.h"
-#include "Utils/Asserts.h"
+#include "Support/FatalErrorRecorder.h"
+#include "Support/ModelBuilder.h"
 
 #include <gmock/gmock.h>
 
 namespace CockpitModel {
 namespace {
 
+using Utils::Vector3;
+
 /// A chain of nodes from a root down, and a part at its end.
 class PartTransforms : public testing::Test {
 protected:
-    Node& AddNode(const Utils::Vector3& place) {
+    Node& AddNode(const Vector3& place = Vector3::Zero()) {
         auto& node = *nodes.emplace_back(std::make_unique<Node>());
-        node.parent = nodes.size() > 1 ? nodes[nodes.size() - 2].get() : nullptr;
+        node.parent = part.node;
         node.localMatrix = Utils::Translation(place);
         part.node = &node;
         return node;
     }
 
     /// A node that an animation moves by up to `reach`.
-    Node& AddAnimated(const Utils::Vector3& place, const char* name, const Utils::Vector3& reach) {
-        auto& animation = *animations.emplace_back(std::make_unique<ModelAnimation>());
-        animation.name = name;
-        animation.length = 100;
-        animation.tracks.resize(1, std::vector<RiffBlockXANK>(2));
-        for (auto& key : animation.tracks[0])
-            key.IsTranslation = true;
-        animation.tracks[0][1].Time = 100;
-        animation.tracks[0][1].Translation = reach;
+    Node& AddAnimated(const char* name, const Vector3& place = Vector3::Zero(),
+                      const Vector3& reach = Vector3::Zero()) {
+        const Support::Track track = Support::Slide(reach.x(), reach.y(), reach.z());
+        animations.push_back(std::make_unique<ModelAnimation>(Support::Animation(name, {track})));
         Node& node = AddNode(place);
-        node.animation = &animation;
+        node.animation = animations.back().get();
         return node;
     }
 
@@ -39,76 +37,68 @@ protected:
     NodePart part;
 };
 
-Utils::Vector3 Origin(const Utils::Matrix4& m) {
+Vector3 Origin(const Utils::Matrix4& m) {
     return m.row(3).head<3>();
 }
 
 TEST_F(PartTransforms, VaryOneAnimationAndKeepTheOthers) {
-    AddAnimated({1000, 0, 0}, "above", {500, 0, 0});
-    Node& lever = AddAnimated({0, 10, 0}, "lever", {0, 4, 0});
+    AddAnimated("above", {1000, 0, 0}, {500, 0, 0});
+    Node& lever = AddAnimated("lever", {0, 10, 0}, {0, 4, 0});
     lever.parentMatrix = Utils::Translation({1500, 0, 0}); // as the graph last placed the node above
-    AddAnimated({0, 0, 1}, "below", {0, 0, 8});
+    AddAnimated("below", {0, 0, 1}, {0, 0, 8});
     AddNode({0.5f, 0, 0});
     animations[0]->position = 0.25f; // moved since, and not yet seen
     animations[1]->position = 0.75f; // the varied one's own position does not count
     animations[2]->position = 0.5f;
 
     const PartTransformCalculator calculator(part, *lever.animation);
+    animations[2]->position = 0; // too late
     EXPECT_EQ(calculator.node, &lever);
-    EXPECT_EQ(Origin(calculator.prefix), Utils::Vector3(0.5f, 0, 1 + 4));
-    EXPECT_EQ(Origin(calculator.TransformAt(0)), Utils::Vector3(1500.5f, 10, 5));
-    EXPECT_EQ(Origin(calculator.TransformAt(0.5f)), Utils::Vector3(1500.5f, 12, 5));
-    EXPECT_EQ(Origin(calculator.TransformAt(1)), Utils::Vector3(1500.5f, 14, 5));
-
-    animations[2]->position = 0;
-    EXPECT_EQ(Origin(calculator.TransformAt(0)), Utils::Vector3(1500.5f, 10, 5)) << "frozen at construction";
+    EXPECT_EQ(Origin(calculator.prefix), Vector3(0.5f, 0, 1 + 4));
+    for (const auto& [t, y] : {std::pair(0.0f, 10.0f), {0.5f, 12.0f}, {1.0f, 14.0f}})
+        EXPECT_EQ(Origin(calculator.TransformAt(t)), Vector3(1500.5f, y, 5)) << t;
 }
 
-TEST_F(PartTransforms, MoveThePartWithinItsNodesFrame) {
-    Node& node = AddAnimated({}, "lever", {1, 0, 0});
-    node.localMatrix = Utils::RotationZ(std::acos(-1.0f) / 2) * Utils::Translation({0, 0, 3});
-    node.parentMatrix = Utils::Translation({100, 0, 0});
-    const Utils::Matrix4 moved = PartTransformCalculator(part, *node.animation).TransformAt(1);
-    // The node's frame is turned, so its x runs along the parent's y.
-    EXPECT_TRUE(Origin(moved).isApprox(Utils::Vector3(100, 1, 3)));
+TEST_F(PartTransforms, MoveThePartWithinTurnedFrames) {
+    const Utils::Matrix4 quarterTurn = Utils::RotationZ(std::acos(-1.0f) / 2);
+    Node& lever = AddAnimated("lever", {}, {1, 0, 0});
+    lever.localMatrix = quarterTurn * Utils::Translation({0, 0, 3});
+    lever.parentMatrix = Utils::Translation({100, 0, 0});
+    AddNode().localMatrix = quarterTurn;
+    AddNode({1, 0, 0});
+    // The part stands at (0, 1, 0) in the lever's frame and is moved to (1, 1, 0) there, which is (-1, 1, 3) in its
+    // parent's.
+    const Vector3 moved = Origin(PartTransformCalculator(part, *lever.animation).TransformAt(1));
+    EXPECT_TRUE(moved.isApprox(Vector3(99, 1, 3))) << moved;
 }
 
 TEST_F(PartTransforms, FindTheNearestAnimationThatMovesAnything) {
-    AddAnimated({}, "sim/top", {});
-    AddAnimated({}, "sim/real", {});
-    AddAnimated({}, "Dummy Animation", {});
-    AddNode({});
-    AddAnimated({}, "none", {});
+    EXPECT_FALSE(FindPartTransform(part)) << "a part without a node";
+    AddNode();
+    AddAnimated("none");
+    AddAnimated("Dummy Animation");
+    EXPECT_FALSE(FindPartTransform(part)) << "nothing moves";
+    AddAnimated("sim/top");
+    Node& real = AddAnimated("sim/real");
+    AddAnimated("Dummy Animation");
+    AddNode();
+    AddAnimated("none");
     const auto found = FindPartTransform(part);
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->animation->name, "sim/real");
-    EXPECT_EQ(found->node, nodes[1].get());
+    EXPECT_EQ(found->animation, real.animation);
+    EXPECT_EQ(found->node, &real);
     EXPECT_EQ(found->part, &part);
-
     for (const char* name : {"None", "dummy animation", "", "none ", "Dummy Animation 2"}) {
-        animations[2]->name = name;
-        EXPECT_EQ(FindPartTransform(part)->animation, animations[2].get()) << name << " counts as real";
+        animations.back()->name = name;
+        EXPECT_EQ(FindPartTransform(part)->animation, animations.back().get()) << name << " counts as real";
     }
 }
 
-TEST_F(PartTransforms, FindNothingWhereNothingMoves) {
-    EXPECT_FALSE(FindPartTransform(part)) << "a part without a node";
-    AddNode({});
-    EXPECT_FALSE(FindPartTransform(part));
-    AddAnimated({}, "none", {});
-    AddAnimated({}, "Dummy Animation", {});
-    EXPECT_FALSE(FindPartTransform(part));
-}
-
 TEST_F(PartTransforms, AreAFatalErrorForAnAnimationElsewhere) {
-    Node& other = AddAnimated({}, "other", {});
-    nodes.push_back(std::make_unique<Node>());
-    part.node = nodes.back().get();
-    std::string shown;
-    auto before = Utils::SetFatalErrorDialog([&](const std::string&, const std::string& text) { shown = text; });
-    EXPECT_ANY_THROW(PartTransformCalculator(part, *other.animation));
-    Utils::SetFatalErrorDialog(std::move(before));
-    EXPECT_THAT(shown, testing::HasSubstr("CockpitModel\\PartTransformCalculator.cpp"));
+    AddNode();
+    const Support::FatalErrorRecorder recorder;
+    EXPECT_ANY_THROW(PartTransformCalculator(part, ModelAnimation()));
+    EXPECT_THAT(recorder.texts, testing::ElementsAre(testing::HasSubstr("CockpitModel\\PartTransformCalculator.cpp")));
 }
 
 TEST(YokeNames, StandAnywhereInTheAnimationsName) {
@@ -124,7 +114,6 @@ TEST(YokeNames, StandAnywhereInTheAnimationsName) {
         {"yoke x position", false, false},
         {"sim/cockpit2/controls/yoke_heading_ratio", false, false},
         {"sim/cockpit2/controls/YOKE_ROLL_RATIO", false, false},
-        {"", false, false},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(IsYokeRollName(row.name), row.roll) << row.name;

@@ -61,9 +61,6 @@ TEST(PartTree, FindsTheNearestTriangleFromBothSides) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(Distance(tree, Ray(row.origin, row.direction)), row.distance) << row.name;
-    const auto hit = tree.Intersect(Ray({0.25f, 0.25f, 1}, {0, 0, 1}));
-    EXPECT_EQ(hit->position, Vector3(0.25f, 0.25f, 3));
-    EXPECT_EQ(hit->texture, Utils::Vector2(0, 0));
 }
 
 TEST(PartTree, HasABoxWithCornersInTheirOrder) {
@@ -78,50 +75,11 @@ TEST(PartTree, HasABoxWithCornersInTheirOrder) {
 TEST(PartTree, CutsTheListToWholeTrianglesAndMayBeEmpty) {
     auto vertices = Vertices({Flat(0, 0, 1), Flat(0, 0, 0.5f)});
     vertices.pop_back();
-    EXPECT_EQ(PartTree(vertices).triangles.size(), 1u);
     EXPECT_EQ(Distance(PartTree(vertices), Ray({0.25f, 0.25f, 0}, {0, 0, 1})), 1);
-
     for (const PartTree& empty : {PartTree(), PartTree(std::vector<Rendering::GeometryVertex>(2))}) {
         EXPECT_EQ(empty.box.max, Vector3(0, 0, 0));
-        EXPECT_FALSE(empty.hasChildren);
         EXPECT_EQ(Distance(empty, Ray({0, 0, -1}, {0, 0, 1})), kNone);
-        EXPECT_EQ(Distance(empty, Ray({1, 1, 1}, {1, 0, 0})), kNone);
     }
-}
-
-TEST(PartTree, KeepsOneTriangleAtTheRootAndTwoAtBothLevels) {
-    const PartTree one = Tree({{Vector3(0, 0, 0), Vector3(3, 1, 2), Vector3(1, 3, 1)}});
-    EXPECT_FALSE(one.hasChildren);
-    EXPECT_THAT(one.Triangles(one), ElementsAre(0));
-
-    const PartTree two = Tree({Flat(5, 0, 0), Flat(0, 0, 0)});
-    ASSERT_TRUE(two.hasChildren);
-    EXPECT_THAT(two.Triangles(two), ElementsAre(0, 1));
-    EXPECT_EQ(two.right, two.left + 1);
-    EXPECT_THAT(two.Triangles(two.nodes[two.left]), ElementsAre(1));
-    EXPECT_THAT(two.Triangles(two.nodes[two.right]), ElementsAre(0));
-}
-
-TEST(PartTree, LeavesAFlatPartWhole) {
-    Soup soup;
-    for (int i = 0; i < 35; ++i) // the middles of x and y, 3.5 and 2.5, run through some
-        soup.push_back(Flat(static_cast<float>(i % 7), static_cast<float>(i / 7), 7));
-    const PartTree tree = Tree(soup);
-    EXPECT_FALSE(tree.hasChildren) << "in the plane of z no triangle is on both sides, nor on either";
-    EXPECT_EQ(tree.Triangles(tree).size(), 35u);
-    for (int i = 0; i < 35; ++i)
-        EXPECT_EQ(Distance(tree, Ray(soup[i][0] + Vector3(0.25f, 0.25f, -3), {0, 0, 1})), 3) << i;
-}
-
-TEST(PartTree, CannotHitATriangleInTheSplittingPlane) {
-    // The middle of x is 5, where the second triangle lies. It stands in neither child.
-    const PartTriangle inPlane = {Vector3(5, 0, 0), Vector3(5, 1, 0), Vector3(5, 0, 1)};
-    const Soup soup = {Flat(0, 0, 0), inPlane, Flat(9, 0, 0), Flat(9, 0, 0.5f)};
-    const PartTree tree = Tree(soup);
-    ASSERT_TRUE(tree.hasChildren);
-    EXPECT_THAT(tree.Triangles(tree), ElementsAre());
-    EXPECT_EQ(Distance(tree, Ray({2, 0.25f, 0.25f}, {1, 0, 0})), kNone);
-    EXPECT_EQ(Distance(Tree({inPlane}), Ray({2, 0.25f, 0.25f}, {1, 0, 0})), 3);
 }
 
 TEST(PartTree, GivesTextureCoordinatesWhenKept) {
@@ -279,26 +237,31 @@ void ExpectSameAnswers(const PartTree& tree, const Support::PlainTree& plain, co
 
 TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
     Seeded seeded(20);
-    const auto moved = [](Soup soup, const Vector3& by) {
-        for (PartTriangle& triangle : soup)
-            for (Vector3& vertex : triangle)
-                vertex += by;
-        return soup;
-    };
     const auto joined = [](Soup a, const Soup& b) {
         a.insert(a.end(), b.begin(), b.end());
         return a;
     };
-    Soup needles = seeded.Scattered(300, 1, 0.5f);
+    Soup flat, needles = seeded.Scattered(300, 1, 0.5f), points = seeded.Scattered(60, 1, 0.1f);
+    for (int i = 0; i < 35; ++i) // the middles of x and y, 3.5 and 2.5, run through some
+        flat.push_back(Flat(static_cast<float>(i % 7), static_cast<float>(i / 7), 7));
     for (PartTriangle& triangle : needles)
         triangle[2] = triangle[1] + seeded.Point(1e-3f);
-    Soup points = seeded.Scattered(60, 1, 0.1f);
     for (std::size_t i = 0; i < points.size(); i += 2)
         points[i][1] = points[i][i % 4 ? 2 : 0] = points[i][2];
+    Soup farAway = seeded.Scattered(500, 1, 0.3f);
+    for (PartTriangle& triangle : farAway)
+        for (Vector3& vertex : triangle)
+            vertex += Vector3(3e4f, 2e5f, -7e3f);
+    // The middle of x is 5, where the triangle stands in neither child and is not hit.
+    const PartTriangle inPlane = {Vector3(5, 0, 0), Vector3(5, 1, 0), Vector3(5, 0, 1)};
     const struct {
         const char* name;
         Soup soup;
     } rows[] = {
+        {"one", {Flat(0, 0, 0)}},
+        {"two", {Flat(5, 0, 0), Flat(0, 0, 0)}},
+        {"one in the splitting plane", {Flat(0, 0, 0), inPlane, Flat(9, 0, 0), Flat(9, 0, 0.5f)}},
+        {"flat, which stays whole", flat},
         {"a few", seeded.Scattered(7, 1, 1)},
         {"small", seeded.Scattered(2000, 1, 0.02f)},
         {"tiny", seeded.Scattered(1500, 0.1f, 0.0015f)},
@@ -309,7 +272,7 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
         {"panel", seeded.Panel(400)},
         {"needles", needles},
         {"without area", points},
-        {"far away", moved(seeded.Scattered(500, 1, 0.3f), {3e4f, 2e5f, -7e3f})},
+        {"far away", farAway},
         {"twice", joined(seeded.Scattered(100, 0.2f, 2), Seeded(20).Scattered(100, 0.2f, 2))},
     };
     for (const auto& row : rows) {
@@ -317,14 +280,8 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
         const Support::PlainTree plain(row.soup);
         ExpectSameTree(tree, plain, row.name);
         ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 12), row.name);
-    }
-}
-
-TEST(PartTree, LeavesNothingOutThatRoundingMakesAHit) {
-    Seeded seeded(24);
-    for (const Soup& soup : {seeded.Scattered(100, 0.2f, 2), seeded.Panel(100)}) {
-        const Support::PlainTree plain(soup);
-        ExpectSameAnswers(Tree(soup), plain, seeded.SkimmingRays(soup, 1500), "skimmed");
+        if (row.soup.size() < 1000) // rounding makes hits of rays that skim
+            ExpectSameAnswers(tree, plain, seeded.SkimmingRays(row.soup, 250), row.name);
     }
 }
 
@@ -346,8 +303,6 @@ TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
     ExpectSameAnswers(Tree(spoilt), Support::PlainTree(spoilt), rays, "spoilt triangles");
     ExpectSameAnswers(Tree(sound), Support::PlainTree(sound), spoiltRays, "spoilt rays");
     ExpectSameAnswers(Tree(spoilt), Support::PlainTree(spoilt), spoiltRays, "spoilt triangles and rays");
-    const Soup nowhere(20, PartTriangle{Vector3(nan, nan, nan), Vector3(nan, nan, nan), Vector3(nan, nan, nan)});
-    EXPECT_EQ(Tree(nowhere).Triangles(Tree(nowhere)).size(), 20u);
 }
 
 TEST(PartTree, TakesMemoryInProportionToItsTriangles) {
@@ -380,18 +335,6 @@ TEST(PartTree, TakesMemoryInProportionToItsTriangles) {
             const PartRay ray = Ray(from, seeded.PointInPlane(row.soup[seeded.Below(row.soup.size())], 0) - from);
             ASSERT_EQ(Distance(tree, ray), Support::BruteForce(row.soup, ray).value_or(kNone)) << row.name;
         }
-    }
-}
-
-TEST(PartTree, FindsWhatBruteForceFinds) {
-    Seeded seeded(22);
-    const Soup soup = seeded.Panel(600);
-    const PartTree tree = Tree(soup);
-    for (int i = 0; i < 500; ++i) {
-        const Vector3 eye(seeded.Number(-0.5f, 0.5f), seeded.Number(-0.5f, 0.5f), -0.8f);
-        const Vector3 target = seeded.PointInPlane(soup[seeded.Below(soup.size())], 0);
-        const auto expected = Support::BruteForce(soup, Ray(eye, target - eye));
-        ASSERT_EQ(Distance(tree, Ray(eye, target - eye)), expected.value_or(kNone)) << "ray " << i;
     }
 }
 

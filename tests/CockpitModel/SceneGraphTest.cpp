@@ -13,14 +13,9 @@
 namespace {
 
 using namespace CockpitModel;
-using Support::Animation;
 using Support::ModelBuilder;
-using Support::TranslationKey;
-
-ModelAnimation SlideX(const std::string& name, float distance) {
-    return Animation(name, {{TranslationKey(0, 0, 0, 0), TranslationKey(100, distance, 0, 0)}});
-}
-
+using Support::Slide;
+using Support::TriangleAt;
 
 float X(const Node& node) {
     return node.worldMatrix(3, 0);
@@ -28,8 +23,9 @@ float X(const Node& node) {
 
 std::vector<int> VisitOrder(SceneGraph& graph) {
     std::vector<int> order;
-    graph.VisitNodes(Utils::Matrix4::Identity(), Utils::Matrix4::Identity(),
-                     [&](const auto&, const auto&, const auto&, const auto&, Node& node) { order.push_back(node.index); });
+    graph.VisitNodes(
+        Utils::Matrix4::Identity(), Utils::Matrix4::Identity(),
+        [&](const auto&, const auto&, const auto&, const auto&, Node& node) { order.push_back(node.index); });
     return order;
 }
 
@@ -47,8 +43,8 @@ TEST(SceneGraphTest, LinksParentsThroughTheFirstChildAndVisitsPeersAheadOfChildr
 
 TEST(SceneGraphTest, WorldIsAnimationTimesLocalTimesParent) {
     ModelBuilder builder;
-    const int outer = builder.Node(0, SlideX("outer", 2));
-    const int inner = builder.Node(outer, SlideX("inner", 1));
+    const int outer = builder.Node(0, "outer", Slide(2, 0, 0));
+    const int inner = builder.Node(outer, "inner", Slide(1, 0, 0));
     const int still = builder.Node(outer);
     builder.model.matrices.Children[inner] = Utils::RotationZ(1.5707964f) * Utils::Translation({0, 5, 0});
     builder.model.sceneElements.Children[still].MapOffset = -1;
@@ -59,33 +55,32 @@ TEST(SceneGraphTest, WorldIsAnimationTimesLocalTimesParent) {
     EXPECT_NEAR(node.worldMatrix(3, 0), 2, 1e-6);
     EXPECT_NEAR(node.worldMatrix(3, 1), 6, 1e-6);
     EXPECT_NEAR(node.parentMatrix(3, 0), 2, 1e-6);
-    EXPECT_EQ(graph.Nodes()[still]->localMatrix, Utils::Matrix4(Utils::Matrix4::Identity())) << "no map offset, no matrix";
+    EXPECT_EQ(graph.Nodes()[still]->localMatrix, Utils::Matrix4(Utils::Matrix4::Identity()))
+        << "no map offset, no matrix";
     EXPECT_NEAR(X(*graph.Nodes()[still]), 2, 1e-6);
-}
 
-TEST(SceneGraphTest, AnimationLinksOutsideTheListMeanNoAnimation) {
-    ModelBuilder builder;
-    const int node = builder.Node(0, SlideX("a", 1));
-    builder.model.animationLinks.Children[node] = 2; // there are two animations
-    SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
-    EXPECT_EQ(graph.Nodes()[node]->animation, nullptr);
-    EXPECT_FALSE(graph.Nodes()[node]->animationIndex);
-    EXPECT_EQ(graph.Nodes()[0]->animation, nullptr) << "the root has a record and no animation";
+    builder.model.animationLinks.Children[inner] = 4; // as many as there are animations
+    const SceneGraph unlinked(builder.model, Support::ModelCockpit(), nullptr);
+    EXPECT_EQ(unlinked.Nodes()[inner]->animation, nullptr);
+    EXPECT_FALSE(unlinked.Nodes()[inner]->animationIndex);
+    EXPECT_EQ(unlinked.Nodes()[0]->animation, nullptr) << "the root has a record and no animation";
 }
-
-struct BrokenModel {
-    const char* name;
-    void (*damage)(ModelData&);
-};
 
 TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
-    const BrokenModel rows[] = {
+    const struct {
+        const char* name;
+        void (*damage)(ModelData&);
+    } rows[] = {
         {"map entry", [](ModelData& m) { m.animationMap.Children.pop_back(); }},
         {"matrix", [](ModelData& m) { m.animationMap.Children[1].MatrixIndex = 2; }},
         {"animation link", [](ModelData& m) { m.animationLinks.Children.pop_back(); }},
         {"child", [](ModelData& m) { m.sceneElements.Children[0].Child = 7; }},
         {"peer", [](ModelData& m) { m.sceneElements.Children[1].Peer = 7; }},
-        {"no nodes", [](ModelData& m) { m.sceneElements.Children.clear(); m.parts.clear(); }},
+        {"no nodes",
+         [](ModelData& m) {
+             m.sceneElements.Children.clear();
+             m.parts.clear();
+         }},
         {"no index block", [](ModelData& m) { m.indexBlocks.clear(); }},
         {"vertex block", [](ModelData& m) { m.parts[0].VertexBlock = 1; }},
         {"node of a part", [](ModelData& m) { m.parts[0].Node = 2; }},
@@ -97,10 +92,10 @@ TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
         {"material", [](ModelData& m) { m.parts[0].MaterialIndex = 0xFFFFFFFF; }},
         {"texture", [](ModelData& m) { m.materials.Children[0].TextureDiffuse = 1; }},
     };
-    for (const BrokenModel& row : rows) {
+    for (const auto& row : rows) {
         ModelBuilder builder;
-        builder.Node(0, SlideX("a", 1));
-        builder.Part(1, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        builder.Node(0, "a", Slide(1, 0, 0));
+        builder.Part(1, TriangleAt(0));
         ASSERT_NO_THROW(SceneGraph(builder.model, Support::ModelCockpit(), nullptr));
         row.damage(builder.model);
         try {
@@ -114,7 +109,7 @@ TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
 
 TEST(SceneGraphTest, AMissingMaterialNamesFileAndLine) {
     ModelBuilder builder;
-    auto& part = builder.Part(0, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    auto& part = builder.Part(0, TriangleAt(0));
     part.MaterialIndex = 0xFFFFFFFF;
     part.SourceLine = 17;
     builder.model.sourcePath = "A/b_cockpit.obj";
@@ -132,9 +127,9 @@ TEST(SceneGraphTest, AMissingMaterialNamesFileAndLine) {
 
 TEST(SceneGraphTest, PositionsFlowInAndEnabledFlagsFlowOut) {
     ModelBuilder builder;
-    const int outer = builder.Node(0, SlideX("outer", 2));
-    const int inner = builder.Node(outer, SlideX("inner", 1));
-    builder.Part(inner, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    const int outer = builder.Node(0, "outer", Slide(2, 0, 0));
+    const int inner = builder.Node(outer, "inner", Slide(1, 0, 0));
+    builder.Part(inner, TriangleAt(0));
     ModelData source = builder.model;
     SceneGraph graph(source, Support::ModelCockpit(), nullptr);
     EXPECT_FLOAT_EQ(X(*graph.Nodes()[inner]), 3) << "a new graph stands at position 1";
@@ -186,7 +181,7 @@ TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
     folder.Write("Panel.PNG", "no picture, but a file");
     ModelBuilder builder;
     builder.model.textures.Children = {"panel.png", "$procedural", "", "missing.png"};
-    builder.Part(0, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    builder.Part(0, TriangleAt(0));
     Support::ModelCockpit cockpit;
     cockpit.textureFolder = folder.path.string();
     folder.Write("$procedural", "never looked at");
@@ -210,8 +205,8 @@ TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
 TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
     ModelBuilder builder;
     for (int i = 0; i < 50; ++i)
-        builder.Node(i, SlideX("slider", 1));
-    builder.Part(50, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+        builder.Node(i, "slider", Slide(1, 0, 0));
+    builder.Part(50, TriangleAt(0));
     ModelData source = builder.model;
     SceneGraph graph(source, Support::ModelCockpit(), nullptr);
     for (int frame = 0; frame < 500; ++frame) {
@@ -236,8 +231,14 @@ TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
         std::vector<float> soup;
     };
     const Row rows[] = {
-        {1, 4, {0, 1, 2, 3}}, {1, 3, {0, 1, 2}}, {2, 5, {0, 1, 2, 0, 2, 3, 0, 3, 4}}, {3, 5, {0, 1, 2, 1, 2, 3, 2, 3, 4}},
-        {1, 2, {}},           {2, 2, {}},        {3, 0, {}},                          {0, 5, {}},
+        {1, 4, {0, 1, 2, 3}},
+        {1, 3, {0, 1, 2}},
+        {2, 5, {0, 1, 2, 0, 2, 3, 0, 3, 4}},
+        {3, 5, {0, 1, 2, 1, 2, 3, 2, 3, 4}},
+        {1, 2, {}},
+        {2, 2, {}},
+        {3, 0, {}},
+        {0, 5, {}},
         {4, 5, {}},
     };
     for (const Row& row : rows) {
@@ -255,7 +256,7 @@ TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
 TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
     ModelBuilder builder;
     const int texture = builder.Texture("second.png");
-    builder.Part(0, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    builder.Part(0, TriangleAt(0));
     builder.Part(0, {{0, 0, 0}, {1, 0, 0}}); // makes no part and takes no place
     auto& clickable = builder.Part(0, {{0, 0, 0}, {0.5f, 0, 0}, {0, 1, 0}});
     clickable.MaterialIndex = static_cast<std::uint32_t>(texture);
@@ -270,19 +271,6 @@ TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
     EXPECT_EQ(node.parts[1]->vertices[1].secondTexture, Utils::Vector2(0.5f, 0));
     EXPECT_EQ(node.clickableParts, std::vector<NodePart*>{node.parts[1].get()});
     EXPECT_TRUE(node.parts[1]->Tree().Intersect({{0.1f, 0.1f, -1}, {0, 0, 1}}));
-}
-
-TEST(PartBuildTest, TransparencyGoesByBlendKindAndAlpha) {
-    Material material;
-    NodePart part;
-    EXPECT_FALSE(part.IsTransparent()) << "without a material";
-    part.material = &material;
-    const std::tuple<int, float, bool> rows[] = {{2, 0.9f, false}, {2, 0.89999f, true}, {1, 1.0f, true}, {2, 1.0f, false}};
-    for (const auto& [blendKind, alpha, transparent] : rows) {
-        material.BlendKind = blendKind;
-        material.Alpha = alpha;
-        EXPECT_EQ(part.IsTransparent(), transparent) << blendKind << " " << alpha;
-    }
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 #include "CockpitModel/ModelData.h"
 
 #include <array>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,7 +12,11 @@ namespace Support {
 
 using Corner = std::array<float, 3>;
 
-/// A key of an animation at a time, by its kind.
+/// The triangle (0,0,z) (1,0,z) (0,1,z).
+inline std::vector<Corner> TriangleAt(float z) {
+    return {{0, 0, z}, {1, 0, z}, {0, 1, z}};
+}
+
 inline CockpitModel::RiffBlockXANK TranslationKey(float time, float x, float y, float z) {
     CockpitModel::RiffBlockXANK key;
     key.Time = time;
@@ -29,8 +32,13 @@ inline CockpitModel::RiffBlockXANK RotationKey(float time, const Utils::Quaterni
     return key;
 }
 
-inline CockpitModel::ModelAnimation Animation(const std::string& name,
-                                              std::vector<std::vector<CockpitModel::RiffBlockXANK>> tracks) {
+using Track = std::vector<CockpitModel::RiffBlockXANK>;
+
+inline Track Slide(float x, float y, float z) {
+    return {TranslationKey(0, 0, 0, 0), TranslationKey(100, x, y, z)};
+}
+
+inline CockpitModel::ModelAnimation Animation(const std::string& name, std::vector<Track> tracks) {
     CockpitModel::ModelAnimation animation;
     animation.name = name;
     animation.tracks = std::move(tracks);
@@ -47,16 +55,15 @@ public:
         model.indexBlocks.emplace_back();
         Texture("panel.png");
         AddRow();
-        model.animationLinks.Children.back() = -1;
-        model.animations.emplace_back();
     }
 
-    /// A node below `parent` without an animation.
     int Node(int parent) {
         const int index = AddRow();
-        Link(parent, index);
-        model.animationLinks.Children.back() = -1;
-        model.animations.emplace_back();
+        auto& elements = model.sceneElements.Children;
+        std::int16_t* link = &elements[static_cast<std::size_t>(parent)].Child;
+        while (*link >= 0)
+            link = &elements[static_cast<std::size_t>(*link)].Peer;
+        *link = static_cast<std::int16_t>(index);
         return index;
     }
 
@@ -67,6 +74,10 @@ public:
         return index;
     }
 
+    int Node(int parent, const std::string& animation, Track track) {
+        return Node(parent, Animation(animation, {std::move(track)}));
+    }
+
     int Texture(const std::string& name) {
         CockpitModel::Material material;
         material.TextureDiffuse = static_cast<std::int32_t>(model.textures.Children.size());
@@ -75,10 +86,6 @@ public:
         model.materials.Children.push_back(material);
         model.textures.Children.push_back(name);
         return material.TextureDiffuse;
-    }
-
-    CockpitModel::RiffBlockPART& Part(int node, std::initializer_list<Corner> corners, std::uint32_t type = 1) {
-        return Part(node, std::vector<Corner>(corners), type);
     }
 
     CockpitModel::RiffBlockPART& Part(int node, const std::vector<Corner>& corners, std::uint32_t type = 1) {
@@ -121,27 +128,21 @@ private:
         model.matrices.Children.push_back(Utils::Matrix4::Identity());
         model.visibilityInfos.emplace_back();
         model.animationLinks.Children.push_back(-1);
+        model.animations.emplace_back();
         return static_cast<int>(index);
-    }
-
-    void Link(int parent, int index) {
-        auto& elements = model.sceneElements.Children;
-        std::int16_t* link = &elements[static_cast<std::size_t>(parent)].Child;
-        while (*link >= 0)
-            link = &elements[static_cast<std::size_t>(*link)].Peer;
-        *link = static_cast<std::int16_t>(index);
     }
 };
 
 /// A cockpit that gives out copies of a model.
 struct ModelCockpit final : CockpitModel::AircraftCockpit {
     explicit ModelCockpit(CockpitModel::ModelData source = {}) : model(std::move(source)) {}
-    bool IsValid() const override { return true; }
+    bool IsValid() const override { return isValid; }
     std::unique_ptr<CockpitModel::ModelData> LoadModel() const override {
         return std::make_unique<CockpitModel::ModelData>(model);
     }
 
     CockpitModel::ModelData model;
+    bool isValid = true;
 };
 
 } // namespace Support

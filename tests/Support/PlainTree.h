@@ -13,12 +13,8 @@ namespace Support {
 
 /// The distance at which a ray hits a triangle.
 inline std::optional<float> Hit(const CockpitModel::PartTriangle& triangle, const CockpitModel::PartRay& ray) {
-    const auto cross = [](const Utils::Vector3& a, const Utils::Vector3& b) {
-        return Utils::Vector3(a.y() * b.z() - a.z() * b.y(), a.z() * b.x() - a.x() * b.z(),
-                              a.x() * b.y() - a.y() * b.x());
-    };
     const Utils::Vector3 e1 = triangle[1] - triangle[0], e2 = triangle[2] - triangle[0];
-    const Utils::Vector3 pv = cross(ray.direction, e2), s = ray.origin - triangle[0], qv = cross(s, e1);
+    const Utils::Vector3 pv = ray.direction.cross(e2), s = ray.origin - triangle[0], qv = s.cross(e1);
     const float det = Utils::Dot(e1, pv), inverse = 1 / det;
     const float u = Utils::Dot(s, pv) * inverse, v = Utils::Dot(ray.direction, qv) * inverse;
     const float t = Utils::Dot(e2, qv) * inverse;

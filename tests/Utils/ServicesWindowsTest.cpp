@@ -22,6 +22,14 @@ TEST(WindowsServices, TextsAreUtf8InsideAndWideOutside) {
     EXPECT_EQ(boost::filesystem::path(wide).string(), text);
 }
 
+TEST(WindowsServices, AFileFoundByAnotherSpellingIsNamedAsTheDiskDoes) {
+    const Support::TemporaryFolder folder;
+    folder.Write("Plane/Objects/A.png", "");
+    const boost::filesystem::path found = FindIgnoringCase(folder / "plane\\OBJECTS/a.PNG");
+    EXPECT_EQ(AsListed(found), folder.path / "Plane/Objects/A.png");
+    EXPECT_EQ(AsListed(folder / "plane/objects/b.png"), folder.path / "Plane/Objects/b.png");
+}
+
 TEST(WindowsServices, ASaveReplacesAllOrNothing) {
     const Support::TemporaryFolder folder;
     const std::string name = "\xE6\x97\xA5\xE6\x9C\xAC.xml", path = folder / name;

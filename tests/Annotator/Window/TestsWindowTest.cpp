@@ -1,15 +1,11 @@
 #include "Annotator/Window/TestsWindow.h"
 
 #include "Annotator/Window/WindowFixture.h"
+#include "Support/Installation.h"
 
 namespace {
 
 using namespace Support;
-
-std::string Expect(int node, int part, const std::string& type) {
-    return "<Override><NodeId>" + std::to_string(node) + "</NodeId><PartId>" + std::to_string(part) +
-           "</PartId><InteractionTypeTest>" + type + "</InteractionTypeTest></Override>";
-}
 
 std::string RowText(const wxGrid& grid, int row) {
     std::string text;
@@ -19,16 +15,15 @@ std::string RowText(const wxGrid& grid, int row) {
 }
 
 TEST(TestsWindow, ShowsARowForEachAircraftWithATest) {
-    const TemporaryFolder folder;
-    const WorkingDirectory inside(folder.path);
+    const Installation installation;
+    const WorkingDirectory inside(installation.path);
     MadeAircraftList loader;
     for (const char* name : {"Plain", "Overrides", "Caf\xC3\xA9"})
         loader.aircraft.emplace_back(name, std::string("Made/") + name, MakerOf(LeverModel()));
-    folder.Write(
-        "QVRA/Annotations/Overrides.xml",
-        "<Overrides><Override><NodeId>0</NodeId><PartId>0</PartId><Reverse>1</Reverse></Override></Overrides>");
-    folder.Write("QVRA/Annotations/Caf\xC3\xA9.xml",
-                 "<Overrides>" + Expect(0, 0, "None") + Expect(1, 1, "Twist") + Expect(2, 0, "None") + "</Overrides>");
+    installation.Annotations("Overrides",
+                             "<Override><NodeId>0</NodeId><PartId>0</PartId><Reverse>1</Reverse></Override>");
+    installation.Annotations("Caf\xC3\xA9",
+                             Expectation(0, 0, "None") + Expectation(1, 1, "Twist") + Expectation(2, 0, "None"));
 
     auto* window = new Annotator::TestsWindow(&loader);
     EXPECT_EQ(window->GetTitle(), "Vorelle Batch Tests");

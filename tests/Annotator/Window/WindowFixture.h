@@ -2,47 +2,16 @@
 
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/Toolkit.h"
-#include "Sim/AircraftListLoader.h"
 #include "Support/DataFolder.h"
-#include "Support/ModelBuilder.h"
+#include "Support/MadeAircraft.h"
 #include "Support/TemporaryFolder.h"
 
-#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace Support {
-
-using CockpitMaker = std::function<std::unique_ptr<CockpitModel::AircraftCockpit>()>;
-
-/// An aircraft whose cockpit a test makes.
-struct MadeAircraft final : Sim::AircraftInfo {
-    MadeAircraft(const std::string& name, const std::string& folder, CockpitMaker maker) : make(std::move(maker)) {
-        displayName = name;
-        acfPath = "Aircraft/" + folder + "/plane.acf";
-    }
-    std::unique_ptr<CockpitModel::AircraftCockpit> CreateCockpit() const override { return make(); }
-    std::unique_ptr<Sim::AircraftInfo> Clone() const override { return std::make_unique<MadeAircraft>(*this); }
-
-    CockpitMaker make;
-};
-
-class MadeAircraftList final : public Sim::AircraftListLoader {
-public:
-    Sim::AircraftList LoadAircraftList() override {
-        ++scans;
-        Sim::AircraftList list;
-        for (const MadeAircraft& info : aircraft)
-            list.push_back(info.Clone());
-        return list;
-    }
-
-    std::vector<MadeAircraft> aircraft;
-    int scans = 0;
-};
 
 /// A square of two triangles at a distance straight ahead of the pilot's eye, which the sample's cockpit has at the
 /// origin.
@@ -56,8 +25,7 @@ inline std::vector<Corner> SquareAhead(float x, float y, float distance, float s
 inline CockpitModel::ModelData LeverModel() {
     ModelBuilder builder;
     builder.Part(0, SquareAhead(-2.0f, -2.0f, 3.0f, 4.0f));
-    const int lever =
-        builder.Node(0, Animation("sim/lever", {{TranslationKey(0, 0, 0, 0), TranslationKey(100, 0.5f, 0, 0)}}));
+    const int lever = builder.Node(0, "sim/lever", Slide(0.5f, 0, 0));
     builder.Part(lever, SquareAhead(-0.1f, -0.1f, 1.0f, 0.2f));
     builder.Rect(2).Text = "lever & knob";
     builder.Part(lever, SquareAhead(-0.1f, 0.3f, 1.0f, 0.1f));
@@ -65,10 +33,6 @@ inline CockpitModel::ModelData LeverModel() {
     for (CockpitModel::Vertex& vertex : builder.model.vertexBlocks[0].Children)
         vertex.nz = -1.0f;
     return std::move(builder.model);
-}
-
-inline CockpitMaker MakerOf(CockpitModel::ModelData model) {
-    return [model = std::move(model)] { return std::make_unique<ModelCockpit>(model); };
 }
 
 /// The real window on an installation in a temporary folder, with aircraft that the test makes.

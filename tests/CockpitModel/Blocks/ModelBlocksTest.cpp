@@ -15,10 +15,6 @@ std::string Printed(const RiffBlock& block, const std::string& indent = {}) {
     return stream.str();
 }
 
-std::size_t Lines(const std::string& text) {
-    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
-}
-
 } // namespace
 
 TEST(ModelBlocksPrint, ListsStopAtTheirLimits) {
@@ -37,9 +33,9 @@ TEST(ModelBlocksPrint, ListsStopAtTheirLimits) {
     RiffBlockMATE materials;
     materials.Children.resize(101);
     materials.Children[0] = {.Flags = -1, .TextureDiffuse = 2, .Detail = 3, .Scale = 0.5f};
-    EXPECT_EQ(Lines(Printed(materials)), 101u);
-    EXPECT_NE(Printed(materials, "-").find("\n-  Flags: -1, TextureDiffuse: 2, Detail: 3, Scale: 0.5\n"),
-              std::string::npos);
+    const std::string text = Printed(materials, "-");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 101);
+    EXPECT_NE(text.find("\n-  Flags: -1, TextureDiffuse: 2, Detail: 3, Scale: 0.5\n"), std::string::npos);
 }
 
 TEST(ModelBlocksPrint, RowsShowTheirWords) {
@@ -55,6 +51,10 @@ TEST(ModelBlocksPrint, RowsShowTheirWords) {
     RiffBlockSCEN scene;
     scene.Children = {{1, -1, 0}, {-1, 2, 8}};
     EXPECT_EQ(Printed(scene), "Name: , Length: 0\n  SCEN: 1,-1,0 -1,2,8  ... (2)\n");
+    RiffBlockXANK key;
+    key.Text = "knob";
+    EXPECT_EQ(Printed(key), "Name: , Length: 0\n  knob\n");
+    EXPECT_EQ(Printed(RiffBlockVisibilityInfo()), "");
 }
 
 TEST(ModelBlocksPrint, MatricesGoByColumns) {
@@ -82,13 +82,6 @@ TEST(ModelBlocksPrint, PrecisionStaysSet) {
     part.Print("-", stream);
     EXPECT_EQ(stream.str(), "-Name: , Length: 0\n-  Type: 3\n");
     EXPECT_EQ(stream.precision(), 4);
-}
-
-TEST(ModelBlocksPrint, KeysShowTheirTextAndVisibilityNothing) {
-    RiffBlockXANK key;
-    key.Text = "knob";
-    EXPECT_EQ(Printed(key), "Name: , Length: 0\n  knob\n");
-    EXPECT_EQ(Printed(RiffBlockVisibilityInfo()), "");
 }
 
 } // namespace CockpitModel

@@ -50,7 +50,10 @@ TEST_F(PanelRoadTest, PanelPartsStandBeforeTheirBasePart) {
     gauge->MouseAreas = {Support::CodeArea(10, 10, 20, 20, "push", 0x20000000),
                          Support::CodeArea(150, 0, 9, 9, "off", 0), Support::PairArea(40, 10, 20, 20, "less", "more"),
                          Support::CodeArea(10, 40, 20, 20, "WheelUp WheelDown", kWheelAndRightClick)};
-    builder.Part(0, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
+    builder.Part(0, Support::TriangleAt(2));
+    const int onOther = builder.Node(0);
+    builder.Part(onOther, Support::TriangleAt(2)).MaterialIndex =
+        static_cast<std::uint32_t>(builder.Texture("other.png"));
     Build();
     const auto& parts = Parts(0);
     ASSERT_EQ(parts.size(), 4u);
@@ -78,38 +81,21 @@ TEST_F(PanelRoadTest, PanelPartsStandBeforeTheirBasePart) {
     EXPECT_EQ(parts[3]->Rect(), nullptr);
     EXPECT_EQ(parts[3]->panel, parts[0]->panel);
     EXPECT_EQ(scene->Nodes()[0]->clickableParts.size(), 3u);
-}
+    ASSERT_EQ(Parts(onOther).size(), 1u) << "another texture shows nothing";
+    EXPECT_EQ(Parts(onOther)[0]->panel, nullptr);
 
-TEST_F(PanelRoadTest, PanelPartsArePickedAheadOfTheSurface) {
-    gauge->MouseAreas = {Support::CodeArea(10, 10, 20, 20, "push", 0)};
-    builder.Part(0, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
-    Build();
-    const auto& parts = Parts(0);
-    ASSERT_EQ(parts.size(), 2u);
+    // The first area lies ahead of the surface, from (0.1, 0.1) to (0.3, 0.3).
     const PartRay through{{0.2f, 0.15f, 0}, {0, 0, 1}}, beside{{0.35f, 0.15f, 0}, {0, 0, 1}};
-    for (const auto& part : parts)
-        ASSERT_TRUE(part->Tree().Intersect(through));
-    EXPECT_NEAR(parts[0]->Tree().Intersect(through)->distance, 1.999f, 1e-5f);
-    EXPECT_NEAR(parts[1]->Tree().Intersect(through)->distance, 2.0f, 1e-5f);
+    EXPECT_NEAR(parts[0]->Tree().Intersect(through).value().distance, 1.999f, 1e-5f);
+    EXPECT_NEAR(parts[3]->Tree().Intersect(through).value().distance, 2.0f, 1e-5f);
     EXPECT_FALSE(parts[0]->Tree().Intersect(beside));
-    EXPECT_TRUE(parts[1]->Tree().Intersect(beside));
-}
-
-TEST_F(PanelRoadTest, APartWithAnotherTextureShowsNothing) {
-    gauge->MouseAreas = {Support::CodeArea(0, 0, 100, 100, "push", 0)};
-    const int other = builder.Texture("other.png");
-    builder.Part(0, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}}).MaterialIndex = static_cast<std::uint32_t>(other);
-    Build();
-    ASSERT_EQ(Parts(0).size(), 1u);
-    EXPECT_EQ(Parts(0)[0]->panel, nullptr);
+    EXPECT_TRUE(parts[3]->Tree().Intersect(beside));
 }
 
 TEST_F(PanelRoadTest, ALeverIsDrivenByPercentWhileThePanelKeepsItsSteps) {
     gauge->MouseAreas = {Support::PairArea(10, 10, 20, 20, "less", "more")};
-    const int lever = builder.Node(
-        0, Support::Animation("(L:Throttle1Position,percent)",
-                              {{Support::TranslationKey(0, 0, 0, 0), Support::TranslationKey(100, 0, 0.1f, 0)}}));
-    builder.Part(lever, {{0, 0, 2}, {1, 0, 2}, {0, 1, 2}});
+    const int lever = builder.Node(0, "(L:Throttle1Position,percent)", Support::Slide(0, 0.1f, 0));
+    builder.Part(lever, Support::TriangleAt(2));
     Build();
     const NodePart& part = *Parts(lever).at(0);
     EXPECT_EQ(part.InteractionType, Type::Move);

@@ -2,12 +2,15 @@
 
 #include "Support/TestGaugeFile.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <iomanip>
 #include <sstream>
 
 namespace CockpitModel {
 
 namespace {
+
+using testing::ElementsAre;
 
 constexpr std::uint32_t kClicks = 0xA0000000;
 
@@ -39,11 +42,15 @@ protected:
     PanelSet panels;
 };
 
-void ExpectPlace(const PanelEntry& entry, float u, float v, float width, float height) {
-    EXPECT_NEAR(entry.U, u, 1e-7f);
-    EXPECT_NEAR(entry.V, v, 1e-7f);
-    EXPECT_NEAR(entry.Width, width, 1e-7f);
-    EXPECT_NEAR(entry.Height, height, 1e-7f);
+/// "u v width height" of each entry, to four digits.
+std::vector<std::string> Places(const std::vector<PanelEntry>& entries) {
+    std::vector<std::string> places;
+    for (const PanelEntry& entry : entries) {
+        std::ostringstream text;
+        text << std::setprecision(4) << entry.U << ' ' << entry.V << ' ' << entry.Width << ' ' << entry.Height;
+        places.push_back(text.str());
+    }
+    return places;
 }
 
 template <typename Callback>
@@ -60,74 +67,49 @@ TEST_F(PanelSetTest, FindsPanelsOfCockpitSections) {
     EXPECT_EQ(panels.Find("PLAIN.BMP")->Texture, "plain.bmp");
     EXPECT_NE(panels.Find("$two"), nullptr);
     EXPECT_EQ(panels.Find("")->Texture, "");
-    EXPECT_EQ(panels.Find("mine"), nullptr);
-    EXPECT_EQ(panels.Find("window"), nullptr);
+    Gauge().MouseAreas = {Support::CodeArea(0, 0, 1, 1, "go", 0)};
+    Read("[vcockpit2]\ntexture=T\n[vcockpit1]\ntexture=t\ngauge0=file!gauge,0,0\n");
+    EXPECT_EQ(panels.Panels().size(), 1u);
+    EXPECT_TRUE(panels.Find("t")->Entries.empty()) << "the later one counts, and sections go by name";
     std::istringstream failed("[vcockpit]\ntexture=a\n");
     failed.setstate(std::ios::failbit);
     panels.Read(failed, repository);
     EXPECT_TRUE(panels.Panels().empty());
 }
 
-TEST_F(PanelSetTest, ALaterSectionReplacesThePanelOfATexture) {
-    Gauge().MouseAreas = {Support::CodeArea(0, 0, 1, 1, "go", 0)};
-    Read("[vcockpit2]\ntexture=T\n[vcockpit1]\ntexture=t\ngauge0=file!gauge,0,0\n");
-    EXPECT_EQ(panels.Panels().size(), 1u);
-    EXPECT_TRUE(panels.Find("t")->Entries.empty()) << "sections go by name";
-}
-
 TEST_F(PanelSetTest, PlacesAreasOnTheTexture) {
     MouseArea nested;
     nested.X = 10, nested.Y = 5;
     nested.Children = {Support::CodeArea(15, 5, 50, 20, "inner", 0)};
-    const struct {
-        MouseArea area;
-        float u, v, width, height;
-    } rows[] = {
-        // (25, 10) to (75, 30) of 100 x 50, on 0.2 x 0.2 behind 0.1
-        {Support::CodeArea(25, 10, 50, 20, "a", 0), 0.15f, 0.14f, 0.1f, 0.08f},
-        {nested, 0.15f, 0.14f, 0.1f, 0.08f},
-        {Support::CodeArea(-10, -25, 500, 500, "a", 0), 0.08f, 0.0f, 0.22f, 0.3f},
-        {Support::CodeArea(150, 0, 10, 10, "a", 0), 0.4f, 0.1f, -0.1f, 0.04f},
-    };
-    for (const auto& row : rows) {
-        const auto& entries = EntriesOf(row.area);
-        ASSERT_EQ(entries.size(), 1u);
-        ExpectPlace(entries[0], row.u, row.v, row.width, row.height);
-    }
+    // (25, 10) to (75, 30) of 100 x 50, on 0.2 x 0.2 behind 0.1
+    EXPECT_THAT(Places(EntriesOf(Support::CodeArea(25, 10, 50, 20, "a", 0))), ElementsAre("0.15 0.14 0.1 0.08"));
+    EXPECT_THAT(Places(EntriesOf(nested)), ElementsAre("0.15 0.14 0.1 0.08"));
+    EXPECT_THAT(Places(EntriesOf(Support::CodeArea(-10, -20, 500, 500, "a", 0))), ElementsAre("0.08 0.02 0.22 0.28"));
+    EXPECT_THAT(Places(EntriesOf(Support::CodeArea(150, 0, 10, 10, "a", 0))), ElementsAre("0.4 0.1 -0.1 0.04"));
 }
 
-TEST_F(PanelSetTest, ChoosesTheSizeOfThePanel) {
-    const struct {
-        const char* size;
-        float u, width; // of an area of the whole gauge, which lies from 20 to 60
-    } rows[] = {
-        {"size_mm=200,100\npixel_size=50,50", 0.1f, 0.2f},
-        {"pixel_size=400,100", 0.05f, 0.1f},
-        {"", 0.2f, 0.4f},
-        {"size_mm= 80 wide, 100", 0.25f, 0.5f},
-    };
-    for (const auto& row : rows) {
-        Gauge().MouseAreas = {Support::CodeArea(0, 0, 100, 50, "a", 0)};
-        Read("[vcockpit]\n" + std::string(row.size) + "\nGauge99=file!gauge,20,0,40,10\nmygauge=file!gauge,0,0\n");
-        ASSERT_EQ(panels.Find("")->Entries.size(), 1u) << row.size;
-        ExpectPlace(panels.Find("")->Entries[0], row.u, 0, row.width, 0.1f);
-    }
-}
-
-TEST_F(PanelSetTest, LeavesOutWhatTheRepositoryDoesNotKnow) {
+TEST_F(PanelSetTest, ChoosesTheSizesOfPanelAndGauge) {
     Gauge().MouseAreas = {Support::CodeArea(0, 0, 100, 50, "a", 0)};
+    const std::pair<const char*, const char*> rows[] = {
+        {"size_mm=200,100\npixel_size=50,50", "0.1 0 0.2 0.1"}, // the whole gauge lies from 20 to 60
+        {"pixel_size=400,100", "0.05 0 0.1 0.1"},
+        {"", "0.2 0 0.4 0.1"},
+        {"size_mm= 80 wide, 100", "0.25 0 0.5 0.1"},
+    };
+    for (const auto& [size, place] : rows) {
+        Read("[vcockpit]\n" + std::string(size) + "\nGauge99=file!gauge,20,0,40,10\nmygauge=file!gauge,0,0\n");
+        EXPECT_THAT(Places(panels.Find("")->Entries), ElementsAre(place)) << size;
+    }
     Gauge().Size = {50, 50};
-    Read("[vcockpit]\ngauge1=file!other,0,0\ngauge2=elsewhere!gauge,0,0\ngauge3=gauge,0,0\ngauge4=file!gauge,1,2,3\n");
-    EXPECT_TRUE(panels.Find("")->Entries.empty());
-    EXPECT_EQ(file->loads, 1);
     Read("[vcockpit]\ngauge1=file!gauge,10,20\ngauge2=file!gauge,30,40\n");
-    ASSERT_EQ(panels.Find("")->Entries.size(), 2u);
-    ExpectPlace(panels.Find("")->Entries[0], 0.1f, 0.2f, 0.5f, 0.5f);
-    ExpectPlace(panels.Find("")->Entries[1], 0.3f, 0.4f, 0.5f, 0.5f);
+    EXPECT_THAT(Places(panels.Find("")->Entries), ElementsAre("0.1 0.2 0.5 0.5", "0.3 0.4 0.5 0.5"));
     EXPECT_EQ(Gauge().Position, Utils::Vector2(30, 40));
-    EXPECT_EQ(file->loads, 3);
     Read("[vcockpit]\nsize_mm=none\ngauge1=file!gauge,10,20\n");
     EXPECT_EQ(panels.Find("")->Entries.size(), 1u);
+    file->loads = 0;
+    Read("[vcockpit]\ngauge1=file!other,0,0\ngauge2=elsewhere!gauge,0,0\ngauge3=gauge,0,0\ngauge4=file!gauge,1,2,3\n");
+    EXPECT_TRUE(panels.Find("")->Entries.empty());
+    EXPECT_EQ(file->loads, 1) << "only a known file is loaded";
 }
 
 TEST_F(PanelSetTest, AnActionMakesARectangleOfItsCallback) {
@@ -167,8 +149,7 @@ TEST_F(PanelSetTest, APairMakesOneSteppingRectangle) {
     MouseArea pair = Support::PairArea(25, 10, 50, 20, "less", "more");
     pair.Tooltip = "Heading";
     const auto& entries = EntriesOf(pair);
-    ASSERT_EQ(entries.size(), 1u);
-    ExpectPlace(entries[0], 0.15f, 0.14f, 0.1f, 0.08f);
+    ASSERT_THAT(Places(entries), ElementsAre("0.15 0.14 0.1 0.08"));
     const MouseRect& rect = entries[0].Rect;
     EXPECT_EQ(rect.CallbackType, 3u);
     EXPECT_EQ(rect.MouseFlags, 0x20020000u);
@@ -181,31 +162,24 @@ TEST_F(PanelSetTest, APairMakesOneSteppingRectangle) {
     EXPECT_EQ(As<CallbackCode>(jump.NegativeCallback).Code, "less");
     EXPECT_EQ(As<CallbackCode>(jump.PositiveCallback).Code, "more");
 
-    MouseArea withoutActions = pair;
-    withoutActions.Children[0].Action.reset();
-    withoutActions.Children[1].Action.reset();
-    const auto& empty = EntriesOf(withoutActions);
-    ASSERT_EQ(empty.size(), 1u);
-    EXPECT_EQ(empty[0].Rect.MouseFlags, 0u);
-    EXPECT_EQ(As<CallbackCode>(As<CallbackJumpDragging>(empty[0].Rect.VariableCallback).PositiveCallback).Code, "");
+    for (MouseArea& child : pair.Children)
+        child.Action.reset();
+    const MouseRect empty = EntriesOf(pair).at(0).Rect;
+    EXPECT_EQ(empty.MouseFlags, 0u);
+    EXPECT_EQ(As<CallbackCode>(As<CallbackJumpDragging>(empty.VariableCallback).PositiveCallback).Code, "");
 }
 
 TEST_F(PanelSetTest, OtherChildrenAreMappedOneByOne) {
-    MouseArea swapped = Support::PairArea(0, 0, 50, 20, "less", "more");
+    const MouseArea pair = Support::PairArea(0, 0, 50, 20, "less", "more");
+    MouseArea swapped = pair, three = pair, misspelt = pair, withAction = pair;
     std::swap(swapped.Children[0], swapped.Children[1]);
-    MouseArea three = Support::PairArea(0, 0, 50, 20, "less", "more");
     three.Children.push_back(Support::CodeArea(0, 0, 1, 1, "third", 0));
-    MouseArea misspelt = Support::PairArea(0, 0, 50, 20, "less", "more");
     misspelt.Children[0].Name = "decrement";
-    MouseArea withAction = Support::PairArea(0, 0, 50, 20, "less", "more");
     withAction.Action = three.Children[2].Action;
-    const struct {
-        const MouseArea& area;
-        std::size_t entries;
-    } rows[] = {{swapped, 2}, {three, 3}, {misspelt, 2}, {withAction, 3}};
-    for (const auto& row : rows) {
-        const auto& entries = EntriesOf(row.area);
-        EXPECT_EQ(entries.size(), row.entries);
+    const std::pair<MouseArea, std::size_t> rows[] = {{swapped, 2}, {three, 3}, {misspelt, 2}, {withAction, 3}};
+    for (const auto& [area, count] : rows) {
+        const auto& entries = EntriesOf(area);
+        EXPECT_EQ(entries.size(), count);
         for (const PanelEntry& entry : entries)
             EXPECT_EQ(entry.Rect.CallbackType, 1u);
     }

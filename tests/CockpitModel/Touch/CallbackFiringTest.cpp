@@ -15,9 +15,6 @@ namespace {
 using Calls = std::vector<std::string>;
 using enum MouseEventKind;
 
-constexpr std::uint32_t kLeftSingle = 0x20000000, kLeftRelease = 0x00020000;
-constexpr std::uint32_t kRightSingle = 0x80000000, kRightRelease = 0x00080000;
-constexpr std::uint32_t kWheelUp = 0x00004000, kWheelDown = 0x00002000;
 constexpr std::uint32_t kEverything = 0xFFFFFFFF;
 
 struct RecordingTarget final : MouseRectCallbackTarget {
@@ -26,22 +23,17 @@ struct RecordingTarget final : MouseRectCallbackTarget {
         calls.push_back("event " + std::to_string(eventNumber) + " " + std::to_string(parameter));
     }
     void ToggleVariable(const std::string& variable, float a, float b) override {
-        Note() << "toggle " << variable << ' ' << a << ' ' << b;
+        std::ostringstream text;
+        text << "toggle " << variable << ' ' << a << ' ' << b;
+        calls.push_back(text.str());
     }
     void SetVariable(const std::string& variable, float value) override {
-        Note() << "set " << variable << ' ' << value;
+        std::ostringstream text;
+        text << "set " << variable << ' ' << value;
+        calls.push_back(text.str());
     }
 
     Calls calls;
-
-private:
-    /// Becomes a call at the end of the statement.
-    struct Line : std::ostringstream {
-        explicit Line(Calls& calls) : calls(calls) {}
-        ~Line() override { calls.push_back(str()); }
-        Calls& calls;
-    };
-    Line Note() { return Line(calls); }
 };
 
 Calls Fired(const MouseRectCallbackEvent& callback, MouseEventKind kind, std::uint32_t flags = kEverything) {
@@ -61,122 +53,114 @@ Calls Applied(const MouseRectCallbackVariable& callback, float value, const Node
 }
 
 /// What the mouse function of a gauge was given.
-struct GaugeCall {
-    std::array<unsigned char, 40> block;
-    std::uint32_t flag;
-};
-std::vector<GaugeCall> gaugeCalls;
+using ArgumentBlock = std::array<unsigned char, 40>;
+std::vector<std::pair<ArgumentBlock, std::uint32_t>> gaugeCalls;
 
 void RecordGaugeCall(void* arguments, std::uint32_t flag) {
-    std::memcpy(gaugeCalls.emplace_back().block.data(), arguments, 40);
-    gaugeCalls.back().flag = flag;
+    std::memcpy(gaugeCalls.emplace_back().first.data(), arguments, 40);
+    gaugeCalls.back().second = flag;
     std::memset(arguments, 0xEE, 40); // what a gauge leaves there does not reach the next call
 }
 
-} // namespace
-
-TEST(CallbackCodeFire, NamesTheEventsThatTheRectangleTakes) {
-    CallbackCode callback;
-    callback.Code = "(M:Event) x (M:Event)";
-    const auto run = [](const std::string& name) { return "'" + name + "' x '" + name + "'"; };
-    const struct {
-        MouseEventKind kind;
-        std::uint32_t flags;
-        Calls calls;
-    } rows[] = {
-        {LeftClick, kEverything, {run("LeftSingle"), run("LeftRelease")}},
-        {LeftClick, kLeftRelease, {run("LeftRelease")}},
-        {LeftClick, ~(kLeftSingle | kLeftRelease), {}},
-        {RightClick, kEverything, {run("RightSingle"), run("RightRelease")}},
-        {RightClick, kRightSingle, {run("RightSingle")}},
-        {LeftPress, kEverything, {run("LeftSingle")}},
-        {LeftPress, ~kLeftSingle, {}},
-        {LeftRelease, kEverything, {run("LeftRelease")}},
-        {WheelUp, kEverything, {run("WheelUp")}},
-        {WheelUp, ~kWheelUp, {}},
-        {WheelDown, kWheelDown, {run("WheelDown")}},
-        {MouseEventKind{6}, kEverything, {run("WheelDown")}},
-        {MouseEventKind{6}, ~kWheelDown, {}},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(Fired(callback, row.kind, row.flags), row.calls) << static_cast<int>(row.kind) << ' ' << row.flags;
-    callback.Code = "no event";
-    EXPECT_EQ(Fired(callback, LeftClick), (Calls{"no event", "no event"}));
+std::shared_ptr<CallbackCode> Code(const std::string& text) {
+    auto callback = std::make_shared<CallbackCode>();
+    callback->Code = text;
+    return callback;
 }
 
-TEST(CallbackFSFuncFire, PassesTheArgumentBlockAndTheFlag) {
-    CallbackFSFunc callback;
-    EXPECT_TRUE(Fired(callback, LeftClick).empty());
-    callback.Func = RecordGaugeCall;
-    callback.ArgumentA = 0x1122334455667788;
-    callback.ArgumentB = 0x0102030405060708;
-    std::array<unsigned char, 40> expected{};
+/// Steps up with the code "more" and down with "less", each with the event's name.
+CallbackJumpDragging Jump(std::int32_t xDelta, std::int32_t yDelta) {
+    CallbackJumpDragging jump;
+    jump.PositiveCallback = Code("more (M:Event)");
+    jump.NegativeCallback = Code("less (M:Event)");
+    jump.XDelta = xDelta, jump.YDelta = yDelta;
+    return jump;
+}
+
+struct NamedFlag {
+    const char* name;
+    std::uint32_t flag;
+};
+constexpr NamedFlag kLeftSingle{"LeftSingle", 0x20000000}, kLeftRelease{"LeftRelease", 0x00020000};
+constexpr NamedFlag kRightSingle{"RightSingle", 0x80000000}, kRightRelease{"RightRelease", 0x00080000};
+constexpr NamedFlag kWheelUp{"WheelUp", 0x00004000}, kWheelDown{"WheelDown", 0x00002000};
+
+} // namespace
+
+TEST(CallbackFire, CodeAndFunctionsTakeTheEventsThatTheRectangleTakes) {
+    const auto code = Code("(M:Event) x (M:Event)");
+    CallbackFSFunc function;
+    EXPECT_TRUE(Fired(function, LeftClick).empty()) << "no function";
+    function.Func = RecordGaugeCall;
+    function.ArgumentA = 0x1122334455667788;
+    function.ArgumentB = 0x0102030405060708;
+    ArgumentBlock block{};
     for (unsigned char i = 0; i < 8; ++i) {
-        expected[8 + i] = static_cast<unsigned char>(8 - i);
-        expected[16 + i] = static_cast<unsigned char>(0x11 * (8 - i));
+        block[8 + i] = static_cast<unsigned char>(8 - i);
+        block[16 + i] = static_cast<unsigned char>(0x11 * (8 - i));
     }
     const struct {
         MouseEventKind kind;
         std::uint32_t flags;
-        std::vector<std::uint32_t> passed;
+        std::vector<NamedFlag> events;
     } rows[] = {
         {LeftClick, kEverything, {kLeftSingle, kLeftRelease}},
+        {LeftClick, kLeftRelease.flag, {kLeftRelease}},
+        {LeftClick, ~(kLeftSingle.flag | kLeftRelease.flag), {}},
         {RightClick, kEverything, {kRightSingle, kRightRelease}},
+        {RightClick, kRightSingle.flag, {kRightSingle}},
         {LeftPress, kEverything, {kLeftSingle}},
+        {LeftPress, ~kLeftSingle.flag, {}},
         {LeftRelease, kEverything, {kLeftRelease}},
         {WheelUp, kEverything, {kWheelUp}},
-        {WheelDown, kEverything, {kWheelDown}},
-        {MouseEventKind{6}, kEverything, {}},
-        {RightClick, kRightRelease, {kRightRelease}},
-        {WheelDown, kWheelUp, {}},
+        {WheelUp, ~kWheelUp.flag, {}},
+        {WheelDown, kWheelDown.flag, {kWheelDown}},
+        {WheelDown, ~kWheelDown.flag, {}},
     };
     for (const auto& row : rows) {
-        gaugeCalls.clear();
-        EXPECT_TRUE(Fired(callback, row.kind, row.flags).empty());
-        std::vector<std::uint32_t> passed;
-        for (const GaugeCall& call : gaugeCalls) {
-            passed.push_back(call.flag);
-            EXPECT_EQ(call.block, expected);
+        Calls calls;
+        std::vector<std::pair<ArgumentBlock, std::uint32_t>> passed;
+        for (const auto& [name, flag] : row.events) {
+            calls.push_back("'" + std::string(name) + "' x '" + name + "'");
+            passed.emplace_back(block, flag);
         }
-        EXPECT_EQ(passed, row.passed) << static_cast<int>(row.kind) << ' ' << row.flags;
+        EXPECT_EQ(Fired(*code, row.kind, row.flags), calls) << static_cast<int>(row.kind) << ' ' << row.flags;
+        gaugeCalls.clear();
+        EXPECT_TRUE(Fired(function, row.kind, row.flags).empty());
+        EXPECT_EQ(gaugeCalls, passed) << static_cast<int>(row.kind) << ' ' << row.flags;
     }
+    gaugeCalls.clear();
+    EXPECT_EQ(Fired(*code, MouseEventKind{6}), Calls{"'WheelDown' x 'WheelDown'"});
+    EXPECT_TRUE(Fired(*code, MouseEventKind{6}, ~kWheelDown.flag).empty());
+    Fired(function, MouseEventKind{6});
+    EXPECT_TRUE(gaugeCalls.empty()) << "an event of no kind";
+    EXPECT_EQ(Fired(*Code("no event"), LeftClick), (Calls{"no event", "no event"}));
 }
 
 TEST(CallbackFire, EventsAndTogglesTakeNoNoticeOfTheRectangle) {
     CallbackEventID event;
     event.EventID = 66587;
-    const CallbackXPToggle toggle("sim/light", 0.5f, 2);
     for (const MouseEventKind kind : {LeftClick, WheelUp, MouseEventKind{9}}) {
         EXPECT_EQ(Fired(event, kind, 0), Calls{"event 66587 0"});
-        EXPECT_EQ(Fired(toggle, kind, 0), Calls{"toggle sim/light 0.5 2"});
+        EXPECT_EQ(Fired(CallbackXPToggle("sim/light", 0.5f, 2), kind, 0), Calls{"toggle sim/light 0.5 2"});
     }
 }
 
 TEST(CallbackApply, SetsVariables) {
     const CallbackXPVariable variable("sim/flap", -1, 3);
-    EXPECT_EQ(Applied(variable, 0), Calls{"set sim/flap -1"});
     EXPECT_EQ(Applied(variable, 0.25f), Calls{"set sim/flap 0"});
     EXPECT_EQ(Applied(variable, 1), Calls{"set sim/flap 3"});
     CallbackDraggingCode code;
     code.Code = "L:Throttle1Position";
-    const struct {
-        float value;
-        const char* number;
-    } rows[] = {{0.425f, "42"},  {1, "100"},
-                {-0.005f, "0"},  {0.999f, "99"},
-                {-1.5f, "-150"}, {std::numeric_limits<float>::quiet_NaN(), "0"},
-                {0.29f, "29"},   {std::numeric_limits<float>::infinity(), "0"}};
-    for (const auto& row : rows)
-        EXPECT_EQ(Applied(code, row.value), Calls{std::string(row.number) + " (>L:Throttle1Position,percent)"});
+    const std::pair<float, const char*> rows[] = {{0.425f, "42"},  {1, "100"},
+                                                  {-0.005f, "0"},  {0.999f, "99"},
+                                                  {-1.5f, "-150"}, {std::numeric_limits<float>::quiet_NaN(), "0"},
+                                                  {0.29f, "29"},   {std::numeric_limits<float>::infinity(), "0"}};
+    for (const auto& [value, number] : rows)
+        EXPECT_EQ(Applied(code, value), Calls{std::string(number) + " (>L:Throttle1Position,percent)"});
 }
 
 TEST(CallbackJumpDraggingApply, TurnsADragIntoSteps) {
-    const auto more = std::make_shared<CallbackCode>(), less = std::make_shared<CallbackCode>();
-    more->Code = "more (M:Event)";
-    less->Code = "less (M:Event)";
-    CallbackJumpDragging jump;
-    jump.PositiveCallback = more;
-    jump.NegativeCallback = less;
     const Calls up = {"more 'WheelUp'"}, down = {"less 'WheelDown'"};
     const struct {
         std::int32_t xDelta, yDelta;
@@ -189,26 +173,18 @@ TEST(CallbackJumpDraggingApply, TurnsADragIntoSteps) {
         {1, 0, false, 0, up}, {1, 0, false, -0.0f, up}, {-1, 0, false, 0, up},   {0, 0, true, 0, up},
     };
     for (const auto& row : rows) {
-        jump.XDelta = row.xDelta, jump.YDelta = row.yDelta;
         NodePart part;
         part.Reverse = row.reverse;
-        EXPECT_EQ(Applied(jump, row.value, part), row.calls)
+        EXPECT_EQ(Applied(Jump(row.xDelta, row.yDelta), row.value, part), row.calls)
             << row.xDelta << ' ' << row.yDelta << ' ' << row.reverse << ' ' << row.value;
     }
 }
 
 TEST(CallbackJumpDraggingApply, TakesTheEventsOfThePart) {
-    const auto more = std::make_shared<CallbackCode>(), less = std::make_shared<CallbackCode>();
-    more->Code = "more (M:Event)";
-    less->Code = "less (M:Event)";
-    CallbackJumpDragging jump;
-    jump.PositiveCallback = more;
-    jump.NegativeCallback = less;
     const struct {
         TouchEventType type;
         Calls positive, negative;
     } rows[] = {
-        {TouchEventType::Wheel, {"more 'WheelUp'"}, {"less 'WheelDown'"}},
         {TouchEventType::LClickRClick,
          {"more 'LeftSingle'", "more 'LeftRelease'"},
          {"less 'RightSingle'", "less 'RightRelease'"}},
@@ -220,11 +196,12 @@ TEST(CallbackJumpDraggingApply, TakesTheEventsOfThePart) {
     for (const auto& row : rows) {
         NodePart part;
         part.EventType = row.type;
-        EXPECT_EQ(Applied(jump, 1, part), row.positive);
-        EXPECT_EQ(Applied(jump, -1, part), row.negative);
+        EXPECT_EQ(Applied(Jump(0, 0), 1, part), row.positive);
+        EXPECT_EQ(Applied(Jump(0, 0), -1, part), row.negative);
     }
-    jump.NegativeCallback = nullptr;
-    EXPECT_TRUE(Applied(jump, -1).empty());
+    CallbackJumpDragging half = Jump(0, 0);
+    half.NegativeCallback = nullptr;
+    EXPECT_TRUE(Applied(half, -1).empty());
 }
 
 } // namespace CockpitModel

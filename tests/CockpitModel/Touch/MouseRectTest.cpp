@@ -36,10 +36,7 @@ std::string DumpOf(const Dumped& dumped) {
 } // namespace
 
 TEST(MouseFlags, NamesEachBitInOrder) {
-    const struct {
-        int bit;
-        std::string name;
-    } bits[] = {
+    const std::pair<int, std::string> bits[] = {
         {10, "All"},        {11, "Leave"},        {12, "MoveRepeat"},  {13, "WheelDown"},     {14, "WheelUp"},
         {15, "WheelSkip"},  {16, "WheelFlip"},    {17, "LeftRelease"}, {18, "MiddleRelease"}, {19, "RightRelease"},
         {21, "DownRepeat"}, {22, "Move"},         {23, "LeftDrag"},    {24, "MiddleDrag"},    {25, "RightDrag"},
@@ -55,52 +52,38 @@ TEST(MouseFlags, NamesEachBitInOrder) {
     EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(0xFFFFFFFF)), all);
     for (const std::uint32_t word : {0u, unnamed, 0x00100000u, 0x04000000u})
         EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(word)), "None") << word;
-    EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(0xA0000000)), "LeftSingle,RightSingle");
-    EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(0x00006000)), "WheelDown,WheelUp");
 }
 
-TEST(ConvertWheelToJump, LeavesOtherRectanglesAlone) {
-    const MouseRect rects[] = {
-        RectWith(Code("(M:Event) 'LeftSingle' scmp")),
-        RectWith(Code("WheelUp"), 0x2000),
-        RectWith(Code("WheelUp"), 0x4000),
-        RectWith(Code("WheelUp"), kBothWheels, 2),
-        RectWith(Code("WheelUp"), 0, 1),
-        RectWith(nullptr),
-    };
-    for (const MouseRect& before : rects) {
-        MouseRect rect = before;
-        ConvertWheelToJump(rect);
-        EXPECT_EQ(rect.CallbackType, before.CallbackType);
-        EXPECT_EQ(rect.EventCallback, before.EventCallback);
-        EXPECT_EQ(rect.VariableCallback, nullptr);
-    }
-}
-
-TEST(ConvertWheelToJump, StepsWithTheCallbackItHad) {
+TEST(ConvertWheelToJump, StepsWithTheCallbackOfBothWheelEvents) {
+    enum Outcome { Untouched, Converted, ConvertedButForClicks };
     const struct {
-        std::shared_ptr<MouseRectCallbackEvent> callback;
-        bool keepsEvent;
+        MouseRect rect;
+        Outcome outcome;
     } rows[] = {
-        {Code("WheelUp only"), false},
-        {Code("WheelDown only"), false},
-        {Code("WheelUp or LeftSingle"), true},
-        {Code("WheelDown or LeftRelease"), true},
-        {std::make_shared<CallbackEventID>(), true},
-        {std::make_shared<CallbackFSFunc>(), true},
+        {RectWith(Code("(M:Event) 'LeftSingle' scmp")), Untouched},
+        {RectWith(Code("WheelUp"), 0x2000), Untouched},
+        {RectWith(Code("WheelUp"), 0x4000), Untouched},
+        {RectWith(Code("WheelUp"), kBothWheels, 2), Untouched},
+        {RectWith(nullptr), Untouched},
+        {RectWith(Code("WheelUp only")), Converted},
+        {RectWith(Code("WheelDown only")), Converted},
+        {RectWith(Code("WheelUp or LeftSingle")), ConvertedButForClicks},
+        {RectWith(Code("WheelDown or LeftRelease")), ConvertedButForClicks},
+        {RectWith(std::make_shared<CallbackEventID>()), ConvertedButForClicks},
+        {RectWith(std::make_shared<CallbackFSFunc>()), ConvertedButForClicks},
     };
-    for (const auto& row : rows) {
-        MouseRect rect = RectWith(row.callback);
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const auto callback = rows[i].rect.EventCallback;
+        MouseRect rect = rows[i].rect;
         ConvertWheelToJump(rect);
-        EXPECT_EQ(rect.CallbackType, 3u);
-        EXPECT_EQ(rect.EventCallback, row.keepsEvent ? row.callback : nullptr);
+        EXPECT_EQ(rect.EventCallback, rows[i].outcome == Converted ? nullptr : callback) << i;
         const auto* jump = dynamic_cast<CallbackJumpDragging*>(rect.VariableCallback.get());
-        ASSERT_NE(jump, nullptr);
-        EXPECT_EQ(jump->PositiveCallback, row.callback);
-        EXPECT_EQ(jump->NegativeCallback, row.callback);
-        EXPECT_EQ(jump->XDelta, 1);
-        EXPECT_EQ(jump->YDelta, 0);
-        EXPECT_FALSE(jump->TwoCallbacks);
+        ASSERT_EQ(jump != nullptr, rows[i].outcome != Untouched) << i;
+        EXPECT_EQ(rect.CallbackType, jump ? 3u : rows[i].rect.CallbackType) << i;
+        if (!jump)
+            continue;
+        EXPECT_TRUE(jump->PositiveCallback == callback && jump->NegativeCallback == callback) << i;
+        EXPECT_EQ(std::tuple(jump->XDelta, jump->YDelta, jump->TwoCallbacks), std::tuple(1, 0, false)) << i;
     }
 }
 
@@ -111,25 +94,24 @@ TEST(MouseRectDump, ShowsFieldsAndCallbacks) {
     rect.CursorID = 7;
     rect.HelpID = 8;
     rect.MouseFlags = 0xA0000000;
-    EXPECT_EQ(DumpOf(rect), "> MouseRect:\n"
+    const std::string top = "> MouseRect:\n"
                             ">     Tooltip: Flaps/-3\n"
                             ">     CursorID: 7\n"
                             ">     HelpID: 8\n"
-                            ">     MouseFlags: LeftSingle,RightSingle\n"
-                            ">     CallbackType: 0\n");
+                            ">     MouseFlags: LeftSingle,RightSingle\n";
+    EXPECT_EQ(DumpOf(rect), top + ">     CallbackType: 0\n");
     rect.DragVector = Utils::Vector3(0.07f, 0.0f, -1.5f);
     rect.CallbackType = 3;
     rect.EventCallback = Code("go");
     rect.VariableCallback = std::make_shared<CallbackXPVariable>("sim/a", -0.5f, 1.0f);
-    const std::string text = DumpOf(rect);
-    EXPECT_EQ(text.substr(text.find(">     DragVector")), ">     DragVector: 0.07, 0, -1.5\n"
-                                                          ">     CallbackType: 3\n"
-                                                          ">         CallbackCode:\n"
-                                                          ">             Code: go\n"
-                                                          ">         CallbackXPVariable:\n"
-                                                          ">             Var: sim/a\n"
-                                                          ">             Min: -0.5\n"
-                                                          ">             Max: 1\n");
+    EXPECT_EQ(DumpOf(rect), top + ">     DragVector: 0.07, 0, -1.5\n"
+                                  ">     CallbackType: 3\n"
+                                  ">         CallbackCode:\n"
+                                  ">             Code: go\n"
+                                  ">         CallbackXPVariable:\n"
+                                  ">             Var: sim/a\n"
+                                  ">             Min: -0.5\n"
+                                  ">             Max: 1\n");
 }
 
 TEST(MouseRectDump, ShowsEachCallbackClass) {

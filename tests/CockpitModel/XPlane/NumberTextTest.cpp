@@ -122,38 +122,46 @@ TEST(NumberText, ClampsIntegers) {
         EXPECT_EQ(Integer(row.text), row.expected) << row.text;
 }
 
-TEST(NumberText, AgreesWithFromCharsOnRandomFixedNotation) {
+std::uint32_t Bits(std::mt19937_64& random, int count) {
+    return static_cast<std::uint32_t>(random() >> (64 - count));
+}
+
+/// The float above `low` and the middle between them.
+double MiddleAbove(float low) {
+    return (static_cast<double>(low) + std::nextafter(low, INFINITY)) / 2;
+}
+
+TEST(NumberText, AgreesWithFromCharsOnFixedNotationAndEveryKindOfFloat) {
     std::mt19937_64 random(4711);
-    for (int i = 0; i < 200000; ++i) {
-        std::string text = random() % 2 ? "-" : "";
-        for (std::uint64_t digits = random() % 10 + 1; digits > 0; --digits)
+    const auto digits = [&](std::uint64_t count) {
+        std::string text;
+        for (; count > 0; --count)
             text += static_cast<char>('0' + random() % 10);
-        text += '.';
-        for (std::uint64_t digits = random() % 12; digits > 0; --digits)
-            text += static_cast<char>('0' + random() % 10);
+        return text;
+    };
+    for (int i = 0; i < 200000; ++i)
+        ExpectLikeFromChars((random() % 2 ? "-" : "") + digits(random() % 10 + 1) + '.' + digits(random() % 12));
+    for (int i = 0; i < 100000; ++i) {
+        const auto value = std::bit_cast<float>(Bits(random, 32));
+        if (!std::isfinite(value))
+            continue;
+        char text[64];
+        std::snprintf(text, sizeof text, i % 2 ? "%.9g" : "%.17g", static_cast<double>(value));
         ExpectLikeFromChars(text);
     }
 }
 
 TEST(NumberText, AgreesWithFromCharsAroundTheMiddleOfTwoFloats) {
     std::mt19937_64 random(815);
-    for (int i = 0; i < 100000; ++i) {
-        // So large that the middle has at most 18 digits, which the quick reader still takes.
-        const float low = std::ldexp(1.0f + static_cast<float>(random() % (1 << 23)) / (1 << 23), 16 + i % 40);
-        const double middle = (static_cast<double>(low) + std::nextafter(low, INFINITY)) / 2;
-        for (const double value : {middle, std::nextafter(middle, 0.0), std::nextafter(middle, INFINITY)})
-            ExpectLikeFromChars(Decimal(value, i % 10));
-    }
-}
-
-TEST(NumberText, AgreesWithFromCharsWhereTheQuotientCrossesTheMiddle) {
-    std::mt19937_64 random(31);
     int crossings = 0;
     for (int i = 0; i < 100000; ++i) {
+        const float mantissa = 1.0f + static_cast<float>(Bits(random, 23)) / (1 << 23);
+        // So large that the middle has at most 18 digits, which the quick reader still takes.
+        const double middle = MiddleAbove(std::ldexp(mantissa, 16 + i % 40));
+        for (const double value : {middle, std::nextafter(middle, 0.0), std::nextafter(middle, INFINITY)})
+            ExpectLikeFromChars(Decimal(value, i % 10));
         // The numbers of 18 digits around a middle that has more; the quotient of some is on its other side.
-        const float low = std::ldexp(1.0f + static_cast<float>(random() % (1 << 23)) / (1 << 23), i % 3);
-        const double middle = (static_cast<double>(low) + std::nextafter(low, INFINITY)) / 2;
-        std::string text = Decimal(middle, 17);
+        std::string text = Decimal(MiddleAbove(std::ldexp(mantissa, i % 3)), 17);
         const std::int64_t digits = std::stoll(text.erase(1, 1));
         for (const std::int64_t beside : {digits - 1, digits, digits + 1}) {
             const auto quotient = static_cast<float>(static_cast<double>(beside) / 1e17);
@@ -163,18 +171,6 @@ TEST(NumberText, AgreesWithFromCharsWhereTheQuotientCrossesTheMiddle) {
         }
     }
     EXPECT_GT(crossings, 0);
-}
-
-TEST(NumberText, AgreesWithFromCharsOnEveryKindOfFloat) {
-    std::mt19937_64 random(99);
-    for (int i = 0; i < 100000; ++i) {
-        const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
-        if (!std::isfinite(value))
-            continue;
-        char text[64];
-        std::snprintf(text, sizeof text, i % 2 ? "%.9g" : "%.17g", static_cast<double>(value));
-        ExpectLikeFromChars(text);
-    }
 }
 
 } // namespace

@@ -55,7 +55,7 @@ TEST(XPAircraftCockpit, ReadsThePilotsEyeInMetres) {
         EXPECT_THROW(eye(bad), boost::bad_lexical_cast) << bad;
 }
 
-TEST(XPAircraftCockpit, LoadsItsModelAnewOnEachCall) {
+TEST(XPAircraftCockpit, LoadsItsModelAnewOnEachCallAndAnEmptyOneWithoutAnObject) {
     const Support::TemporaryFolder folder;
     const std::string object = folder.Write("p_cockpit.obj", "TEXTURE a.png\nVT 1 2 3 0 0 1 0 0\nTRIS 0 3");
     const auto cockpit = Open(folder / "p.acf");
@@ -65,17 +65,13 @@ TEST(XPAircraftCockpit, LoadsItsModelAnewOnEachCall) {
     EXPECT_EQ(model->sourcePath, object);
     folder.Write("p_cockpit.obj", "TRIS 0 3\nTRIS 3 3\n");
     EXPECT_EQ(cockpit->LoadModel()->parts.size(), 2u);
-}
 
-TEST(XPAircraftCockpit, MakesAnEmptyModelWithoutAnObject) {
-    const Support::TemporaryFolder folder;
     boost::filesystem::create_directories(folder / "folder_cockpit.obj");
-    for (const char* name : {"none.acf", "folder.acf"}) {
-        const auto model = Open(folder / name)->LoadModel();
-        EXPECT_EQ(model->textures.Children.size(), 1u) << name;
-        EXPECT_EQ(model->animations.size(), 1u) << name;
-        EXPECT_EQ(model->vertexBlocks.size(), 1u) << name;
-        EXPECT_TRUE(model->indexBlocks.at(0).Children.empty()) << name;
+    for (const char* name : {"none.acf", "folder.acf"}) { // without an object
+        const auto empty = Open(folder / name)->LoadModel();
+        EXPECT_EQ(empty->textures.Children.size(), 1u) << name;
+        EXPECT_EQ(empty->animations.size(), 1u) << name;
+        EXPECT_TRUE(empty->indexBlocks.at(0).Children.empty()) << name;
     }
 }
 

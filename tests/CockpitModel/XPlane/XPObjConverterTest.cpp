@@ -55,12 +55,10 @@ TEST(XPObjConverter, MakesOneMaterialForEachTexture) {
 
 TEST(XPObjConverter, TurnsVerticesToLeftHandedAxes) {
     const ModelData model = Model("VT 1 2 3 0 0 1 0.25 0.75\nIDX 0\nIDX -1\n");
-    ASSERT_EQ(model.vertexBlocks.size(), 1u);
+    ASSERT_TRUE(model.vertexBlocks.size() == 1 && model.indexBlocks.size() == 1);
     const Vertex& v = model.vertexBlocks[0].Children.at(0);
-    EXPECT_EQ((std::array{v.x, v.y, v.z}), (std::array{1.0f, 2.0f, -3.0f}));
-    EXPECT_EQ((std::array{v.nx, v.ny, v.nz}), (std::array{0.0f, 0.0f, -1.0f}));
-    EXPECT_EQ((std::array{v.u, v.v}), (std::array{0.25f, 0.75f}));
-    ASSERT_EQ(model.indexBlocks.size(), 1u);
+    EXPECT_EQ((std::array{v.x, v.y, v.z, v.nx, v.ny, v.nz, v.u, v.v}),
+              (std::array{1.0f, 2.0f, -3.0f, 0.0f, 0.0f, -1.0f, 0.25f, 0.75f}));
     EXPECT_EQ(model.indexBlocks[0].Children, (std::vector<std::uint32_t>{0, 0xFFFFFFFF}));
 }
 
@@ -109,12 +107,12 @@ TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
     EXPECT_EQ(move.name, "sim/a");
     EXPECT_EQ((std::array{move.rangeLow, move.rangeHigh, move.length, move.position, move.scale}),
               (std::array{-1.0f, 7.0f, 100.0f, 0.0f, 1.0f}));
-    ASSERT_EQ(move.tracks.size(), 1u);
-    ASSERT_EQ(move.tracks[0].size(), 2u);
-    EXPECT_TRUE(move.tracks[0][0].IsTranslation && move.tracks[0][1].IsTranslation);
-    EXPECT_EQ((std::array{move.tracks[0][0].Time, move.tracks[0][1].Time}), (std::array{0.0f, 100.0f}));
-    EXPECT_EQ(move.tracks[0][0].Translation, Utils::Vector3(1, 2, -3));
-    EXPECT_EQ(move.tracks[0][1].Translation, Utils::Vector3(4, 5, -6));
+    ASSERT_TRUE(move.tracks.size() == 1 && move.tracks[0].size() == 2);
+    const RiffBlockXANK &from = move.tracks[0][0], &to = move.tracks[0][1];
+    EXPECT_TRUE(from.IsTranslation && to.IsTranslation);
+    EXPECT_EQ((std::array{from.Time, to.Time}), (std::array{0.0f, 100.0f}));
+    EXPECT_EQ(from.Translation, Utils::Vector3(1, 2, -3));
+    EXPECT_EQ(to.Translation, Utils::Vector3(4, 5, -6));
 
     const RiffBlockXANK& turned = model.animations[2].tracks[0][1];
     EXPECT_FALSE(turned.IsTranslation);
@@ -127,22 +125,14 @@ TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
     EXPECT_EQ(zero.Rotation.vec().norm(), 0.0f);
 }
 
-TEST(XPObjConverter, GivesAModelWithoutAnimationOneStillNode) {
-    const ModelData model = Model("TRIS 0 3\n");
-    ASSERT_EQ(model.animations.size(), 1u);
-    EXPECT_EQ(model.animations[0].name, "Dummy Animation");
-    EXPECT_EQ(model.animations[0].rangeHigh, 1.0f);
-    EXPECT_EQ(model.animations[0].tracks[0][1].Translation, Utils::Vector3::Zero());
-    EXPECT_EQ(model.matrices.Children.at(0), Utils::Matrix4::Identity());
-    EXPECT_EQ(model.animationLinks.Children, (std::vector<std::int16_t>{-1}));
-    EXPECT_EQ(model.parts[0].Node, 0u);
-}
-
 TEST(XPObjConverter, SplitsStepsIntoAChain) {
     // Node 1 has three steps and the child 2: the chain is 1, 3, 4, and 2 and the draw call hang on its end.
     const ModelData model =
         Model("ANIM_begin\n" + Steps(3) + "TRIS 0 3\nANIM_begin\nTRIS 3 3\nANIM_end\nANIM_end\nTRIS 6 3\n");
     EXPECT_EQ(Names(model), "Dummy Animation step0 Dummy Animation step1 step2 ");
+    EXPECT_EQ(model.animations[0].rangeHigh, 1.0f);
+    EXPECT_EQ(model.animations[0].tracks.at(0).at(1).Translation, Utils::Vector3::Zero());
+    EXPECT_EQ(model.matrices.Children.at(4), Utils::Matrix4::Identity());
     EXPECT_EQ(Links(model), "1,-1 3,-1 -1,-1 4,-1 2,-1 ");
     EXPECT_EQ(model.parts[0].Node, 4u);
     EXPECT_EQ(model.parts[1].Node, 2u);

@@ -1,5 +1,6 @@
 #include "CockpitModel/XPlane/XPObjReader.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <limits>
 #include <sstream>
@@ -15,13 +16,6 @@ XPObjData ReadText(const std::string& text) {
     return data;
 }
 
-std::string Show(const XPObjVertex& v) {
-    std::ostringstream text;
-    for (const float value : {v.x, v.y, v.z, v.nx, v.ny, v.nz, v.u, v.v})
-        text << value << ' ';
-    return std::move(text).str();
-}
-
 /// "toggle <dataref> <value1> <value2> @<line>", the same for a drag, "none" without a manipulator.
 std::string ShowManipulator(const XPObjDrawCall& call) {
     if (!call.toggle && !call.drag)
@@ -33,17 +27,28 @@ std::string ShowManipulator(const XPObjDrawCall& call) {
     return std::move(text).str();
 }
 
-TEST(XPObjReader, LeavesPanelTextureAndRootForAnEmptyOrUnopenedStream) {
-    std::istringstream unopened("VT 1 2 3 4 5 6 7 8\n");
-    unopened.setstate(std::ios::failbit);
-    XPObjData data;
-    ReadXPObj(unopened, data);
-    for (const XPObjData& empty : {data, ReadText("")}) {
-        EXPECT_EQ(empty.textures, (std::vector<std::string>{"cockpit_3d/-PANELS-/Panel.png"}));
-        ASSERT_EQ(empty.animNodes.size(), 1u);
-        EXPECT_EQ(empty.animNodes[0].parent, kXPObjNone);
-        EXPECT_TRUE(empty.vertices.empty() && empty.indices.empty() && empty.drawCalls.empty());
+template <typename Values>
+std::string Joined(const Values& values) {
+    std::ostringstream text;
+    for (const auto& value : values)
+        text << value << ' ';
+    return std::move(text).str();
+}
+
+std::string Show(const XPObjVertex& v) {
+    return Joined(std::array{v.x, v.y, v.z, v.nx, v.ny, v.nz, v.u, v.v});
+}
+
+/// "<parent>: <steps>" of a node; a step as its kind, its numbers, both values and the dataref.
+std::string Show(const XPObjAnimNode& node) {
+    std::ostringstream text;
+    text << static_cast<std::int32_t>(node.parent) << ':';
+    for (const XPObjAnimStep& step : node.steps) {
+        text << (step.translation ? " trans " + Joined(*step.translation) : "")
+             << (step.rotation ? " rotate " + Joined(*step.rotation) : "");
+        text << "from " << step.value1 << " to " << step.value2 << " by " << step.dataref;
     }
+    return std::move(text).str();
 }
 
 TEST(XPObjReader, TakesValuesUpToTheFirstFault) {
@@ -80,13 +85,20 @@ TEST(XPObjReader, KeepsIndicesAheadOfAFault) {
               (Indices{std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min(), 5}));
 }
 
-TEST(XPObjReader, ComparesKeywordsInFullAndWithCase) {
-    const XPObjData data = ReadText("vt 1 2 3 4 5 6 7 8\nVTX 1 2 3 4 5 6 7 8\nVT\v1 2 3\n#VT 1\nV\nTEXTURE_LIT a.png\n"
-                                    "ANIM_trans_key 0 1 2 3\nIDX1 4\nTRISX 0 3\n\n \t \nANIM_begins\nIDX10x 1\n");
-    EXPECT_TRUE(data.vertices.empty() && data.indices.empty() && data.drawCalls.empty());
-    EXPECT_EQ(data.textures.size(), 1u);
-    EXPECT_EQ(data.animNodes.size(), 1u);
-    EXPECT_TRUE(data.animNodes[0].steps.empty());
+TEST(XPObjReader, LeavesPanelTextureAndRootWhereNothingIsRead) {
+    std::istringstream unopened("VT 1 2 3 4 5 6 7 8\n");
+    unopened.setstate(std::ios::failbit);
+    XPObjData fromUnopened;
+    ReadXPObj(unopened, fromUnopened);
+    // Keywords count in full and with their case.
+    const char* const unread = "vt 1 2 3 4 5 6 7 8\nVTX 1 2 3 4 5 6 7 8\nVT\v1 2 3\n#VT 1\nV\nTEXTURE_LIT a.png\n"
+                               "ANIM_trans_key 0 1 2 3\nIDX1 4\nTRISX 0 3\n\n \t \nANIM_begins\nIDX10x 1\n";
+    for (const XPObjData& data : {fromUnopened, ReadText(""), ReadText(unread)}) {
+        EXPECT_EQ(data.textures, (std::vector<std::string>{"cockpit_3d/-PANELS-/Panel.png"}));
+        ASSERT_EQ(data.animNodes.size(), 1u);
+        EXPECT_EQ(Show(data.animNodes[0]), "-1:");
+        EXPECT_TRUE(data.vertices.empty() && data.indices.empty() && data.drawCalls.empty());
+    }
 }
 
 TEST(XPObjReader, GivesDrawCallsTheTextureInForce) {
@@ -94,25 +106,17 @@ TEST(XPObjReader, GivesDrawCallsTheTextureInForce) {
                                     "ATTR_cockpit\nTRIS\nATTR_no_cockpit \t\r\nATTR_draw_disable\nTRIS 9 9999999999\n"
                                     "ATTR_cockpit_region 1\nTRIS 1 2\nATTR_draw_enable\nTRIS 1 2");
     EXPECT_EQ(data.textures, (std::vector<std::string>{"cockpit_3d/-PANELS-/Panel.png", "a", "c.png"}));
-    const struct {
-        std::int32_t offset, count;
-        std::uint32_t texture, line;
-        bool drawn;
-    } rows[] = {{0, 3, kXPObjNone, 1, true},
-                {3, 3, 1, 3, true},
-                {-6, 0, 2, 6, true},
-                {0, 0, 0, 8, true},
-                {9, std::numeric_limits<std::int32_t>::max(), 2, 11, false},
-                {1, 2, 2, 13, false},
-                {1, 2, 2, 15, true}};
-    ASSERT_EQ(data.drawCalls.size(), std::size(rows));
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        EXPECT_EQ(data.drawCalls[i].offset, rows[i].offset) << i;
-        EXPECT_EQ(data.drawCalls[i].count, rows[i].count) << i;
-        EXPECT_EQ(data.drawCalls[i].texture, rows[i].texture) << i;
-        EXPECT_EQ(data.drawCalls[i].line, rows[i].line) << i;
-        EXPECT_EQ(data.drawCalls[i].drawEnabled, rows[i].drawn) << i;
-    }
+    std::string calls;
+    for (const XPObjDrawCall& call : data.drawCalls)
+        calls += Joined(std::array<std::int64_t, 4>{call.offset, call.count, call.texture, call.line}) +
+                 (call.drawEnabled ? "drawn\n" : "hidden\n");
+    EXPECT_EQ(calls, "0 3 4294967295 1 drawn\n"
+                     "3 3 1 3 drawn\n"
+                     "-6 0 2 6 drawn\n"
+                     "0 0 0 8 drawn\n"
+                     "9 2147483647 2 11 hidden\n"
+                     "1 2 2 13 hidden\n"
+                     "1 2 2 15 drawn\n");
 }
 
 TEST(XPObjReader, KeepsTheManipulatorInForce) {
@@ -153,47 +157,31 @@ TEST(XPObjReader, NestsAnimationBlocks) {
         ReadText("ANIM_end\nANIM_trans 1 2 3 4 5 6 0 1 root\nANIM_begin\nANIM_begin\n"
                  "ANIM_rotate 0 1 0 -10 20 2 3 inner extra\nANIM_trans\nTRIS 0 3\nANIM_end\nANIM_end\n"
                  "ANIM_end\nTRIS 3 3\nANIM_begin\nANIM_rotate 0 0 1 5 x 1 2 lost");
-    ASSERT_EQ(data.animNodes.size(), 4u);
-    const std::uint32_t parents[] = {kXPObjNone, 0, 1, 0};
-    for (std::uint32_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(data.animNodes[i].index, i);
-        EXPECT_EQ(data.animNodes[i].parent, parents[i]) << i;
+    std::vector<std::string> nodes;
+    for (const XPObjAnimNode& node : data.animNodes) {
+        EXPECT_EQ(node.index, nodes.size());
+        nodes.push_back(Show(node));
     }
+    EXPECT_EQ(nodes, (std::vector<std::string>{"-1: trans 1 2 3 4 5 6 from 0 to 1 by root", "0:",
+                                               "1: rotate 0 1 0 -10 20 from 2 to 3 by inner"
+                                               " trans 0 0 0 0 0 0 from 0 to 0 by ",
+                                               "0: rotate 0 0 1 5 0 from 0 to 0 by "}));
     EXPECT_EQ(data.animNodes[0].children, (std::vector<std::uint32_t>{1, 3}));
     EXPECT_EQ(data.animNodes[1].children, (std::vector<std::uint32_t>{2}));
-    EXPECT_EQ(data.drawCalls[0].animNode, 2u);
-    EXPECT_EQ(data.drawCalls[1].animNode, 0u);
-
-    ASSERT_EQ(data.animNodes[0].steps.size(), 1u);
-    const XPObjAnimStep& root = data.animNodes[0].steps[0];
-    EXPECT_EQ(root.translation, (std::array<float, 6>{1, 2, 3, 4, 5, 6}));
-    EXPECT_FALSE(root.rotation);
-    EXPECT_EQ(root.dataref, "root");
-    ASSERT_EQ(data.animNodes[2].steps.size(), 2u);
-    const XPObjAnimStep& inner = data.animNodes[2].steps[0];
-    EXPECT_EQ(inner.rotation, (std::array<float, 5>{0, 1, 0, -10, 20}));
-    EXPECT_FALSE(inner.translation);
-    EXPECT_EQ(inner.value1, 2);
-    EXPECT_EQ(inner.value2, 3);
-    EXPECT_EQ(inner.dataref, "inner");
-    EXPECT_EQ(data.animNodes[2].steps[1].translation, (std::array<float, 6>{}));
-    ASSERT_EQ(data.animNodes[3].steps.size(), 1u);
-    EXPECT_EQ(data.animNodes[3].steps[0].rotation, (std::array<float, 5>{0, 0, 1, 5, 0}));
-    EXPECT_EQ(data.animNodes[3].steps[0].value1, 0);
-    EXPECT_EQ(data.animNodes[3].steps[0].dataref, "");
+    EXPECT_EQ(data.drawCalls.at(0).animNode, 2u);
+    EXPECT_EQ(data.drawCalls.at(1).animNode, 0u);
 }
 
 TEST(XPObjReader, KeepsLinesWholeInLongTexts) {
     constexpr int kLines = 100000;
     std::string text;
-    for (int i = 0; i < kLines; ++i)
-        text += "IDX " + std::to_string(i * 7919LL % 1000003) + (i % 3 == 0 ? "\r\n" : "\n");
+    std::vector<std::int32_t> expected;
+    for (int i = 0; i < kLines; ++i) {
+        expected.push_back(static_cast<std::int32_t>(i * 7919LL % 1000003));
+        text += "IDX " + std::to_string(expected.back()) + (i % 3 == 0 ? "\r\n" : "\n");
+    }
     const XPObjData data = ReadText(text + "TRIS 1 2");
-    ASSERT_EQ(data.indices.size(), static_cast<std::size_t>(kLines));
-    int wrong = 0;
-    for (int i = 0; i < kLines; ++i)
-        wrong += data.indices[static_cast<std::size_t>(i)] != i * 7919LL % 1000003;
-    EXPECT_EQ(wrong, 0);
+    EXPECT_TRUE(data.indices == expected);
     ASSERT_EQ(data.drawCalls.size(), 1u);
     EXPECT_EQ(data.drawCalls[0].line, static_cast<std::uint32_t>(kLines) + 1);
     EXPECT_EQ(data.drawCalls[0].count, 2);
