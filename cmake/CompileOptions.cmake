@@ -17,6 +17,8 @@ target_compile_options(vorelle_options INTERFACE
   # Keeps the machine's folders out of released programs.
   $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 if(WIN32)
+  target_compile_options(vorelle_options INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:-fmacro-prefix-map=${VORELLE_WINDOWS_PREFIX}/include/=>)
   target_compile_definitions(vorelle_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
 endif()
 if(VORELLE_WERROR)

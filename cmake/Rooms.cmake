@@ -7,9 +7,10 @@ else()
 endif()
 
 # What most files of a room include and what changes seldom is compiled once. With a compiler cache each file stands for
-# itself, as the cache would miss all of them after a change of one.
+# itself, as the cache would miss all of them after a change of one; for Windows too, as MinGW's GCC 12 warns of its own
+# library's code once that is precompiled.
 function(vorelle_precompile target)
-  if(NOT VORELLE_CCACHE AND ARGN)
+  if(NOT VORELLE_CCACHE AND NOT WIN32 AND ARGN)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()

@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# Sourced by run.sh and test.sh: the Debian packages that they need, and their installation by name.
+# Sourced by the other scripts: the Debian packages that they need, and their installation by name.
 
 tool_packages=(g++ cmake ninja-build pkg-config)
 library_packages=(libwxgtk3.2-dev libboost-dev libboost-filesystem-dev libtinyxml2-dev libpolyclipping-dev
@@ -7,6 +7,9 @@ library_packages=(libwxgtk3.2-dev libboost-dev libboost-filesystem-dev libtinyxm
 # Mesa's drivers, the software renderer among them; the loader of the toolkit's pictures, such as its check marks.
 device_packages=(libgl1-mesa-dri librsvg2-common)
 test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel)
+# What builds the Windows programs and runs their tests.
+windows_packages=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev xz-utils cmake ninja-build python3
+  libboost-dev libeigen3-dev libcli11-dev nlohmann-json3-dev googletest xvfb xauth libgl1-mesa-dri)
 
 say() {
   printf '==> %s\n' "$*"

@@ -45,10 +45,12 @@ unpack() { # NAME PATTERN [TAR-OPTION...]: leaves the sources in build/NAME
 
 with_cmake() { # NAME SUBDIR OPTION...
   local source=$cache/build/$1/$2
+  # Keeps the machine's folders out of the programs.
+  local map="-ffile-prefix-map=$source/= -ffile-prefix-map=$prefix/include/="
   shift 2
   cmake -S "$source" -B "$source/out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
     -DVORELLE_WINDOWS_PREFIX="$prefix" -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_BUILD_TYPE=Release \
-    -DBUILD_SHARED_LIBS=OFF "$@"
+    -DBUILD_SHARED_LIBS=OFF -DCMAKE_C_FLAGS="$map" -DCMAKE_CXX_FLAGS="$map" "$@"
   cmake --build "$source/out" -j "$jobs"
   cmake --install "$source/out"
 }

@@ -14,8 +14,6 @@ case "${1-}" in
   *) fail "usage: windows.sh [--tests-only]" ;;
 esac
 
-cross_packages=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev xz-utils cmake ninja-build python3
-  libboost-dev libeigen3-dev libcli11-dev nlohmann-json3-dev googletest xvfb xauth libgl1-mesa-dri)
 libraries="boost tinyxml2 polyclipping libpng pixman cairo googletest"
 [ $window = OFF ] || libraries="$libraries wxwidgets"
 cache=${WINDOWS_CACHE:-$root/build/windows-libraries}
@@ -42,7 +40,7 @@ pack() {
   say "Packed $folder and $folder.zip: unpack it into an X-Plane installation"
 }
 
-(install_packages "${cross_packages[@]}") || exit 3
+(install_packages "${windows_packages[@]}") || exit 3
 WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" || exit $?
 
 say "Building in build/windows"

@@ -3,7 +3,8 @@
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 mkdir -p "$root/build"
-export WINEPREFIX=${WINEPREFIX:-$root/build/wine} WINEDEBUG=-all
+# Names of files are UTF-8 whatever the machine is set to.
+export LC_ALL=C.UTF-8 WINEPREFIX=${WINEPREFIX:-$root/build/wine} WINEDEBUG=-all
 # No installers that ask, and no debugger that waits, when a program ends badly.
 export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
 exec timeout 120 /usr/lib/wine/wine64 "$@"

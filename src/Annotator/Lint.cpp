@@ -25,6 +25,11 @@ using CockpitModel::TouchInteractionType;
 
 constexpr std::size_t kMostOtherYokes = 4;
 
+/// The name that a file bears on the disk, also where the system finds it by another spelling; empty when there is none.
+path NamedOnDisk(const path& file) {
+    return Utils::AsListed(Utils::FindIgnoringCase(file));
+}
+
 /// X-Plane takes a texture of either kind for the other.
 std::string WithOtherExtension(const path& texture) {
     for (const char* extension : {".png", ".dds"})
@@ -36,12 +41,12 @@ std::string WithOtherExtension(const path& texture) {
 void CheckTextureFiles(const LintOutline& outline, const path& folder, LintFindings& findings) {
     for (const LintTexture& texture : outline.textures) {
         const path file = folder / texture.path;
-        const std::string found = Utils::FindIgnoringCase(file).string();
-        if (found == file.string())
+        const path found = NamedOnDisk(file);
+        if (found == file)
             continue;
         if (!found.empty())
             findings.Add(Warning, "texture-case", texture.line,
-                         "TEXTURE " + texture.path + " differs in case from the file " + found,
+                         "TEXTURE " + texture.path + " differs in case from the file " + found.string(),
                          "write it as the file is named: Linux tells them apart");
         else if (const std::string other = WithOtherExtension(file); !other.empty())
             findings.Add(Note, "texture-missing", texture.line,
@@ -154,7 +159,7 @@ std::vector<LintFinding> LintObject(const std::string& file, std::string_view te
 std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
     const path acf = info.acfPath;
     const path expected = acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
-    const path object = Utils::FindIgnoringCase(expected);
+    const path object = NamedOnDisk(expected);
     if (object.empty())
         throw std::runtime_error("there is no cockpit object " + expected.string());
     const LintOutline outline = ReadLintOutline(Utils::ReadFile(object));

@@ -26,19 +26,30 @@ bool Exists(const fs::path& path) {
     return fs::exists(path, error);
 }
 
-/// The entry of a folder that a name means, below that folder; empty when there is none.
-fs::path FindEntry(const fs::path& folder, const std::string& name) {
-    if (Exists(folder / name))
-        return folder / name;
+/// The name of a folder's entry that differs from `name` in case at most: that very name, else the first in byte order;
+/// empty when there is none. A link to nowhere is no entry.
+std::string ListedName(const fs::path& folder, const std::string& name) {
     const std::string wanted = Lower(name);
     std::string found;
     boost::system::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; entry != end;
          entry.increment(error)) {
         const std::string candidate = entry->path().filename().string();
-        if (Lower(candidate) == wanted && (found.empty() || candidate < found) && Exists(folder / candidate))
+        if (Lower(candidate) != wanted || !Exists(folder / candidate))
+            continue;
+        if (candidate == name)
+            return name;
+        if (found.empty() || candidate < found)
             found = candidate;
     }
+    return found;
+}
+
+/// The entry of a folder that a name means, below that folder; empty when there is none.
+fs::path FindEntry(const fs::path& folder, const std::string& name) {
+    if (Exists(folder / name))
+        return folder / name;
+    const std::string found = ListedName(folder, name);
     return found.empty() ? fs::path() : folder / found;
 }
 
@@ -79,6 +90,15 @@ fs::path FindIgnoringCase(const fs::path& path) {
             return {};
     }
     return found;
+}
+
+fs::path AsListed(const fs::path& path) {
+    fs::path listed;
+    for (const fs::path& name : path) {
+        const std::string found = ListedName(listed, name.string());
+        listed /= found.empty() ? name : fs::path(found);
+    }
+    return listed;
 }
 
 fs::path UserDataFolder() {

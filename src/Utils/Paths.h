@@ -14,6 +14,10 @@ namespace Utils {
 /// else the first in byte order. Back-slashes count as separators. Empty when there is none.
 boost::filesystem::path FindIgnoringCase(const boost::filesystem::path& path);
 
+/// The path with the case of each name as its folder lists it, the exact name first. What is not listed stays as it is.
+/// This tells what a file is called where the file system takes no notice of case and so finds it by any spelling.
+boost::filesystem::path AsListed(const boost::filesystem::path& path);
+
 /// The user's application data folder: XDG_DATA_HOME, else .local/share of the home; on Windows the roaming folder.
 /// Empty when there is no home.
 boost::filesystem::path UserDataFolder();

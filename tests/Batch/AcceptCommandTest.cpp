@@ -21,105 +21,58 @@ std::string Expects(const std::string& type) {
     return "        <InteractionTypeTest>" + type + "</InteractionTypeTest>\n";
 }
 
-const std::string kForward = "        <Reverse>0</Reverse>\n";
-
-TEST(AcceptCommand, RecordsDetectionOnceAndOnlyForPartsWithARectangle) {
-    const Installation installation;
-    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
-    const ProgramResult shown = RunBatch(installation, {"accept", "--dry-run", "Cub"});
-    EXPECT_EQ(shown.exitCode, 0);
-    EXPECT_THAT(shown.output, HasSubstr("2 new expectations for QVRA/Annotations/Cub.xml\n  node 0 part 1: Tap, "));
-    EXPECT_THAT(shown.output, HasSubstr("  node 1 part 0: Move, DragVariable: 0 , 1 -- sim/lever\n"));
-    EXPECT_EQ(installation.Read(kCub), "");
-
-    const ProgramResult accepted = RunBatch(installation, {"accept", "Cub"});
-    EXPECT_EQ(accepted.exitCode, 0);
-    EXPECT_EQ(accepted.output, shown.output);
-    const std::string xml = "<Overrides>\n" + Record(0, 1, Expects("Tap") + kForward) +
-                            Record(1, 0, Expects("Move") + kForward) + "</Overrides>\n";
-    EXPECT_EQ(installation.Read(kCub), xml);
-    EXPECT_EQ(RunBatch(installation, {"test"}).exitCode, 0);
-
-    const ProgramResult again = RunBatch(installation, {"accept", "Cub"});
-    EXPECT_EQ(again.exitCode, 0);
-    EXPECT_THAT(again.errors, HasSubstr("0 expectations added to 0 annotation files"));
-    EXPECT_EQ(installation.Read(kCub), xml);
-}
-
-TEST(AcceptCommand, KeepsWhatTheFileHolds) {
-    const Installation installation;
-    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
-    const std::string other = Record(0, 1, "        <InteractionType>Slide</InteractionType>\n");
-    installation.Annotations(
-        "Cub", "<!--mine-->" + Expectation(1, 0, "Twist") + other +
-                   "<Override><NodeId>0</NodeId><PartId>1</PartId><InteractionType>Radio</InteractionType>"
-                   "<Tooltip>a &lt; b</Tooltip><Reverse>1</Reverse></Override>" +
-                   Expectation(90, 1, "Tap"));
-    EXPECT_EQ(RunBatch(installation, {"accept", "Cub"}).exitCode, 0);
-    EXPECT_EQ(installation.Read(kCub),
-              "<Overrides>\n    <!--mine-->\n" + Record(1, 0, Expects("Twist")) + other +
-                  Record(0, 1,
-                         "        <InteractionType>Radio</InteractionType>\n" + Expects("Tap") +
-                             "        <Tooltip>a &lt; b</Tooltip>\n"
-                             "        <Reverse>1</Reverse>\n") +
-                  Record(90, 1, Expects("Tap")) + "</Overrides>\n");
-}
-
-TEST(AcceptCommand, InsertsInOrderAndMendsAnUnknownWord) {
-    const Installation installation;
-    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
-    installation.Annotations("Cub", Expectation(1, 0, "Slide"));
-    EXPECT_EQ(RunBatch(installation, {"accept", "Cub"}).exitCode, 0);
-    EXPECT_EQ(installation.Read(kCub), "<Overrides>\n" + Record(0, 1, Expects("Tap") + kForward) +
-                                           Record(1, 0, Expects("Move")) + "</Overrides>\n");
-}
-
-TEST(AcceptCommand, RecordsYokesWhenAsked) {
-    const Installation installation;
-    installation.Aircraft("Aircraft/Props/Cub", "Cub",
-                          Support::ObjText()
-                              .Texture()
-                              .Begin()
-                              .Line("ANIM_rotate 0 0 1 -50 50 -1 1 sim/cockpit2/controls/yoke_roll_ratio")
-                              .Begin()
-                              .Line("ANIM_rotate 1 0 0 -10 10 -1 1 sim/cockpit2/controls/yoke_pitch_ratio")
-                              .Tris()
-                              .End()
-                              .End());
-    EXPECT_THAT(RunBatch(installation, {"accept", "Cub"}).output, HasSubstr("0 new expectations"));
-    EXPECT_EQ(RunBatch(installation, {"accept", "--yoke", "Cub"}).exitCode, 0);
-    EXPECT_THAT(installation.Read(kCub), HasSubstr("<InteractionTypeTest>YokePrimary<"));
-}
-
-TEST(AcceptCommand, LeavesFilesAloneThatItCannotTakeUp) {
+TEST(AcceptCommand, AddsInOrderWhatTheFileLacksAndKeepsTheRest) {
+    const std::string forward = "        <Reverse>0</Reverse>\n";
+    const std::string twice = Record(0, 1, "        <InteractionType>Slide</InteractionType>\n");
     const struct {
         const char* name;
-        std::string annotations;
-        std::vector<std::string> words;
-        int exitCode;
-        const char* errors;
+        std::string before, after; ///< inside of "Overrides"
     } rows[] = {
-        {"no XML", "<Overrides><Over", {"Cub"}, 3, "Cub.xml: line 1 is not well-formed XML"},
-        {"does not load", "<Overrides/>", {"Piper"}, 3, "TRIS before any TEXTURE"},
-        {"no aircraft named", "<Overrides/>", {}, 2, "AIRCRAFT is required"},
-        {"unknown aircraft", "<Overrides/>", {"Boeing"}, 2, "means no aircraft"},
+        {"no expectation", "", Record(0, 1, Expects("Tap") + forward) + Record(1, 0, Expects("Move") + forward)},
+        {"an unknown word is mended", Expectation(1, 0, "Slide"),
+         Record(0, 1, Expects("Tap") + forward) + Record(1, 0, Expects("Move"))},
+        {"comments, other fields, parts that are gone",
+         "<!--mine-->" + Expectation(1, 0, "Twist") + twice +
+             "<Override><NodeId>0</NodeId><PartId>1</PartId><InteractionType>Radio</InteractionType>"
+             "<Tooltip>a &lt; b</Tooltip><Reverse>1</Reverse></Override>" +
+             Expectation(90, 1, "Tap"),
+         "    <!--mine-->\n" + Record(1, 0, Expects("Twist")) + twice +
+             Record(0, 1,
+                    "        <InteractionType>Radio</InteractionType>\n" + Expects("Tap") +
+                        "        <Tooltip>a &lt; b</Tooltip>\n        <Reverse>1</Reverse>\n") +
+             Record(90, 1, Expects("Tap"))},
     };
     for (const auto& row : rows) {
         const Installation installation;
         installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
-        installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
-        installation.Write(kCub, row.annotations);
-        std::vector<std::string> arguments{"accept"};
-        arguments.insert(arguments.end(), row.words.begin(), row.words.end());
-        const ProgramResult result = RunBatch(installation, arguments);
-        EXPECT_EQ(result.exitCode, row.exitCode) << row.name;
-        EXPECT_THAT(result.errors, HasSubstr(row.errors)) << row.name;
-        EXPECT_EQ(installation.Read(kCub), row.annotations) << row.name;
+        installation.Annotations("Cub", row.before);
+        const std::string before = installation.Read(kCub), after = "<Overrides>\n" + row.after + "</Overrides>\n";
+        const ProgramResult shown = RunBatch(installation, {"accept", "--dry-run", "Cub"});
+        EXPECT_EQ(installation.Read(kCub), before) << row.name;
+        const ProgramResult accepted = RunBatch(installation, {"accept", "Cub"});
+        EXPECT_EQ(accepted.exitCode, 0) << row.name;
+        EXPECT_EQ(accepted.output, shown.output) << row.name;
+        EXPECT_EQ(installation.Read(kCub), after) << row.name;
+        EXPECT_THAT(RunBatch(installation, {"accept", "Cub"}).errors,
+                    HasSubstr("0 expectations added to 0 annotation"));
+        EXPECT_EQ(installation.Read(kCub), after) << row.name;
     }
-    const Installation unwritable;
-    unwritable.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
-    unwritable.Write("QVRA/Annotations", "a file where the folder belongs");
-    EXPECT_EQ(RunBatch(unwritable, {"accept", "Cub"}).exitCode, 4);
+}
+
+TEST(AcceptCommand, LeavesFilesAloneThatItCannotTakeUp) {
+    const Installation installation;
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
+    installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
+    installation.Write(kCub, "<Overrides><Over");
+    const ProgramResult result = RunBatch(installation, {"accept", "Cub", "Piper"});
+    EXPECT_EQ(result.exitCode, 3);
+    EXPECT_THAT(result.errors, HasSubstr("Cub.xml: line 1 is not well-formed XML"));
+    EXPECT_THAT(result.errors, HasSubstr("TRIS before any TEXTURE"));
+    EXPECT_EQ(installation.Read(kCub), "<Overrides><Over");
+    EXPECT_EQ(installation.Read("QVRA/Annotations/Piper.xml"), "");
+    boost::filesystem::remove_all(installation / "QVRA/Annotations");
+    installation.Write("QVRA/Annotations", "a file where the folder belongs");
+    EXPECT_EQ(RunBatch(installation, {"accept", "Cub"}).exitCode, 4);
 }
 
 TEST(AcceptCommand, LetsTheFirstOfTwoAircraftWithOneFileStand) {

@@ -13,10 +13,9 @@ namespace {
 using Support::Installation;
 using Support::ObjText;
 using Support::ProgramResult;
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
-
-constexpr const char* kFolder = "QVRA/AirLogs/1389-2a5530b-4/";
 
 std::string PartXml(int node, int part, const std::string& type) {
     return "    <Part>\n        <NodeId>" + std::to_string(node) + "</NodeId>\n        <PartId>" +
@@ -34,42 +33,24 @@ TEST(DetectCommand, WritesAFilePerAircraftAndNamesThoseThatFail) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Big.Jet 1.2", "Big Jet", ThreeParts());
     installation.Aircraft("Aircraft/Props/Bare", "Bare");
-    const std::string piper = installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
-    const std::string eye = installation.Aircraft("Aircraft/Props/Eye", "Eye", "P acf/_pe_xyz/1 high\n");
+    installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
+    installation.Aircraft("Aircraft/Props/Eye", "Eye", "P acf/_pe_xyz/1 high\n");
 
     Support::Program program(BatchWords({"detect", "--jobs", "2"}), installation.path.string());
     const ProgramResult result = program.Wait();
     EXPECT_EQ(result.exitCode, 3);
-    EXPECT_EQ(result.output, "");
-    EXPECT_EQ(installation.Read(std::string(kFolder) + "Big.Jet 1.xml"), kThreePartsXml);
-    EXPECT_EQ(installation.Read(std::string(kFolder) + "Bare.xml"), "<NodePartList/>\n");
-    EXPECT_FALSE(boost::filesystem::exists(installation / (std::string(kFolder) + "Piper.xml")));
-    EXPECT_THAT(result.errors, HasSubstr("Piper (" + piper +
-                                         "): Aircraft/Props/Piper/plane_cockpit.obj(11): TRIS "
-                                         "before any TEXTURE line, so the part has no material"));
-    EXPECT_THAT(result.errors, HasSubstr("Eye (" + eye + "): " + eye));
-    EXPECT_THAT(result.errors, HasSubstr("acf/_pe_xyz/1"));
-    EXPECT_THAT(result.errors, HasSubstr("high"));
+    const std::string folder = "QVRA/AirLogs/1389-2a5530b-4/";
+    EXPECT_EQ(installation.Read(folder + "Big.Jet 1.xml"), kThreePartsXml);
+    EXPECT_EQ(installation.Read(folder + "Bare.xml"), "<NodePartList/>\n");
+    EXPECT_FALSE(boost::filesystem::exists(installation / (folder + "Piper.xml")));
+    EXPECT_THAT(result.errors, ContainsRegex("Eye \\(Aircraft/Props/Eye/plane.acf\\): .*acf/_pe_xyz/1.*high"));
     EXPECT_THAT(result.errors, Not(HasSubstr("\r"))) << "a progress bar belongs on a terminal";
 
     const std::string log = program.DataFolder().Read("data/Vorelle/batch-log.txt");
     EXPECT_THAT(log, HasSubstr("Loading aircraft for output: Big Jet - Aircraft/Props/Big.Jet 1.2/plane.acf\n"));
     EXPECT_THAT(log, HasSubstr("Model has 3 parts"));
-    EXPECT_THAT(log, HasSubstr("Loading aircraft for output: Piper - " + piper));
     EXPECT_THAT(log, HasSubstr("Failed to load model.  Skipping..."));
     EXPECT_FALSE(boost::filesystem::exists(program.DataFolder() / "data/Vorelle/log.txt"));
-}
-
-TEST(DetectCommand, WritesChosenAircraftWhereTheCallerSays) {
-    const Installation installation;
-    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
-    installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
-    const Support::TemporaryFolder caller;
-    Support::Program program(BatchWords({"-C", installation.path.string(), "detect", "--out", "new/files", "CUB"}),
-                             caller.path.string());
-    EXPECT_EQ(program.Wait().exitCode, 0);
-    EXPECT_EQ(caller.Read("new/files/Cub.xml"), kThreePartsXml);
-    EXPECT_FALSE(boost::filesystem::exists(installation / "QVRA/AirLogs"));
 }
 
 /// Two aircraft that would write Plane.xml. One can be held, so that it takes as long as the test wants.
@@ -97,17 +78,14 @@ std::vector<pid_t> ChildrenOf(pid_t process) {
 
 TEST(DetectCommand, LetsTheLaterOfTwoAircraftWithOneFileWin) {
     const Rivals rivals;
-    const auto& installation = rivals.installation;
-    installation.Write("Aircraft/" + rivals.first + "/Plane/plane_cockpit.obj", ObjText().Texture().Tris().Text());
-    for (const char* jobs : {"1", "2"}) {
-        const ProgramResult result = RunBatch(installation, {"detect", "--out", "out", "--jobs", jobs});
-        EXPECT_EQ(result.exitCode, 0);
-        EXPECT_EQ(installation.Read("out/Plane.xml"), kThreePartsXml) << jobs;
-        EXPECT_THAT(result.errors, HasSubstr("1 detected-data file"));
-    }
-    installation.Write("Aircraft/" + rivals.second + "/Plane/plane_cockpit.obj", NoMaterial().Text());
-    EXPECT_EQ(RunBatch(installation, {"detect", "--out", "out"}).exitCode, 3);
-    EXPECT_EQ(installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None"))) << "the later one does not load";
+    std::ofstream(rivals.Cockpit(rivals.first)) << ObjText().Texture().Tris().Text();
+    const ProgramResult result = RunBatch(rivals.installation, {"detect", "--out", "out", "--jobs", "1"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
+    EXPECT_THAT(result.errors, HasSubstr("1 detected-data file"));
+    std::ofstream(rivals.Cockpit(rivals.second)) << NoMaterial().Text();
+    EXPECT_EQ(RunBatch(rivals.installation, {"detect", "--out", "out"}).exitCode, 3);
+    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None"))) << "the later does not load";
 }
 
 TEST(DetectCommand, LetsTheLaterWinThoughTheEarlierEndsLast) {
@@ -117,7 +95,7 @@ TEST(DetectCommand, LetsTheLaterWinThoughTheEarlierEndsLast) {
     if (!held.IsHeld())
         GTEST_SKIP() << "no leases on this file system";
     Support::Program program(BatchWords({"detect", "--out", "out", "--jobs", "2"}), rivals.installation.path.string());
-    held.AwaitReader();
+    ASSERT_TRUE(held.AwaitReader());
     held.LetGo();
     EXPECT_EQ(program.Wait().exitCode, 0);
     EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
@@ -131,7 +109,7 @@ TEST(DetectCommand, TakesItsProcessesAlongWhenASignalEndsIt) {
             GTEST_SKIP() << "no leases on this file system";
         Support::Program program(BatchWords({"detect", "--out", "out", "--jobs", "2"}),
                                  rivals.installation.path.string());
-        held.AwaitReader();
+        ASSERT_TRUE(held.AwaitReader());
         const std::vector<pid_t> children = ChildrenOf(program.Id());
         EXPECT_FALSE(children.empty());
         std::vector<pollfd> ends;

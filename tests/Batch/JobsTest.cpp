@@ -22,97 +22,77 @@ protected:
     Support::TemporaryFolder data; // the processes log there
 };
 
-/// Aircraft that are numbered by their names.
-class Numbered {
-public:
-    explicit Numbered(std::size_t count) : infos(count) {
-        for (std::size_t i = 0; i < count; ++i)
-            infos[i].displayName = std::to_string(i);
-    }
-    AircraftSelection All() const {
-        AircraftSelection all;
-        for (const Sim::XPAircraftInfo& info : infos)
-            all.push_back(&info);
-        return all;
-    }
-
-private:
-    std::vector<Sim::XPAircraftInfo> infos;
-};
-
 std::size_t NumberOf(const Sim::AircraftInfo& aircraft) {
     return std::stoul(aircraft.displayName);
 }
 
-std::vector<JobResult> Results(const Numbered& aircraft, std::size_t processes, const Job& job) {
+/// Of jobs of aircraft that are numbered by their names, whose results come in this order.
+std::vector<JobResult> Results(std::size_t count, std::size_t processes, const Job& job) {
+    std::vector<Sim::XPAircraftInfo> aircraft(count);
+    AircraftSelection all;
+    for (std::size_t i = 0; i < count; ++i) {
+        aircraft[i].displayName = std::to_string(i);
+        all.push_back(&aircraft[i]);
+    }
     std::vector<JobResult> results;
-    RunJobs(aircraft.All(), processes, job, [&](JobResult&& result) { results.push_back(std::move(result)); });
+    RunJobs(all, processes, job, [&](JobResult&& result) {
+        EXPECT_EQ(NumberOf(*result.aircraft), results.size()) << processes;
+        results.push_back(std::move(result));
+    });
+    EXPECT_EQ(results.size(), count) << processes;
+    results.resize(count);
     return results;
 }
 
 TEST_F(Jobs, GiveTheirOutputInOrderHoweverManyRunAtOnce) {
     // Some are larger than a pipe's buffer, and the first ones take longer than those behind them.
-    const Job job = [](const Sim::AircraftInfo& aircraft) {
-        const std::size_t index = NumberOf(aircraft);
-        return std::string(index < 3 ? 3'000'000 : index, char('a' + index % 26));
+    const auto output = [](std::size_t index) {
+        return std::string(index < 3 ? 3'000'000 : index, static_cast<char>('a' + index % 26));
     };
-    const Numbered aircraft(40);
     for (const std::size_t processes : {1, 2, 7, 100}) {
-        const std::vector<JobResult> results = Results(aircraft, processes, job);
-        ASSERT_EQ(results.size(), 40u) << processes;
-        for (std::size_t i = 0; i < results.size(); ++i) {
-            EXPECT_EQ(results[i].aircraft, aircraft.All()[i]) << processes;
-            EXPECT_EQ(results[i].output, job(*results[i].aircraft)) << processes;
-            EXPECT_FALSE(results[i].failure) << processes;
-        }
+        const std::vector<JobResult> results =
+            Results(40, processes, [&](const Sim::AircraftInfo& aircraft) { return output(NumberOf(aircraft)); });
+        for (std::size_t i = 0; i < results.size(); ++i)
+            EXPECT_TRUE(results[i].output == output(i) && !results[i].failure) << i << " of " << processes;
     }
-    EXPECT_TRUE(Results(Numbered(0), 4, job).empty());
+    EXPECT_TRUE(Results(0, 4, {}).empty());
 }
 
 TEST_F(Jobs, NameHowEachProcessFailedAndKeepTheOthers) {
-    const std::vector<JobResult> results =
-        Results(Numbered(7), 3, [](const Sim::AircraftInfo& aircraft) -> std::string {
-            switch (NumberOf(aircraft)) {
-            case 1:
-                std::abort();
-            case 2:
-                raise(SIGKILL);
-                break;
-            case 3:
-                throw std::runtime_error("no material");
-            case 4:
-                _exit(7);
-            case 5:
-                throw std::bad_alloc();
-            default:
-                break;
-            }
-            return "fine";
-        });
-    ASSERT_EQ(results.size(), 7u);
-    EXPECT_EQ(results[0].output, "fine");
-    EXPECT_THAT(results[1].failure.value_or(""), HasSubstr("signal 6 (Aborted)"));
-    EXPECT_THAT(results[2].failure.value_or(""), HasSubstr("signal 9 (Killed)"));
-    EXPECT_EQ(results[3].failure, "no material");
-    EXPECT_THAT(results[4].failure.value_or(""), HasSubstr("exit code 7"));
-    EXPECT_EQ(results[5].failure, "out of memory");
-    EXPECT_EQ(results[6].output, "fine");
+    const std::function<void()> ends[] = {
+        [] {},
+        [] { std::abort(); },
+        [] { raise(SIGKILL); },
+        [] { throw std::runtime_error("no material"); },
+        [] { _exit(7); },
+        [] { throw std::bad_alloc(); },
+        [] {},
+    };
+    const char* const failures[] = {
+        "", "signal 6 (Aborted)", "signal 9 (Killed)", "no material", "exit code 7", "out of memory", ""};
+    const auto results = Results(std::size(ends), 3, [&](const Sim::AircraftInfo& aircraft) -> std::string {
+        ends[NumberOf(aircraft)]();
+        return "fine";
+    });
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        EXPECT_THAT(results[i].failure.value_or(""), HasSubstr(failures[i]));
+        EXPECT_EQ(results[i].output, results[i].failure ? "" : "fine") << i;
+        EXPECT_EQ(results[i].failure.has_value(), *failures[i] != '\0') << i;
+    }
 }
 
 TEST_F(Jobs, RunAtOnceUpToTheLimit) {
     // Each job waits until the other has begun, which two in turn never would.
     int firstToSecond[2], secondToFirst[2];
     ASSERT_EQ(pipe(firstToSecond) + pipe(secondToFirst), 0);
-    const auto results = Results(Numbered(2), 2, [&](const Sim::AircraftInfo& aircraft) {
-        const std::size_t index = NumberOf(aircraft);
-        const int out = index == 0 ? firstToSecond[1] : secondToFirst[1];
-        const int in = index == 0 ? secondToFirst[0] : firstToSecond[0];
-        char byte = 'x';
-        return std::string(write(out, &byte, 1) == 1 && read(in, &byte, 1) == 1 ? "met" : "alone");
-    });
-    ASSERT_EQ(results.size(), 2u);
-    EXPECT_EQ(results[0].output, "met");
-    EXPECT_EQ(results[1].output, "met");
+    for (const JobResult& result : Results(2, 2, [&](const Sim::AircraftInfo& aircraft) {
+             const std::size_t index = NumberOf(aircraft);
+             const int out = index == 0 ? firstToSecond[1] : secondToFirst[1];
+             const int in = index == 0 ? secondToFirst[0] : firstToSecond[0];
+             char byte = 'x';
+             return std::string(write(out, &byte, 1) == 1 && read(in, &byte, 1) == 1 ? "met" : "alone");
+         }))
+        EXPECT_EQ(result.output, "met");
 }
 
 TEST_F(Jobs, EndTheirProcessesWhenTheirResultsAreNotWantedAnyMore) {
@@ -120,30 +100,17 @@ TEST_F(Jobs, EndTheirProcessesWhenTheirResultsAreNotWantedAnyMore) {
     ASSERT_EQ(pipe(alive), 0);
     const Job job = [&](const Sim::AircraftInfo& info) -> std::string {
         close(alive[0]);
-        if (NumberOf(info) == 1)
+        if (info.displayName.empty())
             pause();
         return {};
     };
-    const Numbered aircraft(2);
-    EXPECT_THROW(RunJobs(aircraft.All(), 2, job, [](JobResult&&) { throw CommandError(kNotWritten, "full"); }),
+    Sim::XPAircraftInfo first, second;
+    first.displayName = "ends";
+    EXPECT_THROW(RunJobs({&first, &second}, 2, job, [](JobResult&&) { throw CommandError(kNotWritten, "full"); }),
                  CommandError);
     close(alive[1]);
     char byte = 0;
     EXPECT_EQ(read(alive[0], &byte, 1), 0) << "a process still holds the pipe";
-}
-
-TEST_F(Jobs, OneAloneEndsTheCommandWithItsReason) {
-    Sim::XPAircraftInfo cub;
-    cub.displayName = "Cub";
-    cub.acfPath = "Aircraft/Cub.acf";
-    EXPECT_EQ(RunJob(cub, [](const Sim::AircraftInfo& info) { return info.displayName; }), "Cub");
-    try {
-        RunJob(cub, [](const Sim::AircraftInfo&) -> std::string { throw std::runtime_error("no material"); });
-        ADD_FAILURE() << "it threw nothing";
-    } catch (const CommandError& error) {
-        EXPECT_EQ(error.code, kAircraftFailed);
-        EXPECT_STREQ(error.what(), "Cub (Aircraft/Cub.acf): no material");
-    }
 }
 
 } // namespace

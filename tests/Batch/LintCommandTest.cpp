@@ -6,38 +6,25 @@
 namespace Batch {
 namespace {
 
-using nlohmann::json;
 using Support::Installation;
 using Support::ObjText;
 using Support::ProgramResult;
+using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
-TEST(LintCommand, TellsFindingsAndHowItWentByItsExitCode) {
+TEST(LintCommand, TellsHowItWentByItsExitCode) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Clean", "Clean", ObjText().Texture().Tris());
     installation.Write("Aircraft/Props/Clean/panel.png", "");
     installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
     installation.Aircraft("Aircraft/Props/Empty", "Empty");
-
-    const ProgramResult clean = RunBatch(installation, {"lint", "Clean"});
-    EXPECT_EQ(clean.exitCode, 0) << clean.output;
-    EXPECT_THAT(clean.output, HasSubstr("plane_cockpit.obj: note: ")) << "that it has no yoke is but a note";
-    const ProgramResult piper = RunBatch(installation, {"lint", "Piper", "Clean"});
-    EXPECT_EQ(piper.exitCode, 1);
-    EXPECT_THAT(piper.output, HasSubstr("Aircraft/Props/Piper/plane_cockpit.obj:11: error: "));
-    EXPECT_THAT(piper.errors, HasSubstr("1 error, 0 warnings and 2 notes in 2 aircraft\n"));
-    EXPECT_EQ(RunBatch(installation, {"lint", "--nonsense"}).exitCode, 2);
+    EXPECT_EQ(RunBatch(installation, {"lint", "Clean"}).exitCode, 0) << "that it has no yoke is but a note";
+    EXPECT_EQ(RunBatch(installation, {"lint", "Piper", "Clean"}).exitCode, 1);
     const ProgramResult all = RunBatch(installation, {"lint"});
     EXPECT_EQ(all.exitCode, 3) << "one that cannot be read weighs more than a finding";
     EXPECT_THAT(all.errors, HasSubstr("Empty (Aircraft/Props/Empty/plane.acf): there is no cockpit object"));
-    EXPECT_THAT(all.errors, HasSubstr(" in 2 aircraft, 1 more could not be read\n"));
-
-    const json list = json::parse(RunBatch(installation, {"lint", "--json", "Piper"}).output, nullptr, false);
-    ASSERT_EQ(list.size(), 2u);
-    EXPECT_EQ(list[0]["line"], 11);
-    EXPECT_EQ(list[0]["severity"], "error");
-    EXPECT_EQ(list[0]["check"], "no-texture");
-    EXPECT_TRUE(list[1]["line"].is_null());
+    EXPECT_THAT(all.errors, HasSubstr("1 error, 0 warnings and 2 notes in 2 aircraft, 1 more could not be read\n"));
 }
 
 TEST(LintCommand, CountsWhatRepeatsItself) {
@@ -58,11 +45,11 @@ TEST(LintCommand, CountsWhatRepeatsItself) {
                                  "    write the dataref behind the two values\n" +
                                  place + "17: warning: "));
     EXPECT_THAT(shown, HasSubstr(place + "20: warning: ")) << "one line in the place of one saves nothing";
-    const std::string all = RunBatch(installation, {"lint", "--all"}).output;
-    EXPECT_THAT(all, HasSubstr(place + "16: warning: "));
-    EXPECT_THAT(all, testing::Not(HasSubstr("more like these")));
-    EXPECT_EQ(json::parse(RunBatch(installation, {"lint", "--json"}).output, nullptr, false).size(), 10u)
-        << "nine warnings, and a note that there is no yoke";
+    EXPECT_THAT(RunBatch(installation, {"lint", "--all"}).output,
+                AllOf(HasSubstr(place + "16: warning: "), Not(HasSubstr("more like these"))));
+    const auto list = nlohmann::json::parse(RunBatch(installation, {"lint", "--json"}).output, nullptr, false);
+    ASSERT_EQ(list.size(), 10u) << "nine warnings, and a note that there is no yoke";
+    EXPECT_EQ(list[9]["line"], nullptr);
 }
 
 } // namespace

@@ -5,29 +5,26 @@
 #include "Support/TemporaryFolder.h"
 
 #include <cairo.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 namespace {
 
-/// Writes a PNG whose pixels are given as cairo holds them: alpha, red, green, blue in a word, premultiplied.
-void WritePng(const std::string& path, int width, int height, std::vector<std::uint32_t> pixels) {
-    cairo_surface_t* surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.data()),
-                                                                   CAIRO_FORMAT_ARGB32, width, height, 4 * width);
-    ASSERT_EQ(cairo_surface_write_to_png(surface, path.c_str()), CAIRO_STATUS_SUCCESS);
-    cairo_surface_destroy(surface);
-}
+using Rendering::ReadBitmapFile;
+using testing::ElementsAre;
 
 TEST(BitmapFileTest, APngComesWithTheColoursThatItsPainterChose) {
     const Support::TemporaryFolder folder;
-    WritePng(folder / "a.png", 2, 2, {0xFF010203, 0x80400000, 0x00000000, 0x40404040});
-    const auto levels = Rendering::ReadBitmapFile(folder / "a.png");
+    // As cairo holds them: alpha, red, green, blue in a word, premultiplied.
+    std::uint32_t pixels[] = {0xFF010203, 0x80400000, 0x00000000, 0x40404040};
+    cairo_surface_t* surface =
+        cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels), CAIRO_FORMAT_ARGB32, 2, 2, 8);
+    ASSERT_EQ(cairo_surface_write_to_png(surface, (folder / "a.png").c_str()), CAIRO_STATUS_SUCCESS);
+    cairo_surface_destroy(surface);
+    const auto levels = ReadBitmapFile(folder / "a.png");
     ASSERT_EQ(levels.size(), 1u);
-    ASSERT_EQ(levels[0].Pixels().size(), 4u);
-    EXPECT_EQ(levels[0].Pixels()[0], 0xFF030201u) << "red is the lowest byte";
-    EXPECT_EQ(levels[0].Pixels()[1], 0x80000080u) << "half of red 128 at alpha 128 is 64";
-    EXPECT_EQ(levels[0].Pixels()[2], 0u);
-    EXPECT_EQ(levels[0].Pixels()[3], 0x40FFFFFFu);
+    // Red is the lowest byte; half of red 128 at alpha 128 was 64.
+    EXPECT_THAT(levels[0].Pixels(), ElementsAre(0xFF030201, 0x80000080, 0, 0x40FFFFFF));
 }
 
 TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
@@ -40,27 +37,19 @@ TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
         folder.Write("vast.png", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x7F\xFF\0\0\x7F\xFF", 24));
     for (const std::string& path :
          {folder / "missing.png", folder.Write("not.png", "GIF89a"), folder / "pipe.png", folder.path.string(), vast}) {
-        const auto levels = Rendering::ReadBitmapFile(path);
+        const auto levels = ReadBitmapFile(path);
         ASSERT_EQ(levels.size(), 1u) << path;
-        ASSERT_EQ(levels[0].Pixels().size(), 1u) << path;
-        EXPECT_EQ(levels[0].Pixels()[0], 0u) << path;
+        EXPECT_THAT(levels[0].Pixels(), ElementsAre(0)) << path;
     }
 }
 
 TEST(BitmapFileTest, AnyNameThatHoldsDdsTakesThatRoadAndADamagedOneIsFatal) {
     const Support::TemporaryFolder folder;
-    const std::string bytes = Support::DdsBuilder(2, 1)
-                                  .Plain(0xFF, 0xFF00, 0xFF0000, 0)
-                                  .Word(28, 2)
-                                  .Pixels({1, 2, 3, 4, 5, 6, 7, 8, 9, 9, 9, 9})
-                                  .bytes;
-    for (const char* name : {"a.dds", "A.DDS", "a.dds.png", "b.DdS old"}) {
-        const auto levels = Rendering::ReadBitmapFile(folder.Write(name, bytes));
-        ASSERT_EQ(levels.size(), 2u) << name;
-        EXPECT_EQ(levels[0].Pixels()[1], 0xFF070605u) << name;
-    }
-    Support::FatalErrorRecorder dialog;
-    EXPECT_THROW(Rendering::ReadBitmapFile(folder.Write("cut.dds", bytes.substr(0, 139))), std::exception);
+    const std::string bytes = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({1, 2, 3, 4}).bytes;
+    for (const char* name : {"a.dds", "A.DDS", "a.dds.png", "b.DdS old"})
+        EXPECT_THAT(ReadBitmapFile(folder.Write(name, bytes)).at(0).Pixels(), ElementsAre(0xFF030201)) << name;
+    const Support::FatalErrorRecorder dialog;
+    EXPECT_THROW(ReadBitmapFile(folder.Write("cut.dds", bytes.substr(0, 131))), std::exception);
     EXPECT_EQ(dialog.texts.size(), 1u);
 }
 

@@ -40,28 +40,20 @@ TYPED_TEST_P(ContextObjects, KnowsItsOwnObjects) {
     const auto geometry = own.CreateGeometry(AnyTriangle());
     EXPECT_TRUE(own.IsBitmapValid(bitmap.get()));
     EXPECT_TRUE(own.IsGeometryValid(geometry.get()));
-    {
-        TypeParam other;
-        EXPECT_FALSE(other.Context().IsBitmapValid(bitmap.get()));
-        EXPECT_FALSE(other.Context().IsGeometryValid(geometry.get()));
-        const auto theirs = other.Context().CreateBitmap(Rendering::MemBitmap(1, 1));
-        EXPECT_FALSE(own.IsBitmapValid(theirs.get()));
-        EXPECT_TRUE(other.Context().IsBitmapValid(theirs.get()));
-    }
+    auto other = std::make_unique<TypeParam>();
+    const auto theirs = other->Context().CreateBitmap(Rendering::MemBitmap(1, 1));
+    const auto theirGeometry = other->Context().CreateGeometry(AnyTriangle());
+    EXPECT_TRUE(other->Context().IsBitmapValid(theirs.get()));
+    EXPECT_FALSE(other->Context().IsBitmapValid(bitmap.get()));
+    EXPECT_FALSE(other->Context().IsGeometryValid(geometry.get()));
+    other.reset();
+    other = std::make_unique<TypeParam>(); // often at the same address
+    EXPECT_FALSE(other->Context().IsBitmapValid(theirs.get()));
+    EXPECT_FALSE(other->Context().IsGeometryValid(theirGeometry.get()));
+    other.reset();
     this->device->MakeCurrent();
+    EXPECT_FALSE(own.IsBitmapValid(theirs.get()));
     EXPECT_TRUE(own.IsBitmapValid(bitmap.get()));
-}
-
-TYPED_TEST_P(ContextObjects, TellsTheObjectsOfADeviceThatIsGoneFromThoseOfTheNext) {
-    auto device = std::make_unique<TypeParam>();
-    const auto bitmap = device->Context().CreateRenderTarget({1, 1}, 1, 0);
-    const auto geometry = device->Context().CreateGeometry(AnyTriangle());
-    device.reset();
-    device = std::make_unique<TypeParam>(); // often at the same address
-    EXPECT_FALSE(device->Context().IsBitmapValid(bitmap.get()));
-    EXPECT_FALSE(device->Context().IsGeometryValid(geometry.get()));
-    device.reset();
-    this->device->MakeCurrent();
 }
 
 TYPED_TEST_P(ContextObjects, BitmapsHaveTheSizeTheyWereMadeWith) {
@@ -71,14 +63,10 @@ TYPED_TEST_P(ContextObjects, BitmapsHaveTheSizeTheyWereMadeWith) {
     EXPECT_EQ(this->Context().CreateBitmap(Rendering::MemBitmap())->Size(), (Size{1, 1}));
     EXPECT_EQ(this->Context().LoadBitmap("no/such.png")->Size(), (Size{1, 1}));
     const Support::TemporaryFolder folder;
-    const auto dds = Support::DdsBuilder(4, 8).Code("DXT1").Pixels({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
-    EXPECT_EQ(this->Context().LoadBitmap(folder.Write("x.DDS", dds.bytes))->Size(), (Size{4, 8}));
-}
-
-TYPED_TEST_P(ContextObjects, StopsAtADamagedDdsFile) {
-    const Support::TemporaryFolder folder;
-    Support::FatalErrorRecorder dialog;
-    EXPECT_THROW(this->Context().LoadBitmap(folder.Write("x.dds", "DDS ")), std::exception);
+    const std::string dds = Support::DdsBuilder(4, 8).Code("DXT1").bytes + std::string(16, '\0');
+    EXPECT_EQ(this->Context().LoadBitmap(folder.Write("x.DDS", dds))->Size(), (Size{4, 8}));
+    const Support::FatalErrorRecorder dialog;
+    EXPECT_THROW(this->Context().LoadBitmap(folder.Write("cut.dds", "DDS ")), std::exception);
     EXPECT_EQ(dialog.texts.size(), 1u);
 }
 
@@ -89,13 +77,11 @@ TYPED_TEST_P(ContextObjects, RefusesBadDrawParameters) {
     const auto target = context.CreateRenderTarget({1, 1}, 1, 0);
     const auto lock = context.BeginRenderToTexture(*target, false);
     const auto same = Utils::Matrix4::Identity();
-    const auto draw = [&](const Rendering::GeometryDrawParams& params) {
-        context.DrawGeometry(same, same, same, *geometry, bitmap.get(), nullptr, params);
-    };
     Rendering::GeometryDrawParams params;
+    const auto draw = [&] { context.DrawGeometry(same, same, same, *geometry, bitmap.get(), nullptr, params); };
     params.effect = "nothing";
     try {
-        draw(params);
+        draw();
         ADD_FAILURE() << "an effect without a program drew";
     } catch (const std::out_of_range& error) {
         EXPECT_STREQ(error.what(), "invalid unordered_map<K, T> key");
@@ -104,13 +90,13 @@ TYPED_TEST_P(ContextObjects, RefusesBadDrawParameters) {
     rect.effect = "fxaa";
     EXPECT_THROW(context.DrawBitmap(same, same, {}, *bitmap, rect), std::out_of_range);
 
-    Support::FatalErrorRecorder dialog;
+    const Support::FatalErrorRecorder dialog;
     params.effect.clear();
     params.matrices.assign(99, same);
-    EXPECT_NO_THROW(draw(params));
+    EXPECT_NO_THROW(draw());
     EXPECT_TRUE(dialog.texts.empty());
     params.matrices.assign(100, same);
-    EXPECT_THROW(draw(params), std::exception);
+    EXPECT_THROW(draw(), std::exception);
     EXPECT_EQ(dialog.texts.size(), 1u);
     lock->Restore();
     {
@@ -120,15 +106,11 @@ TYPED_TEST_P(ContextObjects, RefusesBadDrawParameters) {
     }
     EXPECT_EQ(dialog.texts.size(), 2u);
     this->device->MakeCurrent();
+    EXPECT_NO_THROW(context.ClearBitmap(nullptr, {1, 1, 1, 1})) << "where none need be given";
+    EXPECT_NO_THROW(context.GenerateMips(nullptr));
 }
 
-TYPED_TEST_P(ContextObjects, TakesNoBitmapWhereNoneNeedBeGiven) {
-    EXPECT_NO_THROW(this->Context().ClearBitmap(nullptr, {1, 1, 1, 1}));
-    EXPECT_NO_THROW(this->Context().GenerateMips(nullptr));
-}
-
-REGISTER_TYPED_TEST_SUITE_P(ContextObjects, KnowsItsOwnObjects, TellsTheObjectsOfADeviceThatIsGoneFromThoseOfTheNext,
-                            BitmapsHaveTheSizeTheyWereMadeWith, StopsAtADamagedDdsFile, RefusesBadDrawParameters,
-                            TakesNoBitmapWhereNoneNeedBeGiven);
+REGISTER_TYPED_TEST_SUITE_P(ContextObjects, KnowsItsOwnObjects, BitmapsHaveTheSizeTheyWereMadeWith,
+                            RefusesBadDrawParameters);
 
 } // namespace Conformance

@@ -14,23 +14,14 @@ using Rendering::DdsFault;
 using Rendering::MemBitmap;
 using Support::DdsBuilder;
 
-/// A picture as text: a row a line from the top, a pixel as red, green, blue, alpha in hexadecimal.
-std::string Text(const MemBitmap& level) {
-    std::ostringstream text;
-    for (std::size_t i = 0; i < level.Pixels().size(); ++i) {
-        const std::uint32_t pixel = level.Pixels()[i];
-        for (int shift = 0; shift < 32; shift += 8)
-            text << std::hex << std::setw(2) << std::setfill('0') << (pixel >> shift & 255);
-        text << ((i + 1) % level.Width() == 0 ? '\n' : ' ');
-    }
-    return text.str();
-}
-
+/// The levels as text: a row a line from the top, a pixel as red, green, blue, alpha in hexadecimal.
 std::string Decoded(const std::string& bytes) {
-    std::string text;
+    std::ostringstream text;
     for (const MemBitmap& level : Rendering::DecodeDds(bytes, "a.dds"))
-        text += Text(level);
-    return text;
+        for (std::size_t i = 0; i < level.Pixels().size(); ++i)
+            text << std::hex << std::setw(8) << std::setfill('0') << __builtin_bswap32(level.Pixels()[i])
+                 << ((i + 1) % level.Width() == 0 ? '\n' : ' ');
+    return text.str();
 }
 
 struct Row {
@@ -81,14 +72,12 @@ TEST(DdsFileTest, DecodesEveryKindOfPixel) {
         EXPECT_EQ(Decoded(row.bytes), row.picture) << row.name;
 }
 
-struct FaultRow {
-    const char* fault; ///< what the message must tell
-    DdsBuilder file;
-};
-
 TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
     const DdsBuilder good = DdsBuilder(8, 8).Code("DXT1");
-    const FaultRow rows[] = {
+    const struct {
+        const char* fault; ///< what the message must tell
+        DdsBuilder file;
+    } rows[] = {
         {"not a DDS file", DdsBuilder(8, 8).Word(0, 0)},
         {"not a DDS file", DdsBuilder(8, 8).Word(4, 125)},
         {"0 x 8 pixels", DdsBuilder(0, 8).Code("DXT1")},
@@ -106,7 +95,7 @@ TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
         {"masks", DdsBuilder(8, 8).Plain(0x3FF, 0xFF00, 0xFF0000, 0)},
         {"neither compressed nor colours", DdsBuilder(8, 8).Word(80, 0x20000)},
     };
-    for (const FaultRow& row : rows) {
+    for (const auto& row : rows) {
         try {
             Rendering::DecodeDds(row.file.bytes, "x/a.dds");
             ADD_FAILURE() << "taken in spite of: " << row.fault;

@@ -1,8 +1,4 @@
-#!/usr/bin/env python3
 """An independent computation of what detection finds, to hold the program's output against.
-
-    expected_detection.py INSTALLATION OUT-FOLDER    writes one detected-data file per aircraft
-    expected_detection.py INSTALLATION --list        prints a line per part, with its measures
 
 It shares no code with the program. All arithmetic that the program does in 32-bit floats is done here in doubles that
 are rounded after every operation, which gives the same results for sums, products, quotients and square roots.
@@ -11,8 +7,6 @@ import math
 import os
 import re
 import struct
-import sys
-from collections import Counter
 
 _FLOAT = struct.Struct("<f")
 PANEL_TEXTURE = 0
@@ -415,34 +409,3 @@ def xml_of(by_node):
             inner = "".join(f"        <{name}>{value}</{name}>\n" for name, value in fields)
             rows.append(f"    <Part>\n{inner}    </Part>\n")
     return f"<NodePartList>\n{''.join(rows)}</NodePartList>\n" if rows else "<NodePartList/>\n"
-
-
-def list_parts(obj, by_node):
-    for node in sorted(by_node):
-        for position, part in enumerate(by_node[node]):
-            name = keys_of(obj.nodes[node])[3].decode("latin-1") if node else "-"
-            print(
-                f"  {node:3} {position:3}  {part.type:11} {part.callback or '-':6} balance {part.balance:<12.7g}"
-                f" sweep {part.sweep:<12.7g} corners {len(part.corners):4}  {name}"
-            )
-
-
-def main():
-    installation, target = sys.argv[1:3]
-    for acf_path, obj_path in aircraft_of(installation):
-        print(acf_path, end=": ")
-        try:
-            obj, by_node = detect(obj_path)
-        except Unloadable as reason:
-            print("cannot be loaded,", reason)
-            continue
-        print(dict(Counter(part.type for parts in by_node.values() for part in parts)))
-        if target == "--list":
-            list_parts(obj, by_node)
-        else:
-            with open(os.path.join(target, output_name(acf_path)), "w", encoding="ascii") as file:
-                file.write(xml_of(by_node))
-
-
-if __name__ == "__main__":
-    main()

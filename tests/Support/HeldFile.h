@@ -5,7 +5,6 @@
 #include <csignal>
 #include <fcntl.h>
 #include <string>
-#include <thread>
 #include <unistd.h>
 
 namespace Support {
@@ -15,17 +14,22 @@ namespace Support {
 class HeldFile : Utils::NonAssignable {
 public:
     explicit HeldFile(const std::string& path) {
-        signal(SIGIO, SIG_IGN); // which tells of the other's wait
+        sigemptyset(&asked);
+        sigaddset(&asked, SIGIO); // which tells that another process waits
+        sigprocmask(SIG_BLOCK, &asked, nullptr);
         descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
         held = fcntl(descriptor, F_SETLEASE, F_WRLCK) == 0;
     }
     ~HeldFile() { LetGo(); }
 
     bool IsHeld() const { return held; }
-    /// Returns once another process waits for the file.
-    void AwaitReader() const {
+    /// Returns true once another process waits for the file, false when none comes for a minute.
+    bool AwaitReader() const {
+        const timespec minute{60, 0};
         while (fcntl(descriptor, F_GETLEASE) == F_WRLCK)
-            std::this_thread::yield();
+            if (sigtimedwait(&asked, nullptr, &minute) < 0)
+                return false;
+        return true;
     }
     void LetGo() {
         if (descriptor >= 0)
@@ -34,6 +38,7 @@ public:
     }
 
 private:
+    sigset_t asked;
     int descriptor = -1;
     bool held = false;
 };

@@ -10,44 +10,41 @@ constexpr float kHalfPi = std::numbers::pi_v<float> / 2.0f;
 
 TEST(LinearAlgebra, TurnsTakeEachAxisToTheNextAsRowVectors) {
     const struct {
-        const char* name;
         Matrix4 matrix;
         Vector3 from, to, axis;
     } rows[] = {
-        {"x", RotationX(kHalfPi), {0, 1, 0}, {0, 0, 1}, {1, 0, 0}},
-        {"y", RotationY(kHalfPi), {0, 0, 1}, {1, 0, 0}, {0, 1, 0}},
-        {"z", RotationZ(kHalfPi), {1, 0, 0}, {0, 1, 0}, {0, 0, 1}},
+        {RotationX(kHalfPi), {0, 1, 0}, {0, 0, 1}, {1, 0, 0}},
+        {RotationY(kHalfPi), {0, 0, 1}, {1, 0, 0}, {0, 1, 0}},
+        {RotationZ(kHalfPi), {1, 0, 0}, {0, 1, 0}, {0, 0, 1}},
     };
     for (const auto& row : rows) {
-        EXPECT_TRUE(TransformPoint(row.from, row.matrix).isApprox(row.to, 1e-6f)) << row.name;
-        EXPECT_TRUE(TransformPoint(row.axis, row.matrix).isApprox(row.axis)) << row.name;
+        EXPECT_TRUE(TransformPoint(row.from, row.matrix).isApprox(row.to, 1e-6f)) << row.axis;
+        EXPECT_TRUE(TransformPoint(row.axis, row.matrix).isApprox(row.axis)) << row.axis;
         // The quaternion's matrix is the same turn, for an axis of any length and at an angle that is not symmetric.
         const Matrix4 third = Rotation(RotationAboutAxis(7 * row.axis, kHalfPi / 3));
-        EXPECT_TRUE((third * third * third).isApprox(row.matrix, 1e-6f)) << row.name;
+        EXPECT_TRUE((third * third * third).isApprox(row.matrix, 1e-6f)) << row.axis;
     }
-}
-
-TEST(LinearAlgebra, ChainsReadLocalTimesParent) {
     const Matrix4 chain = Scaling(2) * RotationZ(kHalfPi) * Translation({10, 20, 30});
-    EXPECT_TRUE(TransformPoint({1, 0, 5}, chain).isApprox(Vector3(10, 22, 40)));
+    EXPECT_TRUE(TransformPoint({1, 0, 5}, chain).isApprox(Vector3(10, 22, 40))) << "local times parent";
 }
 
 TEST(LinearAlgebra, TurnAboutNoAxisKeepsTheHalfAngle) {
     const Quaternion q = RotationAboutAxis(Vector3::Zero(), 2.0f);
     EXPECT_EQ(q.vec().norm(), 0.0f);
     EXPECT_FLOAT_EQ(q.w(), std::cos(1.0f));
-    EXPECT_EQ(Normalised(Vector3::Zero()), Vector3(0, 0, 0));
     EXPECT_TRUE(Normalised({0, -3, 4}).isApprox(Vector3(0, -0.6f, 0.8f)));
 }
 
 TEST(LinearAlgebra, SlerpTurnsEvenlyAndRunsPastItsEnds) {
     const Vector3 axis(1, 2, -2);
     const Quaternion from = RotationAboutAxis(axis, 0.2f), to = RotationAboutAxis(axis, 1.4f);
-    for (const float u : {-0.5f, 0.0f, 0.25f, 1.0f, 1.5f})
-        EXPECT_TRUE(Slerp(from, to, u).isApprox(RotationAboutAxis(axis, 0.2f + 1.2f * u), 1e-5f)) << u;
     Quaternion otherSign = to;
     otherSign.coeffs() *= -1.0f;
-    EXPECT_TRUE(Slerp(from, otherSign, 0.25f).isApprox(Slerp(from, to, 0.25f)));
+    for (const float u : {-0.5f, 0.0f, 0.25f, 1.0f, 1.5f}) {
+        const Quaternion expected = RotationAboutAxis(axis, 0.2f + 1.2f * u);
+        EXPECT_TRUE(Slerp(from, to, u).isApprox(expected, 1e-5f)) << u;
+        EXPECT_TRUE(Slerp(from, otherSign, u).isApprox(expected, 1e-5f)) << u;
+    }
     EXPECT_TRUE(Slerp(from, from, 0.5f).isApprox(from));
 }
 
@@ -61,7 +58,6 @@ TEST(LinearAlgebra, PerspectiveIsLeftHandedWithDepthFromZeroToOne) {
     EXPECT_TRUE(project({0, 0, 10, 1}).isApprox(Vector3(0, 0, 1)));
     // At 90 degrees the height at distance 4 is from -4 to 4, the width twice that.
     EXPECT_TRUE(project({8, 4, 4, 1}).head<2>().isApprox(Vector2(1, 1)));
-    EXPECT_TRUE(project({-8, -4, 4, 1}).head<2>().isApprox(Vector2(-1, -1)));
 }
 
 } // namespace

@@ -1,21 +1,16 @@
 #include "Utils/SaveFile.h"
 
+#include "Support/OwnProcess.h"
 #include "Support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <csignal>
-#include <functional>
 #include <gtest/gtest.h>
-#include <random>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 namespace Utils {
 
@@ -23,32 +18,18 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-constexpr uid_t kNobody = 65534;
-constexpr int kCannotTry = 77;
+using Strings = std::vector<std::string>;
+using Support::ExitCode;
+using Support::Fork;
 
-/// Forks a process that ends with the function's result.
-pid_t Fork(const std::function<int()>& run) {
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(run());
-    return child;
-}
-
-int ExitCode(pid_t child) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-/// In a child the test can only speak through its exit code: 0 when the save failed with these words.
-int FailsWith(const std::string& path, const std::string& bytes, const char* words) {
+bool FailsWith(const std::string& path, const std::string& bytes, const char* words) {
     const SaveResult result = SaveFile(path, bytes);
-    return !result && result.error.find(path) != std::string::npos && result.error.find(words) != std::string::npos ? 0
-                                                                                                                    : 1;
+    return !result && result.error.starts_with("Cannot save " + path + ": ") &&
+           result.error.find(words) != std::string::npos;
 }
 
-std::vector<std::string> Names(const fs::path& folder) {
-    std::vector<std::string> names;
+Strings Names(const fs::path& folder) {
+    Strings names;
     for (const auto& entry : fs::directory_iterator(folder))
         names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
@@ -61,27 +42,17 @@ mode_t ModeOf(const std::string& path) {
     return status.st_mode & 07777;
 }
 
-using Strings = std::vector<std::string>;
-
 } // namespace
 
-TEST(SaveFile, MakesAndReplacesFiles) {
+TEST(SaveFile, MakesAndReplacesFilesAndKeepsTheirMode) {
     const Support::TemporaryFolder folder;
-    const std::string binary("a\0\r\n\xFF", 5);
-    for (const std::string& bytes : {std::string("first"), binary, std::string(1 << 20, 'x'), std::string()}) {
-        EXPECT_TRUE(SaveFile(folder / "f.xml", bytes));
-        EXPECT_EQ(folder.Read("f.xml"), bytes);
-    }
     const std::string longest(255, 'n');
-    EXPECT_TRUE(SaveFile(folder / longest, "long"));
-    EXPECT_EQ(folder.Read(longest), "long");
-    EXPECT_EQ(Names(folder.path), (Strings{"f.xml", longest}));
-}
-
-TEST(SaveFile, KeepsTheMode) {
-    const Support::TemporaryFolder folder;
+    for (const std::string& bytes : {std::string("a\0\r\n\xFF", 5), std::string(1 << 20, 'x'), std::string()})
+        for (const std::string& name : {std::string("f"), longest}) {
+            EXPECT_TRUE(SaveFile(folder / name, bytes));
+            EXPECT_EQ(folder.Read(name), bytes);
+        }
     for (const mode_t mode : {0640u, 0666u, 0755u, 0600u}) {
-        folder.Write("f", "old");
         chmod((folder / "f").c_str(), mode);
         EXPECT_TRUE(SaveFile(folder / "f", "new"));
         EXPECT_EQ(ModeOf(folder / "f"), mode);
@@ -90,6 +61,7 @@ TEST(SaveFile, KeepsTheMode) {
     EXPECT_TRUE(SaveFile(folder / "g", "new"));
     umask(mask);
     EXPECT_EQ(ModeOf(folder / "g"), 0640u);
+    EXPECT_EQ(Names(folder.path), (Strings{"f", "g", longest}));
 }
 
 TEST(SaveFile, FollowsLinks) {
@@ -107,36 +79,25 @@ TEST(SaveFile, FollowsLinks) {
     EXPECT_EQ(Names(folder.path / "real"), (Strings{"f", "none-yet"}));
 }
 
-TEST(SaveFile, WritesIntoDevicesAndPipes) {
-    EXPECT_TRUE(SaveFile("/dev/null", "gone"));
-    EXPECT_EQ(FailsWith("/dev/full", "text", "No space left"), 0);
-    for (const char* device : {"/dev/null", "/dev/full"})
-        EXPECT_EQ(fs::status(device).type(), fs::character_file) << device;
-    const Support::TemporaryFolder folder;
-    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-    EXPECT_FALSE(SaveFile(folder / "pipe", "nobody reads"));
-}
-
 TEST(SaveFile, SaysWhatIsInTheWay) {
     const Support::TemporaryFolder folder;
-    folder.Write("folder/inside", "kept");
-    folder.Write("file", "kept");
+    const std::string inside = folder.Write("folder/inside", "kept"), file = folder.Write("file", "kept");
     fs::create_symlink("loop", folder / "loop");
-    const struct {
-        const char* name;
-        const char* words;
-    } rows[] = {
-        {"folder", "Is a directory"},  {"missing/f", "No such file"},
-        {"file/f", "Not a directory"}, {"loop", "Too many levels of symbolic links"},
-        {"", "Is a directory"},
+    const std::string pipe = folder / "pipe", tooLong = folder / std::string(256, 'n');
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::pair<std::string, const char*> rows[] = {
+        {folder / "folder", "Is a directory"}, {folder / "missing/f", "No such file"},
+        {file + "/f", "Not a directory"},      {folder / "loop", "Too many levels of symbolic links"},
+        {tooLong, "File name too long"},       {pipe, "No such device"}, // nobody reads it
+        {"/dev/full", "No space left"},        {"", "No such file"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(FailsWith(folder / row.name, "new", row.words), 0) << row.name;
-    EXPECT_FALSE(SaveFile("", "new"));
-    EXPECT_FALSE(SaveFile(folder / std::string(256, 'n'), "new"));
-    EXPECT_EQ(folder.Read("folder/inside"), "kept");
-    EXPECT_EQ(folder.Read("file"), "kept");
-    EXPECT_EQ(Names(folder.path), (Strings{"file", "folder", "loop"}));
+    for (const auto& [path, words] : rows)
+        EXPECT_TRUE(FailsWith(path, "new", words)) << path;
+    EXPECT_TRUE(SaveFile("/dev/null", "gone"));
+    for (const char* device : {"/dev/null", "/dev/full"})
+        EXPECT_EQ(fs::status(device).type(), fs::character_file) << device;
+    EXPECT_EQ(folder.Read("folder/inside") + folder.Read("file"), "keptkept");
+    EXPECT_EQ(Names(folder.path), (Strings{"file", "folder", "loop", "pipe"}));
 }
 
 TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
@@ -145,7 +106,7 @@ TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
     const pid_t child = Fork([&] {
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{4096, 4096};
-        return setrlimit(RLIMIT_FSIZE, &limit) ? kCannotTry : FailsWith(path, std::string(8192, 'x'), "File too large");
+        return setrlimit(RLIMIT_FSIZE, &limit) != 0 || !FailsWith(path, std::string(8192, 'x'), "File too large");
     });
     EXPECT_EQ(ExitCode(child), 0);
     EXPECT_EQ(folder.Read("f"), "old");
@@ -154,22 +115,17 @@ TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
 
 TEST(SaveFile, LeavesTheOldFileOnAFullFileSystem) {
     const Support::TemporaryFolder folder;
-    // The mount lives in a name space of the child's own, and dies with it.
-    const pid_t child = Fork([&] {
-        if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
-            return kCannotTry;
-        mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
-        if (mount("tmpfs", folder.path.c_str(), "tmpfs", 0, "size=64k") != 0)
-            return kCannotTry;
+    const int code = ExitCode(Fork([&] {
+        if (!Support::MountSmall(folder.path.string(), "64k"))
+            return Support::kCannotTry;
         const std::string path = folder / "f";
-        if (!SaveFile(path, "old") || FailsWith(path, std::string(1 << 20, 'x'), "No space left") != 0)
+        if (!SaveFile(path, "old") || !FailsWith(path, std::string(1 << 20, 'x'), "No space left"))
             return 1;
         if (folder.Read("f") != "old" || Names(folder.path) != Strings{"f"})
             return 2;
         return SaveFile(path, "new") && folder.Read("f") == "new" ? 0 : 3;
-    });
-    const int code = ExitCode(child);
-    if (code == kCannotTry)
+    }));
+    if (code == Support::kCannotTry)
         GTEST_SKIP() << "a small file system cannot be mounted here";
     EXPECT_EQ(code, 0);
 }
@@ -183,21 +139,20 @@ TEST(SaveFile, LeavesTheOldFileWithoutARight) {
     chmod((folder / "closed").c_str(), 0555);
     chmod(readOnly.c_str(), 0444);
     chmod((folder / "open").c_str(), 0777);
-    const pid_t child = Fork([&] {
-        if (geteuid() == 0 && setresuid(kNobody, kNobody, kNobody) != 0) // root needs no right
-            return kCannotTry;
-        return FailsWith(inReadOnlyFolder, "new", "Permission denied") +
-               FailsWith(readOnly, "new", "Permission denied");
-    });
-    const int code = ExitCode(child);
+    const int code = ExitCode(Fork([&] {
+        if (!Support::BecomeNobody())
+            return Support::kCannotTry;
+        const char* const words = "Permission denied";
+        return FailsWith(inReadOnlyFolder, "new", words) && FailsWith(readOnly, "new", words) ? 0 : 1;
+    }));
     chmod((folder / "closed").c_str(), 0755);
-    if (code == kCannotTry)
+    if (code == Support::kCannotTry)
         GTEST_SKIP() << "root cannot give up its rights here";
     EXPECT_EQ(code, 0);
-    EXPECT_EQ(folder.Read("closed/f"), "old");
-    EXPECT_EQ(folder.Read("open/f"), "old");
-    EXPECT_EQ(Names(folder.path / "closed"), Strings{"f"});
-    EXPECT_EQ(Names(folder.path / "open"), Strings{"f"});
+    for (const std::string place : {"closed", "open"}) {
+        EXPECT_EQ(folder.Read(place + "/f"), "old");
+        EXPECT_EQ(Names(folder.path / place), Strings{"f"});
+    }
 }
 
 TEST(SaveFile, SweepsWhatTheDeadLeftAndSparesTheLiving) {
@@ -205,20 +160,19 @@ TEST(SaveFile, SweepsWhatTheDeadLeftAndSparesTheLiving) {
     const pid_t dead = Fork([] { return 0; });
     ExitCode(dead);
     const std::string deadNumber = std::to_string(dead);
-    const Strings spared = {".f.1.saving",
-                            ".g." + deadNumber + ".saving",
-                            ".f." + deadNumber + "x.saving",
-                            ".f..saving",
-                            ".f." + deadNumber,
-                            ".f.-5.saving",
-                            ".f.0.saving",
-                            ".f.99999999999999.saving"};
-    for (const std::string& name : spared)
+    Strings expected = {".f.1.saving", // of the system's first process
+                        ".g." + deadNumber + ".saving",
+                        ".f." + deadNumber + "x.saving",
+                        ".f." + deadNumber,
+                        ".f..saving",
+                        ".f.-5.saving",
+                        ".f.0.saving",
+                        ".f.99999999999999.saving"};
+    for (const std::string& name : expected)
         folder.Write(name, "spared");
     folder.Write(".f." + deadNumber + ".saving", "half");
     folder.Write(".f." + std::to_string(getpid()) + ".saving", "half"); // of an earlier process with this number
     EXPECT_TRUE(SaveFile(folder / "f", "new"));
-    Strings expected = spared;
     expected.push_back("f");
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(Names(folder.path), expected);
@@ -229,15 +183,13 @@ TEST(SaveFile, AKillLeavesOneTextWhole) {
     const std::string path = folder / "f";
     const std::string texts[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_TRUE(SaveFile(path, texts[0]));
-    std::mt19937 random(1);
-    std::uniform_int_distribution<int> microseconds(0, 3000);
     for (int run = 0; run < 300; ++run) {
         const pid_t child = Fork([&]() -> int {
             for (int i = 0;; ++i)
                 SaveFile(path, texts[i % 2]);
         });
         // Spreads the kills over all that a save does.
-        std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
+        std::this_thread::sleep_for(std::chrono::microseconds(run * 10));
         kill(child, SIGKILL);
         ExitCode(child);
         const std::string found = folder.Read("f");
@@ -260,8 +212,7 @@ TEST(SaveFile, ThreadsTakeTurns) {
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(failures, 0);
-    const std::string text = folder.Read("f");
-    EXPECT_EQ(text, std::string(10'000, text.at(0)));
+    EXPECT_EQ(folder.Read("f"), std::string(10'000, folder.Read("f").at(0)));
     EXPECT_EQ(Names(folder.path), Strings{"f"});
 }
 

@@ -4,6 +4,7 @@
 #include "Utils/SaveFile.h"
 #include "Utils/WideText.h"
 
+#include <chrono>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -21,24 +22,25 @@ TEST(WindowsServices, TextsAreUtf8InsideAndWideOutside) {
     EXPECT_EQ(boost::filesystem::path(wide).string(), text);
 }
 
-TEST(WindowsServices, FilesMayHaveAnyName) {
+TEST(WindowsServices, AFileFoundByAnotherSpellingIsNamedAsTheDiskDoes) {
     const Support::TemporaryFolder folder;
-    const std::string path = folder / "\xE6\x97\xA5\xE6\x9C\xAC.xml";
-    EXPECT_TRUE(SaveFile(path, "bytes\r\n\x1A"));
-    EXPECT_EQ(ReadFile(path), "bytes\r\n\x1A");
-    std::ifstream stream(StreamPath(path), std::ios::binary);
-    EXPECT_EQ(ReadAll(stream), "bytes\r\n\x1A");
-    EXPECT_NE(GetFileAttributesW((folder.path / L"\x65E5\x672C.xml").c_str()), INVALID_FILE_ATTRIBUTES);
+    folder.Write("Plane/Objects/A.png", "");
+    const boost::filesystem::path found = FindIgnoringCase(folder / "plane\\OBJECTS/a.PNG");
+    EXPECT_EQ(AsListed(found), folder.path / "Plane/Objects/A.png");
+    EXPECT_EQ(AsListed(folder / "plane/objects/b.png"), folder.path / "Plane/Objects/b.png");
 }
 
 TEST(WindowsServices, ASaveReplacesAllOrNothing) {
     const Support::TemporaryFolder folder;
-    const std::string path = folder.Write("f", "old");
-    folder.Write("f.saving", "left by a process that was killed");
-    for (const std::string& bytes : {std::string("new"), std::string(3 << 20, 'x'), std::string()}) {
+    const std::string name = "\xE6\x97\xA5\xE6\x9C\xAC.xml", path = folder / name;
+    folder.Write(name + ".saving", "left by a process that was killed");
+    for (const std::string& bytes : {std::string("a\r\n\x1A"), std::string(3 << 20, 'x'), std::string()}) {
         EXPECT_TRUE(SaveFile(path, bytes));
         EXPECT_EQ(ReadFile(path), bytes);
+        std::ifstream stream(StreamPath(path), std::ios::binary);
+        EXPECT_EQ(ReadAll(stream), bytes);
     }
+    EXPECT_NE(GetFileAttributesW((folder.path / L"\x65E5\x672C.xml").c_str()), INVALID_FILE_ATTRIBUTES);
     ASSERT_TRUE(SaveFile(path, "kept"));
     ASSERT_TRUE(SetFileAttributesW(boost::filesystem::path(path).c_str(), FILE_ATTRIBUTE_READONLY));
     for (const std::string& refused : {path, folder.path.string(), folder / "missing/f"}) {
@@ -56,7 +58,9 @@ TEST(WindowsServices, TheSystemAnswers) {
     EXPECT_EQ(Platform::LastError(), 4711u);
     std::int64_t before = 0, after = 0;
     ASSERT_TRUE(Platform::ReadCounter(before));
-    Sleep(20);
+    const auto start = std::chrono::steady_clock::now();
+    while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(20)) {
+    }
     ASSERT_TRUE(Platform::ReadCounter(after));
     const double seconds = static_cast<double>(after - before) / static_cast<double>(Platform::CounterFrequency());
     EXPECT_GE(seconds, 0.015);

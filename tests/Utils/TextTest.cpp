@@ -17,20 +17,13 @@ Views Lines(std::string_view text) {
 TEST(Text, EndsLinesAtLineFeeds) {
     using namespace std::string_view_literals;
     EXPECT_EQ(Lines(""), Views());
-    EXPECT_EQ(Lines("a\nb"), (Views{"a", "b"}));
     EXPECT_EQ(Lines("a\r\n\r\n\nb\r"), (Views{"a", "", "", "b"}));
     EXPECT_EQ(Lines("a\rb\r\r\nc\n"), (Views{"a\rb\r", "c"}));
     EXPECT_EQ(Lines("\0\n\0"sv), (Views{"\0"sv, "\0"sv}));
 }
 
 TEST(Text, SplitsAtBlanksAndTabsAlone) {
-    EXPECT_EQ(Words(" \tP\t acf/_descrip  Blue\xA0"
-                    "Bird \r"),
-              (Views{"P", "acf/_descrip",
-                     "Blue\xA0"
-                     "Bird",
-                     "\r"}));
-    EXPECT_EQ(Words("one"), (Views{"one"}));
+    EXPECT_EQ(Words(" \tP\t acf/_descrip  Sky\xA0X \r"), (Views{"P", "acf/_descrip", "Sky\xA0X", "\r"}));
     EXPECT_EQ(Words(" \t"), Views());
     EXPECT_EQ(Trimmed("\t a b\v \t"), "a b\v");
     EXPECT_EQ(Trimmed(" \t "), "");
@@ -45,12 +38,10 @@ TEST(Text, ReplacesWhatIsNoUtf8) {
     const struct {
         std::string text, readable;
     } rows[] = {
-        {"plain", "plain"},
         {"\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x9B\xA9 \xF4\x8F\xBF\xBF",
          "\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x9B\xA9 \xF4\x8F\xBF\xBF"},
         {"Caf\xE9", "Caf" + bad},
         {"\xE9t\xE9", bad + "t" + bad},
-        {"\x80z", bad + "z"},
         {"\xC0\xAF", bad + bad},                     // over-long "/"
         {"\xE0\x9F\xBF", bad + bad + bad},           // over-long
         {"\xED\xA0\x80", bad + bad + bad},           // a surrogate

@@ -1,5 +1,7 @@
+#include "Rendering/ContextConformance.h"
 #include "Rendering/OpenGL/EglDevice.h"
 #include "Rendering/OpenGL/Shader.h"
+#include "Rendering/PictureConformance.h"
 #include "Support/FatalErrorRecorder.h"
 #include "Support/Picture.h"
 
@@ -7,7 +9,6 @@
 
 namespace {
 
-using Rendering::GeometryVertex;
 using Utils::Matrix4;
 
 class GLContextTest : public testing::Test {
@@ -30,7 +31,7 @@ TEST_F(GLContextTest, AShaderThatDoesNotCompileIsShownBeforeTheFatalError) {
 }
 
 TEST_F(GLContextTest, ADriversErrorIsFatalWithItsCode) {
-    Support::FatalErrorRecorder dialog;
+    const Support::FatalErrorRecorder dialog;
     EXPECT_THROW(device.Context().CreateRenderTarget({1u << 20, 1}, 1, 0), std::exception);
     EXPECT_THROW(device.Context().CreateGeometry({}), std::exception);
     ASSERT_EQ(dialog.texts.size(), 2u);
@@ -61,18 +62,17 @@ TEST_F(GLContextTest, AFrameTargetMayBeResizedAndSmoothEdges) {
     EXPECT_EQ(frame.Size(), (Rendering::Size{1, 1}));
     frame.Resize({3, 1});
     frame.Begin({0, 0, 0, 1});
-    std::vector<GeometryVertex> leftHalf(6);
-    const float corners[6][2] = {{-1, -1}, {-1, 1}, {0, 1}, {0, 1}, {0, -1}, {-1, -1}};
-    for (std::size_t i = 0; i < leftHalf.size(); ++i)
-        leftHalf[i].position = {corners[i][0], corners[i][1], 0.5f};
-    Rendering::GeometryDrawParams params;
-    params.leftEye = params.rightEye = false;
-    params.singleView = true;
-    params.firstColour = {1, 1, 1};
     const Matrix4 same = Matrix4::Identity();
-    device.Context().DrawGeometry(same, same, same, *device.Context().CreateGeometry(leftHalf), nullptr, nullptr,
-                                  params);
+    const auto leftHalf = device.Context().CreateGeometry(Conformance::Rectangle({-1, -1}, {0, 1}));
+    device.Context().DrawGeometry(same, same, same, *leftHalf, nullptr, nullptr, Conformance::Flat());
     EXPECT_EQ(Support::Picture(frame.Read()), "Wg.\n") << "the edge runs through the middle pixel";
 }
 
 } // namespace
+
+namespace Conformance {
+
+INSTANTIATE_TYPED_TEST_SUITE_P(OpenGL, ContextObjects, EglDevice);
+INSTANTIATE_TYPED_TEST_SUITE_P(OpenGL, ContextPictures, EglDevice);
+
+} // namespace Conformance
