@@ -11,37 +11,6 @@
 namespace Annotator {
 namespace {
 
-using Rendering::GeometryVertex;
-
-/// A device whose calls end in a fatal error from one of them on, for a number of them.
-class FailingContext final : public Support::RecordingContext {
-public:
-    std::unique_ptr<Rendering::GPUBitmap> LoadBitmap(const std::string& path) override {
-        Call();
-        return RecordingContext::LoadBitmap(path);
-    }
-    std::unique_ptr<Rendering::Geometry> CreateGeometry(const std::vector<GeometryVertex>& vertices) override {
-        Call();
-        return RecordingContext::CreateGeometry(vertices);
-    }
-    void DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
-                      const Rendering::Geometry& geometry, const Rendering::GPUBitmap* bitmap,
-                      const std::vector<const Rendering::GPUBitmap*>* furtherBitmaps,
-                      const Rendering::GeometryDrawParams& params) override {
-        Call();
-        RecordingContext::DrawGeometry(world, view, projection, geometry, bitmap, furtherBitmaps, params);
-    }
-
-    int calls = 0, firstFailing = 0, failures = 0;
-
-private:
-    void Call() {
-        ++calls;
-        if (calls >= firstFailing && calls < firstFailing + failures)
-            Utils::FatalError("Rendering\\Device.cpp", calls);
-    }
-};
-
 /// Two parts, the nearer one of which an animation moves.
 CockpitModel::ModelData TwoParts() {
     Support::ModelBuilder builder;
@@ -66,9 +35,13 @@ TEST(FailingDevice, LeavesThePreviewWholeWhicheverCallFails) {
             CockpitModel::ModelData source = TwoParts();
             Support::ModelCockpit cockpit;
             cockpit.textureFolder = folder.path.string();
-            FailingContext context;
-            context.firstFailing = first;
-            context.failures = failures;
+            Support::RecordingContext context;
+            int calls = 0;
+            context.beforeCall = [&] {
+                ++calls;
+                if (calls >= first && calls < first + failures)
+                    Utils::FatalError("Rendering\\Device.cpp", calls);
+            };
             CockpitPreview preview;
             CockpitModel::NodePart* picked = nullptr;
             preview.partSignal.connect([&](CockpitModel::NodePart* part) { picked = part; });
@@ -96,7 +69,7 @@ TEST(FailingDevice, LeavesThePreviewWholeWhicheverCallFails) {
             EXPECT_EQ(thrown, failures);
             if (failures == 0) {
                 expectedDraws = context.draws.size();
-                lastCall = context.calls - 2 * static_cast<int>(expectedDraws); // the last frame has no failure
+                lastCall = calls - 2 * static_cast<int>(expectedDraws); // the last frame has no failure
                 EXPECT_GT(expectedDraws, 20u) << "the selected part's markers";
             }
             EXPECT_EQ(context.draws.size(), expectedDraws);

@@ -39,11 +39,6 @@ void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCoc
     }
 }
 
-Utils::Vector3 PilotsEye(const CockpitModel::AircraftCockpit& cockpit) {
-    const Utils::Vector3 eye = cockpit.modelOffset + cockpit.pilotEye;
-    return {eye.x(), eye.y(), -eye.z()};
-}
-
 CockpitModel::AnnotationRecord NewAnnotation(const NodePart& part) {
     CockpitModel::AnnotationRecord record;
     record.NodeId = part.node->index;
@@ -80,7 +75,7 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     annotationStore->Read(annotationPath);
     preview->SetScene(sceneGraph, model.get(), annotationStore.get());
     RebuildTree();
-    canvas->control.camera.SetPosition(PilotsEye(*cockpit));
+    canvas->control.camera.SetPosition(CameraPlace(*cockpit));
     canvas->SetFocus();
 }
 

@@ -5,7 +5,6 @@
 #include <boost/filesystem.hpp>
 #include <dlfcn.h>
 #include <malloc.h>
-#include <wx/button.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
@@ -30,11 +29,13 @@ TEST_F(AnnotatorWindowTest, StartsEmptyWithItsControlsInOrder) {
     Open();
     EXPECT_EQ(window->GetTitle(), "Vorelle Aircraft Annotator");
     EXPECT_EQ(window->GetSize(), wxSize(1400, 800));
-    EXPECT_EQ(window->GetMenuBar()->GetMenuLabelText(0), "Tests");
-    EXPECT_EQ(window->GetMenuBar()->GetMenu(0)->FindItemByPosition(0)->GetItemLabelText(), "Run All Tests");
-    EXPECT_EQ(window->GetMenuBar()->GetMenuLabelText(1), "Detected Data");
-    EXPECT_EQ(window->GetMenuBar()->GetMenu(1)->FindItemByPosition(0)->GetItemLabelText(),
-              "Save Detected Aircraft Data");
+    const std::pair<const char*, const char*> menus[] = {{"Tests", "Run All Tests"},
+                                                         {"Detected Data", "Save Detected Aircraft Data"}};
+    const wxMenuBar& bar = *window->GetMenuBar();
+    for (std::size_t i = 0; i < std::size(menus); ++i) {
+        EXPECT_EQ(bar.GetMenuLabelText(i), menus[i].first);
+        EXPECT_EQ(bar.GetMenu(i)->FindItemByPosition(0)->GetItemLabelText(), menus[i].second);
+    }
     EXPECT_EQ(window->GetStatusBar()->GetStatusText(0), "Loading...");
     EXPECT_EQ(window->GetStatusBar()->GetStatusText(1), "Click and drag to rotate view.  Arrow keys or WASD to move.");
     EXPECT_THAT(Lines(*selector), ElementsAre("Select an aircraft...", "Trainer", "Caf\xEF\xBF\xBD"));
@@ -48,17 +49,13 @@ TEST_F(AnnotatorWindowTest, StartsEmptyWithItsControlsInOrder) {
     EXPECT_THAT(pages, ElementsAre("VR Interaction", "Animations", "Info", "Tests", "UVs"));
     EXPECT_EQ(TreeText(), "");
     EXPECT_EQ(IdLabel(), "ID: None");
-}
 
-TEST_F(AnnotatorWindowTest, GivesTreeCanvasAndSidePanelTheirSharesOfTheWidth) {
-    Open();
     window->SetSize(1590, 800);
     PumpFrames(2);
-    wxWindow* side = Find<wxNotebook>(*window)->GetParent();
     const int width = tree->GetParent()->GetClientSize().x;
     EXPECT_NEAR(tree->GetSize().x, width / 7, 2);
     EXPECT_NEAR(canvas->GetSize().x, 4 * width / 7, 2);
-    EXPECT_NEAR(side->GetSize().x, 2 * width / 7, 2);
+    EXPECT_NEAR(notebook.GetParent()->GetSize().x, 2 * width / 7, 2);
     EXPECT_EQ(canvas->GetPosition().x, tree->GetSize().x);
 }
 
@@ -90,9 +87,18 @@ TEST_F(AnnotatorWindowTest, NamesEveryControlForAssistiveTools) {
 }
 
 TEST_F(AnnotatorWindowTest, LoadsAPickedAircraftInTheNextFrame) {
+    loader.aircraft[0].make = [] {
+        auto cockpit = std::make_unique<ModelCockpit>(LeverModel());
+        cockpit->modelOffset = {1, 2, 4};
+        cockpit->pilotEye = {0.25f, 0.5f, 0.125f};
+        return cockpit;
+    };
+    ModelBuilder other;
+    other.Part(0, SquareAhead(0, 0, 1, 1));
+    loader.aircraft.emplace_back("Other", "Made/Other", MakerOf(std::move(other.model)));
     Open();
-    Choose(*selector, 0);
-    PumpFrames(2);
+    canvas->control.camera.SetRotation({0.1f, 0.0f, 0.2f});
+    Load(0);
     EXPECT_EQ(TreeText(), "");
     Choose(*selector, 1);
     EXPECT_EQ(TreeText(), "") << "the handler only posts the load";
@@ -107,170 +113,123 @@ TEST_F(AnnotatorWindowTest, LoadsAPickedAircraftInTheNextFrame) {
                           "    P: 0\n");
     EXPECT_TRUE(tree->IsExpanded(Item({"N: 0", "N: 1"})));
     EXPECT_EQ(window->GetStatusBar()->GetStatusText(0), "Loading...");
-    EXPECT_EQ(IdLabel(), "ID: None");
     EXPECT_EQ(wxWindow::FindFocus(), canvas);
+    EXPECT_EQ(canvas->control.camera.Position(), Utils::Vector3(1.25f, 2.5f, -4.125f)) << "the pilot's eye";
+    EXPECT_EQ(canvas->control.camera.Rotation(), Utils::Vector3(0.1f, 0.0f, 0.2f));
+
+    tree->SelectItem(Lever());
+    Load(2);
+    EXPECT_EQ(TreeText(), "Other\n N: 0\n  P: 0\n");
+    EXPECT_EQ(IdLabel(), "ID: None");
+    tree->SelectItem(LargeSquare());
+    EXPECT_EQ(IdLabel(), "ID: (0,0)");
+    EXPECT_TRUE(IsHighlighted(LargeSquare()));
     EXPECT_TRUE(dialogs.texts.empty());
 }
 
-TEST_F(AnnotatorWindowTest, PutsTheCameraAtThePilotsEye) {
-    loader.aircraft[0].make = [] {
-        auto cockpit = std::make_unique<ModelCockpit>(LeverModel());
-        cockpit->modelOffset = {1, 2, 4};
-        cockpit->pilotEye = {0.25f, 0.5f, 0.125f};
-        return cockpit;
-    };
-    Open();
-    canvas->control.camera.SetRotation({0.1f, 0.0f, 0.2f});
-    Load();
-    EXPECT_EQ(canvas->control.camera.Position(), Utils::Vector3(1.25f, 2.5f, -4.125f));
-    EXPECT_EQ(canvas->control.camera.Rotation(), Utils::Vector3(0.1f, 0.0f, 0.2f));
-}
-
-TEST_F(AnnotatorWindowTest, SelectsAPartFromTheTree) {
+TEST_F(AnnotatorWindowTest, SelectsAPartFromTheTreeAndFromThePreview) {
     Open();
     Load();
-    const wxTreeItemId lever = Item({"N: 0", "N: 1", "P: 0"}), shape = Item({"N: 0", "N: 1", "P: 1"});
-    tree->SelectItem(lever);
-    EXPECT_EQ(IdLabel(), "ID: (1,0)");
-    EXPECT_TRUE(IsHighlighted(lever));
-
-    tree->SelectItem(Item({"N: 0"}));
-    EXPECT_EQ(IdLabel(), "ID: (1,0)") << "a node item changes nothing";
-    EXPECT_TRUE(IsHighlighted(lever));
-
-    tree->SelectItem(shape);
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 1"}));
     EXPECT_EQ(IdLabel(), "ID: (1,1)");
-    EXPECT_TRUE(IsHighlighted(shape));
-    EXPECT_FALSE(tree->IsBold(lever));
-    EXPECT_EQ(tree->GetItemTextColour(lever), *wxBLACK);
-}
-
-TEST_F(AnnotatorWindowTest, SelectsAPartFromThePreview) {
-    Open();
-    Load();
+    tree->SelectItem(Item({"N: 0"}));
+    EXPECT_EQ(IdLabel(), "ID: (1,1)") << "a node item changes nothing";
+    EXPECT_TRUE(IsHighlighted(Item({"N: 0", "N: 1", "P: 1"})));
     const wxSize size = canvas->GetClientSize();
     // The lever's square spans -0.1 to 0.1 metres about the view's axis at 1 metre.
     Click({size.x / 2, size.y / 2});
     EXPECT_EQ(IdLabel(), "ID: (1,0)");
-    EXPECT_EQ(tree->GetSelection(), Item({"N: 0", "N: 1", "P: 0"}));
-    EXPECT_TRUE(IsHighlighted(Item({"N: 0", "N: 1", "P: 0"})));
+    EXPECT_EQ(tree->GetSelection(), Lever());
+    EXPECT_TRUE(IsHighlighted(Lever()));
+    EXPECT_FALSE(tree->IsBold(Item({"N: 0", "N: 1", "P: 1"})));
     // To the lower right of it there is only the large square behind.
     Click({3 * size.x / 4, 3 * size.y / 4});
     EXPECT_EQ(IdLabel(), "ID: (0,0)");
-    EXPECT_TRUE(IsHighlighted(Item({"N: 0", "P: 0"})));
-    EXPECT_FALSE(tree->IsBold(Item({"N: 0", "N: 1", "P: 0"})));
-}
-
-TEST_F(AnnotatorWindowTest, ClearsTheSelectionWhenAnotherAircraftIsLoaded) {
-    ModelBuilder other;
-    other.Part(0, SquareAhead(0, 0, 1, 1));
-    loader.aircraft.emplace_back("Other", "Made/Other", MakerOf(std::move(other.model)));
-    Open();
-    Load(1);
-    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
-    Load(2);
-    EXPECT_EQ(TreeText(), "Other\n N: 0\n  P: 0\n");
-    EXPECT_EQ(IdLabel(), "ID: None");
-    tree->SelectItem(Item({"N: 0", "P: 0"}));
-    EXPECT_EQ(IdLabel(), "ID: (0,0)");
-    EXPECT_TRUE(IsHighlighted(Item({"N: 0", "P: 0"})));
+    EXPECT_TRUE(IsHighlighted(LargeSquare()));
+    EXPECT_FALSE(tree->IsBold(Lever()));
+    EXPECT_EQ(tree->GetItemTextColour(Lever()), *wxBLACK);
 }
 
 TEST_F(AnnotatorWindowTest, SavesAndFindsAnAnnotationAgain) {
     Open();
     Load();
-    auto& save = *FindLabelled<wxButton>(*window, "Save");
-    Fire(save, wxEVT_BUTTON);
+    Save();
     EXPECT_FALSE(boost::filesystem::exists("QVRA/Annotations/Trainer.xml")) << "no part was selected";
 
-    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    tree->SelectItem(Lever());
     auto& interaction = *Find<Annotator::InteractionPane>(*window);
     auto& tests = *Find<Annotator::TestPane>(*window);
     Find<wxChoice>(interaction)->SetSelection(3);
     Find<wxTextCtrl>(interaction)->SetValue(wxString::FromUTF8("Gr\xC3\xBC\xC3\x9F"));
     Find<wxChoice>(tests)->SetSelection(2);
-    Fire(save, wxEVT_BUTTON);
+    Save();
     const std::string saved = folder.Read("QVRA/Annotations/Trainer.xml");
-    EXPECT_THAT(saved, HasSubstr("<NodeId>1</NodeId>"));
-    EXPECT_THAT(saved, HasSubstr("<PartId>0</PartId>"));
-    EXPECT_THAT(saved, HasSubstr("<InteractionType>Twist</InteractionType>")) << "kept although a test was chosen";
-    EXPECT_THAT(saved, HasSubstr("<InteractionTypeTest>Tap</InteractionTypeTest>"));
-    EXPECT_THAT(saved, HasSubstr("<Tooltip>Gr\xC3\xBC\xC3\x9F</Tooltip>"));
-    Fire(save, wxEVT_BUTTON);
+    for (const char* element :
+         {"<NodeId>1</NodeId>", "<PartId>0</PartId>", "<InteractionType>Twist</InteractionType>",
+          "<InteractionTypeTest>Tap</InteractionTypeTest>", "<Tooltip>Gr\xC3\xBC\xC3\x9F</Tooltip>"})
+        EXPECT_THAT(saved, HasSubstr(element));
+    Save();
     EXPECT_EQ(folder.Read("QVRA/Annotations/Trainer.xml"), saved);
 
     Close();
     Open();
     Load();
-    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    tree->SelectItem(Lever());
     EXPECT_EQ(Find<wxChoice>(*Find<Annotator::InteractionPane>(*window))->GetSelection(), 3);
     EXPECT_EQ(Find<wxChoice>(*Find<Annotator::TestPane>(*window))->GetSelection(), 2);
-    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    tree->SelectItem(LargeSquare());
     EXPECT_EQ(Find<wxChoice>(*Find<Annotator::InteractionPane>(*window))->GetSelection(), 0);
     EXPECT_TRUE(dialogs.texts.empty());
 }
 
-TEST_F(AnnotatorWindowTest, TellsWhereASaveKeptWhatItCouldNotRead) {
+TEST_F(AnnotatorWindowTest, TellsWhereASaveKeptWhatItCouldNotReadAndWhenItFails) {
     const std::string name = "QVRA/Annotations/Caf\xE9.xml"; // the folder's name is no UTF-8
     loader.aircraft[0].acfPath = "Aircraft/Made/Caf\xE9/plane.acf";
     folder.Write(name, "<Overrides><Override>");
     Open();
     Load();
-    tree->SelectItem(Item({"N: 0", "P: 0"}));
-    Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+    tree->SelectItem(LargeSquare());
+    Save();
     ASSERT_EQ(dialogs.texts.size(), 1u);
     EXPECT_THAT(dialogs.texts[0], HasSubstr(folder / "QVRA/Annotations/Caf\xEF\xBF\xBD.xml.kept-1"));
     EXPECT_EQ(folder.Read(name + ".kept-1"), "<Overrides><Override>");
     EXPECT_THAT(folder.Read(name), HasSubstr("<NodeId>0</NodeId>"));
-    Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
-    EXPECT_EQ(dialogs.texts.size(), 1u);
-}
-
-TEST_F(AnnotatorWindowTest, TellsWhenASaveFails) {
-    Open();
-    Load();
-    boost::filesystem::create_directories("QVRA/Annotations/Trainer.xml/in the way");
-    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    boost::filesystem::remove(name);
+    boost::filesystem::create_directories(name + "/in the way");
     auto& types = *Find<wxChoice>(*Find<Annotator::InteractionPane>(*window));
     types.SetSelection(2);
-    Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
-    ASSERT_EQ(dialogs.texts.size(), 1u);
-    EXPECT_THAT(dialogs.texts[0], HasSubstr(folder / "QVRA/Annotations/Trainer.xml"));
+    Save();
+    ASSERT_EQ(dialogs.texts.size(), 2u);
+    EXPECT_THAT(dialogs.texts[1], HasSubstr(folder / "QVRA/Annotations/Caf\xEF\xBF\xBD.xml"));
     EXPECT_EQ(types.GetSelection(), 2);
     EXPECT_EQ(IdLabel(), "ID: (0,0)");
 }
 
 /// A cockpit that throws at one step of the road.
 struct ThrowingCockpit final : CockpitModel::AircraftCockpit {
-    enum class Step { Valid, Model, Memory };
-    explicit ThrowingCockpit(Step failing) : step(failing) {}
+    explicit ThrowingCockpit(const char* failing) : step(failing) {}
     bool IsValid() const override {
-        if (step == Step::Valid)
+        if (step == "validity")
             throw std::runtime_error("not to be asked");
         return true;
     }
     std::unique_ptr<CockpitModel::ModelData> LoadModel() const override {
-        if (step == Step::Memory)
+        if (step == "memory")
             throw std::bad_alloc();
         throw std::runtime_error("the model is gone");
     }
-    Step step;
+    std::string step;
 };
 
 /// Each step of the load in turn: the person reads which aircraft it was and why, the window stands empty, and what was
 /// saved before stands in its file.
 TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
-    using Step = ThrowingCockpit::Step;
-    struct NoObject final : CockpitModel::AircraftCockpit {
-        bool IsValid() const override { return false; }
-        std::unique_ptr<CockpitModel::ModelData> LoadModel() const override { return nullptr; }
-    };
     ModelBuilder noVertex, noMaterial, noTrack;
     noVertex.Part(0, SquareAhead(0, 0, 1, 1));
     noVertex.model.indexBlocks[0].Children[4] = 6;
     noMaterial.Part(0, SquareAhead(0, 0, 1, 1)).MaterialIndex = 9;
     noTrack.model.animationLinks.Children.clear();
-    const auto throwing = [](Step step) { return [step] { return std::make_unique<ThrowingCockpit>(step); }; };
+    const auto throwing = [](const char* step) { return [step] { return std::make_unique<ThrowingCockpit>(step); }; };
     const struct {
         const char* step;
         CockpitMaker maker;
@@ -281,10 +240,16 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
              throw Utils::OutOfRange("broken_cockpit.obj(7): TRIS before any TEXTURE line");
          },
          "broken_cockpit.obj(7): TRIS before any TEXTURE line"},
-        {"validity", throwing(Step::Valid), "not to be asked"},
-        {"object", [] { return std::make_unique<NoObject>(); }, "no cockpit object"},
-        {"model", throwing(Step::Model), "the model is gone"},
-        {"memory", throwing(Step::Memory), "bad_alloc"},
+        {"validity", throwing("validity"), "not to be asked"},
+        {"object",
+         [] {
+             auto cockpit = std::make_unique<ModelCockpit>();
+             cockpit->isValid = false;
+             return cockpit;
+         },
+         "no cockpit object"},
+        {"model", throwing("model"), "the model is gone"},
+        {"memory", throwing("memory"), "bad_alloc"},
         {"vertices", MakerOf(noVertex.model), "vertex 6, but the model has 6"},
         {"material", MakerOf(noMaterial.model), "the part has no material"},
         {"links", MakerOf(noTrack.model), "invalid vector<T> subscript"},
@@ -296,8 +261,8 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.step);
         Load(1);
-        tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
-        Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+        tree->SelectItem(Lever());
+        Save();
         const std::string saved = folder.Read("QVRA/Annotations/Trainer.xml");
         dialogs.texts.clear();
         Load(++line);
@@ -311,12 +276,12 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
             testing::AllOf(HasSubstr(row.step), HasSubstr("Aircraft/Made/Broken/plane.acf"), HasSubstr(row.reason)));
         EXPECT_EQ(TreeText(), "");
         EXPECT_EQ(IdLabel(), "ID: None");
-        Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
+        Save();
         EXPECT_EQ(folder.Read("QVRA/Annotations/Trainer.xml"), saved);
         EXPECT_FALSE(boost::filesystem::exists("QVRA/Annotations/Broken.xml"));
     }
     Load(1);
-    tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+    tree->SelectItem(Lever());
     EXPECT_EQ(IdLabel(), "ID: (1,0)");
 }
 
@@ -363,7 +328,7 @@ TEST_F(AnnotatorWindowTest, SavesTheDetectedDataOfAllAircraftAndLeavesTheLoadedO
     loader.aircraft.emplace_back("Second", "Made/Second.1", MakerOf(LeverModel()));
     Open();
     Load();
-    tree->SelectItem(Item({"N: 0", "P: 0"}));
+    tree->SelectItem(LargeSquare());
     ChooseMenu(1);
     EXPECT_EQ(loader.scans, 2);
     EXPECT_THAT(folder.Read("QVRA/AirLogs/1389-2a5530b-4/Trainer.xml"), HasSubstr("<NodeId>2</NodeId>"));
@@ -389,7 +354,7 @@ TEST_F(AnnotatorWindowTest, KeepsThreadsAndMemorySteadyOverFiftyLoads) {
     const auto loadTimes = [&](int count) {
         for (int i = 0; i < count; ++i) {
             Load();
-            tree->SelectItem(Item({"N: 0", "N: 1", "P: 0"}));
+            tree->SelectItem(Lever());
         }
     };
     loadTimes(10);

@@ -3,6 +3,7 @@
 #include "Annotator/Window/CanvasPicture.h"
 #include "Annotator/Window/WindowFixture.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
@@ -42,14 +43,11 @@ struct CountingStage final : Rendering::Stage {
 
 TEST_F(DXCanvasTest, ClearsToMidGreyWithoutAnAircraft) {
     Open();
-    PumpFrames(3);
     const wxImage image = Picture();
-    for (const wxPoint at : {wxPoint(5, 5), wxPoint(image.GetWidth() / 2, image.GetHeight() - 5)}) {
-        const wxColour colour = ColourAt(image, at.x, at.y);
-        EXPECT_NEAR(colour.Red(), 128, 1);
-        EXPECT_NEAR(colour.Green(), 128, 1);
-        EXPECT_NEAR(colour.Blue(), 128, 1);
-    }
+    const std::size_t bytes = 3u * static_cast<std::size_t>(image.GetWidth() * image.GetHeight());
+    const auto [darkest, brightest] = std::minmax_element(image.GetData(), image.GetData() + bytes);
+    EXPECT_NEAR(*darkest, 128, 1);
+    EXPECT_NEAR(*brightest, 128, 1);
 }
 
 TEST_F(DXCanvasTest, ShowsThePartAndMovesItWithTheSlider) {
@@ -90,23 +88,22 @@ TEST_F(DXCanvasTest, TurnsTheCameraWithADragAndSelectsNothing) {
 TEST_F(DXCanvasTest, MovesTheCameraWhileAKeyIsDownAndTheFocusStays) {
     Open();
     const auto position = [&] { return canvas->control.camera.Position(); };
+    const auto stands = [&] {
+        PumpFrames(1);
+        const Utils::Vector3 at = position();
+        PumpFrames(3);
+        return position() == at;
+    };
     Key(wxEVT_KEY_DOWN, 'W');
     ASSERT_TRUE(PumpUntil([&] { return position().z() != 0.0f; }));
     EXPECT_EQ(position().x(), 0.0f);
     Key(wxEVT_KEY_UP, 'W');
-    PumpFrames(1);
-    Utils::Vector3 at = position();
-    PumpFrames(3);
-    EXPECT_EQ(position(), at);
-
+    EXPECT_TRUE(stands());
     Key(wxEVT_KEY_DOWN, WXK_RIGHT);
-    ASSERT_TRUE(PumpUntil([&] { return position().x() != at.x(); }));
+    ASSERT_TRUE(PumpUntil([&] { return position().x() != 0.0f; }));
     wxFocusEvent lost(wxEVT_KILL_FOCUS);
     canvas->ProcessWindowEvent(lost);
-    PumpFrames(1);
-    at = position();
-    PumpFrames(3);
-    EXPECT_EQ(position(), at);
+    EXPECT_TRUE(stands());
 }
 
 TEST_F(DXCanvasTest, LetsTabOutAndKeepsOtherKeys) {

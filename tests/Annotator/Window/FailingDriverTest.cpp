@@ -81,7 +81,6 @@ TEST_F(FailingDriverTest, ShowsTheFatalErrorWhicheverStepFails) {
     EXPECT_GE(places.size(), 10u) << "places where the device asks its driver";
 }
 
-/// A driver that never recovers, as after the loss of the device.
 TEST_F(FailingDriverTest, EndsWithADriverThatIsLostForGood) {
     Open();
     Close();

@@ -8,8 +8,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <string>
-#include <vector>
+#include <wx/button.h>
 
 namespace Support {
 
@@ -81,6 +80,8 @@ protected:
         EXPECT_TRUE(item.IsOk()) << "no item " << text;
         return item;
     }
+    wxTreeItemId Lever() { return Item({"N: 0", "N: 1", "P: 0"}); }
+    wxTreeItemId LargeSquare() { return Item({"N: 0", "P: 0"}); }
     /// The items below the root in order, indented by their depth.
     std::string TreeText() { return tree->GetRootItem().IsOk() ? TextBelow(tree->GetRootItem(), "") : ""; }
 
@@ -89,6 +90,7 @@ protected:
     }
     std::string IdLabel() { return Labels<wxStaticText>(*Find<Annotator::PartInfoPane>(*window)).at(0); }
 
+    void Save() { Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON); }
     void Click(wxPoint at) {
         for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP}) {
             wxMouseEvent event(type);

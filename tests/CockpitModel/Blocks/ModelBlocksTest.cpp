@@ -57,31 +57,27 @@ TEST(ModelBlocksPrint, RowsShowTheirWords) {
     EXPECT_EQ(Printed(RiffBlockVisibilityInfo()), "");
 }
 
-TEST(ModelBlocksPrint, MatricesGoByColumns) {
+TEST(ModelBlocksPrint, NumbersHaveFourDigitsAndThePrecisionStays) {
     RiffBlockTRAN matrices;
     Utils::Matrix4 matrix;
     matrix << 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 1.23456f;
     matrices.Children.assign(4, matrix);
-    const std::string text = Printed(matrices, "-");
-    const std::string one = "-  1 5 9 13 \n-  2 6 10 14 \n-  3 7 11 15 \n-  4 8 12 1.235 \n\n";
-    EXPECT_EQ(text, "-Name: , Length: 0\n-  Matrices: (4)\n" + one + one + one);
-}
+    const std::string one = "-  1 5 9 13 \n-  2 6 10 14 \n-  3 7 11 15 \n-  4 8 12 1.235 \n\n"; // by columns
+    EXPECT_EQ(Printed(matrices, "-"), "-Name: , Length: 0\n-  Matrices: (4)\n" + one + one + one);
 
-TEST(ModelBlocksPrint, PrecisionStaysSet) {
     RiffBlockVERT vertices;
     vertices.Children.assign(4, {1.23456f, -2, 1234567});
-    std::ostringstream stream;
-    vertices.Print("-", stream);
-    EXPECT_EQ(stream.str(), "-Name: , Length: 0\n-  Vertices: (4)\n"
-                            "-      1.235, -2, 1.235e+06\n-      1.235, -2, 1.235e+06\n-      1.235, -2, 1.235e+06\n");
-    EXPECT_EQ(stream.precision(), 4);
     RiffBlockPART part;
     part.Type = 3;
-    stream.str("");
+    std::ostringstream stream;
+    vertices.Print("-", stream);
+    EXPECT_EQ(stream.precision(), 4);
     stream.precision(6);
     part.Print("-", stream);
-    EXPECT_EQ(stream.str(), "-Name: , Length: 0\n-  Type: 3\n");
     EXPECT_EQ(stream.precision(), 4);
+    const std::string vertex = "-      1.235, -2, 1.235e+06\n";
+    EXPECT_EQ(stream.str(),
+              "-Name: , Length: 0\n-  Vertices: (4)\n" + vertex + vertex + vertex + "-Name: , Length: 0\n-  Type: 3\n");
 }
 
 } // namespace CockpitModel
