@@ -32,6 +32,8 @@ TEST(MemoryContextTest, KeepsThePicturesOfItsBitmaps) {
     context.CopyBitmapRegion(*target, *source, {1, 1}, {5, 5});
     EXPECT_THAT(pixelsOf(*target), ElementsAre(0x04040404, 0x05050505, 0xFFFFFFFF, 0xFFFFFFFF)) << "and stays inside";
     context.CopyBitmapRegion(*target, *source, {9, 9}, {1, 1});
+    context.CopyBitmapRegion(*target, *source, {0, 0}, {3, 1});
+    EXPECT_THAT(pixelsOf(*target), ElementsAre(0, 0x01010101, 0xFFFFFFFF, 0xFFFFFFFF));
     context.CopyBitmap(*target, *source);
     EXPECT_THAT(pixelsOf(*target), ElementsAre(0, 0x01010101, 0x03030303, 0x04040404));
 

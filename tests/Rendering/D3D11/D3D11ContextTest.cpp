@@ -1,6 +1,5 @@
 #include "Rendering/ContextConformance.h"
 #include "Rendering/D3D11/D3D11Device.h"
-#include "Rendering/D3D11/DX11Texture.h"
 #include "Rendering/D3D11/TextureRenderLock.h"
 #include "Rendering/PictureConformance.h"
 #include "Support/DdsBuilder.h"
@@ -19,7 +18,7 @@ protected:
     static void SetUpTestSuite() { device = std::make_unique<Conformance::D3D11Device>(); }
     static void TearDownTestSuite() { device.reset(); }
 
-    static D3D11_TEXTURE2D_DESC Description(DXGI_FORMAT format, UINT samples = 1) {
+    static ComPtr<ID3D11Texture2D> Texture(DXGI_FORMAT format, UINT samples = 1) {
         D3D11_TEXTURE2D_DESC description{};
         description.Width = 3;
         description.Height = 2;
@@ -27,9 +26,6 @@ protected:
         description.SampleDesc.Count = samples;
         description.Format = format;
         description.BindFlags = D3D11_BIND_SHADER_RESOURCE | D3D11_BIND_RENDER_TARGET;
-        return description;
-    }
-    static ComPtr<ID3D11Texture2D> Texture(const D3D11_TEXTURE2D_DESC& description) {
         ComPtr<ID3D11Texture2D> texture;
         EXPECT_HRESULT_SUCCEEDED(device->Device()->CreateTexture2D(&description, nullptr, &texture));
         return texture;
@@ -51,7 +47,7 @@ TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
         {DXGI_FORMAT_R8G8B8A8_TYPELESS, 4, DXGI_FORMAT_R8G8B8A8_UNORM, D3D11_RTV_DIMENSION_TEXTURE2DMS},
     };
     for (const auto& row : rows) {
-        const auto texture = Texture(Description(row.texture, row.samples));
+        const auto texture = Texture(row.texture, row.samples);
         const D3D11GPUBitmap bitmap(device->Device(), texture.Get(), false);
         D3D11_SHADER_RESOURCE_VIEW_DESC shaderView;
         bitmap.ShaderView()->GetDesc(&shaderView);
@@ -67,7 +63,7 @@ TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
 
 TEST_F(D3D11ContextTest, AWrappedTextureIsOneMoreReference) {
     const Support::FatalErrorRecorder dialog;
-    auto texture = Texture(Description(DXGI_FORMAT_R8G8B8A8_UNORM));
+    auto texture = Texture(DXGI_FORMAT_R8G8B8A8_UNORM);
     { const Rendering::D3D11::TextureRenderLock needsNoMutex(texture.Get()); }
     const auto bitmap = device->Context().WrapTexture(texture.Get());
     texture.Reset();
@@ -92,17 +88,6 @@ TEST_F(D3D11ContextTest, DdsInTheMiddleOfANameTakesTheDdsRoad) {
     const auto picture = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({0, 0, 255, 0});
     const auto bitmap = device->Context().LoadBitmap(folder.Write("a.Dds.png", picture.bytes));
     EXPECT_EQ(Support::Picture(device->Read(*bitmap)), "B\n");
-}
-
-TEST_F(D3D11ContextTest, ADepthTextureHasTheViewsOfItsFlags) {
-    D3D11_TEXTURE2D_DESC description = Description(DXGI_FORMAT_D32_FLOAT);
-    description.Width = description.Height = 0;
-    description.BindFlags = D3D11_BIND_DEPTH_STENCIL;
-    const Rendering::D3D11::DX11Texture depth(device->Device(), description);
-    EXPECT_EQ(depth.Width(), 1u);
-    EXPECT_NE(depth.DepthView(), nullptr);
-    EXPECT_EQ(depth.ShaderView(), nullptr);
-    EXPECT_EQ(depth.TargetView(), nullptr);
 }
 
 TEST_F(D3D11ContextTest, AFailedCallIsFatalWithItsCode) {
