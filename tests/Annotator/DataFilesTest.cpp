@@ -93,20 +93,18 @@ TEST_F(DataFiles, ThatCannotBeWrittenAreTold) {
 
 TEST(OwnDataFolder, IsFoundByTheProgramsPath) {
     const TemporaryFolder folder;
-    const auto found = [&](const char* program) {
-        const fs::path path = OwnDataFolder(folder / program);
-        return path.empty() ? std::string() : path.lexically_relative(fs::canonical(folder.path)).string();
+    for (const char* file :
+         {"usr/bin/vorelle-batch", "build/src/vorelle-batch", "usr/share/vorelle-annotator/QVRA/readme",
+          "build/data/QVRA/readme", "Vorelle/QVRA/readme", "alone/QVRA"})
+        folder.Write(file, "");
+    const std::pair<const char*, const char*> rows[] = {
+        {"usr/bin/vorelle-batch", "usr/share/vorelle-annotator/QVRA"},
+        {"build/src/vorelle-batch", "build/data/QVRA"},
+        {"Vorelle/vorelle-annotator.exe", "Vorelle/QVRA"},
     };
-    for (const char* program : {"usr/bin/vorelle-batch", "build/src/vorelle-batch"})
-        folder.Write(program, "");
-    folder.Write("usr/share/vorelle-annotator/QVRA/readme", "");
-    folder.Write("build/data/QVRA/readme", "");
-    folder.Write("Vorelle/QVRA/readme", "");
-    folder.Write("alone/QVRA", "a file");
-    EXPECT_EQ(found("usr/bin/vorelle-batch"), "usr/share/vorelle-annotator/QVRA");
-    EXPECT_EQ(found("build/src/vorelle-batch"), "build/data/QVRA");
-    EXPECT_EQ(found("Vorelle/vorelle-annotator.exe"), "Vorelle/QVRA");
-    EXPECT_EQ(found("alone/vorelle-batch"), "");
+    for (const auto& [program, data] : rows)
+        EXPECT_EQ(OwnDataFolder(folder / program), fs::canonical(folder.path) / data) << program;
+    EXPECT_EQ(OwnDataFolder(folder / "alone/vorelle-batch"), "") << "a file of that name";
     EXPECT_EQ(OwnDataFolder({}), "") << "a program whose place is not known";
 }
 

@@ -52,9 +52,10 @@ TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
         {"no whole triangle", "TRIS 0 2\n", {"part-triangle@12"}},
         {"a path with a blank", "TEXTURE my panel.png\n", {"texture-blank@12"}},
         {"a manipulator in force behind its block",
-         "ANIM_begin\nATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nANIM_begin\nTRIS 0 3\nANIM_end\nANIM_end\nTRIS 0 3\nTRIS "
-         "0 3",
-         {"left-in-force@19"},
+         "ANIM_begin\nATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nANIM_begin\nANIM_begin\nTRIS 0 "
+         "3\nANIM_end\nANIM_end\nANIM_end\n"
+         "TRIS 0 3\nTRIS 0 3",
+         {"left-in-force@21"},
          "ATTR_manip_toggle of line 13 is still in force over 2 parts outside"},
         {"one that ends in its block",
          "ANIM_begin\nATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nATTR_manip_none\nANIM_end\nTRIS 0 3",
@@ -66,7 +67,9 @@ TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
         {"a command, which ends the toggle though nothing is made of it",
          "ATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nATTR_manip_command hand y\nTRIS 0 3",
          {}},
-        {"a drag that moves nothing", "ATTR_manip_drag_axis hand 1 0 0 0 1 x\nTRIS 0 3", {"drag-without-animation@13"}},
+        {"a drag that moves nothing, once however often",
+         "ATTR_manip_drag_axis hand 1 0 0 0 1 x\nTRIS 0 3\nTRIS 0 3",
+         {"drag-without-animation@13"}},
         {"a drag that slides",
          "ANIM_begin\nANIM_trans 0 0 0 0 0 1 0 1 x\nATTR_manip_drag_axis hand 1 0 0 0 1 x\nTRIS 0 3\nANIM_end",
          {}},

@@ -2,8 +2,7 @@
 
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "CockpitModel/SceneGraph.h"
-#include "Sim/AircraftInfo.h"
-#include "Support/ModelBuilder.h"
+#include "Support/MadeAircraft.h"
 #include "Support/TemporaryFolder.h"
 #include "Utils/RangeCheck.h"
 
@@ -48,11 +47,9 @@ protected:
     AnnotationStore store{scene};
 };
 
-struct StubInfo final : Sim::AircraftInfo {
-    explicit StubInfo(const std::string& path) { acfPath = path; }
-    std::unique_ptr<AircraftCockpit> CreateCockpit() const override { return nullptr; }
-    std::unique_ptr<AircraftInfo> Clone() const override { return std::make_unique<StubInfo>(*this); }
-};
+std::string PathFor(const std::string& acfPath) {
+    return AnnotationPath(Support::MadeAircraft("any", acfPath, {}));
+}
 
 } // namespace
 
@@ -242,12 +239,12 @@ TEST_F(AnnotationStoreTest, RejectsPartsOfNoPlace) {
 TEST(AnnotationPath, NamesTheFileByTheFolder) {
     const Support::TemporaryFolder installation;
     const Support::WorkingDirectory inside(installation.path);
-    EXPECT_EQ(AnnotationPath(StubInfo("Aircraft/G/Foo.Bar/plane.acf")), "QVRA/Annotations/Foo.xml");
+    EXPECT_EQ(PathFor("G/Foo.Bar"), "QVRA/Annotations/Foo.xml");
     EXPECT_FALSE(boost::filesystem::exists("QVRA"));
     boost::filesystem::create_directory("QVRA");
-    EXPECT_EQ(AnnotationPath(StubInfo("Aircraft/G/Big.Jet 1.2/x.acf")), "QVRA/Annotations/Big.Jet 1.xml");
+    EXPECT_EQ(PathFor("G/Big.Jet 1.2"), "QVRA/Annotations/Big.Jet 1.xml");
     EXPECT_TRUE(boost::filesystem::is_directory("QVRA/Annotations"));
-    EXPECT_EQ(AnnotationPath(StubInfo("Aircraft/G/Plain/x.acf")), "QVRA/Annotations/Plain.xml");
+    EXPECT_EQ(PathFor("G/Plain"), "QVRA/Annotations/Plain.xml");
 }
 
 } // namespace CockpitModel

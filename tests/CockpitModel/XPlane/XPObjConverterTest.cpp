@@ -66,36 +66,27 @@ TEST(XPObjConverter, KeepsDrawCallsThatShowOrTakeAHand) {
     const ModelData model =
         Model("TRIS 0 3\nATTR_draw_disable\nTRIS 3 3\nATTR_manip_toggle hand 0 1 sim/gear\nTRIS -6 -9\n"
               "ATTR_manip_drag_axis hand 1 0 0 -0.5 1e7 sim/throttle\nTRIS 9 3\n");
-    ASSERT_EQ(model.parts.size(), 3u);
-    EXPECT_EQ(model.parts[0].MaterialIndex, 0xFFFFFFFF);
-    EXPECT_EQ(model.parts[0].mouseRect, nullptr);
-    EXPECT_EQ(model.parts[0].MouseRectIndex, -1);
-    EXPECT_EQ(model.parts[1].Type, 1u);
-    EXPECT_EQ(model.parts[1].IndexOffset, 0xFFFFFFFAu);
-    EXPECT_EQ(model.parts[1].IndexCount, 0xFFFFFFF7u);
-    EXPECT_EQ(model.parts[1].SourceLine, 5u);
-    EXPECT_EQ(model.parts[1].ManipulatorLine, 4u);
-
+    std::ostringstream parts;
+    for (const RiffBlockPART& part : model.parts)
+        parts << part.Type << ' ' << part.MaterialIndex << ' ' << part.IndexOffset << ' ' << part.IndexCount << " @"
+              << part.SourceLine << ", rectangle " << part.MouseRectIndex << " @" << part.ManipulatorLine << '\n';
+    EXPECT_EQ(parts.str(), "1 4294967295 0 3 @1, rectangle -1 @0\n"
+                           "1 4294967295 4294967290 4294967287 @5, rectangle 0 @4\n" // -6 and -9
+                           "1 4294967295 9 3 @7, rectangle 1 @6\n");
     ASSERT_EQ(model.mouseRects.size(), 2u);
-    const MouseRect& toggle = *model.mouseRects[0];
-    EXPECT_EQ(model.parts[1].mouseRect, &toggle);
-    EXPECT_EQ(model.parts[1].MouseRectIndex, 0);
+    const MouseRect &toggle = *model.mouseRects[0], &drag = *model.mouseRects[1];
+    EXPECT_TRUE(model.parts[1].mouseRect == &toggle && model.parts[2].mouseRect == &drag);
     EXPECT_EQ(toggle.Text, "ToggleVariable: 0 , 1 -- sim/gear");
     EXPECT_EQ(toggle.MouseFlags, 0xA0000000);
     EXPECT_EQ(toggle.CallbackType, 1u);
     EXPECT_EQ(toggle.VariableCallback, nullptr);
     const auto& flip = dynamic_cast<const CallbackXPToggle&>(*toggle.EventCallback);
-    EXPECT_EQ(flip.Var, "sim/gear");
-    EXPECT_EQ(flip.ValB, 1.0f);
-
-    const MouseRect& drag = *model.mouseRects[1];
-    EXPECT_EQ(model.parts[2].MouseRectIndex, 1);
+    EXPECT_EQ(std::tuple(flip.Var, flip.ValA, flip.ValB), std::tuple("sim/gear", 0.0f, 1.0f));
     EXPECT_EQ(drag.Text, "DragVariable: -0.5 , 1e+07 -- sim/throttle");
     EXPECT_EQ(drag.CallbackType, 2u);
     EXPECT_EQ(drag.EventCallback, nullptr);
     const auto& slide = dynamic_cast<const CallbackXPVariable&>(*drag.VariableCallback);
-    EXPECT_EQ(slide.Min, -0.5f);
-    EXPECT_EQ(slide.Max, 1e7f);
+    EXPECT_EQ(std::tuple(slide.Var, slide.Min, slide.Max), std::tuple("sim/throttle", -0.5f, 1e7f));
 }
 
 TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
