@@ -1,6 +1,7 @@
 #include "Annotator/AircraftRoad.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
+#include "Batch/CsvLine.h"
 #include "Batch/Jobs.h"
 #include "Batch/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
@@ -87,22 +88,12 @@ std::string Plain(const Json& value) {
     return text;
 }
 
-std::string CsvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos)
-        return text;
-    std::string quoted = "\"";
-    for (const char c : text)
-        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return quoted + '"';
-}
-
 std::string CsvLines(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
     std::string text;
     for (const Row& row : rows) {
-        text += CsvField(Utils::Readable(info.acfPath));
-        for (const Json& value : row)
-            text += ',' + CsvField(Plain(value));
-        text += '\n';
+        std::vector<std::string> fields{Utils::Readable(info.acfPath)};
+        std::transform(row.begin(), row.end(), std::back_inserter(fields), Plain);
+        text += CsvLine(fields);
     }
     return text;
 }

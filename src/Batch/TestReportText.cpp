@@ -1,5 +1,7 @@
 #include "Batch/TestReport.h"
 
+#include "Batch/CsvLine.h"
+
 #include <algorithm>
 #include <array>
 
@@ -54,22 +56,6 @@ std::vector<Row> FailureRows(const TestReport& report) {
 }
 
 /// Quoted where it has to be.
-std::string CsvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == text.npos)
-        return text;
-    std::string quoted = "\"";
-    for (const char c : text)
-        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return quoted + '"';
-}
-
-/// One record, with its line end.
-std::string CsvLine(const Row& fields) {
-    std::string line;
-    for (const std::string& field : fields)
-        line += (&field == fields.data() ? "" : ",") + CsvField(field);
-    return line + "\n";
-}
 
 } // namespace
 
