@@ -11,6 +11,7 @@ cache=$(cd "$1" && pwd)
 prefix=$cache/prefix
 host=x86_64-w64-mingw32
 jobs=$(nproc)
+map=-ffile-prefix-map=$cache/= # keeps the machine's folders out of the programs
 export CC=$host-gcc-posix CXX=$host-g++-posix
 mkdir -p "$prefix"/{include,lib} "$cache"/{sources,build,logs} "$cache"/apt/{lists,archives}/partial
 # What is headers only comes from the machine's own packages, whose whole folder would bring the machine's system headers.
@@ -45,8 +46,6 @@ unpack() { # NAME PATTERN [TAR-OPTION...]: leaves the sources in build/NAME
 
 with_cmake() { # NAME SUBDIR OPTION...
   local source=$cache/build/$1/$2
-  # Keeps the machine's folders out of the programs.
-  local map="-ffile-prefix-map=$source/= -ffile-prefix-map=$prefix/include/="
   shift 2
   cmake -S "$source" -B "$source/out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
     -DVORELLE_WINDOWS_PREFIX="$prefix" -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_BUILD_TYPE=Release \
@@ -67,7 +66,7 @@ build_boost() { # of Boost, only Filesystem is more than headers
   unpack boost 'boost1.74_*.orig.tar.xz' --wildcards '*/libs/filesystem/src'
   local source
   for source in "$cache"/build/boost/libs/filesystem/src/*.cpp; do
-    $CXX -O2 -DBOOST_FILESYSTEM_STATIC_LINK=1 -DBOOST_FILESYSTEM_SOURCE -I"$prefix/include" -c "$source" \
+    $CXX -O2 "$map" -DBOOST_FILESYSTEM_STATIC_LINK=1 -DBOOST_FILESYSTEM_SOURCE -I"$prefix/include" -c "$source" \
       -o "${source%.cpp}.o"
   done
   $host-ar rcs "$prefix/lib/libboost_filesystem.a" "$cache"/build/boost/libs/filesystem/src/*.o
@@ -80,7 +79,7 @@ build_tinyxml2() {
 
 build_polyclipping() {
   unpack polyclipping 'libpolyclipping_*.orig.tar.*'
-  $CXX -O2 -c "$cache/build/polyclipping/cpp/clipper.cpp" -o "$cache/build/polyclipping/clipper.o"
+  $CXX -O2 "$map" -c "$cache/build/polyclipping/cpp/clipper.cpp" -o "$cache/build/polyclipping/clipper.o"
   $host-ar rcs "$prefix/lib/libpolyclipping.a" "$cache/build/polyclipping/clipper.o"
   mkdir -p "$prefix/include/polyclipping"
   cp "$cache/build/polyclipping/cpp/clipper.hpp" "$prefix/include/polyclipping/"
