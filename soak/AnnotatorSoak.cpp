@@ -1,6 +1,8 @@
 // annotator_soak SECONDS [SEED]: drives the real window in the installation that is the working directory, as a person
-// without aim would, and watches memory, handles and threads. It fails when they grow, when the window has anything to
-// complain of, or when an annotation file does not hold what was saved.
+// without aim would, and watches memory, textures, handles and threads. It fails when they grow, when the window has
+// anything to complain of, or when an annotation file does not hold what was saved.
+#include <epoxy/gl.h> // ahead of the header of GL that the toolkit brings
+
 #include "Annotator/Window/AnnotatorApp.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/Toolkit.h"
@@ -31,13 +33,14 @@ using namespace Annotator;
 constexpr double kSampleSeconds = 15;
 /// Until all aircraft have been loaded a few times, caches of the driver and the toolkit fill.
 constexpr double kWarmUpShare = 0.2;
-/// What the least memory of the first and of the last third after the warm-up may differ by: the driver keeps some
-/// tens of megabytes now and then.
+/// By how much more memory the last third may have at most than the first third after the warm-up.
 constexpr double kMostGrowth = 0.05;
 /// What the window may say: an aircraft of the sample has no texture, and its annotations have a record without a
 /// place.
 constexpr const char* kExpected[] = {"cannot be loaded", "it is kept in"};
 constexpr long kMostHandles = 4, kMostThreads = 1;
+/// More textures than this are not looked for. A driver gives the name of a texture that is gone to the next one.
+constexpr GLuint kMostTextures = 4096;
 
 double SecondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
@@ -47,15 +50,23 @@ long CountEntries(const char* folder) {
     return std::distance(boost::filesystem::directory_iterator(folder), boost::filesystem::directory_iterator());
 }
 
+/// Those of the context that the last frame has left current.
+long CountTextures() {
+    long count = 0;
+    for (GLuint name = 1; name <= kMostTextures; ++name)
+        count += glIsTexture(name);
+    return count;
+}
+
 struct Sample {
     double seconds = 0;
-    long kilobytes = 0, handles = 0, threads = 0;
+    long kilobytes = 0, textures = 0, handles = 0, threads = 0;
 };
 
 Sample TakeSample(double seconds) {
     long pages = 0, resident = 0;
     std::ifstream("/proc/self/statm") >> pages >> resident;
-    return {seconds, resident * (sysconf(_SC_PAGESIZE) / 1024), CountEntries("/proc/self/fd"),
+    return {seconds, resident * (sysconf(_SC_PAGESIZE) / 1024), CountTextures(), CountEntries("/proc/self/fd"),
             CountEntries("/proc/self/task")};
 }
 
@@ -80,7 +91,8 @@ public:
                 samples.push_back(TakeSample(now));
                 const Sample& sample = samples.back();
                 std::cout << static_cast<int>(now) << " s, " << steps << " steps, " << sample.kilobytes << " kB, "
-                          << sample.handles << " handles, " << sample.threads << " threads" << std::endl;
+                          << sample.textures << " textures, " << sample.handles << " handles, " << sample.threads
+                          << " threads" << std::endl;
                 nextSample = now + kSampleSeconds;
             }
         }
@@ -283,24 +295,25 @@ private:
         const std::size_t third = (samples.size() - first) / 3;
         if (third < 2)
             return true; // too short to tell
-        const auto least = [&](std::size_t from, long Sample::*field) {
+        const auto most = [&](std::size_t from, long Sample::*field) {
             const auto begin = samples.begin() + static_cast<std::ptrdiff_t>(from);
-            return std::ranges::min(std::ranges::subrange(begin, begin + static_cast<std::ptrdiff_t>(third)), {},
+            return std::ranges::max(std::ranges::subrange(begin, begin + static_cast<std::ptrdiff_t>(third)), {},
                                     field).*
                    field;
         };
         const std::size_t last = samples.size() - third;
         const auto grew = [&](const char* what, long Sample::*field, long allowed) {
-            const long before = least(first, field), after = least(last, field);
+            const long before = most(first, field), after = most(last, field);
             std::cout << what << ": " << before << " after the warm-up, " << after << " at the end, " << allowed
                       << " more are allowed\n";
             return after - before > allowed;
         };
-        const auto room = static_cast<long>(kMostGrowth * static_cast<double>(least(first, &Sample::kilobytes)));
+        const auto room = static_cast<long>(kMostGrowth * static_cast<double>(most(first, &Sample::kilobytes)));
         const bool memory = grew("memory in kB", &Sample::kilobytes, room);
+        const bool textures = grew("textures", &Sample::textures, 0);
         const bool handles = grew("handles", &Sample::handles, kMostHandles);
         const bool threads = grew("threads", &Sample::threads, kMostThreads);
-        return !memory && !handles && !threads;
+        return !memory && !textures && !handles && !threads;
     }
 
     std::mt19937 random;
