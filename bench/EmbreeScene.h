@@ -3,7 +3,11 @@
 #include "CockpitModel/PartTree.h"
 #include "Utils/NonAssignable.h"
 
+#if __has_include(<embree4/rtcore.h>)
+#include <embree4/rtcore.h>
+#else
 #include <embree3/rtcore.h>
+#endif
 #include <limits>
 #include <vector>
 
@@ -40,9 +44,13 @@ public:
         hit.ray.tfar = std::numeric_limits<float>::infinity();
         hit.ray.mask = ~0u;
         hit.hit.geomID = RTC_INVALID_GEOMETRY_ID;
+#if RTC_VERSION_MAJOR >= 4
+        rtcIntersect1(scene, &hit);
+#else
         RTCIntersectContext context;
         rtcInitIntersectContext(&context);
         rtcIntersect1(scene, &context, &hit);
+#endif
         return hit.ray.tfar;
     }
 

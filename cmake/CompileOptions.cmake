@@ -36,5 +36,6 @@ endif()
 
 find_program(VORELLE_CCACHE ccache)
 if(VORELLE_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${VORELLE_CCACHE})
+  # Without this the cache refuses files that use a precompiled header.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${VORELLE_CCACHE})
 endif()

@@ -6,11 +6,10 @@ else()
   set(other_system "(Windows|WindowsTest|D3D11)\\.cpp$")
 endif()
 
-# What most files of a room include and what changes seldom is compiled once. With a compiler cache each file stands for
-# itself, as the cache would miss all of them after a change of one; for Windows too, as MinGW's GCC 12 warns of its own
-# library's code once that is precompiled.
+# Compiles once what most files of a library include and what seldom changes. Not for Windows: MinGW's GCC 12 warns of its
+# own library's code once that is precompiled.
 function(vorelle_precompile target)
-  if(NOT VORELLE_CCACHE AND NOT WIN32 AND ARGN)
+  if(VORELLE_PRECOMPILE AND NOT WIN32 AND ARGN)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()
@@ -52,8 +51,10 @@ function(vorelle_program name)
     set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ${PROGRAM_WINDOW})
     target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/packaging/windows/${name}.rc)
     string(REPLACE "." "," numbers ${PROJECT_VERSION}.0)
+    set(manifest ${PROJECT_BINARY_DIR}/packaging/vorelle.manifest)
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/vorelle.manifest ${manifest} @ONLY)
     target_compile_definitions(${name} PRIVATE
-      "$<$<COMPILE_LANGUAGE:RC>:VORELLE_VERSION=${PROJECT_VERSION};VORELLE_VERSION_NUMBERS=${numbers}>")
+      "$<$<COMPILE_LANGUAGE:RC>:VORELLE_VERSION=${PROJECT_VERSION};VORELLE_VERSION_NUMBERS=${numbers};VORELLE_MANIFEST=\"${manifest}\">")
   endif()
 endfunction()
 

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Completes the command line of vorelle-batch: commands and options as --help lists them, aircraft as 'list' does, parts as
-# 'manips' does.
+# Completes the command line of vorelle-batch: commands and options as --completion lists them, aircraft as 'list' does,
+# parts as 'manips' does.
 
 # The words that stand in front of the one to complete, as they are typed: the command, its arguments, and -C.
 _vorelle_batch_read() {
@@ -26,14 +26,13 @@ _vorelle_batch_plain() {
   printf '%s' "$1" | sed -e "s/^[\"']//" -e "s/[\"']\$//" -e 's/\\\(.\)/\1/g' -e "s|^~/|$HOME/|"
 }
 
-# Options of the command as lines: the option, a blank, the kind of its value where it takes one.
+# Options of the command as lines: the option, a tab, the kind of its value.
 _vorelle_batch_options() {
-  "${run[0]}" ${command:+"$command"} --help 2>/dev/null |
-    sed -n 's/^  \(-[^ ]*\)\( [A-Z][A-Za-z,=]*\)\{0,1\}.*/\1\2/p' | sed 's/^\(-.\),\([^ ]*\)\(.*\)/\1\3\n\2\3/'
+  "${run[0]}" --completion 2>/dev/null | sed -n "s/^$command\t\(-.*\)/\1/p"
 }
 
 _vorelle_batch_takes() { # OPTION
-  _vorelle_batch_options | sed -n "s/^$1 //p" | grep -x '[A-Z,=x]*[A-Z]'
+  _vorelle_batch_options | sed -n "s/^$1\t\(..*\)/\1/p"
 }
 
 # Offers the lines of the standard input that begin with the word, as a shell has to be given them.
@@ -80,9 +79,9 @@ _vorelle_batch() {
     ?*) return ;;
   esac
   if [ "${current:0:1}" = - ]; then
-    _vorelle_batch_offer < <(_vorelle_batch_options | cut -d ' ' -f 1)
+    _vorelle_batch_offer < <(_vorelle_batch_options | cut -f 1)
   elif [ -z "$command" ]; then
-    _vorelle_batch_offer < <("${run[0]}" --help 2>/dev/null | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
+    _vorelle_batch_offer < <("${run[0]}" --completion 2>/dev/null | sed -n 's/^\([^\t]\{1,\}\)\t\t$/\1/p')
   else
     _vorelle_batch_arguments
   fi

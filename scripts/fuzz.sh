@@ -8,7 +8,7 @@ source "$root/scripts/packages.sh"
 seconds=${1:-60}
 shift || true
 
-install_packages "${tool_packages[@]}" "${library_packages[@]}" clang libclang-rt-14-dev
+install_packages "${tool_packages[@]}" "${library_packages[@]}" clang libclang-rt-dev
 build=$root/build/fuzz
 say "Building in build/fuzz"
 quietly cmake -S "$root" -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Dev -DVORELLE_FUZZ=ON \

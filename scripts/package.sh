@@ -30,7 +30,7 @@ finish_documents() {
   cat >"$documents/changelog" <<TEXT
 vorelle-annotator ($version) stable; urgency=medium
 
-  * See the project's history.
+  * See CHANGELOG.md.
 
  -- $maintainer  $(date -u -R -d "@$SOURCE_DATE_EPOCH")
 TEXT

@@ -6,7 +6,7 @@ library_packages=(libwxgtk3.2-dev libboost-dev libboost-filesystem-dev libtinyxm
   libcairo2-dev libeigen3-dev libepoxy-dev libegl-dev libgl-dev libcli11-dev nlohmann-json3-dev)
 # Mesa's drivers, the software renderer among them; the loader of the toolkit's pictures, such as its check marks.
 device_packages=(libgl1-mesa-dri librsvg2-common)
-test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel)
+test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel mandoc jq)
 # What builds the Windows programs and runs their tests.
 windows_packages=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev xz-utils cmake ninja-build python3
   libboost-dev libeigen3-dev libcli11-dev nlohmann-json3-dev googletest xvfb xauth libgl1-mesa-dri)
@@ -51,8 +51,9 @@ apt_get() {
 }
 
 install_packages() {
-  command -v dpkg-query >/dev/null && command -v apt-get >/dev/null ||
-    fail "this needs Debian 12 or a relative of it; elsewhere, install the like of: $*"
+  if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    fail "packages are installed with apt-get, which is not here; install the equivalents of: $*"
+  fi
   find_missing_packages "$@"
   if [ ${#missing_packages[@]} -eq 0 ]; then
     say "Packages: all $# are installed"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # windows-libraries.sh CACHE: builds the static libraries of the Windows programs from Debian's source packages, once, into
-# CACHE/prefix. A library that stands there already is left alone. Ends with 3 where the sources cannot be fetched.
+# CACHE/prefix. A library that is there already is left alone. Ends with 3 if the sources cannot be fetched.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -19,6 +19,7 @@ ln -sfn -t "$prefix/include" /usr/include/{boost,CLI,nlohmann}
 
 # The machine's own package sources, for source packages, in a list of their own.
 write_source_list() {
+  # shellcheck disable=SC2016  # apt-get expands them
   apt-get indextargets --format '$(REPO_URI)|$(RELEASE)|$(COMPONENT)|$(TRUSTED)' 'Created-By: Packages' | sort -u |
     while IFS='|' read -r uri release component trusted; do
       [ "$trusted" = yes ] && option='[trusted=yes] ' || option=
@@ -37,7 +38,8 @@ fetch() { # [PACKAGE...]: the tarballs as their authors released them
 
 unpack() { # NAME PATTERN [TAR-OPTION...]: leaves the sources in build/NAME
   local folder=$cache/build/$1 tarball
-  tarball=$(ls "$cache"/sources/$2)
+  tarball=$(find "$cache/sources" -name "$2" | sort -V | tail -n 1)
+  [ -n "$tarball" ] || fail "the sources of $1 ($2) are not in $cache/sources"
   shift 2
   rm -rf "$folder"
   mkdir -p "$folder"
@@ -63,7 +65,7 @@ with_configure() { # NAME SUBDIR OPTION...: makes and installs what lies in SUBD
 }
 
 build_boost() { # of Boost, only Filesystem is more than headers
-  unpack boost 'boost1.74_*.orig.tar.xz' --wildcards '*/libs/filesystem/src'
+  unpack boost "${packages[boost]}_*.orig.tar.xz" --wildcards '*/libs/filesystem/src'
   local source
   for source in "$cache"/build/boost/libs/filesystem/src/*.cpp; do
     $CXX -O2 "$map" -DBOOST_FILESYSTEM_STATIC_LINK=1 -DBOOST_FILESYSTEM_SOURCE -I"$prefix/include" -c "$source" \
@@ -73,12 +75,12 @@ build_boost() { # of Boost, only Filesystem is more than headers
 }
 
 build_tinyxml2() {
-  unpack tinyxml2 'tinyxml2_*.orig.tar.xz'
+  unpack tinyxml2 "${packages[tinyxml2]}_*.orig.tar.*"
   with_cmake tinyxml2 . -DBUILD_TESTING=OFF
 }
 
 build_polyclipping() {
-  unpack polyclipping 'libpolyclipping_*.orig.tar.*'
+  unpack polyclipping "${packages[polyclipping]}_*.orig.tar.*"
   $CXX -O2 "$map" -c "$cache/build/polyclipping/cpp/clipper.cpp" -o "$cache/build/polyclipping/clipper.o"
   $host-ar rcs "$prefix/lib/libpolyclipping.a" "$cache/build/polyclipping/clipper.o"
   mkdir -p "$prefix/include/polyclipping"
@@ -91,29 +93,29 @@ build_libpng() { # the packaged zlib is linked by the name of its archive, or it
   mkdir -p "$prefix/lib/pkgconfig"
   printf 'Name: zlib\nDescription: zlib\nVersion: 1.2\nLibs: -L%s/lib -lz\nCflags: -I%s/include\n' "$prefix" "$prefix" \
     >"$prefix/lib/pkgconfig/zlib.pc"
-  unpack libpng 'libpng1.6_*.orig.tar.*'
+  unpack libpng "${packages[libpng]}_*.orig.tar.*"
   with_configure libpng .
 }
 
 build_pixman() {
-  unpack pixman 'pixman_*.orig.tar.*'
+  unpack pixman "${packages[pixman]}_*.orig.tar.*"
   with_configure pixman pixman --disable-gtk --disable-libpng
   cp "$cache/build/pixman/pixman-1.pc" "$prefix/lib/pkgconfig/"
 }
 
 build_cairo() {
-  unpack cairo 'cairo_*.orig.tar.*' --exclude '*/test/reference/*'
+  unpack cairo "${packages[cairo]}_*.orig.tar.*" --exclude '*/test/reference/*'
   with_configure cairo src --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
     --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace \
     --enable-png
 }
 
 build_wxwidgets() { # with the PNG library and the zlib of above
-  unpack wxwidgets 'wxwidgets3.2_*.orig.tar.*'
+  unpack wxwidgets "${packages[wxwidgets]}_*.orig.tar.*"
   local option options=(-DwxBUILD_SHARED=OFF -DwxBUILD_SAMPLES=OFF -DwxBUILD_TESTS=OFF -DwxUSE_LIBPNG=sys -DwxUSE_ZLIB=sys)
   for option in LIBJPEG LIBTIFF LIBLZMA EXPAT XML XRC STC WEBVIEW MEDIACTRL RIBBON PROPGRID AUI HTML WXHTML_HELP RICHTEXT \
     NANOSVG OPENGL REGEX; do
-    options+=(-DwxUSE_$option=OFF)
+    options+=("-DwxUSE_$option=OFF")
   done
   with_cmake wxwidgets . "${options[@]}"
 }
@@ -130,10 +132,20 @@ with_cmake_of_package() { # SOURCE NAME: sources that Debian installs
   cmake --install "$cache/build/$2"
 }
 
-# In the order of what they need of each other, with Debian's names of their sources.
+# In the order of what they need of each other, each with the package of its headers on this system.
 libraries=(boost tinyxml2 polyclipping libpng pixman cairo googletest wxwidgets)
-declare -A packages=([boost]=boost1.74 [tinyxml2]=tinyxml2 [polyclipping]=libpolyclipping [libpng]=libpng1.6
-  [pixman]=pixman [cairo]=cairo [googletest]="" [wxwidgets]=wxwidgets3.2)
+declare -A headers=([boost]=$(apt-cache depends libboost-filesystem-dev | sed -n 's/^ *Depends: //p' | head -n 1)
+  [tinyxml2]=libtinyxml2-dev [polyclipping]=libpolyclipping-dev [libpng]=libpng-dev [pixman]=libpixman-1-dev
+  [cairo]=libcairo2-dev [wxwidgets]=libwxgtk3.2-dev)
+
+# The source package that a package is built from, by the name and version that this system gives it.
+source_of() { # PACKAGE
+  local source
+  source=$(apt-cache show --no-all-versions "$1" | sed -n 's/^Source: \([^ ]*\).*/\1/p')
+  printf '%s' "${source:-$1}"
+}
+
+declare -A packages
 [ -n "${WINDOWS_LIBRARIES-}" ] && read -ra libraries <<<"$WINDOWS_LIBRARIES"
 missing=()
 for library in "${libraries[@]}"; do
@@ -143,7 +155,9 @@ done
 
 sources=()
 for library in "${missing[@]}"; do
-  [ -z "${packages[$library]}" ] || sources+=("${packages[$library]}")
+  [ -n "${headers[$library]-}" ] || continue
+  packages[$library]=$(source_of "${headers[$library]}")
+  sources+=("${packages[$library]}")
 done
 say "Windows libraries: fetching the sources of ${missing[*]}"
 (fetch "${sources[@]}") || { echo "${0##*/}: the sources could not be fetched" >&2; exit 3; }

@@ -2,8 +2,8 @@
 # windows.sh [--tests-only]: installs the cross tools, builds the libraries once, builds the Windows programs and their
 # tests, runs the tests under Wine, and packs build/windows/Vorelle (and its .zip) to unpack into an X-Plane
 # installation. With --tests-only neither the toolkit nor the desktop tool is built, and nothing is packed.
-# The libraries go to build/windows-libraries, or to the folder that WINDOWS_CACHE names.
-# Ends with 3 where the tools or the sources of the libraries cannot be had, which says nothing of the programs.
+# The libraries are built once for all checkouts, into the folder that WINDOWS_CACHE names or into the user's cache folder.
+# Ends with 3 if the tools or the sources of the libraries cannot be installed or fetched.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -16,7 +16,8 @@ esac
 
 libraries="boost tinyxml2 polyclipping libpng pixman cairo googletest"
 [ $window = OFF ] || libraries="$libraries wxwidgets"
-cache=${WINDOWS_CACHE:-$root/build/windows-libraries}
+system=$(sed -n "s/^VERSION_CODENAME=//p" /etc/os-release)
+cache=${WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vorelle-annotator/windows-${system:-unknown}}
 build=$root/build/windows
 targets=(foundation_tests rendering_tests rendering_d3d11_tests batch_windows_tests vorelle-batch)
 [ $window = OFF ] || targets+=(annotator_window_tests vorelle-annotator)
@@ -45,7 +46,7 @@ WINDOWS_LIBRARIES=$libraries "$root/scripts/windows-libraries.sh" "$cache" || ex
 
 say "Building in build/windows"
 quietly cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
-  -DVORELLE_WINDOWS_PREFIX="$cache/prefix" -DVORELLE_WINDOW=$window -DVORELLE_WERROR=ON -DCMAKE_BUILD_TYPE=Release ||
+  -DVORELLE_WINDOWS_PREFIX="$cache/prefix" -DVORELLE_WINDOW=$window -DVORELLE_WERROR="${VORELLE_WERROR:-OFF}" -DCMAKE_BUILD_TYPE=Release ||
   fail "configuring failed"
 cmake --build "$build" --target "${targets[@]}" || fail "the build failed"
 

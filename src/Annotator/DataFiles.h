@@ -5,8 +5,9 @@
 
 namespace Annotator {
 
-/// Where the program's own data files stand: in "share/vorelle-annotator/QVRA" beside the folder of an installed program,
-/// in "data/QVRA" there for one in its build tree, or in "QVRA" in the program's folder. Empty where there are none.
+/// Where the program's own data files stand: in "share/vorelle-annotator/QVRA" beside the folder of an installed
+/// program, in "data/QVRA" there for one in its build tree, or in "QVRA" in the program's folder. Empty where there are
+/// none.
 boost::filesystem::path OwnDataFolder(const boost::filesystem::path& program);
 
 /// Puts each of the files of `data` that the installation's folder "QVRA" has no entry for there, whole or not at all;

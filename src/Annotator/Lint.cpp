@@ -25,7 +25,8 @@ using CockpitModel::TouchInteractionType;
 
 constexpr std::size_t kMostOtherYokes = 4;
 
-/// The name that a file bears on the disk, also where the system finds it by another spelling; empty when there is none.
+/// The name that a file bears on the disk, also where the system finds it by another spelling; empty when there is
+/// none.
 path NamedOnDisk(const path& file) {
     return Utils::AsListed(Utils::FindIgnoringCase(file));
 }

@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
+#include <charconv>
 #include <set>
 
 namespace Batch {
@@ -100,9 +101,16 @@ void AddAircraftOption(CLI::App& app, std::vector<std::string>& words) {
 }
 
 void AddJobsOption(CLI::App& app, std::size_t& jobs) {
-    app.add_option("--jobs,-j", jobs, "So many aircraft at once; as many as there are processors without it")
-        ->type_name("N")
-        ->check(CLI::Range(std::size_t{1}, std::size_t{kMostJobs}).description(""));
+    const auto parse = [&jobs](const std::string& text) {
+        const char* const end = text.data() + text.size();
+        const auto [next, error] = std::from_chars(text.data(), end, jobs);
+        if (error != std::errc() || next != end || jobs < 1 || jobs > kMostJobs)
+            throw CLI::ValidationError("--jobs",
+                                       "'" + text + "' is not a number from 1 to " + std::to_string(kMostJobs));
+    };
+    app.add_option_function<std::string>("--jobs,-j", parse,
+                                         "Aircraft to process in parallel (default: number of processors)")
+        ->type_name("N");
 }
 
 std::string NameOf(const Sim::AircraftInfo& info) {

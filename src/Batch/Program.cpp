@@ -93,6 +93,7 @@ struct CommandLine {
     CLI::App app{"Works out how a hand in virtual reality touches the cockpits of an X-Plane installation.",
                  "vorelle-batch"};
     std::string installation = ".";
+    bool completion = false;
     Action action;
 };
 
@@ -103,7 +104,8 @@ CommandLine::CommandLine() {
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
         ->take_last();
-    app.fallthrough(); // -C may stand behind the command as well
+    app.add_flag("--completion", completion)->group(""); // read by the shell's completion, not shown by --help
+    app.fallthrough();                                   // -C may stand behind the command as well
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
         subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
@@ -165,6 +167,10 @@ int Run(std::vector<std::string> words) {
             return line.app.exit(error); // help or version
         session.console.Message(UsageText(line.app, error));
         return kWrongUsage;
+    }
+    if (line.completion) {
+        std::cout << CompletionText(line.app) << std::flush;
+        return kDone;
     }
     if (!line.action) {
         session.console.Message("a command is required; --help lists them");

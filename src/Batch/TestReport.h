@@ -40,7 +40,7 @@ void PrintTable(std::ostream& stream, const TestReport& report);
 
 /// The reports as they stand in files; the same bytes for the same results.
 std::string JsonReport(const TestReport& report);
-TestReport ParseReport(std::string_view json); ///< a JSON report again; throws for any other text
+TestReport ParseReport(std::string_view json);     ///< a JSON report again; throws for any other text
 std::string JUnitReport(const TestReport& report); ///< a suite per aircraft, a case per part
 std::string CsvReport(const TestReport& report);   ///< a line per expectation, and one per aircraft that failed to load
 std::string HtmlReport(const TestReport& report);  ///< one page with all that it needs

@@ -37,9 +37,13 @@ std::string DidYouMean(const std::string& word, const std::vector<std::string>& 
     return "; did you mean '" + *nearest + "'?";
 }
 
+std::vector<const CLI::App*> Commands(const CLI::App& app) {
+    return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
 std::vector<std::string> CommandNames(const CLI::App& app) {
     std::vector<std::string> names;
-    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+    for (const CLI::App* command : Commands(app))
         names.push_back(command->get_name());
     return names;
 }
@@ -61,7 +65,34 @@ std::string UnexpectedText(const CLI::App& app, const CLI::App* command, const s
     return "there is no command '" + word + "'" + DidYouMean(word, CommandNames(app));
 }
 
+/// A line for each name of each option that help shows, and for each command-line argument under its own name.
+std::string OptionLines(const CLI::App& command, const std::string& commandName) {
+    std::string lines;
+    for (const CLI::Option* option : command.get_options()) {
+        if (option->get_group().empty())
+            continue;
+        std::vector<std::string> names;
+        for (const std::string& name : option->get_snames())
+            names.push_back("-" + name);
+        for (const std::string& name : option->get_lnames())
+            names.push_back("--" + name);
+        if (names.empty())
+            names.push_back(option->get_name());
+        const std::string kind = option->get_items_expected_max() == 0 ? std::string() : option->get_type_name();
+        for (const std::string& name : names)
+            lines += commandName + "\t" + name + "\t" + kind + "\n";
+    }
+    return lines;
+}
+
 } // namespace
+
+std::string CompletionText(const CLI::App& app) {
+    std::string lines = OptionLines(app, "");
+    for (const CLI::App* command : Commands(app))
+        lines += command->get_name() + "\t\t\n" + OptionLines(*command, command->get_name());
+    return lines;
+}
 
 std::string UsageText(const CLI::App& app, const CLI::Error& error) {
     const auto parsed = app.get_subcommands();

@@ -31,8 +31,8 @@ TEST(Program, TellsUsageFromHelp) {
         {{"detect", "--un"}, 2, "", "did you mean '--untextured'?"},
         {{"explain", "Vorelle", "Trainer", "1,0"}, 2, "", "explain: '1,0' is one word too many"},
         {{"inspect"}, 2, "", "inspect: AIRCRAFT is required"},
-        {{"detect", "--jobs", "0"}, 2, "", "detect: --jobs: Value 0 not in range 1 to 1024"},
-        {{"test", "--jobs", "many"}, 2, "", "test: --jobs: "},
+        {{"detect", "--jobs", "0"}, 2, "", "detect: --jobs: '0' is not a number from 1 to 1024"},
+        {{"test", "--jobs", "1x"}, 2, "", "test: --jobs: '1x' is not a number"},
         {{"-C", "nowhere", "list"}, 2, "", "nowhere: No such file or directory"},
         {{"lint"}, 2, "", "is no X-Plane installation: there is no folder Aircraft in it"},
     };

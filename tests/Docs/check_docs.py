@@ -52,18 +52,15 @@ def check_blocks(name, folder, environment, update):
 
 
 def check_options(program):
-    def help_of(*words):
-        return subprocess.run([program, *words, "--help"], stdout=subprocess.PIPE, text=True, check=True).stdout
-
     chapters = dict(re.findall(r"^## (\w+)[^\n]*\n(.*?)(?=^## |\Z)", (ROOT / "docs/batch.md").read_text(), re.M | re.S))
     manual = (ROOT / "packaging/vorelle-batch.1").read_text().replace("\\-", "-")
-    complete = True
-    for command in re.findall(r"^  (\w+) ", help_of().split("Subcommands:")[1], re.M):
-        for option in re.findall(r"^  (?:-\w,)?(--[\w-]+)", help_of(command), re.M):
-            for place, text in [("docs/batch.md", chapters.get(command, "")), ("the man page", manual)]:
-                if option != "--help" and option not in text:
-                    print(f"FAILED: {place} does not tell of {command} {option}")
-                    complete = False
+    options = subprocess.run([program, "--completion"], stdout=subprocess.PIPE, text=True, check=True).stdout
+    complete = options.count("--") > 20
+    for command, option in re.findall(r"^(\w+)\t(--[\w-]+)", options, re.M):
+        for place, text in [("docs/batch.md", chapters.get(command, "")), ("the man page", manual)]:
+            if option != "--help" and option not in text:
+                print(f"FAILED: {place} does not tell of {command} {option}")
+                complete = False
     return complete
 
 

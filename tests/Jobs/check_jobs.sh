@@ -4,7 +4,7 @@
 set -euo pipefail
 engine=$1 real=$(readlink -f "$2")
 root=$(dirname "$(dirname "$(dirname "$(readlink -f "$0")")")")
-[ "$engine" = slurm ] || command -v parallel >/dev/null || { echo "skipped: GNU parallel is not installed"; exit 77; }
+[ "$engine" = slurm ] || command -v parallel >/dev/null || { echo "Skipped: GNU parallel is not installed"; exit 77; }
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

@@ -11,7 +11,8 @@ namespace Support {
 /// A folder of its own for one test, gone with it.
 class TemporaryFolder {
 public:
-    TemporaryFolder() : path(boost::filesystem::temp_directory_path() / boost::filesystem::unique_path("vorelle-%%%%-%%%%-%%%%")) {
+    TemporaryFolder()
+        : path(boost::filesystem::temp_directory_path() / boost::filesystem::unique_path("vorelle-%%%%-%%%%-%%%%")) {
         boost::filesystem::create_directories(path);
     }
     ~TemporaryFolder() {

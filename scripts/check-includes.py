@@ -1,0 +1,56 @@
+#!/usr/bin/env python3
+"""check-includes.py: holds the arrows of ARCHITECTURE.md. A file of src includes only from its own library and from those
+below it, and the headers of toolkit, devices, command line and JSON only where they belong."""
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[1] / "src"
+
+# Each library: the folders that it holds with all below them, and the libraries that it may include. The longest folder wins.
+LIBRARIES = {
+    "foundation": (["Utils", "Logging"], []),
+    "threading": (["Threading"], ["foundation"]),
+    "rendering": (["Rendering"], ["foundation", "threading"]),
+    "opengl": (["Rendering/OpenGL"], ["foundation", "threading", "rendering"]),
+    "d3d11": (["Rendering/D3D11"], ["foundation", "threading", "rendering"]),
+    "cockpit": (["Sim", "CockpitModel"], ["foundation", "threading", "rendering"]),
+    "annotator": (["Annotator"], ["foundation", "threading", "rendering", "cockpit"]),
+    "window": (["Annotator/Window"], ["foundation", "threading", "rendering", "cockpit", "annotator", "opengl", "d3d11"]),
+    "batch": (["Batch"], ["foundation", "threading", "rendering", "cockpit", "annotator", "opengl", "d3d11"]),
+}
+SYSTEM_HEADERS = {
+    r"wx/|gtk/|gdk|atk/": ["window"],
+    r"epoxy/|EGL/|GL/": ["opengl"],
+    r"d3d|dxgi|wrl/": ["d3d11"],
+    r"CLI/|nlohmann/": ["batch"],
+    r"cairo": ["rendering"],
+}
+INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)', re.M)
+FOLDERS = sorted(((folder, name) for name, (folders, _) in LIBRARIES.items() for folder in folders),
+                 key=lambda row: -len(row[0]))
+
+
+def library_of(path):
+    return next((name for folder, name in FOLDERS if path.startswith(folder + "/")), None)
+
+
+def faults_of(path):
+    own = library_of(path)
+    text = (ROOT / path).read_text()
+    for match in INCLUDE.finditer(text):
+        quote, header = match.groups()
+        line = text.count("\n", 0, match.start()) + 1
+        if quote == '"':
+            other = library_of(header)
+            if other != own and other not in LIBRARIES[own][1]:
+                yield f"src/{path}:{line}: {own} must not include \"{header}\" of {other}"
+        for pattern, allowed in SYSTEM_HEADERS.items():
+            if quote == "<" and re.match(pattern, header) and own not in allowed:
+                yield f"src/{path}:{line}: <{header}> belongs into {' or '.join(allowed)}, not into {own}"
+
+
+paths = sorted(str(path.relative_to(ROOT)) for path in ROOT.rglob("*") if path.suffix in (".h", ".cpp"))
+faults = [fault for path in paths for fault in faults_of(path)]
+print("\n".join(faults + [f"{len(paths)} files, {len(faults)} includes that point the wrong way"]))
+sys.exit(1 if faults else 0)
