@@ -75,6 +75,7 @@ constexpr std::array kCommands{
             PrepareCompare},
 };
 
+constexpr const char* kCompletion = "--completion";
 constexpr const char* kAircraft =
     "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other aircraft has.\n";
 constexpr const char* kExitCodes =
@@ -86,9 +87,10 @@ std::string Footer(const Command& command, const CLI::App& app) {
     return std::string(command.help) + "\n\n" + (takesAircraft ? kAircraft : "") + kExitCodes;
 }
 
-/// The options that all commands share, and the action of the chosen one.
+/// The options that all commands share, and the action of the chosen one. Only a command that the arguments may name
+/// gets its options, as making those of all commands takes longer than listing the aircraft.
 struct CommandLine {
-    CommandLine();
+    explicit CommandLine(const std::vector<std::string>& words);
 
     CLI::App app{"Works out how a hand in virtual reality touches the cockpits of an X-Plane installation.",
                  "vorelle-batch"};
@@ -97,17 +99,21 @@ struct CommandLine {
     Action action;
 };
 
-CommandLine::CommandLine() {
+CommandLine::CommandLine(const std::vector<std::string>& words) {
     app.footer("'vorelle-batch COMMAND --help' tells of a command.\n\n" + std::string(kAircraft) + kExitCodes);
     app.set_help_flag("-h,--help", "Prints this and ends");
     app.set_version_flag("--version", "vorelle-batch " VORELLE_VERSION, "Prints the version and ends");
     app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
         ->type_name("DIR")
         ->take_last();
-    app.add_flag("--completion", completion)->group(""); // read by the shell's completion, not shown by --help
-    app.fallthrough();                                   // -C may stand behind the command as well
+    app.add_flag(kCompletion, completion)->group(""); // read by the shell's completion, not shown by --help
+    app.fallthrough();                                // -C may stand behind the command as well
+    const auto named = [&words](const std::string& word) { return std::ranges::find(words, word) != words.end(); };
+    const bool all = named(kCompletion);
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
+        if (!all && !named(command.name))
+            continue;
         subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
         subcommand->footer(Footer(command, *subcommand));
     }
@@ -157,7 +163,7 @@ int Run(std::vector<std::string> words) {
     // A reader that has seen enough ends the program in silence, also below a program that ignores this signal.
     std::signal(SIGPIPE, SIG_DFL);
 #endif
-    CommandLine line;
+    CommandLine line(words);
     Session session;
     try {
         std::ranges::reverse(words); // as the parser takes them

@@ -1,12 +1,12 @@
 // The functions of cairo that the images are read and written with, for a program that rarely needs them: the library
 // and the many that it depends on are loaded at the first call instead of at each start of the program.
 
-#pragma GCC visibility push(hidden) // cairo's own calls must not find these
-#include <cairo.h>
-
 #include <dlfcn.h>
 #include <stdexcept>
 #include <string>
+
+#pragma GCC visibility push(hidden) // cairo's own calls must not find these
+#include <cairo.h>
 
 namespace {
 
