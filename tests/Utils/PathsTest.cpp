@@ -23,15 +23,12 @@ TEST(FindIgnoringCase, TakesTheExactNameFirstAndElseTheFirstInByteOrder) {
     const struct {
         std::string wanted, found;
     } rows[] = {
-        {"Plane/Objects/a.png", "Plane/Objects/a.png"},
         {"PLANE/objects/a.png", "Plane/Objects/a.png"},
         {"Plane/Objects/a.PNG", "Plane/Objects/A.png"},
-        {"Plane/Objects/b.png", "Plane/Objects/B.png"},
         {"Plane/Objects/C.png", "Plane/Objects/c.PNG"},
         {"Plane/Objects/\xE9.png", ""},
         {"Plane\\objects\\A.png", "Plane/Objects/A.png"},
         {"plane/OBJECTS\\a.png", "Plane/Objects/a.png"},
-        {"Plane/back\\slash/in.png", "Plane/back\\slash/In.png"},
         {"Plane/BACK\\slash/in.png", "Plane/back\\slash/In.png"},
         {"./plane/../PLANE/objects", "./Plane/../Plane/Objects"},
         {"Plane/Objects/a.png/b", ""},
@@ -80,21 +77,14 @@ TEST(Paths, ReadsWholeFiles) {
 }
 
 TEST(Paths, ReadsStreamsThatDoNotKnowTheirSize) {
-    /// Hands out its text a byte at a time.
-    struct Pipe : std::streambuf {
-        int_type underflow() override {
-            if (at == text.size())
-                return traits_type::eof();
-            setg(&text[at], &text[at], &text[at] + 1);
-            return traits_type::to_int_type(text[at++]);
-        }
-        std::string text;
-        std::size_t at = 0;
-    } pipe;
-    for (int i = 0; i < 70'000; ++i)
-        pipe.text += std::to_string(i);
+    struct Pipe : std::stringbuf {
+        using stringbuf::stringbuf;
+        pos_type seekoff(off_type, std::ios::seekdir, std::ios::openmode) override { return -1; }
+    };
+    const std::string text(400'000, 'x');
+    Pipe pipe(text);
     std::istream stream(&pipe);
-    EXPECT_EQ(ReadAll(stream), pipe.text);
+    EXPECT_EQ(ReadAll(stream), text);
 }
 
 TEST(Paths, KeepsUserDataWhereThePlatformSays) {
