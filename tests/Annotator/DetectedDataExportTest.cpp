@@ -99,6 +99,8 @@ TEST(DetectedDataExportTest, LogsEachAircraftAndWhatItSkips) {
     std::vector<std::string> lines;
     for (std::string line; std::getline(log, line);)
         lines.push_back(line);
+    ASSERT_GE(lines.size(), 7u);
+    lines.erase(lines.begin(), lines.end() - 7); // what earlier tests of this program have queued
     EXPECT_THAT(lines,
                 ElementsAre(EndsWith(own + "368\t\tLoading aircraft for output: A/Fine/a.acf - A/Fine/a.acf"), cockpit,
                             EndsWith("\t\tModel has 2 parts, 6 total drawn vertices, stored in array size 1"),

@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 #include <thread>
 #include <typeinfo>
+#include <utility>
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "Utils/Paths.h"
 
+#include "Logging/Logger.h"
 #include "Support/TemporaryFolder.h"
 
 #include <cstdlib>
@@ -60,9 +61,7 @@ TEST(Paths, ReadsWholeFiles) {
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     fs::create_symlink("/dev/zero", folder / "zeros");
     fs::create_symlink("circle", folder / "circle");
-    folder.Write("sparse", "x");
-    fs::resize_file(folder / "sparse", kLargestFile + 1);
-    for (const char* name : {"pipe", "zeros", "circle", "sparse", "missing", "."}) {
+    for (const char* name : {"pipe", "zeros", "circle", "missing", "."}) {
         EXPECT_EQ(ReadFile(folder / name), "") << name;
         EXPECT_FALSE(OpenFile(folder / name).is_open()) << name;
     }
@@ -76,12 +75,30 @@ TEST(Paths, ReadsWholeFiles) {
     }
 }
 
+TEST(Paths, LogsAFileThatIsTooLargeToBeRead) {
+    const Support::TemporaryFolder folder;
+    folder.Write("sparse", "x");
+    fs::resize_file(folder / "sparse", kLargestFile + 1);
+    const auto read = [&] {
+        setenv("XDG_DATA_HOME", folder.path.c_str(), 1);
+        Logging::Logger::Get().Start();
+        EXPECT_EQ(ReadFile(folder / "sparse"), "");
+        Logging::Logger::Get().Stop("");
+        std::_Exit(testing::Test::HasFailure() ? 1 : 0);
+    };
+    EXPECT_EXIT(read(), testing::ExitedWithCode(0), ""); // the log is one for a process
+    EXPECT_TRUE(folder.Read("Vorelle/log.txt")
+                    .ends_with("/sparse has 1073741825 bytes; a file of more than 1073741824 bytes is not read\n"));
+}
+
 TEST(Paths, ReadsStreamsThatDoNotKnowTheirSize) {
     struct Pipe : std::stringbuf {
         using stringbuf::stringbuf;
         pos_type seekoff(off_type, std::ios::seekdir, std::ios::openmode) override { return -1; }
     };
-    const std::string text(400'000, 'x');
+    std::string text;
+    for (int i = 0; i < 70'000; ++i)
+        text += std::to_string(i);
     Pipe pipe(text);
     std::istream stream(&pipe);
     EXPECT_EQ(ReadAll(stream), text);
