@@ -33,6 +33,13 @@ std::string ReasonText(const std::exception& error) {
     return Utils::Describe(error);
 }
 
+std::string ReasonText(const Sim::AircraftInfo& info, const std::exception& error) {
+    std::string reason = ReasonText(error);
+    if (const std::string file = info.acfPath + ": "; reason.starts_with(file))
+        reason.erase(0, file.size());
+    return reason;
+}
+
 std::string ScanFailureText(const std::exception& error) {
     return "The aircraft of this folder cannot be listed:\n" + Absolute("Aircraft") + "\n\n" + ReasonText(error) +
            "\n\nStart the program in the folder of an X-Plane installation.";
@@ -43,7 +50,7 @@ std::string DataFilesFailureText(const std::string& folder, const std::string& r
 }
 
 std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error) {
-    return info.displayName + " cannot be loaded:\n" + info.acfPath + "\n\n" + ReasonText(error);
+    return info.displayName + " cannot be loaded:\n" + info.acfPath + "\n\n" + ReasonText(info, error);
 }
 
 std::string ExportFailureText(const std::exception& error) {

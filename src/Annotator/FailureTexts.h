@@ -14,6 +14,8 @@ namespace Annotator {
 bool WasFatalError(const std::exception& error);
 /// The reason in words, with the path where the error names one.
 std::string ReasonText(const std::exception& error);
+/// The same for a text that names the aircraft's .acf file already: a reason that begins with it begins without it.
+std::string ReasonText(const Sim::AircraftInfo& info, const std::exception& error);
 
 std::string ScanFailureText(const std::exception& error);
 std::string DataFilesFailureText(const std::string& folder, const std::string& reason);

@@ -24,7 +24,7 @@ std::string JobAnswer(const Job& job, const Sim::AircraftInfo& aircraft) {
     } catch (const std::bad_alloc&) {
         return kThrew + std::string("out of memory");
     } catch (const std::exception& error) {
-        return kThrew + Annotator::ReasonText(error);
+        return kThrew + Annotator::ReasonText(aircraft, error);
     }
 }
 

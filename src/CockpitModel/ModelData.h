@@ -4,6 +4,7 @@
 #include "CockpitModel/ModelAnimation.h"
 #include "CockpitModel/Touch/MouseRect.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,7 +28,8 @@ struct ModelData {
     RiffBlockSCEN sceneElements;
     RiffBlockSGAL animationLinks; ///< by node; negative for none
     RiffBlockSGVL visibilityLinks;
-    std::string sourcePath; ///< the file that the model was read from, for messages
+    std::string sourcePath;             ///< the file that the model was read from, for messages
+    std::uint32_t emptyTextureLine = 0; ///< its first TEXTURE line that names no file; 0 for none
 };
 
 } // namespace CockpitModel

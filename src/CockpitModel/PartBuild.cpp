@@ -11,10 +11,6 @@ namespace {
 using Rendering::GeometryVertex;
 using Soup = std::vector<GeometryVertex>;
 
-constexpr std::uint32_t kTriangleList = 1;
-constexpr std::uint32_t kTriangleFan = 2;
-constexpr std::uint32_t kTriangleStrip = 3;
-constexpr std::int32_t kOpaqueBlendKind = 2;
 constexpr float kOpaqueAlpha = 0.9f;
 /// Draw calls may draw the same vertices and name the same texture over and over, so that a small file could fill the
 /// memory with copies. Cockpits draw up to a few million vertices.
@@ -35,7 +31,7 @@ auto& NamedEntry(List& list, Index index, const ModelData& model, const RiffBloc
     if (index >= list.size())
         throw Utils::OutOfRange(AtSource(model, block,
                                          "TRIS needs " + std::string(kind) + " " + std::to_string(index) +
-                                             ", but the model has " + std::to_string(list.size())));
+                                             " (counted from 0), but the model has " + std::to_string(list.size())));
     return list[index];
 }
 
@@ -90,9 +86,13 @@ Soup MakeTriangles(Soup raw, std::uint32_t type) {
 
 const Material& FindMaterial(const ModelData& model, const RiffBlockPART& block) {
     const auto& materials = model.materials.Children;
-    if (block.MaterialIndex >= materials.size())
-        throw Utils::OutOfRange(AtSource(model, block, "TRIS before any TEXTURE line, so the part has no material"));
-    return materials[block.MaterialIndex];
+    if (block.MaterialIndex < materials.size())
+        return materials[block.MaterialIndex];
+    const std::uint32_t empty = model.emptyTextureLine;
+    const std::string cause = empty != 0 && empty < block.SourceLine
+                                  ? "TEXTURE of line " + std::to_string(empty) + " names no file"
+                                  : "TRIS before any TEXTURE line";
+    throw Utils::OutOfRange(AtSource(model, block, cause + ", so the part has no material"));
 }
 
 void AddToNode(Node& node, std::unique_ptr<NodePart> part) {
@@ -126,7 +126,7 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
 } // namespace
 
 bool NodePart::IsTransparent() const {
-    return material && !(material->BlendKind == kOpaqueBlendKind && material->Alpha >= kOpaqueAlpha);
+    return material && !(material->BlendKind == kOpaqueBlend && material->Alpha >= kOpaqueAlpha);
 }
 
 const PartTree& NodePart::Tree() const {
@@ -159,7 +159,6 @@ void SceneGraph::BuildParts(const RiffBlockPART& block) {
     if (soup.size() < 3)
         return;
     auto part = std::make_unique<NodePart>();
-    part->node = &node;
     part->vertices = std::move(soup);
     part->block = block;
     part->material = &FindMaterial(model, block);

@@ -7,8 +7,10 @@
 #include "Sim/AircraftInfo.h"
 #include "Utils/Paths.h"
 
+#include <algorithm>
 #include <boost/lexical_cast.hpp>
 #include <fstream>
+#include <stdexcept>
 
 namespace CockpitModel {
 
@@ -16,10 +18,11 @@ namespace {
 
 constexpr float kMetresPerFoot = 0.3048f;
 
-/// A value that is no number; what() tells where it stands.
+/// A value that is no number; what() tells where it is.
 struct BadAcfNumber final : boost::bad_lexical_cast {
-    BadAcfNumber(const std::string& file, std::string_view key, std::string_view value)
-        : text(file + ": " + std::string(key) + " is \"" + std::string(value) + "\", which is no number") {}
+    BadAcfNumber(const std::string& file, std::string_view key, std::ptrdiff_t line, std::string_view value)
+        : text(file + ": " + std::string(key) + " of line " + std::to_string(line) + " is \"" + std::string(value) +
+               "\"; it needs a number") {}
     const char* what() const noexcept override { return text.c_str(); }
 
     std::string text;
@@ -32,7 +35,7 @@ void ReadFeet(const std::string& acfPath, const std::string& acf, std::string_vi
         const std::string_view feet = value.substr(0, value.find_first_of(" \t"));
         float number = 0;
         if (!boost::conversion::try_lexical_convert(feet.data(), feet.size(), number))
-            throw BadAcfNumber(acfPath, key, feet);
+            throw BadAcfNumber(acfPath, key, 1 + std::count(acf.data(), feet.data(), '\n'), feet);
         metres = number * metresPerFoot;
     });
 }
@@ -55,6 +58,8 @@ XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info) {
 std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     auto model = std::make_unique<ModelData>();
     model->sourcePath = cockpitObjPath;
+    if (const std::string tooLarge = Utils::TooLargeText(cockpitObjPath); !tooLarge.empty())
+        throw std::runtime_error(tooLarge);
     XPObjData data;
     std::ifstream stream = Utils::OpenFile(cockpitObjPath);
     if (!stream.is_open())

@@ -26,12 +26,12 @@ boost::filesystem::path LogFolder() {
     return data / "Vorelle";
 }
 
-/// A copy that overwrites nothing. Empty when no file of that name is there afterwards.
+/// Copies the log without overwriting anything and returns the copy's path; empty when no whole copy was made.
 std::string CopyBeside(const boost::filesystem::path& logPath, const std::string& name) {
     const boost::filesystem::path copy = logPath.parent_path() / name;
     boost::system::error_code error;
     boost::filesystem::copy_file(logPath, copy, error);
-    return boost::filesystem::exists(copy, error) ? copy.string() : std::string();
+    return error ? std::string() : copy.string();
 }
 
 } // namespace
@@ -92,6 +92,7 @@ std::string Logger::Stop(const std::string& crashLog) {
 void Logger::WriteLines(const boost::filesystem::path& logPath, std::ios::openmode mode) {
     std::ofstream file(Utils::StreamPath(logPath), mode);
     const auto write = [&file](std::string* line) {
+        file.clear(); // a full disk may have space again
         file << *line << std::endl;
         delete line;
     };

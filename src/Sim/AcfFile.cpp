@@ -9,23 +9,18 @@ namespace Sim {
 
 namespace {
 
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-/// The text without the blanks and tabs at its end.
-std::string_view WithoutBlanksBehind(std::string_view text) {
-    while (!text.empty() && IsBlank(text.back()))
+std::string_view WithoutTrailingBlanks(std::string_view text) {
+    while (!text.empty() && Utils::IsBlank(text.back()))
         text.remove_suffix(1);
     return text;
 }
 
 /// Whether a text is that of an .acf file up to the key of a property line: "P" alone stands before it on the line.
 bool IsBeforeKey(std::string_view text) {
-    const std::string_view mark = WithoutBlanksBehind(text);
+    const std::string_view mark = WithoutTrailingBlanks(text);
     if (mark.size() == text.size() || !mark.ends_with('P'))
         return false;
-    const std::string_view before = WithoutBlanksBehind(mark.substr(0, mark.size() - 1));
+    const std::string_view before = WithoutTrailingBlanks(mark.substr(0, mark.size() - 1));
     return before.empty() || before.ends_with('\n');
 }
 
@@ -46,7 +41,7 @@ void ForEachAcfProperty(std::string_view acf, std::string_view key, const std::f
     for (std::size_t at = Find(rest, key); at != rest.size(); at = Find(rest, key)) {
         const std::string_view before = acf.substr(0, acf.size() - rest.size() + at);
         rest.remove_prefix(at + key.size());
-        if (rest.empty() || !IsBlank(rest.front()) || !IsBeforeKey(before))
+        if (rest.empty() || !Utils::IsBlank(rest.front()) || !IsBeforeKey(before))
             continue;
         std::string_view line;
         Utils::NextLine(rest, line);

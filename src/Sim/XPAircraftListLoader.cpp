@@ -41,14 +41,11 @@ std::optional<fs::path> FirstAcfFile(const fs::path& folder) {
     return std::nullopt;
 }
 
-/// A value's words with one blank between each.
+/// A value's words with one space between each.
 std::string Joined(std::string_view value) {
     std::string text;
-    for (const char c : value)
-        if (const bool blank = c == ' ' || c == '\t'; !blank)
-            text += c;
-        else if (text.back() != ' ')
-            text += ' ';
+    for (const std::string_view word : Utils::Words(value))
+        (text.empty() ? text : text += ' ') += word;
     return text;
 }
 

@@ -1,5 +1,6 @@
 #include "Utils/Paths.h"
 
+#include "Logging/Logger.h"
 #include "Utils/Platform.h"
 #include "Utils/Text.h"
 
@@ -113,9 +114,21 @@ std::string FolderStem(const std::string& filePath) {
     return fs::path(filePath).parent_path().stem().string();
 }
 
-bool IsReadableFile(const fs::path& path) {
+std::string TooLargeText(const fs::path& path) {
     boost::system::error_code error;
-    return fs::is_regular_file(path, error) && fs::file_size(path, error) <= kLargestFile;
+    const std::uintmax_t size = fs::is_regular_file(path, error) ? fs::file_size(path, error) : 0;
+    if (error || size <= kLargestFile)
+        return {};
+    return path.string() + " has " + std::to_string(size) + " bytes; a file of more than " +
+           std::to_string(kLargestFile) + " bytes is not read";
+}
+
+bool IsReadableFile(const fs::path& path) {
+    const std::string tooLarge = TooLargeText(path);
+    if (!tooLarge.empty())
+        Logging::Logger::Get().Log(HERE, tooLarge);
+    boost::system::error_code error;
+    return tooLarge.empty() && fs::is_regular_file(path, error);
 }
 
 std::ifstream OpenFile(const fs::path& path) {

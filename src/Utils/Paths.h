@@ -32,8 +32,10 @@ std::string FolderStem(const std::string& filePath);
 /// No file of an aircraft comes near this size, in bytes; a larger one is not read, so that it cannot fill the memory.
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
 
+/// Says of a file above kLargestFile that it is not read, with both sizes; empty for any other path.
+std::string TooLargeText(const boost::filesystem::path& path);
 /// Whether a path leads to a file of a size that is read, and not to a pipe or a device, which would keep a reader
-/// waiting or never end.
+/// waiting or never end. Logs a file that is too large.
 bool IsReadableFile(const boost::filesystem::path& path);
 /// A stream on a file's bytes; not opened where IsReadableFile says no.
 std::ifstream OpenFile(const boost::filesystem::path& path);

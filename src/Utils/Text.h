@@ -6,7 +6,12 @@
 
 namespace Utils {
 
-/// The text without blanks and tabs at its ends: the only white space of .acf and X-Plane object lines.
+/// The only white space of .acf and X-Plane object lines.
+constexpr bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+/// The text without blanks and tabs at its ends.
 std::string_view Trimmed(std::string_view text);
 
 /// The words of a line, split at runs of blanks and tabs.

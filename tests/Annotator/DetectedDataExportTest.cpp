@@ -1,15 +1,21 @@
 #include "Annotator/DetectedDataExport.h"
 
+#include "Logging/Logger.h"
 #include "Sim/XPAircraftInfo.h"
-#include "Support/ModelBuilder.h"
+#include "Support/OwnProcess.h"
 #include "Support/TemporaryFolder.h"
 
 #include <boost/filesystem.hpp>
-#include <gtest/gtest.h>
+#include <cstdlib>
+#include <gmock/gmock.h>
+#include <sstream>
 
 namespace {
 
 namespace fs = boost::filesystem;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::MatchesRegex;
 
 /// A list in an order of the test's making; a cockpit is made as the real record makes it.
 struct FixedList : Sim::AircraftListLoader {
@@ -69,6 +75,38 @@ TEST(DetectedDataExportTest, WritesEveryPartOfEachAircraftInOrderAndSkipsOneThat
         EXPECT_EQ(folder.Read(kFolder + "Broken.xml"), "of an earlier run");
         EXPECT_EQ(folder.Read(kFolder + "Bare.xml"), "<NodePartList/>\n") << "without a cockpit object";
     }
+}
+
+/// In a process of its own, as the log is one for a process.
+TEST(DetectedDataExportTest, LogsEachAircraftAndWhatItSkips) {
+    const Support::TemporaryFolder folder;
+    folder.Write("A/Fine/a_cockpit.obj", "TEXTURE a.png\n" + kTriangle + "TRIS 0 3\nTRIS 0 3\n");
+    folder.Write("A/Broken/b_cockpit.obj", kTriangle + "TRIS 0 3\n");
+    ASSERT_EQ(Support::ExitCode(Support::Fork([&] {
+                  setenv("XDG_DATA_HOME", folder.path.c_str(), 1);
+                  fs::current_path(folder.path);
+                  Logging::Logger::Get().Start();
+                  FixedList list({"A/Fine/a.acf", "A/Broken/b.acf"});
+                  Annotator::SaveDetectedData(list);
+                  Logging::Logger::Get().Stop("");
+                  return 0;
+              })),
+              0);
+    const std::string own = "\t\tAnnotator\\AnnotatorWindow.cpp\t\t";
+    const auto cockpit =
+        MatchesRegex(".*\t\tCockpitModel.XPAircraftCockpit.cpp\t\t[0-9]+\t\tAircraftCockpit::GenerateXP");
+    std::istringstream log(folder.Read("Vorelle/log.txt"));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(log, line);)
+        lines.push_back(line);
+    ASSERT_GE(lines.size(), 7u);
+    lines.erase(lines.begin(), lines.end() - 7); // what earlier tests of this program have queued
+    EXPECT_THAT(lines,
+                ElementsAre(EndsWith(own + "368\t\tLoading aircraft for output: A/Fine/a.acf - A/Fine/a.acf"), cockpit,
+                            EndsWith("\t\tModel has 2 parts, 6 total drawn vertices, stored in array size 1"),
+                            EndsWith(own + "368\t\tLoading aircraft for output: A/Broken/b.acf - A/Broken/b.acf"),
+                            cockpit, EndsWith("\t\tModel has 1 parts, 3 total drawn vertices, stored in array size 1"),
+                            EndsWith(own + "410\t\tFailed to load model.  Skipping...")));
 }
 
 TEST(DetectedDataExportTest, WhatEndsTheRunAndWhatDoesNot) {

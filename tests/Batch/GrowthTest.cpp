@@ -41,7 +41,8 @@ TEST(Growth, StaysWithinTheMemoryOfAMachineForAnyObject) {
         {"Steps", vertex + "ANIM_begin\n" + Repeated("ANIM_trans\n", 100'000), "100001 nodes"},
         {"Counts", vertex + "POINT_COUNTS 2147483647 0 0 2147483647\nTRIS 0 2147483647\n",
          "(4): TRIS 0 2147483647 reaches beyond the 0 indices"},
-        {"Index", vertex + "IDX 0\nIDX 0\nIDX 2147483647\nTRIS 0 3\n", "vertex 2147483647, but the model has 1"},
+        {"Index", vertex + "IDX 0\nIDX 0\nIDX 2147483647\nTRIS 0 3\n",
+         "vertex 2147483647 (counted from 0), but the model has 1"},
         {"Drawn", vertex + index + Repeated("TRIS 0 30000\n", 30'000),
          "the TRIS lines up to this one draw 16800000 vertices; a cockpit draws at most 16777216"},
         {"Names", "TEXTURE " + std::string(1 << 20, 't') + "\nVT\nIDX10 0 0 0\n" + Repeated("TRIS 0 3\n", 1000),
@@ -49,7 +50,8 @@ TEST(Growth, StaysWithinTheMemoryOfAMachineForAnyObject) {
         {"Rectangles",
          vertex + "IDX10 0 0 0\nATTR_manip_toggle hand 0 1 " + std::string(1 << 20, 'd') + "\n" +
              Repeated("TRIS 0 3\n", 1000),
-         ""},
+         "(71): the manipulators' datarefs, once for each TRIS line up to this one, have 70254592 bytes; "
+         "an object of this size may have at most 69224162"}, // 64 MiB and twice its 1057649 bytes
         {"Line", "", ""},
     };
     const Support::Installation installation;

@@ -90,10 +90,16 @@ TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
         {"negative offset", [](ModelData& m) { m.parts[0].IndexOffset = 0xFFFFFFFF; }},
         {"negative count", [](ModelData& m) { m.parts[0].IndexCount = 0x80000000; }},
         {"vertex", [](ModelData& m) { m.indexBlocks[0].Children[2] = 3; },
-         "A/b_cockpit.obj(17): TRIS needs vertex 3, but the model has 3"},
+         "A/b_cockpit.obj(17): TRIS needs vertex 3 (counted from 0), but the model has 3"},
         {"vertex offset", [](ModelData& m) { m.parts[0].VertexOffset = 1; }},
         {"material", [](ModelData& m) { m.parts[0].MaterialIndex = 0xFFFFFFFF; },
          "A/b_cockpit.obj(17): TRIS before any TEXTURE line, so the part has no material"},
+        {"empty texture",
+         [](ModelData& m) {
+             m.parts[0].MaterialIndex = 0xFFFFFFFF;
+             m.emptyTextureLine = 5;
+         },
+         "A/b_cockpit.obj(17): TEXTURE of line 5 names no file, so the part has no material"},
         {"texture", [](ModelData& m) { m.materials.Children[0].TextureDiffuse = 1; }},
     };
     for (const auto& row : rows) {

@@ -38,12 +38,23 @@ TEST(XPAircraftListLoader, FindsFilesThreeLevelsDownAlone) {
                                       {"Aircraft/Other Group/Twice/x.acf", "Two"}}));
 }
 
-TEST(XPAircraftListLoader, TakesTheFirstFileAsTheFolderListsThem) {
+TEST(XPAircraftListLoader, KeepsTheOrderInWhichFoldersListTheirEntries) {
     const Support::TemporaryFolder folder;
-    for (const std::string name : {"a", "b", "c", "d"})
-        folder.Write("Aircraft/G/Plane/" + name + ".acf", "P acf/_descrip " + name);
-    const std::string first = fs::directory_iterator(folder / "Aircraft/G/Plane")->path().stem().string();
-    EXPECT_EQ(NamesIn(folder), (Names{{"Aircraft/G/Plane/" + first + ".acf", first}}));
+    for (const std::string group : {"b", "a", "d", "c", "f", "e"})
+        for (const std::string plane : {"z", "x", "y", "w"})
+            for (const std::string name : {"/k.acf", "/j.acf", "/l.acf"})
+                folder.Write("Aircraft/" + group + "/" + plane + name, "");
+    const Support::WorkingDirectory inside(folder.path);
+    std::vector<std::string> wanted, found;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator("Aircraft")) {
+        const std::string path = entry.path().string(), plane = entry.path().parent_path().string();
+        if (fs::is_regular_file(entry) &&
+            (wanted.empty() || !wanted.back().starts_with(plane))) // the first in a folder
+            wanted.push_back(path);
+    }
+    for (const auto& info : XPAircraftListLoader().LoadAircraftList())
+        found.push_back(info->acfPath);
+    EXPECT_EQ(found, wanted);
 }
 
 TEST(XPAircraftListLoader, FollowsLinksAndPassesOverThoseThatLeadNowhere) {

@@ -1,6 +1,8 @@
 #include "Utils/Images.h"
 
+#include "Logging/Logger.h"
 #include "Support/FatalErrorRecorder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <cstdlib>
 #include <gmock/gmock.h>
@@ -8,6 +10,7 @@
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 /// The pixels that a bitmap of another size has afterwards.
 std::vector<std::uint32_t> PixelsOf(cairo_surface_t* surface) {
@@ -25,7 +28,10 @@ TEST(ImagesTest, CopiesTheRowsOfASurfaceWithoutTheirGaps) {
 }
 
 TEST(ImagesTest, ASurfaceWithoutASizeIsOneTransparentPixelAndTooShortRowsAreFatal) {
-    const auto readOdd = [] {
+    const Support::TemporaryFolder data;
+    const auto readOdd = [&] {
+        setenv("XDG_DATA_HOME", data.path.c_str(), 1);
+        Logging::Logger::Get().Start();
         EXPECT_THAT(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 5)), ElementsAre(0));
         EXPECT_THAT(PixelsOf(cairo_image_surface_create_from_png("no/such.png")), ElementsAre(0));
         const Support::FatalErrorRecorder dialog;
@@ -35,6 +41,7 @@ TEST(ImagesTest, ASurfaceWithoutASizeIsOneTransparentPixelAndTooShortRowsAreFata
     };
     // In a process of its own, as a fatal error ends the log, of which there is one a process.
     EXPECT_EXIT(readOdd(), testing::ExitedWithCode(0), "");
+    EXPECT_THAT(data.Read("Vorelle/log.txt"), HasSubstr("\t\tInvalid Bitmap from Cairo\n"));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Utils/Paths.h"
 
+#include "Logging/Logger.h"
 #include "Support/TemporaryFolder.h"
 
 #include <cstdlib>
@@ -23,15 +24,12 @@ TEST(FindIgnoringCase, TakesTheExactNameFirstAndElseTheFirstInByteOrder) {
     const struct {
         std::string wanted, found;
     } rows[] = {
-        {"Plane/Objects/a.png", "Plane/Objects/a.png"},
         {"PLANE/objects/a.png", "Plane/Objects/a.png"},
         {"Plane/Objects/a.PNG", "Plane/Objects/A.png"},
-        {"Plane/Objects/b.png", "Plane/Objects/B.png"},
         {"Plane/Objects/C.png", "Plane/Objects/c.PNG"},
         {"Plane/Objects/\xE9.png", ""},
         {"Plane\\objects\\A.png", "Plane/Objects/A.png"},
         {"plane/OBJECTS\\a.png", "Plane/Objects/a.png"},
-        {"Plane/back\\slash/in.png", "Plane/back\\slash/In.png"},
         {"Plane/BACK\\slash/in.png", "Plane/back\\slash/In.png"},
         {"./plane/../PLANE/objects", "./Plane/../Plane/Objects"},
         {"Plane/Objects/a.png/b", ""},
@@ -63,9 +61,7 @@ TEST(Paths, ReadsWholeFiles) {
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     fs::create_symlink("/dev/zero", folder / "zeros");
     fs::create_symlink("circle", folder / "circle");
-    folder.Write("sparse", "x");
-    fs::resize_file(folder / "sparse", kLargestFile + 1);
-    for (const char* name : {"pipe", "zeros", "circle", "sparse", "missing", "."}) {
+    for (const char* name : {"pipe", "zeros", "circle", "missing", "."}) {
         EXPECT_EQ(ReadFile(folder / name), "") << name;
         EXPECT_FALSE(OpenFile(folder / name).is_open()) << name;
     }
@@ -79,22 +75,33 @@ TEST(Paths, ReadsWholeFiles) {
     }
 }
 
+TEST(Paths, LogsAFileThatIsTooLargeToBeRead) {
+    const Support::TemporaryFolder folder;
+    folder.Write("sparse", "x");
+    fs::resize_file(folder / "sparse", kLargestFile + 1);
+    const auto read = [&] {
+        setenv("XDG_DATA_HOME", folder.path.c_str(), 1);
+        Logging::Logger::Get().Start();
+        EXPECT_EQ(ReadFile(folder / "sparse"), "");
+        Logging::Logger::Get().Stop("");
+        std::_Exit(testing::Test::HasFailure() ? 1 : 0);
+    };
+    EXPECT_EXIT(read(), testing::ExitedWithCode(0), ""); // the log is one for a process
+    EXPECT_TRUE(folder.Read("Vorelle/log.txt")
+                    .ends_with("/sparse has 1073741825 bytes; a file of more than 1073741824 bytes is not read\n"));
+}
+
 TEST(Paths, ReadsStreamsThatDoNotKnowTheirSize) {
-    /// Hands out its text a byte at a time.
-    struct Pipe : std::streambuf {
-        int_type underflow() override {
-            if (at == text.size())
-                return traits_type::eof();
-            setg(&text[at], &text[at], &text[at] + 1);
-            return traits_type::to_int_type(text[at++]);
-        }
-        std::string text;
-        std::size_t at = 0;
-    } pipe;
+    struct Pipe : std::stringbuf {
+        using stringbuf::stringbuf;
+        pos_type seekoff(off_type, std::ios::seekdir, std::ios::openmode) override { return -1; }
+    };
+    std::string text;
     for (int i = 0; i < 70'000; ++i)
-        pipe.text += std::to_string(i);
+        text += std::to_string(i);
+    Pipe pipe(text);
     std::istream stream(&pipe);
-    EXPECT_EQ(ReadAll(stream), pipe.text);
+    EXPECT_EQ(ReadAll(stream), text);
 }
 
 TEST(Paths, KeepsUserDataWhereThePlatformSays) {

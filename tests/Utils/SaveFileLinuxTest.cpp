@@ -113,23 +113,6 @@ TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
     EXPECT_EQ(Names(folder.path), Strings{"f"});
 }
 
-TEST(SaveFile, LeavesTheOldFileOnAFullFileSystem) {
-    const Support::TemporaryFolder folder;
-    const int code = ExitCode(Fork([&] {
-        if (!Support::MountSmall(folder.path.string(), "64k"))
-            return Support::kCannotTry;
-        const std::string path = folder / "f";
-        if (!SaveFile(path, "old") || !FailsWith(path, std::string(1 << 20, 'x'), "No space left"))
-            return 1;
-        if (folder.Read("f") != "old" || Names(folder.path) != Strings{"f"})
-            return 2;
-        return SaveFile(path, "new") && folder.Read("f") == "new" ? 0 : 3;
-    }));
-    if (code == Support::kCannotTry)
-        GTEST_SKIP() << "a small file system cannot be mounted here";
-    EXPECT_EQ(code, 0);
-}
-
 TEST(SaveFile, LeavesTheOldFileWithoutARight) {
     const Support::TemporaryFolder folder;
     const std::string inReadOnlyFolder = folder.Write("closed/f", "old");
@@ -183,7 +166,8 @@ TEST(SaveFile, AKillLeavesOneTextWhole) {
     const std::string path = folder / "f";
     const std::string texts[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_TRUE(SaveFile(path, texts[0]));
-    for (int run = 0; run < 300; ++run) {
+    int changed = 0; // a loaded machine may need more time until a child saves at all
+    for (int run = 0; run < 300 || (changed == 0 && run < 3000); ++run) {
         const pid_t child = Fork([&]() -> int {
             for (int i = 0;; ++i)
                 SaveFile(path, texts[i % 2]);
@@ -194,7 +178,9 @@ TEST(SaveFile, AKillLeavesOneTextWhole) {
         ExitCode(child);
         const std::string found = folder.Read("f");
         ASSERT_TRUE(found == texts[0] || found == texts[1]) << "run " << run << ", size " << found.size();
+        changed += found == texts[1];
     }
+    EXPECT_GT(changed, 0) << "no kill met a save";
     EXPECT_TRUE(SaveFile(path, "last"));
     EXPECT_EQ(folder.Read("f"), "last");
     EXPECT_EQ(Names(folder.path), Strings{"f"});

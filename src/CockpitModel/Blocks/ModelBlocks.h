@@ -10,6 +10,11 @@ namespace CockpitModel {
 
 struct MouseRect;
 
+/// The primitive kinds of a draw call.
+inline constexpr std::uint32_t kTriangleList = 1, kTriangleFan = 2, kTriangleStrip = 3;
+/// The only blend kind that lets a part count as opaque.
+inline constexpr std::int32_t kOpaqueBlend = 2;
+
 /// A vertex of a pool, in the model's left-handed axes, metres; texture coordinates as the OBJ gives them.
 struct Vertex {
     float x = 0, y = 0, z = 0;
@@ -23,8 +28,8 @@ struct Material {
     std::int32_t TextureDiffuse = 0; ///< index into the texture names; negative for none
     std::int32_t Detail = 0;
     float Scale = 0;
-    std::int32_t BlendKind = 0; ///< 2 is the only kind that lets a part count as opaque
-    float Alpha = 0;            ///< a part counts as opaque from 0.9 on
+    std::int32_t BlendKind = 0;
+    float Alpha = 0; ///< a part counts as opaque from 0.9 on
 };
 
 /// Maps a node to its matrix.
@@ -98,7 +103,7 @@ class RiffBlockPART final : public RiffBlock {
 public:
     void Print(std::string indent, std::ostream& stream) const override;
 
-    std::uint32_t Type = 0; ///< 1 triangle list, 2 fan, 3 strip
+    std::uint32_t Type = 0; ///< kTriangleList, kTriangleFan or kTriangleStrip
     std::uint32_t Node = 0;
     std::uint32_t MaterialIndex = 0;
     std::uint32_t VertexBlock = 0;

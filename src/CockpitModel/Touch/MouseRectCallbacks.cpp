@@ -83,8 +83,8 @@ void CallbackCode::Fire(MouseRectCallbackTarget& target, const MouseRect& rect, 
     // Code takes every event of no known kind for a turn of the wheel.
     const MouseEventKind known = StepsOf(kind)[0] ? kind : MouseEventKind::WheelDown;
     ForEachStep(rect, known, [&](std::uint32_t flag) {
-        const std::string event = "'" + MouseFlagsToText(DecodeMouseFlags(flag)) + "'";
-        target.RunCode(boost::replace_all_copy(Code, kEventToken, event));
+        const std::string event = MouseFlagsToText(DecodeMouseFlags(flag));
+        target.RunCode(boost::replace_all_copy(Code, kEventToken, '\'' + event + '\''));
     });
 }
 

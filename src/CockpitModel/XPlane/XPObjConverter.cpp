@@ -17,8 +17,6 @@ namespace {
 
 /// What the child and peer words of the node table can number.
 constexpr std::size_t kMostNodes = 32767;
-constexpr std::uint32_t kTriangleList = 1;
-constexpr std::int32_t kOpaqueBlend = 2;
 constexpr std::uint32_t kEventCallback = 1, kVariableCallback = 2;
 constexpr float kTimeEnd = 100;
 
@@ -31,6 +29,14 @@ void CheckNodeCount(const std::vector<XPObjAnimNode>& nodes, const std::string& 
             file + ": " + std::to_string(count) +
             " nodes, one for each animation block and each further step in it; a model holds at most " +
             std::to_string(kMostNodes));
+}
+
+void CheckNames(const XPObjData& data, const std::string& file) {
+    if (const auto& excess = data.nameExcess)
+        throw Utils::OutOfRange(file + "(" + std::to_string(excess->line) +
+                                "): the manipulators' datarefs, once for each TRIS line up to this one, have " +
+                                std::to_string(excess->bytes) + " bytes; an object of this size may have at most " +
+                                std::to_string(excess->most));
 }
 
 void AddMaterials(const std::string& folder, const std::vector<std::string>& textures, ModelData& model) {
@@ -209,6 +215,8 @@ std::uint32_t SplitIntoChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t in
 
 void XPObjConverter::Convert(const std::string& folder, const XPObjData& data, ModelData& model) {
     CheckNodeCount(data.animNodes, model.sourcePath);
+    CheckNames(data, model.sourcePath);
+    model.emptyTextureLine = data.emptyTextureLine;
     AddMaterials(folder, data.textures, model);
     AddVertices(data.vertices, model);
     model.indexBlocks.emplace_back().Children.assign(data.indices.begin(), data.indices.end());
@@ -232,7 +240,7 @@ void XPObjConverter::SplitAnimationSteps(std::vector<XPObjAnimNode>& nodes, std:
     const auto count = static_cast<std::uint32_t>(nodes.size()); // the nodes that splitting adds have one step
     for (std::uint32_t index = 0; index < count; ++index)
         if (nodes[index].steps.size() > 1)
-            splitNodes[index] = SplitIntoChain(nodes, index);
+            SplitNode(nodes, drawCalls, index);
     if (!splitNodes.empty())
         CheckAllChildren(nodes);
     for (XPObjDrawCall& call : drawCalls)
@@ -242,7 +250,6 @@ void XPObjConverter::SplitAnimationSteps(std::vector<XPObjAnimNode>& nodes, std:
 
 void XPObjConverter::SplitNode(std::vector<XPObjAnimNode>& nodes, std::vector<XPObjDrawCall>&, std::uint32_t index) {
     splitNodes[index] = SplitIntoChain(nodes, index);
-    CheckAllChildren(nodes);
 }
 
 } // namespace CockpitModel

@@ -15,7 +15,7 @@ namespace CockpitModel {
 class XPObjConverter {
 public:
     /// `folder` is the aircraft's, `model` is empty. More nodes after splitting than the 16-bit words of the node
-    /// table can name throw OutOfRange before anything is built.
+    /// table can name, or more bytes of datarefs than the reader keeps, throw OutOfRange before anything is built.
     void Convert(const std::string& folder, const XPObjData& data, ModelData& model);
 
     /// Splits every node of several steps into a chain of nodes of one step, and hangs the draw calls on the ends.

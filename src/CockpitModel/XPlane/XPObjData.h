@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -50,6 +51,13 @@ struct XPObjAnimNode {
     std::vector<std::uint32_t> children;
 };
 
+/// Draw calls copy the dataref of the manipulator in force. This is the first whose copy is left out, as the names of
+/// all up to it would have more bytes than the reader keeps.
+struct XPObjNameExcess {
+    std::uint32_t line = 0; ///< that of the draw call
+    std::size_t bytes = 0, most = 0;
+};
+
 /// What the cockpit model needs of an X-Plane object.
 struct XPObjData {
     std::vector<std::string> textures; ///< relative to the aircraft folder; entry 0 is the panel's
@@ -57,6 +65,8 @@ struct XPObjData {
     std::vector<std::int32_t> indices;
     std::vector<XPObjDrawCall> drawCalls;
     std::vector<XPObjAnimNode> animNodes; ///< entry 0 is the root
+    std::uint32_t emptyTextureLine = 0;   ///< the first TEXTURE line without a path; 0 for none
+    std::optional<XPObjNameExcess> nameExcess;
 };
 
 } // namespace CockpitModel

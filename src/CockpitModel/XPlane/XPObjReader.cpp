@@ -3,6 +3,7 @@
 #include "CockpitModel/XPlane/NumberText.h"
 #include "Utils/LineBlocks.h"
 #include "Utils/Paths.h"
+#include "Utils/Text.h"
 
 #include <algorithm>
 #include <cstring>
@@ -15,18 +16,13 @@ namespace {
 constexpr const char* kPanelTexture = "cockpit_3d/-PANELS-/Panel.png";
 constexpr std::uint32_t kPanelTextureIndex = 0;
 constexpr std::uint32_t kRoot = 0;
-/// How many bytes of names the draw calls of an object can copy, beside twice its size. No real object comes near; it
-/// keeps a long name that many draw calls share from filling the memory.
-constexpr std::size_t kNameRoom = 64 << 20;
-
-/// What parts the tokens of a line.
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
+/// The bytes of datarefs that the draw calls of an object may copy are this and twice its size. No real object comes
+/// near; it keeps a long name that many draw calls share from filling the memory.
+constexpr std::size_t kNameBytes = 64 << 20;
 
 /// What parts the values behind a keyword: the white space of a stream, less the line feed.
 bool IsSpace(char c) {
-    return IsBlank(c) || c == '\r' || c == '\v' || c == '\f';
+    return Utils::IsBlank(c) || c == '\r' || c == '\v' || c == '\f';
 }
 
 /// One line, taken from its front: the keyword, then the values in order. From the first value on that is missing or
@@ -37,10 +33,10 @@ public:
 
     /// The next run of bytes other than blanks, tabs and the line's end.
     std::string_view Token() {
-        while (IsBlank(*at))
+        while (Utils::IsBlank(*at))
             ++at;
         const char* start = at;
-        while (!IsBlank(*at) && *at != '\n' && !(*at == '\r' && at[1] == '\n'))
+        while (!Utils::IsBlank(*at) && *at != '\n' && !(*at == '\r' && at[1] == '\n'))
             ++at;
         return {start, at};
     }
@@ -103,7 +99,7 @@ private:
 /// Adds line by line to the data and keeps what the lines so far have put in force.
 class Reader {
 public:
-    Reader(XPObjData& target, std::size_t size) : data(target), textSize(size), nameRoom(kNameRoom + 2 * size) {
+    Reader(XPObjData& target, std::size_t size) : data(target), textSize(size), mostNameBytes(kNameBytes + 2 * size) {
         data.textures.emplace_back(kPanelTexture);
         data.animNodes.emplace_back();
     }
@@ -131,7 +127,7 @@ public:
 private:
     XPObjAnimNode& CurrentNode() { return data.animNodes[inForce.animNode]; }
     static XPObjManip Manipulator(Line& line);
-    void TakeNameRoom(std::string& name);
+    void CountName(std::string& name);
 
     XPObjData& data;
     XPObjDrawCall inForce; ///< the next draw call, less its range; its node is the innermost open block's
@@ -139,7 +135,7 @@ private:
     bool panelTexture = false;
     std::uint32_t lineNumber = 0;
     std::size_t textSize;
-    std::size_t nameRoom;
+    std::size_t mostNameBytes, nameBytes = 0; ///< of the draw calls' datarefs
 };
 
 struct Keyword {
@@ -202,8 +198,11 @@ void Reader::PointCounts(Line& line) {
 
 void Reader::Texture(Line& line) {
     const std::string_view path = line.Token();
-    if (path.empty())
+    if (path.empty()) {
+        if (data.emptyTextureLine == 0)
+            data.emptyTextureLine = lineNumber;
         return;
+    }
     ownTexture = static_cast<std::uint32_t>(data.textures.size());
     data.textures.emplace_back(path);
 }
@@ -231,13 +230,18 @@ void Reader::Triangles(Line& line) {
     call.line = lineNumber;
     for (std::optional<XPObjManip>* manip : {&call.toggle, &call.drag})
         if (*manip)
-            TakeNameRoom((*manip)->dataref);
+            CountName((*manip)->dataref);
 }
 
-void Reader::TakeNameRoom(std::string& name) {
-    if (name.size() > nameRoom)
-        std::string().swap(name); // an assignment would keep its room
-    nameRoom -= name.size();
+void Reader::CountName(std::string& name) {
+    const std::size_t bytes = nameBytes + name.size();
+    if (bytes <= mostNameBytes) {
+        nameBytes = bytes;
+        return;
+    }
+    if (!data.nameExcess)
+        data.nameExcess = {lineNumber, bytes, mostNameBytes};
+    std::string().swap(name); // an assignment would keep its memory
 }
 
 void Reader::BeginBlock(Line&) {

@@ -2,9 +2,11 @@
 
 #include "Sim/XPAircraftInfo.h"
 #include "Support/TemporaryFolder.h"
+#include "Utils/Paths.h"
 
 #include <boost/lexical_cast.hpp>
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace CockpitModel {
@@ -14,6 +16,15 @@ std::unique_ptr<AircraftCockpit> Open(const std::string& acfPath) {
     Sim::XPAircraftInfo info;
     info.acfPath = acfPath;
     return info.CreateCockpit();
+}
+
+std::string Failure(const std::function<void()>& run) {
+    try {
+        run();
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return "none";
 }
 
 /// The cockpit object's name beside an .acf file of a name; empty when none is found.
@@ -53,6 +64,8 @@ TEST(XPAircraftCockpit, ReadsThePilotsEyeInMetres) {
     for (const char* bad :
          {"P acf/_pe_xyz/0 x", "P acf/_pe_xyz/1 1.5m", "P acf/_pe_xyz/2 1,5", "P acf/_pe_xyz/2 x\nP acf/_pe_xyz/2 1"})
         EXPECT_THROW(eye(bad), boost::bad_lexical_cast) << bad;
+    EXPECT_EQ(Failure([&] { eye("I\n\nP acf/_pe_xyz/1 high up"); }),
+              folder / "p.acf" + ": acf/_pe_xyz/1 of line 3 is \"high\"; it needs a number");
 }
 
 TEST(XPAircraftCockpit, LoadsItsModelAnewOnEachCallAndAnEmptyOneWithoutAnObject) {
@@ -65,6 +78,10 @@ TEST(XPAircraftCockpit, LoadsItsModelAnewOnEachCallAndAnEmptyOneWithoutAnObject)
     EXPECT_EQ(model->sourcePath, object);
     folder.Write("p_cockpit.obj", "TRIS 0 3\nTRIS 3 3\n");
     EXPECT_EQ(cockpit->LoadModel()->parts.size(), 2u);
+
+    boost::filesystem::resize_file(object, Utils::kLargestFile + 1);
+    EXPECT_EQ(Failure([&] { cockpit->LoadModel(); }),
+              object + " has 1073741825 bytes; a file of more than 1073741824 bytes is not read");
 
     boost::filesystem::create_directories(folder / "folder_cockpit.obj");
     for (const char* name : {"none.acf", "folder.acf"}) { // without an object
