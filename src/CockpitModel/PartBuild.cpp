@@ -4,6 +4,11 @@
 #include "CockpitModel/SceneGraph.h"
 #include "Utils/RangeCheck.h"
 
+#include <algorithm>
+#include <atomic>
+#include <future>
+#include <thread>
+
 namespace CockpitModel {
 
 namespace {
@@ -170,6 +175,27 @@ void SceneGraph::BuildParts(const RiffBlockPART& block) {
         AddPanelParts(node, *part, panels);
     }
     AddToNode(node, std::move(part));
+}
+
+void SceneGraph::BuildPartTrees() {
+    std::vector<const NodePart*> parts;
+    for (const auto& node : nodes)
+        for (const auto& part : node->parts)
+            parts.push_back(part.get());
+    // The largest first, so that none is left over for one core at the end.
+    std::ranges::stable_sort(parts, std::ranges::greater(), [](const NodePart* part) { return part->vertices.size(); });
+    std::atomic<std::size_t> next = 0;
+    const auto build = [&] {
+        for (std::size_t i = next++; i < parts.size(); i = next++)
+            parts[i]->Tree();
+    };
+    // Deferred where the system has no thread left: then this thread has built everything before it waits.
+    std::vector<std::future<void>> helpers;
+    for (unsigned core = 1; core < std::thread::hardware_concurrency(); ++core)
+        helpers.push_back(std::async(std::launch::async | std::launch::deferred, build));
+    build();
+    for (std::future<void>& helper : helpers)
+        helper.get();
 }
 
 } // namespace CockpitModel

@@ -40,6 +40,10 @@ public:
     /// Null where there is no such file; an index outside the list throws Utils::OutOfRange.
     Rendering::GPUBitmap* Texture(std::int32_t index) const;
 
+    /// Builds the picking trees of all parts, on all cores. Whoever asks few parts for theirs does without: a part
+    /// builds its tree when it is first asked.
+    void BuildPartTrees();
+
     /// Makes geometry and textures when they are missing or belong to another device.
     void PrepareGpuResources(Rendering::Context& context);
     /// Lets go of geometry and textures, while their device is current. They are made again when they are needed.
