@@ -10,7 +10,6 @@ namespace Annotator {
 namespace {
 
 constexpr std::int32_t kNoTexture = -1;
-constexpr std::int32_t kOpaqueBlend = 2;
 
 /// The plain material stands behind all others, so that the rest of the model stays as it was read.
 void GivePlainMaterial(CockpitModel::ModelData& model) {
@@ -27,7 +26,7 @@ void GivePlainMaterial(CockpitModel::ModelData& model) {
         return;
     CockpitModel::Material& material = materials.emplace_back();
     material.TextureDiffuse = kNoTexture;
-    material.BlendKind = kOpaqueBlend;
+    material.BlendKind = CockpitModel::kOpaqueBlendKind;
     material.Alpha = 1;
 }
 

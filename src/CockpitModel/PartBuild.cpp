@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <future>
+#include <string_view>
 #include <thread>
 
 namespace CockpitModel {
@@ -16,10 +17,6 @@ namespace {
 using Rendering::GeometryVertex;
 using Soup = std::vector<GeometryVertex>;
 
-constexpr std::uint32_t kTriangleList = 1;
-constexpr std::uint32_t kTriangleFan = 2;
-constexpr std::uint32_t kTriangleStrip = 3;
-constexpr std::int32_t kOpaqueBlendKind = 2;
 constexpr float kOpaqueAlpha = 0.9f;
 /// Draw calls may draw the same vertices and name the same texture over and over, so that a small file could fill the
 /// memory with copies. Cockpits draw up to a few million vertices.
@@ -101,11 +98,20 @@ const Material& FindMaterial(const ModelData& model, const RiffBlockPART& block)
 }
 
 void AddToNode(Node& node, std::unique_ptr<NodePart> part) {
-    part->node = &node;
     part->id = static_cast<std::int32_t>(node.parts.size());
     if (part->Rect())
         node.clickableParts.push_back(part.get());
     node.parts.push_back(std::move(part));
+}
+
+/// Empty where the block names none; what it names wrongly fails when it is built.
+std::string_view TextureNameOf(const ModelData& model, const RiffBlockPART& block) {
+    const auto& materials = model.materials.Children;
+    if (block.MaterialIndex >= materials.size())
+        return {};
+    const std::int32_t texture = materials[block.MaterialIndex].TextureDiffuse;
+    const auto& names = model.textures.Children;
+    return std::cmp_less(texture, names.size()) && texture >= 0 ? names[std::size_t(texture)] : std::string_view();
 }
 
 /// A part of its own for each rectangle of a panel that the base part shows.
@@ -117,6 +123,7 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
     base.panel->ProduceEntries(base, entries);
     for (PanelPartEntry& entry : entries) {
         auto part = std::make_unique<NodePart>();
+        part->node = &node;
         part->vertices = std::move(entry.vertices);
         part->panelRect = std::move(entry.rect);
         part->block.mouseRect = &part->panelRect;
@@ -139,22 +146,24 @@ const PartTree& NodePart::Tree() const {
     return tree;
 }
 
-/// Ahead of the building, so that what is too large fails before it has taken its time.
+/// Before the building, so that what is too large fails before it has taken its time.
 void SceneGraph::CheckSize() const {
     const std::uint64_t poolSize = model.indexBlocks.empty() ? 0 : model.indexBlocks[0].Children.size();
     std::uint64_t vertices = 0, nameBytes = 0;
     for (const RiffBlockPART& block : model.parts) {
         if (std::uint64_t{block.IndexOffset} + block.IndexCount <= poolSize) // else it fails by itself
             vertices += block.IndexCount;
-        if (block.MaterialIndex < model.textures.Children.size())
-            nameBytes += model.textures.Children[block.MaterialIndex].size();
+        nameBytes += TextureNameOf(model, block).size();
         if (vertices > kMostVertices)
             throw Utils::OutOfRange(AtSource(model, block,
                                              "the TRIS lines up to this one draw " + std::to_string(vertices) +
                                                  " vertices; a cockpit draws at most " +
                                                  std::to_string(kMostVertices)));
         if (nameBytes > kMostNameBytes)
-            throw Utils::OutOfRange(AtSource(model, block, "the texture's name is too long for so many TRIS lines"));
+            throw Utils::OutOfRange(AtSource(model, block,
+                                             "the texture names of the TRIS lines up to this one take " +
+                                                 std::to_string(nameBytes) + " bytes; a cockpit takes at most " +
+                                                 std::to_string(kMostNameBytes)));
     }
 }
 

@@ -17,13 +17,16 @@ struct Vertex {
     float u = 0, v = 0;
 };
 
+/// The one blend kind of materials that can be opaque.
+inline constexpr std::int32_t kOpaqueBlendKind = 2;
+
 /// The words of a material that anything reads or prints.
 struct Material {
     std::int32_t Flags = 0;
     std::int32_t TextureDiffuse = 0; ///< index into the texture names; negative for none
     std::int32_t Detail = 0;
     float Scale = 0;
-    std::int32_t BlendKind = 0; ///< 2 is the only kind that lets a part count as opaque
+    std::int32_t BlendKind = 0; ///< opaque with kOpaqueBlendKind only
     float Alpha = 0;            ///< a part counts as opaque from 0.9 on
 };
 
@@ -93,12 +96,14 @@ public:
     void Print(std::string indent, std::ostream& stream) const override;
 };
 
+inline constexpr std::uint32_t kTriangleList = 1, kTriangleFan = 2, kTriangleStrip = 3;
+
 /// One draw call.
 class RiffBlockPART final : public RiffBlock {
 public:
     void Print(std::string indent, std::ostream& stream) const override;
 
-    std::uint32_t Type = 0; ///< 1 triangle list, 2 fan, 3 strip
+    std::uint32_t Type = 0; ///< kTriangleList and so on
     std::uint32_t Node = 0;
     std::uint32_t MaterialIndex = 0;
     std::uint32_t VertexBlock = 0;

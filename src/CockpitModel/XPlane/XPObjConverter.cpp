@@ -17,8 +17,6 @@ namespace {
 
 /// What the child and peer words of the node table can number.
 constexpr std::size_t kMostNodes = 32767;
-constexpr std::uint32_t kTriangleList = 1;
-constexpr std::int32_t kOpaqueBlend = 2;
 constexpr std::uint32_t kEventCallback = 1, kVariableCallback = 2;
 constexpr float kTimeEnd = 100;
 
@@ -37,7 +35,7 @@ void AddMaterials(const std::string& folder, const std::vector<std::string>& tex
     for (const std::string& texture : textures) {
         Material& material = model.materials.Children.emplace_back();
         material.TextureDiffuse = static_cast<std::int32_t>(model.textures.Children.size());
-        material.BlendKind = kOpaqueBlend;
+        material.BlendKind = kOpaqueBlendKind;
         material.Alpha = 1;
         model.textures.Children.push_back((boost::filesystem::path(folder) / texture).string());
     }
@@ -190,8 +188,6 @@ std::uint32_t AppendToChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t las
 /// Leaves the node its first step and gives each further one a node of its own below; returns the last of them. All
 /// links that it changes are checked, and no others.
 std::uint32_t SplitIntoChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t index) {
-    if (nodes[index].steps.size() < 2)
-        Utils::FatalError(HERE);
     std::vector<XPObjAnimStep> steps = std::exchange(nodes[index].steps, {});
     std::vector<std::uint32_t> children = std::exchange(nodes[index].children, {});
     std::uint32_t last = index;
@@ -238,11 +234,6 @@ void XPObjConverter::SplitAnimationSteps(std::vector<XPObjAnimNode>& nodes, std:
     for (XPObjDrawCall& call : drawCalls)
         if (const auto split = splitNodes.find(call.animNode); split != splitNodes.end())
             call.animNode = split->second;
-}
-
-void XPObjConverter::SplitNode(std::vector<XPObjAnimNode>& nodes, std::vector<XPObjDrawCall>&, std::uint32_t index) {
-    splitNodes[index] = SplitIntoChain(nodes, index);
-    CheckAllChildren(nodes);
 }
 
 } // namespace CockpitModel

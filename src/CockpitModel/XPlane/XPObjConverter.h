@@ -20,7 +20,6 @@ public:
 
     /// Splits every node of several steps into a chain of nodes of one step, and hangs the draw calls on the ends.
     void SplitAnimationSteps(std::vector<XPObjAnimNode>& nodes, std::vector<XPObjDrawCall>& drawCalls);
-    void SplitNode(std::vector<XPObjAnimNode>& nodes, std::vector<XPObjDrawCall>& drawCalls, std::uint32_t index);
 
 private:
     std::unordered_map<std::uint32_t, std::uint32_t> splitNodes; ///< a split node to the last of its chain
