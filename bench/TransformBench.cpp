@@ -59,7 +59,7 @@ void UpdateBare(const std::vector<BareNode>& nodes, float position, std::vector<
         const BareNode& node = nodes[i];
         const Matrix4 place = node.local * worlds[static_cast<std::size_t>(node.parent)];
         const Matrix4 motion = node.turns
-                                   ? Utils::Rotation(Utils::Slerp(node.rotation[0], node.rotation[1], position))
+                                   ? Utils::Rotation(Utils::Arc(node.rotation[0], node.rotation[1]).At(position))
                                    : Utils::Translation(node.offset[0] + (node.offset[1] - node.offset[0]) * position);
         worlds[i].noalias() = motion * place;
     }

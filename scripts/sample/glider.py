@@ -194,6 +194,16 @@ def draw_gear_lever(cockpit):
             )
 
 
+def draw_side_wheels(cockpit):
+    """Only a turn of 0.1 radian, 5.7 degrees, or more counts in the sweep, so one size sweeps differently in the two."""
+    for name, x, degrees in (("Seat wheel", -0.23, 5), ("Backrest wheel", 0.23, 7)):
+        dataref = f"sim/custom/{name.split()[0].lower()}"
+        with cockpit.block(place(x, 0, 0.2), turn((1, 0, 0), 0, degrees, 0, 1, dataref)):
+            with cockpit.manipulator(drag((0, 0, 0.05), 0, 1, dataref, name)):
+                rim = ((0.16, -0.005), (0.175, -0.005), (0.175, 0.005), (0.16, 0.005))
+                cockpit.draw(name, Mesh().lathe(rim, METAL, 12, "x"))
+
+
 def cockpit_object():
     cockpit = CockpitObject(None)
     cockpit.command("TEXTURE")
@@ -210,7 +220,7 @@ def cockpit_object():
     cockpit.command("ATTR_cockpit")
     cockpit.draw("Panel", panel())
     cockpit.command("ATTR_no_cockpit")
-    for draw in (draw_stick, draw_left_wall, draw_panel_controls, draw_gear_lever):
+    for draw in (draw_stick, draw_left_wall, draw_panel_controls, draw_gear_lever, draw_side_wheels):
         draw(cockpit)
     return cockpit
 

@@ -56,16 +56,9 @@ UvPoint Scaled(float u, float v, int side) {
 } // namespace
 
 std::vector<AnimData> AnimationRows(const NodePart& part, ModelData& model) {
-    const auto& nodes = part.node->graph->Nodes();
     std::vector<AnimData> rows;
-    // A damaged model may chain its nodes in a ring.
-    const Node* node = part.node;
-    while (rows.size() < nodes.size()) {
+    for (const Node* node = part.node; node; node = node->parent)
         rows.push_back(RowOf(*node, model));
-        if (!node->parentIndex)
-            break;
-        node = Utils::At(nodes, *node->parentIndex).get();
-    }
     return rows;
 }
 

@@ -4,6 +4,12 @@
 #include "CockpitModel/SceneGraph.h"
 #include "Utils/RangeCheck.h"
 
+#include <algorithm>
+#include <atomic>
+#include <future>
+#include <string_view>
+#include <thread>
+
 namespace CockpitModel {
 
 namespace {
@@ -96,11 +102,20 @@ const Material& FindMaterial(const ModelData& model, const RiffBlockPART& block)
 }
 
 void AddToNode(Node& node, std::unique_ptr<NodePart> part) {
-    part->node = &node;
     part->id = static_cast<std::int32_t>(node.parts.size());
     if (part->Rect())
         node.clickableParts.push_back(part.get());
     node.parts.push_back(std::move(part));
+}
+
+/// Empty where the block names none; what it names wrongly fails when it is built.
+std::string_view TextureNameOf(const ModelData& model, const RiffBlockPART& block) {
+    const auto& materials = model.materials.Children;
+    if (block.MaterialIndex >= materials.size())
+        return {};
+    const std::int32_t texture = materials[block.MaterialIndex].TextureDiffuse;
+    const auto& names = model.textures.Children;
+    return std::cmp_less(texture, names.size()) && texture >= 0 ? names[std::size_t(texture)] : std::string_view();
 }
 
 /// A part of its own for each rectangle of a panel that the base part shows.
@@ -112,6 +127,7 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
     base.panel->ProduceEntries(base, entries);
     for (PanelPartEntry& entry : entries) {
         auto part = std::make_unique<NodePart>();
+        part->node = &node;
         part->vertices = std::move(entry.vertices);
         part->panelRect = std::move(entry.rect);
         part->block.mouseRect = &part->panelRect;
@@ -134,22 +150,24 @@ const PartTree& NodePart::Tree() const {
     return tree;
 }
 
-/// Ahead of the building, so that what is too large fails before it has taken its time.
+/// Before the building, so that what is too large fails before it has taken its time.
 void SceneGraph::CheckSize() const {
     const std::uint64_t poolSize = model.indexBlocks.empty() ? 0 : model.indexBlocks[0].Children.size();
     std::uint64_t vertices = 0, nameBytes = 0;
     for (const RiffBlockPART& block : model.parts) {
         if (std::uint64_t{block.IndexOffset} + block.IndexCount <= poolSize) // else it fails by itself
             vertices += block.IndexCount;
-        if (block.MaterialIndex < model.textures.Children.size())
-            nameBytes += model.textures.Children[block.MaterialIndex].size();
+        nameBytes += TextureNameOf(model, block).size();
         if (vertices > kMostVertices)
             throw Utils::OutOfRange(AtSource(model, block,
                                              "the TRIS lines up to this one draw " + std::to_string(vertices) +
                                                  " vertices; a cockpit draws at most " +
                                                  std::to_string(kMostVertices)));
         if (nameBytes > kMostNameBytes)
-            throw Utils::OutOfRange(AtSource(model, block, "the texture's name is too long for so many TRIS lines"));
+            throw Utils::OutOfRange(AtSource(model, block,
+                                             "the texture names of the TRIS lines up to this one take " +
+                                                 std::to_string(nameBytes) + " bytes; a cockpit takes at most " +
+                                                 std::to_string(kMostNameBytes)));
     }
 }
 
@@ -169,6 +187,27 @@ void SceneGraph::BuildParts(const RiffBlockPART& block) {
         AddPanelParts(node, *part, panels);
     }
     AddToNode(node, std::move(part));
+}
+
+void SceneGraph::BuildPartTrees() {
+    std::vector<const NodePart*> parts;
+    for (const auto& node : nodes)
+        for (const auto& part : node->parts)
+            parts.push_back(part.get());
+    // The largest first, so that none is left over for one core at the end.
+    std::ranges::stable_sort(parts, std::ranges::greater(), [](const NodePart* part) { return part->vertices.size(); });
+    std::atomic<std::size_t> next = 0;
+    const auto build = [&] {
+        for (std::size_t i = next++; i < parts.size(); i = next++)
+            parts[i]->Tree();
+    };
+    // Deferred where the system has no thread left: then this thread has built everything before it waits.
+    std::vector<std::future<void>> helpers;
+    for (unsigned core = 1; core < std::thread::hardware_concurrency(); ++core)
+        helpers.push_back(std::async(std::launch::async | std::launch::deferred, build));
+    build();
+    for (std::future<void>& helper : helpers)
+        helper.get();
 }
 
 } // namespace CockpitModel

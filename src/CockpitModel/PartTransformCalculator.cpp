@@ -30,6 +30,7 @@ PartTransformCalculator::PartTransformCalculator(const NodePart& movedPart, cons
     for (const Node* n = movedPart.node; n; n = n->parent) {
         if (n->animation == animation) {
             node = n;
+            motion = motions.Add(*animation);
             return;
         }
         prefix = prefix * PlaceInParent(*n);
@@ -39,7 +40,7 @@ PartTransformCalculator::PartTransformCalculator(const NodePart& movedPart, cons
 
 Utils::Matrix4 PartTransformCalculator::TransformAt(float t) const {
     Utils::Matrix4 m = node->localMatrix * node->parentMatrix;
-    ApplyAnimation(*animation, m, t);
+    motions.Apply(motion, m, t);
     return prefix * m;
 }
 

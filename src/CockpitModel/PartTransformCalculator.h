@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CockpitModel/ModelAnimation.h"
+#include "CockpitModel/MotionTable.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <optional>
@@ -26,6 +27,10 @@ public:
     const Node* node = nullptr; ///< the one that the animation moves
     const ModelAnimation* animation;
     Utils::Matrix4 prefix = Utils::Matrix4::Identity(); ///< from the part's space into that of `node`
+
+private:
+    MotionTable motions;
+    MotionTable::Motion motion; ///< of `animation`
 };
 
 /// The calculator for the nearest animation at or above the part that moves anything; empty when there is none.

@@ -34,6 +34,7 @@ SceneGraph::SceneGraph(const ModelData& source, const AircraftCockpit& cockpit, 
                                          std::to_string(model.vertexBlocks.size()));
     CheckSize();
     MakeNodes();
+    CheckForRings();
     LinkParents();
     PrepareUpdate();
     for (const RiffBlockPART& block : model.parts)
@@ -73,12 +74,41 @@ void SceneGraph::MakeNodes() {
     }
 }
 
+/// A walk along links or parents would never leave a ring.
+void SceneGraph::CheckForRings() const {
+    enum class State : std::uint8_t { New, Open, Done }; // open: its links are being followed
+    std::vector<State> states(nodes.size(), State::New);
+    std::vector<std::int32_t> path;
+    for (const auto& first : nodes) {
+        path.push_back(first->index);
+        while (!path.empty()) {
+            State& state = states[static_cast<std::size_t>(path.back())];
+            const Node& node = *nodes[static_cast<std::size_t>(path.back())];
+            if (state != State::New) {
+                state = State::Done;
+                path.pop_back();
+                continue;
+            }
+            state = State::Open;
+            for (const auto& link : {node.childIndex, node.peerIndex}) {
+                if (!link)
+                    continue;
+                const State linked = Utils::At(states, *link);
+                if (linked == State::Open)
+                    throw Utils::OutOfRange((model.sourcePath.empty() ? "" : model.sourcePath + ": ") +
+                                            "the child and peer links of node " + std::to_string(*link) +
+                                            " lead back to it");
+                if (linked == State::New)
+                    path.push_back(*link);
+            }
+        }
+    }
+}
+
 void SceneGraph::LinkParents() {
     for (const auto& node : nodes) {
-        std::optional<std::int32_t> next = node->childIndex;
-        // A chain cannot be longer than the table; the bound keeps links that run in a circle from hanging the load.
-        for (std::size_t i = 0; next && i < nodes.size(); ++i) {
-            Node& child = *Utils::At(nodes, *next);
+        for (std::optional<std::int32_t> next = node->childIndex; next;) {
+            Node& child = *nodes[static_cast<std::size_t>(*next)];
             child.parentIndex = node->index;
             child.parent = node.get();
             next = child.peerIndex;
@@ -228,7 +258,6 @@ void SceneGraph::VisitNodes(const Utils::Matrix4& view, const Utils::Matrix4& pr
 }
 
 void SceneGraph::SetYokePrimary(NodePart& part) {
-    yokePrimary = &part;
     for (const Node* node = part.node; node; node = node->parent)
         if (node->animation)
             node->animation->enabled = true;

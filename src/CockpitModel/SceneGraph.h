@@ -31,7 +31,8 @@ struct TraversalEntry {
 class SceneGraph : private Threading::TriggeredWorker {
 public:
     /// Complete on return, with every animation at position 1. Keeps the pointer to the panel set, which may be null.
-    /// An index of the model that names nothing throws Utils::OutOfRange with its reason.
+    /// An index of the model that names nothing, and nodes that are linked in a ring, throw Utils::OutOfRange with the
+    /// reason.
     SceneGraph(const ModelData& source, const AircraftCockpit& cockpit, const PanelSet* panels);
     ~SceneGraph();
 
@@ -39,6 +40,10 @@ public:
     const ModelData& Model() const { return model; }
     /// Null where there is no such file; an index outside the list throws Utils::OutOfRange.
     Rendering::GPUBitmap* Texture(std::int32_t index) const;
+
+    /// Builds the picking trees of all parts, on all cores. Whoever asks few parts for theirs does without: a part
+    /// builds its tree when it is first asked.
+    void BuildPartTrees();
 
     /// Makes geometry and textures when they are missing or belong to another device.
     void PrepareGpuResources(Rendering::Context& context);
@@ -55,9 +60,8 @@ public:
     /// last finished update. A visitor must not start a visit.
     void VisitNodes(const Utils::Matrix4& view, const Utils::Matrix4& projection, Visitor visitor);
 
-    /// Notes the primary yoke and enables the animations above it.
+    /// Enables the animations above the primary yoke.
     void SetYokePrimary(NodePart& part);
-    const NodePart* YokePrimary() const { return yokePrimary; }
 
 private:
     /// A step of the update, prepared once, as links, places and animations never change. Parents come before their
@@ -71,6 +75,7 @@ private:
     };
 
     void MakeNodes();
+    void CheckForRings() const;
     void LinkParents();
     void PrepareUpdate();
     void CheckSize() const;
@@ -94,7 +99,6 @@ private:
     ModelData model;
     std::string textureFolder;
     const PanelSet* panels;
-    NodePart* yokePrimary = nullptr;
     bool gpuResourcesStale = true;
     bool firstRefreshDone = false;
 };

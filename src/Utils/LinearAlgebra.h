@@ -56,8 +56,5 @@ private:
     float angle = 0;    ///< 0 for an arc that is as good as straight
     float sine = 1;     ///< of the angle
 };
-inline Quaternion Slerp(const Quaternion& from, const Quaternion& to, float u) {
-    return Arc(from, to).At(u);
-}
 
 } // namespace Utils

@@ -26,12 +26,19 @@ std::string FileXml(const std::string& parts) {
     return "<NodePartList>\n" + parts + "</NodePartList>\n";
 }
 
+/// A moving part so large that its measures are no numbers.
+ObjText HugePart() {
+    ObjText text = ObjText().Texture().Line("VT 3e38 0 0 0 0 1 0 0");
+    return text.Line("IDX 3").Line("IDX 3").Line("IDX 3").Begin().Line("TRIS 3 3").End();
+}
+
 const std::string kThreePartsXml = FileXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move"));
 
 TEST(DetectCommand, WritesAFilePerAircraftAndNamesThoseThatFail) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Big.Jet 1.2", "Big Jet", ThreeParts());
     installation.Aircraft("Aircraft/Props/Bare", "Bare");
+    installation.Aircraft("Aircraft/Props/Huge", "Huge", HugePart());
     installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
     installation.Aircraft("Aircraft/Props/Eye", "Eye", "P acf/_pe_xyz/1 high\n");
 
@@ -48,6 +55,7 @@ TEST(DetectCommand, WritesAFilePerAircraftAndNamesThoseThatFail) {
     const std::string log = program.DataFolder().Read("data/Vorelle/batch-log.txt");
     EXPECT_THAT(log, HasSubstr("Loading aircraft for output: Big Jet - Aircraft/Props/Big.Jet 1.2/plane.acf\n"));
     EXPECT_THAT(log, HasSubstr("Model has 3 parts"));
+    EXPECT_THAT(log, HasSubstr("\t\tCockpitModel\\SceneGraph.cpp\t\t578\t\tBad number\n"));
     EXPECT_THAT(log, HasSubstr("Failed to load model.  Skipping..."));
     EXPECT_FALSE(boost::filesystem::exists(program.DataFolder() / "data/Vorelle/log.txt"));
 }

@@ -46,7 +46,7 @@ TEST(Growth, StaysWithinTheMemoryOfAMachineForAnyObject) {
         {"Drawn", vertex + index + Repeated("TRIS 0 30000\n", 30'000),
          "the TRIS lines up to this one draw 16800000 vertices; a cockpit draws at most 16777216"},
         {"Names", "TEXTURE " + std::string(1 << 20, 't') + "\nVT\nIDX10 0 0 0\n" + Repeated("TRIS 0 3\n", 1000),
-         "the texture's name is too long for so many TRIS lines"},
+         " bytes; a cockpit takes at most 268435456"},
         {"Rectangles",
          vertex + "IDX10 0 0 0\nATTR_manip_toggle hand 0 1 " + std::string(1 << 20, 'd') + "\n" +
              Repeated("TRIS 0 3\n", 1000),

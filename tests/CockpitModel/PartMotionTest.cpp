@@ -63,6 +63,10 @@ TEST(PartMotionTest, ATurnIsMeasuredAcrossItsSignedAxis) {
     const Measured negative({{0, 1, 0}, {0, 0, 0}, {0, 0, 0}}, {Turn({0, -1, 0}, 0, kQuarterTurn)});
     EXPECT_NEAR(negative.SweepRadius, 1.70711f / 2.21680f, 1e-5);
     ExpectNear(negative.RotationAxis, {0, 0.70711f, 0});
+    // 5 degrees are 0.087 radians and no turn; 7 are 0.122, with sin(3.5 degrees) on the axis.
+    constexpr float kDegree = kQuarterTurn / 90;
+    ExpectNear(Measured({{0, 1, 0}}, {Turn({0, 0, 1}, 0, 5 * kDegree)}).RotationAxis, {0, 0, 0});
+    ExpectNear(Measured({{0, 1, 0}}, {Turn({0, 0, 1}, 0, 7 * kDegree)}).RotationAxis, {0, 0, 0.06105f});
 }
 
 TEST(PartMotionTest, BothKeysOfATrackCount) {
@@ -74,6 +78,14 @@ TEST(PartMotionTest, BothKeysOfATrackCount) {
     const Measured added(corners, {Turn({0, 1, 0}, kQuarterTurn / 2, kQuarterTurn)});
     ExpectNear(added.RotationAxis, {0, 0.92388f, 0});
     ExpectNear(added.AxisTip, {0, 1.2f * 0.92388f, 0});
+    // A quarter about x times one about y is (0.5, 0.5, 0.5), so M has three equal components; the other way round z
+    // would be -0.5.
+    Track aboutXThenY = Turn({1, 0, 0}, kQuarterTurn, 0);
+    aboutXThenY[1] = Turn({0, 1, 0}, kQuarterTurn, 0)[0];
+    EXPECT_NEAR(Measured({{0, 0, 1}}, {aboutXThenY}).SweepRadius, 1 / std::sqrt(3.0f), 1e-5);
+    // M = (1, 1, 0.29289) times (0.6, 0, 0.8) is (0.6, 0, 0.23431), whose length is 0.64413.
+    const Measured travelling({{0, 0, 1}}, {Turn({0, 0, 1}, 0, kQuarterTurn), Slide(3, 0, 4)});
+    EXPECT_NEAR(travelling.SweepRadius, 0.23431f / 0.64413f, 1e-4);
 }
 
 TEST(PartMotionTest, ATravelAboveItsLimitNarrowsTheMotionToItsDirection) {

@@ -283,6 +283,17 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
         if (row.soup.size() < 1000) // rounding makes hits of rays that skim
             ExpectSameAnswers(tree, plain, seeded.SkimmingRays(row.soup, 250), row.name);
     }
+    // From far away a hit may lie farther off its triangle than the triangle is large.
+    Soup specks = seeded.Scattered(200, 1, 0.01f);
+    for (PartTriangle& triangle : specks)
+        for (Vector3& vertex : triangle)
+            vertex.z() = 0;
+    std::vector<PartRay> farRays(4000);
+    for (PartRay& ray : farRays) {
+        const Vector3 from = seeded.Point(1e4f);
+        ray = Ray(from, seeded.PointInPlane(specks[seeded.Below(specks.size())], 0) - from);
+    }
+    ExpectSameAnswers(Tree(specks), Support::PlainTree(specks), farRays, "flat, from far away");
 }
 
 TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {

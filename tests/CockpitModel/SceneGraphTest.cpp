@@ -77,6 +77,10 @@ TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
         {"animation link", [](ModelData& m) { m.animationLinks.Children.pop_back(); }},
         {"child", [](ModelData& m) { m.sceneElements.Children[0].Child = 7; }},
         {"peer", [](ModelData& m) { m.sceneElements.Children[1].Peer = 7; }},
+        {"ring of children", [](ModelData& m) { m.sceneElements.Children[1].Child = 0; },
+         "A/b_cockpit.obj: the child and peer links of node 0 lead back to it"},
+        {"ring of peers", [](ModelData& m) { m.sceneElements.Children[1].Peer = 1; },
+         "the child and peer links of node 1 lead back to it"},
         {"no nodes",
          [](ModelData& m) {
              m.sceneElements.Children.clear();
@@ -100,6 +104,7 @@ TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
              m.emptyTextureLine = 5;
          },
          "A/b_cockpit.obj(17): TEXTURE of line 5 names no file, so the part has no material"},
+        {"material one past the end", [](ModelData& m) { m.parts[0].MaterialIndex = 1; }},
         {"texture", [](ModelData& m) { m.materials.Children[0].TextureDiffuse = 1; }},
     };
     for (const auto& row : rows) {
@@ -256,6 +261,8 @@ TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
     auto& clickable = builder.Part(0, {{0, 0, 0}, {0.5f, 0, 0}, {0, 1, 0}});
     clickable.MaterialIndex = static_cast<std::uint32_t>(texture);
     const MouseRect& rect = builder.Rect(1);
+    Vertex& vertex = builder.model.vertexBlocks[0].Children.end()[-2];
+    vertex.nx = 0.6f, vertex.nz = 0.8f;
     SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
     const Node& node = *graph.Nodes()[0];
     ASSERT_EQ(node.parts.size(), 2u);
@@ -264,8 +271,11 @@ TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
     EXPECT_EQ(node.parts[1]->textureName, "second.png");
     EXPECT_EQ(node.parts[1]->textureIndex, texture);
     EXPECT_EQ(node.parts[1]->vertices[1].secondTexture, Utils::Vector2(0.5f, 0));
+    EXPECT_EQ(node.parts[1]->vertices[1].normal, Utils::Vector3(0.6f, 0, 0.8f));
     EXPECT_EQ(node.clickableParts, std::vector<NodePart*>{node.parts[1].get()});
-    EXPECT_TRUE(node.parts[1]->Tree().Intersect({{0.1f, 0.1f, -1}, {0, 0, 1}}));
+    graph.BuildPartTrees();
+    node.parts[1]->vertices.clear();
+    EXPECT_TRUE(node.parts[1]->Tree().Intersect({{0.1f, 0.1f, -1}, {0, 0, 1}})) << "built before it is asked";
 }
 
 } // namespace

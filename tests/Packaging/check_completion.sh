@@ -36,7 +36,7 @@ expect lint --json L -- 'Lark\ 15.2'
 expect detect -j '' -- ''
 expect detect --out '../pack' -- '../packaging'
 expect compare '../pack' -- '../packaging'
-expect explain 'Lark\ 15.2' 1 -- '14,0|15,0|16,0|17,0'
+expect explain 'Lark\ 15.2' 1 -- '16,0|17,0|18,0|19,0'
 # shellcheck disable=SC2016  # a word that must stay one
 expect explain '$(touch broken)`touch broken`' '' -- ''
 [ ! -e broken ] || { echo "FAILED: a word was run" >&2; failed=1; }

@@ -35,17 +35,17 @@ TEST(LinearAlgebra, TurnAboutNoAxisKeepsTheHalfAngle) {
     EXPECT_TRUE(Normalised({0, -3, 4}).isApprox(Vector3(0, -0.6f, 0.8f)));
 }
 
-TEST(LinearAlgebra, SlerpTurnsEvenlyAndRunsPastItsEnds) {
+TEST(LinearAlgebra, ArcTurnsEvenlyAndRunsPastItsEnds) {
     const Vector3 axis(1, 2, -2);
     const Quaternion from = RotationAboutAxis(axis, 0.2f), to = RotationAboutAxis(axis, 1.4f);
     Quaternion otherSign = to;
     otherSign.coeffs() *= -1.0f;
     for (const float u : {-0.5f, 0.0f, 0.25f, 1.0f, 1.5f}) {
         const Quaternion expected = RotationAboutAxis(axis, 0.2f + 1.2f * u);
-        EXPECT_TRUE(Slerp(from, to, u).isApprox(expected, 1e-5f)) << u;
-        EXPECT_TRUE(Slerp(from, otherSign, u).isApprox(expected, 1e-5f)) << u;
+        EXPECT_TRUE(Arc(from, to).At(u).isApprox(expected, 1e-5f)) << u;
+        EXPECT_TRUE(Arc(from, otherSign).At(u).isApprox(expected, 1e-5f)) << u;
     }
-    EXPECT_TRUE(Slerp(from, from, 0.5f).isApprox(from));
+    EXPECT_TRUE(Arc(from, from).At(0.5f).isApprox(from));
 }
 
 TEST(LinearAlgebra, PerspectiveIsLeftHandedWithDepthFromZeroToOne) {

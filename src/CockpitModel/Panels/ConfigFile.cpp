@@ -38,16 +38,14 @@ void ConfigFile::ReadKey(const std::string& line, Table* section) const {
 }
 
 std::optional<std::string> ConfigFile::Get(const std::string& section, const std::string& key) const {
-    const auto table = sections.find(Folded(section));
-    if (table == sections.end())
-        return std::nullopt;
-    const auto value = table->second.find(Folded(key));
-    return value == table->second.end() ? std::nullopt : std::optional(value->second);
+    const Table* table = sections.Find(Folded(section));
+    const std::string* value = table ? table->Find(Folded(key)) : nullptr;
+    return value ? std::optional(*value) : std::nullopt;
 }
 
 ConfigFile::Table ConfigFile::Section(const std::string& section) const {
-    const auto table = sections.find(Folded(section));
-    return table == sections.end() ? Table() : table->second;
+    const Table* table = sections.Find(Folded(section));
+    return table ? *table : Table();
 }
 
 std::string ConfigFile::Folded(const std::string& name) const {

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "CockpitModel/Panels/OrderedTable.h"
+
 #include <istream>
-#include <map>
 #include <optional>
 #include <string>
 
 namespace CockpitModel {
 
-/// A text of named sections, each a table from key to value. A line that fits no rule is skipped in silence.
+/// A text of named sections, each a table from key to value, both in the order of the text. A line that fits no rule is
+/// skipped in silence.
 class ConfigFile {
 public:
-    using Table = std::map<std::string, std::string>;
+    using Table = OrderedTable<std::string>;
 
     /// With `caseSensitive` false, section names and keys are kept and looked up in lower case; values never are.
     ConfigFile(std::istream& stream, bool caseSensitive);
@@ -18,13 +20,13 @@ public:
     std::optional<std::string> Get(const std::string& section, const std::string& key) const;
     /// A copy of the section's table, empty if there is no such section.
     Table Section(const std::string& section) const;
-    const std::map<std::string, Table>& Sections() const { return sections; }
+    const OrderedTable<Table>& Sections() const { return sections; }
 
 private:
     void ReadKey(const std::string& line, Table* section) const;
     std::string Folded(const std::string& name) const;
 
-    std::map<std::string, Table> sections;
+    OrderedTable<Table> sections;
     bool caseSensitive;
 };
 

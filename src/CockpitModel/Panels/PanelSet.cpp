@@ -121,15 +121,15 @@ void AddGauge(Panel& panel, const GaugeLine& line, const Vector2& panelSize, Gau
 
 std::string SizeText(const ConfigFile::Table& section) {
     for (const char* key : {"size_mm", "pixel_size"})
-        if (const auto found = section.find(key); found != section.end())
-            return found->second;
+        if (const std::string* found = section.Find(key))
+            return *found;
     return kDefaultSize;
 }
 
 std::unique_ptr<Panel> ReadPanel(const ConfigFile::Table& section, GaugeRepository& repository) {
     auto panel = std::make_unique<Panel>();
-    if (const auto texture = section.find("texture"); texture != section.end())
-        panel->Texture = Utils::Lower(texture->second);
+    if (const std::string* texture = section.Find("texture"))
+        panel->Texture = Utils::Lower(*texture);
     const Vector2 panelSize = ParseSize(SizeText(section));
     for (const auto& [key, value] : section) {
         if (!key.starts_with("gauge"))

@@ -38,8 +38,8 @@ public:
     PanelSet(const PanelSet&) = delete;
     PanelSet& operator=(const PanelSet&) = delete;
 
-    /// Clears the set and fills it from the "vcockpit" sections of a panel configuration. A failed stream leaves it
-    /// empty; nothing is reported.
+    /// Clears the set and fills it from the "vcockpit" sections of a panel configuration; of two with the same texture
+    /// the later one counts. A failed stream leaves the set empty; nothing is reported.
     void Read(std::istream& stream, GaugeRepository& repository);
     /// Null when no panel shows on the texture. Takes no notice of case.
     Panel* Find(const std::string& textureName) const;

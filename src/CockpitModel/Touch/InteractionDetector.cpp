@@ -26,6 +26,12 @@ constexpr std::array<const char*, 3> kPercentLevers = {"L:Throttle1Position", "L
 struct YokeNames {
     bool roll = false, pitch = false;
     bool Both() const { return roll && pitch; }
+    void Add(const Node& node) {
+        if (!node.animation)
+            return;
+        roll |= IsYokeRollName(node.animation->name);
+        pitch |= IsYokePitchName(node.animation->name);
+    }
 };
 
 /// Answers for each node once: a cockpit's chains can be as deep as it has nodes.
@@ -40,10 +46,7 @@ public:
             climbed.push_back(next);
         YokeNames names = next ? *known[Place(*next)] : YokeNames();
         for (auto step = climbed.rbegin(); step != climbed.rend(); ++step) {
-            if (const ModelAnimation* animation = (*step)->animation) {
-                names.roll |= IsYokeRollName(animation->name);
-                names.pitch |= IsYokePitchName(animation->name);
-            }
+            names.Add(**step);
             known[Place(**step)] = names;
         }
         return names;
@@ -86,11 +89,13 @@ DetectionRule DragRule(const NodePart& part) {
     return DetectionRule::Twist;
 }
 
-DetectionDecision Decide(const NodePart& part, YokeSearch& yokes) {
+/// `yokeAbove` gives the yoke names at or above the part's node; only a part without a rectangle needs them.
+template <typename YokeAbove>
+DetectionDecision Decide(const NodePart& part, YokeAbove yokeAbove) {
     using Type = TouchInteractionType;
     const MouseRect* const rect = part.Rect();
     if (!rect) {
-        if (yokes.AtOrAbove(*part.node).Both())
+        if (yokeAbove().Both())
             return {Type::YokePart, DetectionRule::YokeAnimations};
         return {Type::None, DetectionRule::NoRectangle};
     }
@@ -118,7 +123,7 @@ void DriveLeverByPercent(MouseRect& rect, const ModelAnimation& animation) {
 }
 
 void ClassifyPart(NodePart& part, YokeSearch& yokes) {
-    part.InteractionType = Decide(part, yokes).type;
+    part.InteractionType = Decide(part, [&] { return yokes.AtOrAbove(*part.node); }).type;
     if (part.InteractionType != TouchInteractionType::Move)
         return;
     if (part.Rect()->CallbackType == kSteps && part.node->animation)
@@ -173,8 +178,12 @@ void InteractionDetector::Detect(SceneGraph& sceneGraph) const {
 }
 
 DetectionDecision InteractionDetector::Explain(const NodePart& part) const {
-    YokeSearch yokes(part.node->graph->Nodes().size());
-    return Decide(part, yokes);
+    return Decide(part, [&] {
+        YokeNames names;
+        for (const Node* node = part.node; node; node = node->parent)
+            names.Add(*node);
+        return names;
+    });
 }
 
 float InteractionDetector::YokeScore(const NodePart& part) const {

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
-#include <random>
 
 namespace CockpitModel {
 
@@ -56,17 +55,6 @@ double AreaOf(const std::vector<Corner>& soup) {
     return area;
 }
 
-/// How far a point lies within a triangle of either winding; negative outside of it.
-double DepthIn(const Corner* triangle, const Utils::Vector2& point) {
-    double depth = std::numeric_limits<double>::infinity();
-    const double winding = Cross(triangle[0].texture, triangle[1].texture, triangle[2].texture) < 0 ? -1 : 1;
-    for (std::size_t i = 0; i < 3; ++i) {
-        const Utils::Vector2 &a = triangle[i].texture, &b = triangle[(i + 1) % 3].texture;
-        depth = std::min(depth, winding * Cross(a, b, point) / (b - a).norm());
-    }
-    return depth;
-}
-
 } // namespace
 
 TEST(ClipEntryToPart, GivesAWholeTriangleBackAsAFan) {
@@ -87,7 +75,8 @@ TEST(ClipEntryToPart, GivesAWholeTriangleBackAsAFan) {
     for (const auto& vertex : soup) {
         EXPECT_EQ(vertex.normal, Utils::Vector3(0, 0, 1));
         EXPECT_EQ(vertex.secondTexture, Utils::Vector2(0, 0));
-        EXPECT_NEAR(vertex.position.z(), vertex.texture.x() + vertex.texture.y() - 5 - 0.001, 2e-6);
+        const Utils::Vector3 lifted = Surface(vertex.texture.x(), vertex.texture.y()) - Utils::Vector3(0, 0, 0.001f);
+        EXPECT_LT((vertex.position - lifted).norm(), 2e-6f);
     }
 }
 
@@ -102,6 +91,7 @@ TEST(ClipEntryToPart, CutsAtTheRectangle) {
     // A rectangle inside gives itself; one that cuts the long side gives a pentagon.
     EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.2f, 0.3f), part).size(), 12u);
     EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.5f, 0.5f), part).size(), 15u);
+    EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.00005f, 0.3f), part).size(), 12u) << "100 steps wide";
 }
 
 TEST(ClipEntryToPart, TakesAllTrianglesThatShowTheRectangle) {
@@ -156,46 +146,6 @@ TEST(ClipEntryToPart, SkipsTrianglesThatShowNothing) {
     NodePart wide;
     AddTriangle(wide, {{-2e12f, -2e12f}, {2e12f, -2e12f}, {0, 2e12f}});
     EXPECT_NEAR(AreaOf(Clip(Entry(0, 0, 1, 1), wide)), 1.0, 1e-6) << "the range reaches so far";
-}
-
-TEST(ClipEntryToPart, CoversTheIntersectionOnce) {
-    std::mt19937 random(20);
-    std::uniform_real_distribution<float> coordinate(-1, 2), size(0.01f, 1.5f), share(0, 1);
-    const auto anywhere = [&] { return Utils::Vector2(coordinate(random), coordinate(random)); };
-    constexpr double kSteps = 2e-6; // corners are cut to steps of 5e-7 and met points rounded to them
-    int within = 0;
-    for (int run = 0; run < 2000; ++run) {
-        NodePart part;
-        AddTriangle(part, {anywhere(), anywhere(), anywhere()});
-        if (AreaOf(part.vertices) < 0.01)
-            continue;
-        const PanelEntry entry = Entry(coordinate(random), coordinate(random), size(random), size(random));
-        const auto depthInEntry = [&](const Utils::Vector2& p) {
-            return std::min(std::min(p.x() - entry.U, entry.U + entry.Width - p.x()),
-                            std::min(p.y() - entry.V, entry.V + entry.Height - p.y()));
-        };
-        const auto soup = Clip(entry, part);
-        for (const Corner& corner : soup) {
-            const Utils::Vector3 lifted =
-                Surface(corner.texture.x(), corner.texture.y()) - Utils::Vector3(0, 0, 0.001f);
-            ASSERT_LT((corner.position - lifted).norm(), 2e-4f) << "run " << run;
-            ASSERT_GE(DepthIn(part.vertices.data(), corner.texture), -kSteps) << "run " << run;
-            ASSERT_GE(depthInEntry(corner.texture), -kSteps) << "run " << run;
-        }
-        for (int i = 0; i < 20; ++i) {
-            const Utils::Vector2 point(entry.U + share(random) * entry.Width, entry.V + share(random) * entry.Height);
-            if (DepthIn(part.vertices.data(), point) < 1e-4 || depthInEntry(point) < 1e-4)
-                continue;
-            int shown = 0, atEdges = 0;
-            for (std::size_t triangle = 0; triangle < soup.size(); triangle += 3) {
-                shown += DepthIn(&soup[triangle], point) > 0;
-                atEdges += std::abs(DepthIn(&soup[triangle], point)) < kSteps;
-            }
-            ASSERT_TRUE(shown == 1 || atEdges > 0) << "run " << run << ": " << shown;
-            ++within;
-        }
-    }
-    EXPECT_GT(within, 2000);
 }
 
 } // namespace CockpitModel

@@ -76,6 +76,7 @@ TEST_F(PanelRoadTest, PanelPartsStandBeforeTheirBasePart) {
         EXPECT_EQ(part.panel, panels.Find("panel.PNG"));
         EXPECT_EQ(part.material, parts[3]->material);
         EXPECT_EQ(part.textureName, "panel.png");
+        EXPECT_EQ(part.textureIndex, 0);
     }
     EXPECT_EQ(parts[3]->id, 3);
     EXPECT_EQ(parts[3]->Rect(), nullptr);
@@ -98,6 +99,7 @@ TEST_F(PanelRoadTest, ALeverIsDrivenByPercentWhileThePanelKeepsItsSteps) {
     builder.Part(lever, Support::TriangleAt(2));
     Build();
     const NodePart& part = *Parts(lever).at(0);
+    ASSERT_NE(part.Rect(), nullptr);
     EXPECT_EQ(part.InteractionType, Type::Move);
     EXPECT_EQ(part.Rect()->CallbackType, 2u);
     const auto* code = dynamic_cast<const CallbackDraggingCode*>(part.Rect()->VariableCallback.get());

@@ -70,7 +70,7 @@ TEST_F(PanelSetTest, FindsPanelsOfCockpitSections) {
     Gauge().MouseAreas = {Support::CodeArea(0, 0, 1, 1, "go", 0)};
     Read("[vcockpit2]\ntexture=T\n[vcockpit1]\ntexture=t\ngauge0=file!gauge,0,0\n");
     EXPECT_EQ(panels.Panels().size(), 1u);
-    EXPECT_TRUE(panels.Find("t")->Entries.empty()) << "the later one counts, and sections go by name";
+    EXPECT_EQ(panels.Find("t")->Entries.size(), 1u) << "the later one in the text counts, whatever its name";
     std::istringstream failed("[vcockpit]\ntexture=a\n");
     failed.setstate(std::ios::failbit);
     panels.Read(failed, repository);
@@ -100,8 +100,9 @@ TEST_F(PanelSetTest, ChoosesTheSizesOfPanelAndGauge) {
         Read("[vcockpit]\n" + std::string(size) + "\nGauge99=file!gauge,20,0,40,10\nmygauge=file!gauge,0,0\n");
         EXPECT_THAT(Places(panels.Find("")->Entries), ElementsAre(place)) << size;
     }
+    EXPECT_TRUE(repository.FindGauge("file", "GAUGE"));
     Gauge().Size = {50, 50};
-    Read("[vcockpit]\ngauge1=file!gauge,10,20\ngauge2=file!gauge,30,40\n");
+    Read("[vcockpit]\ngauge2=file!gauge,10,20\ngauge10=File!Gauge,30,40\n");
     EXPECT_THAT(Places(panels.Find("")->Entries), ElementsAre("0.1 0.2 0.5 0.5", "0.3 0.4 0.5 0.5"));
     EXPECT_EQ(Gauge().Position, Utils::Vector2(30, 40));
     Read("[vcockpit]\nsize_mm=none\ngauge1=file!gauge,10,20\n");

@@ -116,7 +116,8 @@ TEST(InteractionDetectorTest, ThePrimaryYokeIsWideAndToTheLeftAndTheFirstOfEqual
     const struct {
         float xOfFirst, xOfSecond, widthOfSecond;
         int primary;
-    } rows[] = {{0, 0, 0.01f, 0}, {0, -0.5f, 0.01f, 1}, {0.5f, -0.5f, 0.01f, 1}, {0, 0.5f, 0.5f, 1}, {0, 9, 0.5f, 0}};
+    } rows[] = {{0, 0, 0.01f, 0},   {0, -0.5f, 0.01f, 1}, {0.5f, -0.5f, 0.01f, 1},
+                {0, 0.5f, 0.5f, 1}, {0, 9, 0.5f, 0},      {50, 60, 0.01f, 0}};
     for (const auto& row : rows) {
         ModelBuilder builder;
         std::vector<int> yokes;
@@ -136,21 +137,27 @@ TEST(InteractionDetectorTest, ThePrimaryYokeIsWideAndToTheLeftAndTheFirstOfEqual
 }
 
 TEST(InteractionDetectorTest, ALeverThatStepsIsDrivenByPercentFromThenOn) {
-    ModelBuilder builder;
-    const int lever = builder.Node(0, "x L:Throttle1Position L:RPMLever1Position", kSlide);
-    const int other = builder.Node(0, "L:Flaps", kSlide);
-    builder.Part(lever, kSmall);
-    MouseRect& rect = builder.Rect(3);
-    builder.Part(other, kSmall);
-    MouseRect& untouched = builder.Rect(3);
-    const auto graph = Detected(builder);
-    EXPECT_EQ(PartOf(*graph, lever).InteractionType, Type::Move);
-    EXPECT_EQ(rect.CallbackType, 2u);
-    const auto* callback = dynamic_cast<const CallbackDraggingCode*>(rect.VariableCallback.get());
-    ASSERT_NE(callback, nullptr);
-    EXPECT_EQ(callback->Code, "L:RPMLever1Position") << "a later match replaces an earlier one";
-    EXPECT_EQ(untouched.CallbackType, 3u);
-    EXPECT_EQ(untouched.VariableCallback, nullptr);
+    const struct {
+        const char* animation;
+        std::uint32_t callbackType;
+        const char* code; ///< empty for a rectangle that stays what it is
+    } rows[] = {
+        {"x L:Throttle1Position", 3, "L:Throttle1Position"},
+        {"L:RPMLever1Position L:Throttle1Position", 3, "L:RPMLever1Position"},
+        {"L:Eng1_MixtureManualLever", 3, "L:Eng1_MixtureManualLever"},
+        {"L:Throttle1Position", 2, ""},
+        {"L:Flaps", 3, ""},
+    };
+    for (const auto& row : rows) {
+        ModelBuilder builder;
+        const int node = builder.Node(0, row.animation, kSlide);
+        builder.Part(node, kSmall);
+        const MouseRect& rect = builder.Rect(row.callbackType);
+        EXPECT_EQ(PartOf(*Detected(builder), node).InteractionType, Type::Move) << row.animation;
+        const auto* callback = dynamic_cast<const CallbackDraggingCode*>(rect.VariableCallback.get());
+        EXPECT_EQ(callback ? callback->Code : "", row.code) << row.animation;
+        EXPECT_EQ(rect.CallbackType, callback ? 2u : row.callbackType) << row.animation;
+    }
 }
 
 TEST(InteractionDetectorTest, EventTypesFollowCallbackAndFlags) {
