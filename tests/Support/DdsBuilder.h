@@ -7,7 +7,7 @@
 
 namespace Support {
 
-/// Puts a DDS file together: a header that can be bent field by field, and pixel bytes behind it.
+/// Makes a DDS file: a header whose fields can be changed one by one, and the bytes of pixels after it.
 class DdsBuilder {
 public:
     DdsBuilder(std::uint32_t width, std::uint32_t height) : bytes(128, '\0') {
@@ -26,20 +26,17 @@ public:
         bytes.replace(84, 4, fourCC);
         return *this;
     }
-    /// The header's DX10 part: the format of the DXGI numbering, a picture of two dimensions.
+    /// The header's DX10 part: the format of the DXGI numbering, an image of two dimensions.
     DdsBuilder& Extended(std::uint32_t format) {
         Code("DX10");
         bytes.resize(148, '\0');
         return Word(128, format).Word(132, 3).Word(140, 1);
     }
-    /// Plain 32-bit pixels in the given byte order, with alpha in the last byte or without.
-    DdsBuilder& Plain(std::uint32_t red, std::uint32_t green, std::uint32_t blue, std::uint32_t alpha) {
-        return Word(80, alpha ? 0x41 : 0x40)
-            .Word(88, 32)
-            .Word(92, red)
-            .Word(96, green)
-            .Word(100, blue)
-            .Word(104, alpha);
+    /// Pixels that are not compressed, with the channels' masks. No mask for alpha: the flag for alpha is not set.
+    DdsBuilder& Plain(std::uint32_t red, std::uint32_t green, std::uint32_t blue, std::uint32_t alpha,
+                      std::uint32_t bits = 32) {
+        Word(80, alpha ? 0x41 : 0x40).Word(88, bits);
+        return Word(92, red).Word(96, green).Word(100, blue).Word(104, alpha);
     }
     DdsBuilder& Pixels(std::initializer_list<int> values) {
         for (const int value : values)
