@@ -86,7 +86,7 @@ AircraftTestError::AircraftTestError(const Sim::AircraftInfo& info, const std::s
 
 std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
     try {
-        const std::string annotations = CockpitModel::AnnotationPath(info);
+        const std::string annotations = CockpitModel::AnnotationFile(info);
         if (!boost::filesystem::exists(annotations))
             return std::nullopt;
         return TestAnnotated(info, annotations, repository);
@@ -99,6 +99,7 @@ std::vector<AircraftTests> RunAllTests(Sim::AircraftListLoader& loader) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     std::vector<AircraftTests> results;
     for (const auto& info : loader.LoadAircraftList()) {
+        CockpitModel::AnnotationPath(*info); // makes the folder, as each use of the window does
         if (std::optional<AircraftTests> tests = TestAircraft(*info, repository))
             results.push_back(std::move(*tests));
     }

@@ -51,7 +51,7 @@ struct AircraftTestError : std::runtime_error {
 
 /// Loads one aircraft, runs the detection and holds its parts against the expectations of its annotation file. Empty,
 /// and nothing loaded, for an aircraft without such a file. Whatever stops it comes out as an AircraftTestError. It
-/// writes nothing, and different threads may test different aircraft, each with a repository of its own.
+/// makes no file or folder, and different threads may test different aircraft, each with a repository of its own.
 std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository);
 
 /// Tests every aircraft that has an annotation file, in list order, one in memory at a time. An aircraft whose file

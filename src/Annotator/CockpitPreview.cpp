@@ -92,7 +92,7 @@ void CockpitPreview::Render(Rendering::Context& context, const Matrix4& view, co
 
 void CockpitPreview::LoadOwnResources(Rendering::Context& context) {
     if (!context.IsBitmapValid(checkerBitmap.get()))
-        checkerBitmap = context.LoadBitmap(kCheckerFile);
+        checkerBitmap = context.LoadBitmap(Rendering::FindDataFile(kCheckerFile));
     if (!context.IsGeometryValid(sphereGeometry.get()))
         sphereGeometry = Rendering::LoadGeometryFile(context, kMarkerMeshFile, true);
 }

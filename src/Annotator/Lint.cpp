@@ -3,6 +3,7 @@
 #include "Annotator/AircraftRoad.h"
 #include "Annotator/LintAnnotations.h"
 #include "Annotator/LintChecks.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "Utils/Paths.h"
@@ -109,7 +110,7 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& o
 
 void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGraph& sceneGraph,
                       std::vector<LintFinding>& findings) {
-    const std::string file = "QVRA/Annotations/" + Utils::FolderStem(info.acfPath) + ".xml";
+    const std::string file = CockpitModel::AnnotationFile(info);
     LintFindings target(file, findings);
     if (boost::filesystem::exists(file))
         LintAnnotations(Utils::ReadFile(file), sceneGraph, target);

@@ -7,8 +7,8 @@
 
 namespace Annotator {
 
-/// What an annotation file says in vain: its reader passes over words that it does not know and over parts that are
-/// not there.
+/// What the reader of an annotation file ignores in silence: values that it does not know and parts that are not
+/// there.
 void LintAnnotations(const std::string& xml, const CockpitModel::SceneGraph& sceneGraph, LintFindings& findings);
 
 } // namespace Annotator

@@ -7,7 +7,6 @@
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Utils/Paths.h"
-#include "Utils/SaveFile.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/operations.hpp>
@@ -41,7 +40,7 @@ std::string FindNew(const Sim::AircraftInfo& info, bool yoke) {
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
     CockpitModel::AnnotationStore store(*built.sceneGraph);
-    store.Read(CockpitModel::AnnotationPath(info));
+    store.Read(CockpitModel::AnnotationFile(info));
     Json found = Json::array();
     for (const auto& node : built.sceneGraph->Nodes())
         for (const auto& part : node->parts)
@@ -73,7 +72,7 @@ public:
             aircraftFailed = true;
             return;
         }
-        const std::string path = CockpitModel::AnnotationPath(info);
+        const std::string path = CockpitModel::AnnotationFile(info);
         File& file = files[path];
         if (!file.ofAircraft.empty())
             console.Message(path + " is of both " + file.ofAircraft + " and " + NameOf(info) +
@@ -87,7 +86,6 @@ public:
 
     /// A file that cannot be taken up stays as it is; the others are saved all the same.
     ExitCode Finish(bool dryRun) {
-        const HeldSignals held;
         std::size_t added = 0, changed = 0;
         for (const auto& [path, file] : files) {
             if (file.expectations.empty() || !Save(path, file, dryRun))
@@ -132,7 +130,7 @@ private:
     bool Write(const std::string& path, const std::string& xml) {
         boost::system::error_code error; // whose reason the save gives as well
         boost::filesystem::create_directories(boost::filesystem::path(path).parent_path(), error);
-        const Utils::SaveResult saved = Utils::SaveFile(path, xml);
+        const Utils::SaveResult saved = SaveWithSignalsHeld(path, xml);
         if (!saved)
             console.Message(saved.error);
         notWritten |= !saved;

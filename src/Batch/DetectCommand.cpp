@@ -3,9 +3,9 @@
 #include "Annotator/DetectedDataExport.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
+#include "Batch/HeldSignals.h"
 #include "Batch/Jobs.h"
 #include "Logging/Logger.h"
-#include "Utils/SaveFile.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/operations.hpp>
@@ -68,7 +68,7 @@ private:
     void Write(const Sim::AircraftInfo& info, const std::string& xml) {
         const std::string name = Annotator::DetectedDataFileName(info);
         const std::string path = (boost::filesystem::path(folder) / name).string();
-        if (const auto saved = Utils::SaveFile(path, xml); !saved) {
+        if (const auto saved = SaveWithSignalsHeld(path, xml); !saved) {
             console.Message(saved.error);
             notWritten = true;
             return;

@@ -64,7 +64,7 @@ std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, co
         return {};
     const NodePart& part = *nodes[place.node]->parts[place.part];
     CockpitModel::AnnotationStore store(*built.sceneGraph);
-    store.Read(CockpitModel::AnnotationPath(info));
+    store.Read(CockpitModel::AnnotationFile(info));
     return Utils::Readable(Annotator::ExplanationText(*built.sceneGraph, part) + AnnotationText(store.Get(part)));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Utils/NonAssignable.h"
+#include "Utils/SaveFile.h"
 
 #ifndef _WIN32
 #include <csignal>
@@ -9,20 +10,22 @@
 namespace Batch {
 
 /// While one lives, the signals by which a person or a system ends the program wait, so that what is written meanwhile
-/// is written whole. One at a time.
+/// is written whole. One at a time, and for no longer than a file takes: the user waits as well.
 class HeldSignals : public Utils::NonAssignable {
 public:
     HeldSignals();
     ~HeldSignals();
 
 #ifndef _WIN32
-    const sigset_t& Before() const {
-        return before;
-    } ///< what was held without this
-
 private:
-    sigset_t before{};
+    sigset_t before{}; ///< what was held without this
 #endif
 };
+
+/// A signal ends the program before the file or after it.
+inline Utils::SaveResult SaveWithSignalsHeld(const std::string& path, std::string_view bytes) {
+    const HeldSignals held;
+    return Utils::SaveFile(path, bytes);
+}
 
 } // namespace Batch

@@ -1,7 +1,7 @@
 #include "Batch/BatchLog.h"
-#include "Batch/HeldSignals.h"
 #include "Batch/JobAnswer.h"
 #include "Logging/Logger.h"
+#include "Utils/NonAssignable.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -39,12 +39,10 @@ bool WriteAll(int file, std::string_view bytes) {
     return true;
 }
 
-[[noreturn]] void RunInChild(const Job& job, const Sim::AircraftInfo& aircraft, int answer, pid_t parent,
-                             const sigset_t& signals) {
+[[noreturn]] void RunInChild(const Job& job, const Sim::AircraftInfo& aircraft, int answer, pid_t parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != parent)
         _exit(1); // it ended before its end could be heard of
-    sigprocmask(SIG_SETMASK, &signals, nullptr);
     JoinLog();
     const std::string text = JobAnswer(job, aircraft);
     Logging::Logger::Get().Stop("");
@@ -117,7 +115,7 @@ private:
         const pid_t child = fork();
         if (child == 0) {
             close(ends[0]);
-            RunInChild(job, *aircraft[index], ends[1], parent, signals.Before());
+            RunInChild(job, *aircraft[index], ends[1], parent);
         }
         const int error = errno;
         close(ends[1]);
@@ -136,8 +134,7 @@ private:
         std::vector<pollfd> polled;
         for (const Process& process : running)
             polled.push_back({process.answer, POLLIN, 0});
-        // Only here may a signal end this process, which then takes its children along.
-        if (ppoll(polled.data(), polled.size(), nullptr, &signals.Before()) < 0)
+        if (poll(polled.data(), polled.size(), -1) < 0)
             return;
         // From the back, as one that is finished leaves the list.
         for (std::size_t i = polled.size(); i-- > 0;) {
@@ -168,7 +165,6 @@ private:
             answered ? ReadJobAnswer(its, process.received) : JobResult{&its, {}, HowItEnded(status)};
     }
 
-    HeldSignals signals;
     const AircraftSelection& aircraft;
     std::size_t limit;
     const Job& job;

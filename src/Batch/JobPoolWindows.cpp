@@ -1,8 +1,8 @@
 #include "Batch/BatchLog.h"
-#include "Batch/HeldSignals.h"
 #include "Batch/JobAnswer.h"
 #include "Batch/Process.h"
 #include "Logging/Logger.h"
+#include "Utils/NonAssignable.h"
 #include "Utils/Platform.h"
 #include "Utils/WideText.h"
 
@@ -181,9 +181,7 @@ public:
 
     void Run(const std::function<void(JobResult&&)>& use) {
         for (std::size_t i = 0; i < aircraft.size(); ++i) {
-            JobResult result = Next();
-            const HeldSignals held;
-            use(std::move(result));
+            use(Next());
         }
     }
 

@@ -21,9 +21,9 @@ struct JobResult {
 };
 
 /// Runs a job for each aircraft in a process of its own, up to `processes` at once, so that a crash, an abort or a kill
-/// for memory in one leaves the others. `use` gets the results in the order of the aircraft, in the calling process and
-/// with ending signals held back; few results wait for their turn, so that memory is bounded. The caller must have a
-/// single thread. When it ends, however that comes about, so do the processes.
+/// for memory in one leaves the others. `use` gets the results in the order of the aircraft, in the calling process;
+/// few results wait for their turn, so that memory is bounded. The caller must have a single thread. When it ends,
+/// however that comes about, so do the processes.
 ///
 /// Where the system cannot copy a process, each one is this program started once more with the same words and its
 /// aircraft's path (JobAircraft), and comes as far as this call: what stands ahead of it is done in each of them.

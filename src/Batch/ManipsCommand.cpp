@@ -70,7 +70,7 @@ std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::RoadOpti
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, road);
     CockpitModel::AnnotationStore store(*built.sceneGraph);
-    store.Read(CockpitModel::AnnotationPath(info));
+    store.Read(CockpitModel::AnnotationFile(info));
     std::vector<Row> rows;
     for (const auto& node : built.sceneGraph->Nodes())
         for (const NodePart* part : node->clickableParts)

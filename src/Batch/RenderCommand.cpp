@@ -7,8 +7,9 @@
 #include "Batch/HeldSignals.h"
 #include "Batch/Jobs.h"
 #include "Batch/OffScreen.h"
+#include "Rendering/GeometryLoader.h"
 #include "Utils/Images.h"
-#include "Utils/SaveFile.h"
+#include "Utils/Platform.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -121,7 +122,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& reque
         return Answer(kAircraftFailed, "there is no cockpit object beside the .acf file");
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
-    annotations.Read(CockpitModel::AnnotationPath(info));
+    annotations.Read(CockpitModel::AnnotationFile(info));
     try {
         return Answer(kDone, DrawToPng(request, opened, built, annotations));
     } catch (const std::invalid_argument& error) {
@@ -131,11 +132,10 @@ std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& reque
     }
 }
 
-/// Drawing is all that needs the program's own files.
-void RequireData(Console& console) {
-    if (const std::string problem = Annotator::LayOwnDataFiles(); !problem.empty())
-        console.Message(problem);
-    if (!boost::filesystem::exists(Annotator::kMarkerMeshFile))
+/// Data files that the installation lacks are read where the program has its own.
+void RequireData() {
+    Rendering::SetSpareDataFolder(Annotator::OwnDataFolder(Utils::Platform::ProgramPath()).parent_path());
+    if (!boost::filesystem::exists(Rendering::FindDataFile(Annotator::kMarkerMeshFile)))
         throw CommandError(kWrongUsage, std::string("there is no ") + Annotator::kMarkerMeshFile +
                                             " in the installation: the program's folder QVRA belongs beside Aircraft");
 }
@@ -143,15 +143,14 @@ void RequireData(Console& console) {
 ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
-    RequireData(session.console);
+    RequireData();
     const std::string answer =
         RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options.picture); });
     const auto code = static_cast<ExitCode>(answer.at(0) - '0');
     const std::string_view bytes = std::string_view(answer).substr(1);
     if (code != kDone)
         throw CommandError(code, NameOf(info) + ": " + std::string(bytes));
-    const HeldSignals held;
-    if (const auto saved = Utils::SaveFile(session.CallersPath(options.file), bytes); !saved)
+    if (const auto saved = SaveWithSignalsHeld(session.CallersPath(options.file), bytes); !saved)
         throw CommandError(kNotWritten, saved.error);
     return kDone;
 }

@@ -1,7 +1,6 @@
 #include "Batch/ReportOptions.h"
 
 #include "Batch/HeldSignals.h"
-#include "Utils/SaveFile.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -33,13 +32,12 @@ void TellProblems(const TestReport& report, Console& console) {
 
 /// False when one could not be written.
 bool WriteReports(const TestReport& report, const ReportOptions& options, Session& session) {
-    const HeldSignals held;
     bool written = true;
     for (std::size_t i = 0; i < options.files.size(); ++i) {
         if (options.files[i].empty())
             continue;
         const std::string path = session.CallersPath(options.files[i]);
-        if (const auto saved = Utils::SaveFile(path, kReportForms[i].make(report)); !saved) {
+        if (const auto saved = SaveWithSignalsHeld(path, kReportForms[i].make(report)); !saved) {
             session.console.Message(saved.error);
             written = false;
         }

@@ -16,6 +16,8 @@ namespace Rendering {
 
 namespace {
 
+boost::filesystem::path spareFolder;
+
 /// Takes the values of a line from left to right; one that is missing or malformed reads as 0.
 class LineReader {
 public:
@@ -120,10 +122,21 @@ void ReportMissing(const std::string& path, bool required) {
 
 } // namespace
 
+void SetSpareDataFolder(const boost::filesystem::path& folder) {
+    spareFolder = folder;
+}
+
+std::string FindDataFile(const std::string& path) {
+    boost::system::error_code error;
+    const boost::filesystem::path spare = spareFolder / path;
+    const bool isSpare = !boost::filesystem::exists(path, error) && boost::filesystem::exists(spare, error);
+    return isSpare && !spareFolder.empty() ? spare.string() : path;
+}
+
 std::string ResolveDataPath(const std::string& path) {
     static const boost::filesystem::path base = boost::filesystem::current_path();
-    const boost::filesystem::path given(path);
-    return given.is_absolute() ? path : (base / given).string();
+    const boost::filesystem::path given(FindDataFile(path));
+    return given.is_absolute() ? given.string() : (base / given).string();
 }
 
 std::unique_ptr<Geometry> LoadGeometryFile(Context& context, const std::string& path, bool required) {

@@ -2,12 +2,18 @@
 
 #include "Rendering/Context.h"
 
+#include <boost/filesystem/path.hpp>
 #include <memory>
 #include <string>
 
 namespace Rendering {
 
-/// An absolute path as it stands; a relative one below the working directory of the first call in the process.
+/// A second folder for relative data paths; none without it. Set before any thread looks for a file.
+void SetSpareDataFolder(const boost::filesystem::path& folder);
+/// The path itself, unless only the spare folder has such a file: then its path there.
+std::string FindDataFile(const std::string& path);
+/// An absolute path as it stands; a relative one below the working directory of the first call in the process, or in
+/// the spare folder if only that has it.
 std::string ResolveDataPath(const std::string& path);
 
 /// Reads a mesh in Wavefront's OBJ text: "v", "vt", "vn" and triangles "f" with corners of three indices, in the

@@ -127,6 +127,12 @@ TEST(LintTest, FindsWhatAnAnnotationFileSaysInVain) {
          "<Override>" + first + "<InteractionType>tap</InteractionType>\n<EventType/>\n<Reverse>true</Reverse>\n" +
              "<InteractionTypeTest>Slide</InteractionTypeTest></Override>",
          {"annotation-word@1", "annotation-word@2", "annotation-word@3", "annotation-word@4"}},
+        {"values as the reader takes them",
+         "<Override><NodeId>0</NodeId><PartId> +0</PartId><Reverse>01</Reverse>\n<Tooltip><!-- -->x</Tooltip>\n"
+         "<InteractionType><!-- -->Tap</InteractionType></Override>\n"
+         "<Override><NodeId>0</NodeId><PartId>1</PartId>\n<Reverse>1x</Reverse></Override>\n"
+         "<Override><NodeId>0</NodeId>\n<PartId>0x1</PartId></Override>",
+         {"annotation-place@1", "annotation-word@3", "annotation-word@5", "annotation-word@7"}},
         {"no place", "\n<Override><NodeId>0</NodeId></Override>", {"annotation-place@2"}},
         {"beyond the parts",
          Support::Expectation(0, 1, "Tap") + "\n" + Support::Expectation(0, 2, "Tap"),

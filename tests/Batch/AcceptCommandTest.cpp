@@ -1,5 +1,6 @@
 #include "Batch/BatchProgram.h"
 
+#include <chrono>
 #include <gmock/gmock.h>
 
 namespace Batch {
@@ -78,11 +79,34 @@ TEST(AcceptCommand, LeavesFilesAloneThatItCannotTakeUp) {
 TEST(AcceptCommand, LetsTheFirstOfTwoAircraftWithOneFileStand) {
     const Installation installation;
     installation.Aircraft("Aircraft/A/Cub", "Ours", ThreeParts());
-    installation.Aircraft("Aircraft/B/Cub", "Ours too", ThreeParts());
+    installation.Aircraft("Aircraft/B/Cub", "Ours too", Support::ObjText().Texture().Tris().Drag("sim/knob").Tris());
     const ProgramResult result = RunBatch(installation, {"accept", "Aircraft/A/", "Aircraft/B/"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.errors, HasSubstr("is of both"));
     EXPECT_THAT(result.errors, HasSubstr("2 expectations added to 1 annotation file"));
+    EXPECT_THAT(installation.Read(kCub), HasSubstr(Record(0, 1, Expects("Tap") + "        <Reverse>0</Reverse>\n")));
+}
+
+TEST(AcceptCommand, TakesTimeInProportionToTheParts) {
+    const Installation installation;
+    Support::ObjText object;
+    object.Texture().Toggle("sim/switch");
+    for (int part = 0; part < 4000; ++part)
+        object.Tris();
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", object);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_THAT(RunBatch(installation, {"accept", "Cub"}).errors, HasSubstr("4000 expectations added to 1"));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "for each part, all parts";
+}
+
+TEST(ReadOnlyCommands, MakeNothingInTheInstallation) {
+    const Installation installation;
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"accept", "--dry-run", "Cub"}, {"explain", "Cub", "1,0"}, {"manips"}, {"test"}, {"lint", "Cub"}}) {
+        EXPECT_NE(RunBatch(installation, arguments).exitCode, 2) << arguments[0];
+        EXPECT_TRUE(boost::filesystem::is_empty(installation / "QVRA")) << arguments[0];
+    }
 }
 
 } // namespace

@@ -1,12 +1,14 @@
 #include "Batch/Jobs.h"
 
 #include "Batch/Command.h"
+#include "Batch/HeldSignals.h"
 #include "Sim/XPAircraftInfo.h"
 #include "Support/TemporaryFolder.h"
 
 #include <csignal>
 #include <cstdlib>
 #include <gmock/gmock.h>
+#include <iostream>
 #include <new>
 #include <unistd.h>
 
@@ -111,6 +113,15 @@ TEST_F(Jobs, EndTheirProcessesWhenTheirResultsAreNotWantedAnyMore) {
     close(alive[1]);
     char byte = 0;
     EXPECT_EQ(read(alive[0], &byte, 1), 0) << "a process still holds the pipe";
+}
+
+TEST(HeldSignals, EndTheProcessAfterwards) {
+    const auto hold = [] {
+        const HeldSignals held;
+        raise(SIGINT);
+        std::cerr << "written";
+    };
+    EXPECT_EXIT(hold(), testing::KilledBySignal(SIGINT), "written");
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 
+#include <algorithm>
 #include <boost/filesystem/operations.hpp>
 #include <utility>
 
@@ -21,12 +22,32 @@ auto& SlotOf(Records& records, const NodePart& part) {
     return Utils::At(Utils::At(records, part.node->index), part.id);
 }
 
+std::pair<std::int32_t, std::int32_t> PlaceOf(const AnnotationRecord& record) {
+    return {record.NodeId, record.PartId};
+}
+
+/// Whether a text says anything that is not in these records.
+bool SaysMore(const std::string& xml, std::vector<AnnotationRecord> records) {
+    const AnnotationText text = ParseAnnotations(xml);
+    if (!text.isXml || text.saysMore)
+        return true;
+    std::ranges::sort(records, {}, PlaceOf);
+    return std::ranges::any_of(text.elements, [&](const AnnotationElement& element) {
+        const auto ofPart = std::ranges::equal_range(records, PlaceOf(element.record), {}, PlaceOf);
+        return std::ranges::find(ofPart, element.record) == ofPart.end();
+    });
+}
+
 } // namespace
+
+std::string AnnotationFile(const Sim::AircraftInfo& info) {
+    return std::string(kFolder) + "/" + Utils::FolderStem(info.acfPath) + ".xml";
+}
 
 std::string AnnotationPath(const Sim::AircraftInfo& info) {
     boost::system::error_code ignored;
     boost::filesystem::create_directory(kFolder, ignored);
-    return std::string(kFolder) + "/" + Utils::FolderStem(info.acfPath) + ".xml";
+    return AnnotationFile(info);
 }
 
 AnnotationStore::AnnotationStore(const SceneGraph& sceneGraph) : sceneGraph(&sceneGraph) {
@@ -35,8 +56,7 @@ AnnotationStore::AnnotationStore(const SceneGraph& sceneGraph) : sceneGraph(&sce
 }
 
 void AnnotationStore::Read(const std::string& path) {
-    std::string xml = Utils::ReadFile(path);
-    for (AnnotationRecord& record : AnnotationsFromXml(xml)) {
+    for (AnnotationRecord& record : ReadAnnotations(path)) {
         if (std::cmp_less(record.NodeId, 0) || std::cmp_greater_equal(record.NodeId, records.size()))
             continue;
         auto& slots = records[static_cast<std::size_t>(record.NodeId)];
@@ -44,17 +64,20 @@ void AnnotationStore::Read(const std::string& path) {
             continue;
         slots[static_cast<std::size_t>(record.PartId)] = std::move(record);
     }
-    if (SaysJust(xml, ListAll()))
-        ownText = std::move(xml);
+    fileRecords = ListAll();
 }
 
-Utils::SaveResult AnnotationStore::KeepOtherText(const std::string& path) {
+Utils::SaveResult AnnotationStore::KeepOtherText(const std::string& path, const std::vector<AnnotationRecord>& list) {
     keptCopy.clear();
     const std::string found = Utils::ReadFile(path);
     boost::system::error_code error;
     if (found.empty() && boost::filesystem::file_size(path, error) > 0 && !error)
         return {false, "Cannot save " + path + ": what stands there cannot be read, and would be lost"};
-    if (found.empty() || found == ownText)
+    if (found.empty() || found == writtenText)
+        return {true, {}};
+    std::vector<AnnotationRecord> known = fileRecords;
+    known.insert(known.end(), list.begin(), list.end());
+    if (!SaysMore(found, std::move(known)))
         return {true, {}};
     for (int number = 1; keptCopy.empty() || boost::filesystem::exists(keptCopy); ++number)
         keptCopy = path + ".kept-" + std::to_string(number);
@@ -64,12 +87,15 @@ Utils::SaveResult AnnotationStore::KeepOtherText(const std::string& path) {
 
 Utils::SaveResult AnnotationStore::Write(const std::string& path) noexcept {
     try {
-        if (Utils::SaveResult kept = KeepOtherText(path); !kept)
+        std::vector<AnnotationRecord> list = ListAll();
+        if (Utils::SaveResult kept = KeepOtherText(path, list); !kept)
             return kept;
-        std::string xml = AnnotationsToXml(ListAll());
+        std::string xml = AnnotationsToXml(list);
         Utils::SaveResult saved = Utils::SaveFile(path, xml);
-        if (saved)
-            ownText = std::move(xml);
+        if (saved) {
+            writtenText = std::move(xml);
+            fileRecords = std::move(list);
+        }
         return saved;
     } catch (...) {
         return {false, "Cannot be saved"}; // short enough to need no memory

@@ -25,8 +25,9 @@ struct PartEvaluation {
     TouchInteractionType interactionType = TouchInteractionType::None; ///< override included
 };
 
-/// The path of an aircraft's annotation file, named by the folder that the aircraft lies in. Makes the folder
-/// "QVRA/Annotations" where "QVRA" is there.
+/// The path of an aircraft's annotation file, named by the folder that the aircraft lies in.
+std::string AnnotationFile(const Sim::AircraftInfo& info);
+/// The same path for a caller that may write the file: makes the folder "QVRA/Annotations" if "QVRA" is there.
 std::string AnnotationPath(const Sim::AircraftInfo& info);
 
 /// The annotations of one loaded cockpit: a slot for each part that the scene graph had when the store was made. The
@@ -38,11 +39,11 @@ public:
     /// Fills slots from a file. What cannot be read is left out in silence: a field with an unknown word, a record
     /// without a place in the scene, a file that is no XML.
     void Read(const std::string& path);
-    /// Replaces the file by all filled slots, or leaves it byte for byte as it was and returns why not. Text that this
-    /// store has neither read whole nor written, such as what does not parse or what came since, is kept in a file
-    /// beside it first.
+    /// Replaces the file by all filled slots, or leaves it byte for byte as it was and returns why not. A file that
+    /// says anything that this store has neither read nor written, such as comments or what came since, is copied to a
+    /// file beside it first.
     Utils::SaveResult Write(const std::string& path) noexcept;
-    /// Where the last Write kept such a text; empty for most.
+    /// The copy that the last Write made; empty for most.
     const std::string& KeptCopy() const { return keptCopy; }
 
     /// A part outside the table throws Utils::OutOfRange.
@@ -52,10 +53,11 @@ public:
     PartEvaluation Evaluate(const NodePart& part) const;
 
 private:
-    Utils::SaveResult KeepOtherText(const std::string& path);
+    Utils::SaveResult KeepOtherText(const std::string& path, const std::vector<AnnotationRecord>& list);
 
     const SceneGraph* sceneGraph;
-    std::string ownText; ///< of the file, as it was read whole or written; empty when there is none
+    std::vector<AnnotationRecord> fileRecords; ///< as they were last read or written
+    std::string writtenText;                   ///< by the last Write
     std::string keptCopy;
     std::vector<std::vector<std::optional<AnnotationRecord>>> records; ///< by node and part
 };

@@ -2,10 +2,15 @@
 
 #include "Utils/Paths.h"
 
+#include <algorithm>
+#include <bitset>
 #include <exception>
+#include <iterator>
 #include <locale>
+#include <map>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <tinyxml2.h>
 #include <utility>
 
@@ -13,66 +18,134 @@ namespace CockpitModel {
 
 namespace {
 
+using tinyxml2::XMLDocument;
 using tinyxml2::XMLElement;
+using tinyxml2::XMLNode;
 
-constexpr std::int32_t kNoId = -1;
+/// How much of a text went into its field.
+enum class Reading { None, Part, Whole };
 
-/// The text behind a comment does not count.
-std::string TextOf(const XMLElement& element) {
-    const tinyxml2::XMLNode* first = element.FirstChild();
-    return first && first->ToText() ? first->Value() : "";
-}
-
-std::istringstream StreamOf(const std::string& text) {
+/// Leaves the field alone where the text does not begin with a value of its type.
+template <typename Field>
+Reading ReadFromStream(const std::string& text, Field& field) {
     std::istringstream stream(text);
     stream.imbue(std::locale::classic());
-    return stream;
+    Field value{};
+    if (!(stream >> value))
+        return Reading::None;
+    field = value;
+    return (stream >> std::ws).eof() ? Reading::Whole : Reading::Part;
 }
 
-/// A number too great or too small is the nearest there is, which the stream tells by failing with it.
-std::int32_t IdFromText(const std::string& text) {
-    std::istringstream stream = StreamOf(text);
-    std::int32_t id = 0;
-    return stream >> id || id != 0 ? id : kNoId;
+template <auto field>
+Reading ReadValue(const std::string& text, AnnotationRecord& record) {
+    return ReadFromStream(text, record.*field);
 }
 
-bool BoolFromText(const std::string& text) {
-    std::istringstream stream = StreamOf(text);
-    bool value = false;
-    return stream >> value && value;
-}
-
-/// Leaves the field alone where there is no such element or the conversion rejects its text.
-template <typename Field, typename FromText>
-void ReadField(const XMLElement& element, const char* name, Field& field, FromText fromText) {
-    const XMLElement* child = element.FirstChildElement(name);
-    if (!child)
-        return;
+template <auto field, auto fromText>
+Reading ReadWord(const std::string& text, AnnotationRecord& record) {
     try {
-        field = fromText(TextOf(*child));
+        record.*field = fromText(text);
+        return Reading::Whole;
     } catch (const std::exception&) {
-        // an unknown word: the rest of the record counts
+        return Reading::None;
     }
 }
 
-AnnotationRecord ReadRecord(const XMLElement& element) {
-    AnnotationRecord record;
-    ReadField(element, "NodeId", record.NodeId, IdFromText);
-    ReadField(element, "PartId", record.PartId, IdFromText);
-    ReadField(element, "InteractionType", record.InteractionType, TouchInteractionTypeFromText);
-    ReadField(element, "InteractionTypeTest", record.InteractionTypeTest, TouchInteractionTypeFromText);
-    ReadField(element, "EventType", record.EventType, TouchEventTypeFromText);
-    ReadField(element, "Tooltip", record.Tooltip, [](std::string text) { return text; });
-    ReadField(element, "Reverse", record.Reverse, BoolFromText);
-    return record;
+Reading ReadTooltip(const std::string& text, AnnotationRecord& record) {
+    record.Tooltip = text;
+    return Reading::Whole;
 }
 
-void AddText(XMLElement& parent, const char* name, const std::string& text) {
-    parent.InsertNewChildElement(name)->SetText(text.c_str());
+constexpr struct {
+    const char* name;
+    Reading (*read)(const std::string& text, AnnotationRecord& record);
+} kFields[] = {
+    {"NodeId", ReadValue<&AnnotationRecord::NodeId>},
+    {"PartId", ReadValue<&AnnotationRecord::PartId>},
+    {"InteractionType", ReadWord<&AnnotationRecord::InteractionType, TouchInteractionTypeFromText>},
+    {"InteractionTypeTest", ReadWord<&AnnotationRecord::InteractionTypeTest, TouchInteractionTypeFromText>},
+    {"EventType", ReadWord<&AnnotationRecord::EventType, TouchEventTypeFromText>},
+    {"Tooltip", ReadTooltip},
+    {"Reverse", ReadValue<&AnnotationRecord::Reverse>},
+};
+
+std::uint32_t LineOf(const XMLNode& node) {
+    return static_cast<std::uint32_t>(node.GetLineNum());
 }
 
-void AddRecord(XMLElement& root, const AnnotationRecord& record) {
-    XMLElement& element = *root.InsertNewChildElement("Override");
+/// The text after a comment or an element does not count.
+std::string TextOf(const XMLElement& element) {
+    const XMLNode* first = element.FirstChild();
+    return first && first->ToText() ? first->Value() : "";
+}
+
+/// Whether an element holds one text, or nothing.
+bool IsPlain(const XMLElement& element) {
+    const XMLNode* first = element.FirstChild();
+    return !element.FirstAttribute() && (!first || (first->ToText() && !first->NextSibling()));
+}
+
+/// Their number for a node that is no field.
+std::size_t FieldIndex(const XMLNode& node) {
+    const auto isNamed = [&](const auto& field) { return node.Value() == std::string_view(field.name); };
+    return static_cast<std::size_t>((node.ToElement() ? std::ranges::find_if(kFields, isNamed) : std::end(kFields)) -
+                                    kFields);
+}
+
+/// Of two elements of one name, the first counts.
+AnnotationElement ReadElement(const XMLElement& element, bool& saysMore) {
+    AnnotationElement found;
+    found.line = LineOf(element);
+    std::bitset<std::size(kFields)> seen;
+    saysMore |= element.FirstAttribute() != nullptr;
+    for (const XMLNode* node = element.FirstChild(); node; node = node->NextSibling()) {
+        const std::size_t index = FieldIndex(*node);
+        if (index == seen.size() || seen[index]) {
+            saysMore = true;
+            continue;
+        }
+        seen.set(index);
+        const std::string text = TextOf(*node->ToElement());
+        const Reading reading = kFields[index].read(text, found.record);
+        if (reading != Reading::Whole)
+            found.unread.push_back({kFields[index].name, text, LineOf(*node), reading == Reading::Part});
+        saysMore |= reading != Reading::Whole || !IsPlain(*node->ToElement());
+    }
+    return found;
+}
+
+void ReadRoot(const XMLElement& root, AnnotationText& text) {
+    text.saysMore |= root.Name() != std::string_view("Overrides") || root.FirstAttribute();
+    for (const XMLNode* node = root.FirstChild(); node; node = node->NextSibling()) {
+        const XMLElement* element = node->ToElement();
+        if (element && element->Name() == std::string_view("Override"))
+            text.elements.push_back(ReadElement(*element, text.saysMore));
+        else
+            text.saysMore = true;
+    }
+}
+
+/// Other programs' instructions look like the declaration.
+bool IsXmlDeclaration(const XMLNode& node) {
+    return node.ToDeclaration() && std::string_view(node.Value()).starts_with("xml ");
+}
+
+XMLElement* AddText(XMLElement& parent, const char* name, const std::string& text) {
+    XMLElement* element = parent.InsertNewChildElement(name);
+    element->SetText(text.c_str());
+    return element;
+}
+
+/// A reader passes over a text of nothing but blanks, except in CDATA.
+void AddTooltip(XMLElement& parent, const std::string& text) {
+    XMLElement* element = AddText(parent, "Tooltip", text);
+    if (!text.empty() && std::ranges::all_of(text, tinyxml2::XMLUtil::IsWhiteSpace))
+        element->FirstChild()->ToText()->SetCData(true);
+}
+
+XMLElement* NewElement(XMLDocument& document, const AnnotationRecord& record) {
+    XMLElement& element = *document.NewElement("Override");
     AddText(element, "NodeId", std::to_string(record.NodeId));
     AddText(element, "PartId", std::to_string(record.PartId));
     if (record.InteractionType)
@@ -82,45 +155,24 @@ void AddRecord(XMLElement& root, const AnnotationRecord& record) {
     if (record.EventType)
         AddText(element, "EventType", TouchEventTypeToText(*record.EventType));
     if (record.Tooltip)
-        AddText(element, "Tooltip", *record.Tooltip);
+        AddTooltip(element, *record.Tooltip);
     AddText(element, "Reverse", record.Reverse ? "1" : "0");
+    return &element;
 }
 
-std::string Printed(const tinyxml2::XMLDocument& document) {
+std::string Printed(const XMLDocument& document) {
     tinyxml2::XMLPrinter printer;
     document.Print(&printer);
     return {printer.CStr(), static_cast<std::size_t>(printer.CStrSize()) - 1};
 }
 
 using Place = std::pair<std::int32_t, std::int32_t>; ///< node and part
+using RecordsByPlace = std::map<Place, const AnnotationRecord*>;
 
 Place PlaceOf(const XMLElement& element) {
-    const AnnotationRecord record = ReadRecord(element);
+    bool unused = false;
+    const AnnotationRecord record = ReadElement(element, unused).record;
     return {record.NodeId, record.PartId};
-}
-
-/// Of several elements of one part, the last one counts.
-XMLElement* ElementOf(XMLElement& root, const Place& place) {
-    XMLElement* element = root.LastChildElement("Override");
-    while (element && PlaceOf(*element) != place)
-        element = element->PreviousSiblingElement("Override");
-    return element;
-}
-
-/// In the order of a file that the desktop tool writes.
-void InsertRecord(XMLElement& root, const AnnotationRecord& record) {
-    AddRecord(root, record);
-    XMLElement* added = root.LastChildElement("Override");
-    for (XMLElement* later = root.FirstChildElement("Override"); later != added;
-         later = later->NextSiblingElement("Override")) {
-        if (PlaceOf(*later) < PlaceOf(*added))
-            continue;
-        if (tinyxml2::XMLNode* before = later->PreviousSibling())
-            root.InsertAfterChild(before, added);
-        else
-            root.InsertFirstChild(added);
-        return;
-    }
 }
 
 void SetExpectation(XMLElement& element, const std::string& type) {
@@ -134,57 +186,84 @@ void SetExpectation(XMLElement& element, const std::string& type) {
     expectation->SetText(type.c_str());
 }
 
-} // namespace
-
-std::vector<AnnotationRecord> ReadAnnotations(const std::string& path) {
-    return AnnotationsFromXml(Utils::ReadFile(path));
+/// Takes out of `expectations` those of parts that have an element. Of several elements of one part, the last counts.
+void SetExpectations(XMLElement& root, RecordsByPlace& expectations) {
+    for (XMLElement* element = root.LastChildElement("Override"); element && !expectations.empty();
+         element = element->PreviousSiblingElement("Override"))
+        if (const auto found = expectations.extract(PlaceOf(*element)))
+            SetExpectation(*element, TouchInteractionTypeToText(found.mapped()->InteractionTypeTest.value()));
 }
 
-std::vector<AnnotationRecord> AnnotationsFromXml(const std::string& xml) {
-    std::vector<AnnotationRecord> records;
-    tinyxml2::XMLDocument document;
-    if (document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS || !document.RootElement())
-        return records;
-    for (const XMLElement* element = document.RootElement()->FirstChildElement("Override"); element;
+void InsertBefore(XMLElement& element, XMLElement* added) {
+    XMLNode& parent = *element.Parent();
+    if (XMLNode* before = element.PreviousSibling())
+        parent.InsertAfterChild(before, added);
+    else
+        parent.InsertFirstChild(added);
+}
+
+/// In the order of a file that the desktop tool writes: each before the first element of a later part.
+void InsertRecords(XMLElement& root, const RecordsByPlace& records) {
+    XMLDocument& document = *root.GetDocument();
+    auto next = records.begin();
+    for (XMLElement* element = root.FirstChildElement("Override"); element && next != records.end();
          element = element->NextSiblingElement("Override"))
-        records.push_back(ReadRecord(*element));
+        for (const Place place = PlaceOf(*element); next != records.end() && next->first < place; ++next)
+            InsertBefore(*element, NewElement(document, *next->second));
+    for (; next != records.end(); ++next)
+        root.InsertEndChild(NewElement(document, *next->second));
+}
+
+} // namespace
+
+AnnotationText ParseAnnotations(const std::string& xml) {
+    AnnotationText text;
+    XMLDocument document;
+    if (document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS) {
+        text.errorLine = static_cast<std::uint32_t>(document.ErrorLineNum());
+        return text;
+    }
+    const XMLElement* root = document.RootElement();
+    text.isXml = root != nullptr;
+    for (const XMLNode* node = document.FirstChild(); node; node = node->NextSibling())
+        text.saysMore |= node != root && !IsXmlDeclaration(*node);
+    if (root)
+        ReadRoot(*root, text);
+    return text;
+}
+
+std::vector<AnnotationRecord> ReadAnnotations(const std::string& path) {
+    std::vector<AnnotationRecord> records;
+    for (AnnotationElement& element : ParseAnnotations(Utils::ReadFile(path)).elements)
+        records.push_back(std::move(element.record));
     return records;
 }
 
 bool IsXml(const std::string& text) {
-    tinyxml2::XMLDocument document;
-    return document.Parse(text.data(), text.size()) == tinyxml2::XML_SUCCESS && document.RootElement();
-}
-
-bool SaysJust(const std::string& xml, const std::vector<AnnotationRecord>& records) {
-    tinyxml2::XMLDocument document;
-    return document.Parse(xml.data(), xml.size()) == tinyxml2::XML_SUCCESS &&
-           Printed(document) == AnnotationsToXml(records);
+    return ParseAnnotations(text).isXml;
 }
 
 std::string AnnotationsToXml(const std::vector<AnnotationRecord>& records) {
-    tinyxml2::XMLDocument document;
+    XMLDocument document;
     XMLElement* root = document.NewElement("Overrides");
     document.InsertEndChild(root);
     for (const AnnotationRecord& record : records)
-        AddRecord(*root, record);
+        root->InsertEndChild(NewElement(document, record));
     return Printed(document);
 }
 
 std::string WithExpectations(const std::string& xml, const std::vector<AnnotationRecord>& expectations) {
-    tinyxml2::XMLDocument document;
+    XMLDocument document;
     if (!xml.empty() && document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS)
         throw std::runtime_error("line " + std::to_string(document.ErrorLineNum()) +
                                  " is not well-formed XML, which it has to be for a record to be added");
     if (!document.RootElement())
         document.InsertEndChild(document.NewElement("Overrides"));
-    XMLElement& root = *document.RootElement();
-    for (const AnnotationRecord& expectation : expectations) {
-        if (XMLElement* element = ElementOf(root, {expectation.NodeId, expectation.PartId}))
-            SetExpectation(*element, TouchInteractionTypeToText(expectation.InteractionTypeTest.value()));
-        else
-            InsertRecord(root, expectation);
-    }
+    RecordsByPlace missing;
+    for (const AnnotationRecord& expectation : expectations)
+        missing[{expectation.NodeId, expectation.PartId}] = &expectation;
+    SetExpectations(*document.RootElement(), missing);
+    InsertRecords(*document.RootElement(), missing);
     return Printed(document);
 }
 

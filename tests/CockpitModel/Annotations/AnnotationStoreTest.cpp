@@ -55,7 +55,7 @@ std::string PathFor(const std::string& acfPath) {
 
 TEST_F(AnnotationStoreTest, WritesFilledSlotsInTheirOrder) {
     EXPECT_EQ(Written(), "<Overrides/>\n");
-    store.Set(Part(1, 1), AnnotationRecord{1, 1});
+    store.Set(Part(1, 1), AnnotationRecord{.NodeId = 1, .PartId = 1, .Tooltip = " \t"});
     store.Set(Part(0, 0), AnnotationRecord{.NodeId = 0,
                                            .PartId = 0,
                                            .InteractionType = Type::Radio,
@@ -76,6 +76,7 @@ TEST_F(AnnotationStoreTest, WritesFilledSlotsInTheirOrder) {
                          "    <Override>\n"
                          "        <NodeId>1</NodeId>\n"
                          "        <PartId>1</PartId>\n"
+                         "        <Tooltip><![CDATA[ \t]]></Tooltip>\n"
                          "        <Reverse>0</Reverse>\n"
                          "    </Override>\n"
                          "</Overrides>\n");
@@ -135,18 +136,33 @@ TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
 TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
     const std::string first = "<Override><NodeId>0</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
     const std::string far = "<Override><NodeId>7</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
+    const auto with = [&](const std::string& more) { return "<Override><NodeId>0</NodeId>" + more + "</Override>"; };
+    const std::string tooltip = with("<PartId>0</PartId><InteractionType>Tap</InteractionType><Tooltip></Tooltip>");
     const struct {
         const char* name;
-        std::string read, present; ///< the elements when the file is read, and when it is saved over; none, no file
         bool kept;
+        std::string read;                                ///< the elements when the file is read; none, no file
+        std::optional<std::string> saved = std::nullopt; ///< when it is saved over, if others by then
     } rows[] = {
-        {"all of it read", first, first, false},
-        {"made by the save", "", "", false},
-        {"vanished", first, "", false},
-        {"not well-formed", first + "<Over", first + "<Over", true},
-        {"a record of a part that is gone", far, far, true},
-        {"a comment", "<!-- mine -->" + first, "<!-- mine -->" + first, true},
-        {"written by another meanwhile", first, "<Other/>", true},
+        {"all of it read", false, first},
+        {"made by the save", false, ""},
+        {"vanished", false, first, ""},
+        {"not well-formed", true, first + "<Over"},
+        {"a record of a part that is gone", true, far},
+        {"a comment", true, "<!-- mine -->" + first},
+        {"spelt and ordered in another way meanwhile", false, tooltip,
+         with("\n<InteractionType>Push</InteractionType><Tooltip/><Reverse>00</Reverse><PartId> +0\n</PartId>")},
+        {"a record taken out meanwhile", false, first, "\n"},
+        {"the record that the save adds", false, first,
+         first + "<Override><NodeId>1</NodeId><PartId>1</PartId></Override>"},
+        {"another record meanwhile", true, first, tooltip},
+        {"a record before another of its part", true, tooltip + first},
+        {"an unknown word", true, with("<PartId>0</PartId><EventType>Turn</EventType>")},
+        {"more than the number", true, with("<PartId>0x0</PartId>")},
+        {"an element twice", true, with("<PartId>0</PartId><Tooltip/><Tooltip/>")},
+        {"more than the text", true, with("<PartId>0</PartId><Tooltip>one<b/></Tooltip>")},
+        {"an attribute", true, with("<PartId by='me'>0</PartId>")},
+        {"an unknown element", true, "<Other/>"},
     };
     for (const auto& row : rows) {
         const Support::TemporaryFolder place;
@@ -154,12 +170,12 @@ TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
         const auto lay = [&](const std::string& elements) {
             boost::filesystem::remove(place / "a.xml");
             if (!elements.empty())
-                place.Write("a.xml", "<Overrides>" + elements + "</Overrides>");
+                place.Write("a.xml", "<?xml version=\"1.0\"?>\n<Overrides>" + elements + "</Overrides>");
             return place.Read("a.xml");
         };
         lay(row.read);
         saver.Read(place / "a.xml");
-        const std::string present = lay(row.present);
+        const std::string present = lay(row.saved.value_or(row.read));
         saver.Set(Part(1, 1), AnnotationRecord{1, 1});
         EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
         EXPECT_EQ(saver.KeptCopy(), row.kept ? place / "a.xml.kept-1" : "") << row.name;
