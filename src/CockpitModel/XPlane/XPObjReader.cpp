@@ -12,7 +12,6 @@ namespace CockpitModel {
 
 namespace {
 
-constexpr const char* kPanelTexture = "cockpit_3d/-PANELS-/Panel.png";
 constexpr std::uint32_t kPanelTextureIndex = 0;
 constexpr std::uint32_t kRoot = 0;
 /// How many bytes of names the draw calls of an object can copy, beside twice its size. No real object comes near; it
