@@ -2,6 +2,7 @@
 
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
+#include "CockpitModel/XPlane/XPObjData.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,6 +29,11 @@ std::string NumberText(float number, int digits = 6) {
     char text[32];
     std::snprintf(text, sizeof text, "%.*g", digits, static_cast<double>(std::fabs(number) < kNothing ? 0 : number));
     return text;
+}
+
+std::string TriangleCount(const NodePart& part) {
+    const std::size_t count = part.vertices.size() / 3;
+    return std::to_string(count) + (count == 1 ? " triangle" : " triangles");
 }
 
 std::string Id(const NodePart& part) {
@@ -164,7 +170,7 @@ std::string AnimationText(const Node& node) {
         return "no animation";
     if (node.animation->name == CockpitModel::kDummyAnimationName)
         return "a block without ANIM_trans or ANIM_rotate";
-    if (node.animation->name.empty() || node.animation->name == "none")
+    if (CockpitModel::NamesNoDataref(node.animation->name))
         return HoldsTurn(*node.animation) ? "a fixed turn, by no dataref" : "a fixed offset, by no dataref";
     return (HoldsTurn(*node.animation) ? "rotation by " : "translation by ") + node.animation->name + " from " +
            NumberText(node.animation->rangeLow) + " to " + NumberText(node.animation->rangeHigh);
@@ -202,7 +208,7 @@ std::string ExplanationText(const SceneGraph& sceneGraph, const NodePart& part) 
     text += "  because:     " + texts.why + "\n";
     text += SourceText(part);
     text += "  figures:     BalanceFactor " + NumberText(part.BalanceFactor) + ", SweepRadius " +
-            NumberText(part.SweepRadius) + " m, " + std::to_string(part.vertices.size() / 3) + " triangles\n";
+            NumberText(part.SweepRadius) + " m, " + TriangleCount(part) + "\n";
     text += "  animations, from the part's own up to the root:\n" + ChainText(part);
     if (rule == DetectionRule::YokeAnimations)
         text += CandidatesText(sceneGraph, part);

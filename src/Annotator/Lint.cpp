@@ -6,6 +6,7 @@
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
+#include "CockpitModel/XPlane/XPObjData.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 #include "Utils/Text.h"
@@ -58,6 +59,32 @@ void CheckTextureFiles(const LintOutline& outline, const path& folder, LintFindi
             findings.Add(Warning, "texture-missing", texture.line, "there is no " + file.string(),
                          "add the file, or name one that is there");
     }
+}
+
+/// Where an aircraft has no 3D panel, X-Plane shows its 2D panel under ATTR_cockpit; this program does not.
+void CheckPanel(const LintOutline& outline, const path& folder, LintFindings& findings) {
+    const auto first = std::ranges::find(outline.draws, true, &LintDraw::panel);
+    if (first == outline.draws.end() || !Utils::FindIgnoringCase(folder / CockpitModel::kPanelTexture).empty())
+        return;
+    const auto count = static_cast<std::size_t>(std::ranges::count(outline.draws, true, &LintDraw::panel));
+    const std::string wrong = "there is no " + (folder / CockpitModel::kPanelTexture).string() + ", which " +
+                              Times(count, "part under ATTR_cockpit shows", "parts under ATTR_cockpit show");
+    if (const path flat = Utils::FindIgnoringCase(folder / "cockpit/-PANELS-/Panel.png"); !flat.empty())
+        findings.Add(Note, "panel-missing", first->line, wrong,
+                     "nothing for X-Plane, which takes " + flat.string() + " instead; pictures here stay without it");
+    else
+        findings.Add(Warning, "panel-missing", first->line, wrong,
+                     "add the picture of the panel, or give these parts a TEXTURE by ATTR_no_cockpit");
+}
+
+void CheckAcf(const path& acf, std::vector<LintFinding>& all) {
+    constexpr std::size_t looked = 4096;
+    std::string start(looked, ' ');
+    Utils::OpenFile(acf).read(start.data(), looked);
+    if (start.find('\0') != start.npos)
+        LintFindings(acf.string(), all)
+            .Add(Warning, "acf-binary", 0, "it is binary, so that the aircraft's name and pilot's eye are not read",
+                 "open the aircraft in Plane Maker of X-Plane 10 or 11 and save it, which makes it text");
 }
 
 std::string ScoreText(const CockpitModel::NodePart& part) {
@@ -120,6 +147,8 @@ void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGr
 /// of its text, except for limits of the model.
 void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline, std::vector<LintFinding>& all,
                        LintFindings& findings) {
+    if (outline.doubledReturns.count > 0)
+        return; // what is built then has little to do with the file
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
         const OpenedAircraft opened = OpenAircraft(info, repository);
@@ -171,7 +200,9 @@ std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
     if (object != expected)
         target.Add(Warning, "object-case", 0, "the cockpit object differs in case from " + expected.string(),
                    "rename it: Linux tells them apart");
+    CheckAcf(acf, findings);
     CheckTextureFiles(outline, acf.parent_path(), target);
+    CheckPanel(outline, acf.parent_path(), target);
     CheckBuiltCockpit(info, outline, findings, target);
     Sort(findings);
     return findings;

@@ -1,7 +1,10 @@
 #include "Annotator/LintChecks.h"
 
+#include "CockpitModel/XPlane/XPObjData.h"
+
 #include <algorithm>
 #include <sstream>
+#include <utility>
 
 namespace Annotator {
 
@@ -11,10 +14,6 @@ using enum LintSeverity;
 
 std::string AtLine(std::uint32_t line) {
     return "line " + std::to_string(line);
-}
-
-std::string Times(std::size_t count, const std::string& one, const std::string& many) {
-    return std::to_string(count) + ' ' + (count == 1 ? one : many);
 }
 
 std::string NumberText(float number) {
@@ -28,10 +27,13 @@ void CheckMaterials(const LintOutline& outline, LintFindings& findings) {
     if (first == outline.draws.end())
         return;
     const auto count = static_cast<std::size_t>(std::ranges::count(outline.draws, false, &LintDraw::textured));
-    findings.Add(Error, "no-texture", first->line,
-                 "TRIS before any TEXTURE line (" + Times(count, "part", "parts") +
-                     "), so the cockpit cannot be loaded",
-                 "put a TEXTURE line ahead of the first VT line; 'detect --untextured' reads it as it is");
+    const std::string refused = " (" + Times(count, "part", "parts") + "), so the cockpit cannot be loaded";
+    if (outline.emptyTexture != 0 && outline.emptyTexture < first->line)
+        findings.Add(Error, "no-texture", outline.emptyTexture, "TEXTURE names no file" + refused,
+                     "write the texture's path after it; --untextured reads the cockpit as it is");
+    else
+        findings.Add(Error, "no-texture", first->line, "TRIS before any TEXTURE line" + refused,
+                     "put a TEXTURE line before the first VT line; --untextured reads the cockpit as it is");
 }
 
 void CheckRanges(const LintOutline& outline, LintFindings& findings) {
@@ -53,8 +55,8 @@ void CheckRanges(const LintOutline& outline, LintFindings& findings) {
         const auto first = std::ranges::lower_bound(bad, static_cast<std::size_t>(draw.offset));
         if (first != bad.end() && *first < static_cast<std::size_t>(draw.offset + draw.count))
             findings.Add(Error, "index-range", draw.line,
-                         tris + " needs vertex " + std::to_string(outline.indices[*first]) + ", but the file has " +
-                             std::to_string(outline.vertices),
+                         tris + " needs vertex " + std::to_string(outline.indices[*first]) +
+                             " (counted from 0), but the file has " + std::to_string(outline.vertices),
                          "write the object anew; its IDX and VT lines do not belong together");
         else if (draw.count % 3 != 0)
             findings.Add(Warning, "part-triangle", draw.line, tris + " ends within a triangle",
@@ -72,12 +74,19 @@ void CheckBlocks(const LintOutline& outline, LintFindings& findings) {
 }
 
 void CheckSteps(const LintOutline& outline, LintFindings& findings) {
+    const char* moved = "nothing"; // by the root's first step
     for (const LintStep& step : outline.steps) {
         const std::string keyword = step.turns ? "ANIM_rotate" : "ANIM_trans";
+        if (step.block == 0) {
+            findings.Add(step.moves ? Warning : Note, "step-outside", step.line,
+                         keyword + " outside any ANIM_begin, which moves " + std::exchange(moved, "the whole cockpit"),
+                         "move it after the ANIM_begin of the parts that it is to move, or remove it");
+            continue;
+        }
         if (step.zeroAxis)
             findings.Add(step.moves ? Warning : Note, "zero-axis", step.line, keyword + " about the axis 0 0 0",
                          "give the direction of the axis, such as 0 1 0");
-        if (step.moves && (step.dataref.empty() || step.dataref == "none"))
+        if (step.moves && CockpitModel::NamesNoDataref(step.dataref))
             findings.Add(Warning, "no-dataref", step.line, keyword + " between two places without a dataref",
                          "write the dataref that moves it at the end of the line");
     }
@@ -90,7 +99,7 @@ void CheckManipulators(const LintOutline& outline, LintFindings& findings) {
                          manipulator.keyword + " between equal values, " + NumberText(manipulator.from) + " and " +
                              NumberText(manipulator.to),
                          "give the two values that the dataref is to take");
-        if (manipulator.dataref.empty())
+        if (CockpitModel::NamesNoDataref(manipulator.dataref))
             findings.Add(Warning, "no-dataref", manipulator.line, manipulator.keyword + " without a dataref",
                          "write the dataref behind the two values");
     }
@@ -173,6 +182,16 @@ void CheckDrags(const LintOutline& outline, LintFindings& findings) {
     }
 }
 
+void CheckLineEnds(const LintOutline& outline, LintFindings& findings) {
+    const LintUnknown& doubled = outline.doubledReturns;
+    if (doubled.count > 0)
+        findings.Add(Warning, "line-ends", doubled.firstLine,
+                     Times(doubled.count, "line ends", "lines end") +
+                         " in CR CR LF; the first CR is read as part of the last word, so that keywords such as "
+                         "ANIM_begin and datarefs are not known",
+                     "save the file with LF or CR LF at the end of each line");
+}
+
 void CheckKeywords(const LintOutline& outline, LintFindings& findings) {
     for (const auto& [keyword, unknown] : outline.unknown) {
         const std::string_view like = KeywordLike(keyword);
@@ -194,10 +213,14 @@ void CheckTextureLines(const LintOutline& outline, LintFindings& findings) {
 
 constexpr LintCheck kChecks[] = {
     CheckMaterials, CheckRanges, CheckBlocks,   CheckSteps,        CheckManipulators,
-    CheckInForce,   CheckDrags,  CheckKeywords, CheckTextureLines,
+    CheckInForce,   CheckDrags,  CheckKeywords, CheckTextureLines, CheckLineEnds,
 };
 
 } // namespace
+
+std::string Times(std::size_t count, const std::string& one, const std::string& many) {
+    return std::to_string(count) + ' ' + (count == 1 ? one : many);
+}
 
 std::span<const LintCheck> LintChecks() {
     return kChecks;

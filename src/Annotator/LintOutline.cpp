@@ -42,7 +42,7 @@ class OutlineReader {
 public:
     explicit OutlineReader(LintOutline& target) : outline(target) {}
 
-    void Line(WordSpan words);
+    void Line(std::string_view text);
     void Finish() {
         for (; block != 0; block = outline.blocks[block].parent)
             outline.beginsWithoutEnd.push_back(outline.blocks[block].line);
@@ -66,6 +66,8 @@ public:
     void NoManipulator(WordSpan);
 
 private:
+    std::string_view WithoutReturns(std::string_view text);
+    void Step();
     void Take(WordSpan words, std::size_t values);
     void Other(std::string_view keyword);
 
@@ -73,7 +75,7 @@ private:
     std::uint32_t line = 0, block = 0, unreadLine = 0;
     std::string unreadKeyword;
     int manipulator = -1;
-    bool panel = false, drawn = true, textured = false;
+    bool panel = false, drawn = true, textured = false, outside = false;
 };
 
 struct Handler {
@@ -105,8 +107,9 @@ constexpr Handler kHandlers[] = {
     {"ATTR_manip_command_axis", &OutlineReader::NoManipulator},
 };
 
-void OutlineReader::Line(WordSpan words) {
+void OutlineReader::Line(std::string_view text) {
     ++line;
+    const auto words = Utils::Words(WithoutReturns(text));
     if (words.empty() || words.front().starts_with('#'))
         return;
     const auto handler = std::ranges::find(kHandlers, words.front(), &Handler::keyword);
@@ -114,6 +117,15 @@ void OutlineReader::Line(WordSpan words) {
         (this->*handler->read)(words);
     else
         Other(words.front());
+}
+
+/// Further CRs in front of the line's end are counted and left out, so that they do not spoil every other check.
+std::string_view OutlineReader::WithoutReturns(std::string_view text) {
+    if (!text.ends_with('\r'))
+        return text;
+    if (++outline.doubledReturns.count == 1)
+        outline.doubledReturns.firstLine = line;
+    return text.substr(0, text.find_last_not_of('\r') + 1);
 }
 
 void OutlineReader::Indices(WordSpan words) {
@@ -125,7 +137,7 @@ void OutlineReader::Indices(WordSpan words) {
 void OutlineReader::Triangles(WordSpan words) {
     if (!drawn && manipulator < 0)
         return;
-    outline.draws.push_back({line, block, NumberAt<std::int64_t>(words, 1), NumberAt<std::int64_t>(words, 2),
+    outline.draws.push_back({line, block, NumberAt<std::int64_t>(words, 1), NumberAt<std::int64_t>(words, 2), panel,
                              panel || textured, manipulator, unreadLine, unreadKeyword});
 }
 
@@ -142,23 +154,32 @@ void OutlineReader::End(WordSpan) {
         block = outline.blocks[block].parent;
 }
 
+/// The root keeps its first step and does not move by it; further ones move all that the file draws.
+void OutlineReader::Step() {
+    outline.blocks[block].steps = block != 0 || outside;
+    outside |= block == 0;
+}
+
 void OutlineReader::Translation(WordSpan words) {
-    outline.blocks[block].steps = true;
+    Step();
     bool moves = false;
     for (std::size_t i = 1; i <= 3; ++i)
         moves |= FloatAt(words, i) != FloatAt(words, i + 3);
-    outline.steps.push_back({.line = line, .moves = moves, .dataref = WordAt(words, 9)});
+    outline.steps.push_back({.line = line, .block = block, .moves = moves, .dataref = WordAt(words, 9)});
 }
 
 void OutlineReader::Rotation(WordSpan words) {
-    outline.blocks[block].steps = true;
+    Step();
+    const float from = FloatAt(words, 4), to = FloatAt(words, 5);
     const bool zeroAxis = FloatAt(words, 1) == 0 && FloatAt(words, 2) == 0 && FloatAt(words, 3) == 0;
-    outline.steps.push_back({line, true, zeroAxis, FloatAt(words, 4) != FloatAt(words, 5), WordAt(words, 8)});
+    outline.steps.push_back({line, block, true, zeroAxis && (from != 0 || to != 0), from != to, WordAt(words, 8)});
 }
 
 void OutlineReader::Texture(WordSpan words) {
-    if (words.size() < 2)
+    if (words.size() < 2) {
+        outline.emptyTexture = outline.emptyTexture == 0 ? line : outline.emptyTexture;
         return;
+    }
     textured = true;
     outline.textures.push_back({line, std::string(words[1]), words.size() > 2});
 }
@@ -201,7 +222,7 @@ LintOutline ReadLintOutline(std::string_view text) {
     OutlineReader reader(outline);
     std::string_view line;
     while (Utils::NextLine(text, line))
-        reader.Line(Utils::Words(line));
+        reader.Line(line);
     reader.Finish();
     return outline;
 }

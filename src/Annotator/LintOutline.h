@@ -21,9 +21,10 @@ struct LintManipulator {
 
 struct LintStep {
     std::uint32_t line = 0;
-    bool turns = false;    ///< ANIM_rotate
-    bool zeroAxis = false; ///< of a turn
-    bool moves = false;    ///< its two ends differ
+    std::uint32_t block = 0; ///< 0 outside any ANIM_begin
+    bool turns = false;      ///< ANIM_rotate
+    bool zeroAxis = false;   ///< of a turn that has an angle
+    bool moves = false;      ///< its two ends differ
     std::string dataref;
 };
 
@@ -37,6 +38,7 @@ struct LintDraw {
     std::uint32_t line = 0;
     std::uint32_t block = 0;
     std::int64_t offset = 0, count = 0;
+    bool panel = false; ///< under ATTR_cockpit, which shows the panel's picture
     bool textured = false;
     int manipulator = -1;         ///< in LintOutline::manipulators: the one in force; negative for none
     std::uint32_t unreadLine = 0; ///< of a manipulator behind that one that is not read; 0 for none
@@ -63,6 +65,8 @@ struct LintOutline {
     std::vector<std::int64_t> indices;
     std::int64_t vertices = 0;
     std::map<std::string, LintUnknown, std::less<>> unknown; ///< keywords that are none of the format
+    std::uint32_t emptyTexture = 0;                          ///< line of the first TEXTURE without a path; 0 for none
+    LintUnknown doubledReturns;                              ///< lines that end in CR CR LF
     std::vector<std::uint32_t> endsWithoutBegin, beginsWithoutEnd;
 };
 

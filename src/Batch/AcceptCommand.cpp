@@ -79,7 +79,7 @@ public:
                             "; what it has for the former stands");
         file.ofAircraft = NameOf(info);
         const Json parts = Json::parse(result.output);
-        std::cout << NameOf(info) << ": " << Counted(parts.size(), "new expectation") << " for " << path << '\n';
+        std::cout << NameOf(info) << ": " << Counted(parts.size(), "new expectation") << " for " << Shown(path) << '\n';
         for (const Json& part : parts)
             Add(file, part);
     }
@@ -110,7 +110,7 @@ private:
         record.InteractionTypeTest = CockpitModel::TouchInteractionTypeFromText(detected);
         if (file.expectations.try_emplace({record.NodeId, record.PartId}, record).second)
             std::cout << "  node " << record.NodeId << " part " << record.PartId << ": " << detected
-                      << (rectangle.empty() ? "" : ", " + rectangle) << '\n';
+                      << (rectangle.empty() ? "" : ", " + Shown(rectangle)) << '\n';
     }
 
     bool Save(const std::string& path, const File& file, bool dryRun) {
@@ -149,7 +149,7 @@ ExitCode Accept(const AcceptOptions& options, Session& session) {
     RunJobs(
         aircraft, DefaultProcesses(), [&](const Sim::AircraftInfo& info) { return FindNew(info, options.yoke); },
         [&](const JobResult& result) { acceptance.Take(*result.aircraft, result); });
-    std::cout.flush(); // shown before anything is saved
+    FlushPrinted(); // shown before anything is saved
     return acceptance.Finish(options.dryRun);
 }
 

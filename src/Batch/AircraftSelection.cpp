@@ -25,9 +25,9 @@ bool Contains(const std::string& text, const std::string& lowerWord) {
 
 /// Names are compared as they are shown, too: a person types what they see.
 bool Matches(const Sim::AircraftInfo& info, const std::string& lowerWord) {
-    return !lowerWord.empty() && (Contains(info.acfPath, lowerWord) || Contains(info.displayName, lowerWord) ||
-                                  Contains(Utils::Readable(info.acfPath), lowerWord) ||
-                                  Contains(Utils::Readable(info.displayName), lowerWord));
+    return !lowerWord.empty() &&
+           (Contains(info.acfPath, lowerWord) || Contains(info.displayName, lowerWord) ||
+            Contains(Shown(info.acfPath), lowerWord) || Contains(Shown(info.displayName), lowerWord));
 }
 
 /// A line each, so many as a person may want to read.
@@ -73,7 +73,7 @@ const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const
     AircraftSelection matches;
     for (const auto& info : aircraft) {
         // A whole path means its aircraft, though it may be a part of another's name.
-        if (info->acfPath == word)
+        if (info->acfPath == word || Shown(info->acfPath) == word)
             return *info;
         if (Matches(*info, Utils::Lower(word)))
             matches.push_back(info.get());
@@ -114,7 +114,7 @@ void AddJobsOption(CLI::App& app, std::size_t& jobs) {
 }
 
 std::string NameOf(const Sim::AircraftInfo& info) {
-    return info.displayName + " (" + info.acfPath + ")";
+    return Shown(info.displayName + " (" + info.acfPath + ")");
 }
 
 } // namespace Batch

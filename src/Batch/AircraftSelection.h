@@ -25,7 +25,7 @@ const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const
 void AddAircraftOption(CLI::App& app, std::vector<std::string>& words);
 void AddJobsOption(CLI::App& app, std::size_t& jobs);
 
-/// An aircraft in a message: its name and its path.
+/// An aircraft in a message: its name and its path, as Shown gives them.
 std::string NameOf(const Sim::AircraftInfo& info);
 
 } // namespace Batch

@@ -5,7 +5,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
-#include <iostream>
 #include <memory>
 #include <optional>
 #include <set>
@@ -50,7 +49,7 @@ std::set<std::string> DetectedDataFiles(const std::string& folder) {
         if (entry->path().extension() == ".xml")
             names.insert(entry->path().filename().string());
     if (error)
-        throw CommandError(kWrongUsage, folder + ": " + error.message());
+        throw CommandError(kAircraftFailed, folder + ": " + error.message());
     return names;
 }
 
@@ -85,7 +84,7 @@ Comparison CompareFolders(const std::string& folderA, const std::string& folderB
     std::set<std::string> all = namesA;
     all.insert(namesB.begin(), namesB.end());
     if (all.empty())
-        throw CommandError(kWrongUsage, "neither folder has a detected-data file (*.xml)");
+        throw CommandError(kAircraftFailed, "neither folder has a detected-data file (*.xml)");
     Comparison comparison;
     for (const std::string& name : all) {
         FileDifference file{name, namesA.contains(name), namesB.contains(name), {}};
@@ -113,25 +112,26 @@ std::string Change(const DetectedPart& a, const DetectedPart& b) {
     return text;
 }
 
-void PrintPart(const PartDifference& part) {
-    std::cout << "  node " << part.nodeId << " part " << part.partId << ": ";
+std::string PartText(const PartDifference& part) {
+    std::string text = "  node " + std::to_string(part.nodeId) + " part " + std::to_string(part.partId) + ": ";
     if (part.a && part.b)
-        std::cout << Change(*part.a, *part.b);
+        text += Change(*part.a, *part.b);
     else if (part.b)
-        std::cout << "appeared as " << TouchInteractionTypeToText(part.b->interactionType);
+        text += std::string("appeared as ") + TouchInteractionTypeToText(part.b->interactionType);
     else
-        std::cout << "vanished, was " << TouchInteractionTypeToText(part.a->interactionType);
-    std::cout << '\n';
+        text += std::string("vanished, was ") + TouchInteractionTypeToText(part.a->interactionType);
+    return text + '\n';
 }
 
-void PrintText(const Comparison& comparison, const CompareOptions& options) {
+void PrintAsText(const Comparison& comparison, const CompareOptions& options) {
     for (const FileDifference& file : comparison.files) {
-        std::cout << Utils::Readable(file.name);
+        std::string text = Shown(file.name);
         if (!file.inA || !file.inB)
-            std::cout << ": only in " << Utils::Readable(file.inA ? options.a : options.b);
-        std::cout << '\n';
+            text += ": only in " + Shown(file.inA ? options.a : options.b);
+        text += '\n';
         for (const PartDifference& part : file.parts)
-            PrintPart(part);
+            text += PartText(part);
+        Print(text);
     }
 }
 
@@ -151,7 +151,7 @@ Json ToJson(const FileDifference& file) {
     return {{"file", JsonText(file.name)}, {"inA", file.inA}, {"inB", file.inB}, {"parts", std::move(parts)}};
 }
 
-void PrintJson(const Comparison& comparison, const CompareOptions& options) {
+void PrintAsJson(const Comparison& comparison, const CompareOptions& options) {
     Json files = Json::array();
     for (const FileDifference& file : comparison.files)
         files.push_back(ToJson(file));
@@ -160,14 +160,14 @@ void PrintJson(const Comparison& comparison, const CompareOptions& options) {
                     {"compared", comparison.compared},
                     {"unreadable", comparison.unreadable},
                     {"files", std::move(files)}};
-    std::cout << json.dump(1) << '\n';
+    PrintJson(json.dump(1) + '\n');
 }
 
 ExitCode Compare(const CompareOptions& options, Session& session) {
     const Comparison comparison =
         CompareFolders(session.CallersPath(options.a), session.CallersPath(options.b), session.console);
-    (options.json ? PrintJson : PrintText)(comparison, options);
-    std::cout.flush(); // ahead of the message, where both streams go to one terminal
+    (options.json ? PrintAsJson : PrintAsText)(comparison, options);
+    FlushPrinted();
     std::size_t parts = 0;
     for (const FileDifference& file : comparison.files)
         parts += file.parts.size();

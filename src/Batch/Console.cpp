@@ -3,6 +3,10 @@
 #include "Batch/Process.h"
 #include "Utils/Text.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <iomanip>
 #include <iostream>
 #include <sstream>
@@ -22,7 +26,73 @@ std::string MinutesAndSeconds(double seconds) {
     return text.str();
 }
 
+/// The length of the control character that the text begins with: U+0000 to U+001F, or U+007F to U+009F, which
+/// terminals obey as well. 0 when it is none.
+std::size_t ControlLength(std::string_view text) {
+    const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
+    if (byte(0) < 0x20 || byte(0) == 0x7F)
+        return 1;
+    return byte(0) == 0xC2 && text.size() > 1 && byte(1) < 0xA0 ? 2 : 0;
+}
+
+/// With a back-slash, the letter and as many hexadecimal digits for each control character.
+std::string Escaped(std::string_view text, char letter, int digits, bool lines) {
+    const std::string readable = Utils::Readable(text);
+    std::string shown;
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at < readable.size();) {
+        const std::string_view left = std::string_view(readable).substr(at);
+        const std::size_t control = lines && left.front() == '\n' ? 0 : ControlLength(left);
+        if (control > 0) {
+            char code[16];
+            std::snprintf(code, sizeof code, "\\%c%0*x", letter, digits,
+                          unsigned{static_cast<unsigned char>(left[control - 1])});
+            shown.append(readable, begin, at - begin) += code;
+            begin = at + control;
+        }
+        at += std::max<std::size_t>(control, 1);
+    }
+    return shown.append(readable, begin);
+}
+
+int outputError = 0; ///< of the first write to the standard output that failed
+
+void Write(const std::string& text) {
+    errno = 0;
+    if (!(std::cout << text) && outputError == 0)
+        outputError = errno;
+}
+
 } // namespace
+
+std::string Shown(std::string_view text) {
+    return Escaped(text, 'x', 2, false);
+}
+
+std::string ShownLines(std::string_view text) {
+    return Escaped(text, 'x', 2, true);
+}
+
+void Print(std::string_view text) {
+    Write(ShownLines(text));
+}
+
+void PrintJson(std::string_view json) {
+    Write(Escaped(json, 'u', 4, true));
+}
+
+void FlushPrinted() {
+    errno = 0;
+    if (!std::cout.flush() && outputError == 0)
+        outputError = errno;
+}
+
+std::optional<std::string> OutputFailure() {
+    FlushPrinted();
+    if (std::cout)
+        return {};
+    return outputError != 0 ? std::strerror(outputError) : "";
+}
 
 std::string Counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
@@ -32,7 +102,7 @@ Console::Console() : terminal(ErrorsGoToTerminal()) {}
 
 void Console::Message(std::string_view text) {
     EraseProgress();
-    std::cerr << "vorelle-batch: " << Utils::Readable(text) << '\n';
+    std::cerr << "vorelle-batch: " << ShownLines(text) << '\n';
     DrawProgress();
 }
 

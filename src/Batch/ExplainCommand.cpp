@@ -4,12 +4,10 @@
 #include "Batch/Commands.h"
 #include "Batch/Jobs.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
-#include "Utils/Text.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <charconv>
-#include <iostream>
 #include <memory>
 
 namespace Batch {
@@ -65,7 +63,7 @@ std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, co
     const NodePart& part = *nodes[place.node]->parts[place.part];
     CockpitModel::AnnotationStore store(*built.sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
-    return Utils::Readable(Annotator::ExplanationText(*built.sceneGraph, part) + AnnotationText(store.Get(part)));
+    return Annotator::ExplanationText(*built.sceneGraph, part) + AnnotationText(store.Get(part));
 }
 
 ExitCode Explain(const ExplainOptions& options, Session& session) {
@@ -77,7 +75,7 @@ ExitCode Explain(const ExplainOptions& options, Session& session) {
     if (text.empty())
         throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
                                             "; 'inspect' lists all parts, 'manips' those that can be clicked");
-    std::cout << Utils::Readable(NameOf(info)) << ", " << text;
+    Print(NameOf(info) + ", " + text);
     return kDone;
 }
 

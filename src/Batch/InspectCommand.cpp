@@ -10,7 +10,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
-#include <iostream>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -29,7 +28,7 @@ std::string ReadPanel(const std::string& path) {
     std::ifstream file(Utils::StreamPath(path), std::ios::binary);
     std::ostringstream text;
     if (!file || (file.peek() != EOF && !(text << file.rdbuf())) || file.bad())
-        throw CommandError(kWrongUsage, "cannot read " + path + ": " + std::strerror(errno));
+        throw CommandError(kAircraftFailed, "cannot read " + path + ": " + std::strerror(errno));
     return std::move(text).str();
 }
 
@@ -54,7 +53,7 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
         panel = ReadPanel(session.CallersPath(options.panel));
         session.console.Message("there is no source of gauges, so that panels have no entries");
     }
-    std::cout << RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel); });
+    PrintJson(RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel); }));
     return kDone;
 }
 

@@ -6,7 +6,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <iostream>
 #include <iterator>
 #include <map>
 #include <memory>
@@ -44,36 +43,38 @@ std::string LintOne(const Sim::AircraftInfo& info) {
 
 std::string Place(const Json& finding) {
     const Json& line = finding["line"];
-    return finding["file"].get<std::string>() + (line.is_null() ? "" : ":" + line.dump());
+    return Shown(finding["file"].get<std::string>()) + (line.is_null() ? "" : ":" + line.dump());
 }
 
 /// As compilers write it.
-void PrintFinding(std::ostream& stream, const Json& finding) {
-    const auto text = [&](const char* name) { return finding[name].get<std::string>(); };
-    stream << Place(finding) << ": " << text("severity") << ": " << text("wrong") << " [" << text("check") << "]\n";
+std::string FindingText(const Json& finding) {
+    const auto text = [&](const char* name) { return Shown(finding[name].get<std::string>()); };
+    return Place(finding) + ": " + text("severity") + ": " + text("wrong") + " [" + text("check") + "]\n";
 }
 
-void PrintRest(std::ostream& stream, std::span<const Json> rest) {
-    stream << "    and " << rest.size() << " more like these, in lines ";
+std::string RestText(std::span<const Json> rest) {
+    std::string text = "    and " + std::to_string(rest.size()) + " more like these, in lines ";
     for (std::size_t i = 0; i < std::min(rest.size(), kLinesOfRest); ++i)
-        stream << (i > 0 ? ", " : "") << rest[i]["line"].dump();
-    stream << (rest.size() > kLinesOfRest ? ", ...; --all prints each\n" : "; --all prints each\n");
+        text += (i > 0 ? ", " : "") + rest[i]["line"].dump();
+    return text + (rest.size() > kLinesOfRest ? ", ...; --all prints each\n" : "; --all prints each\n");
 }
 
 /// Those of one check and severity, and below them what to do: once where it is the same for all.
-void PrintGroup(std::ostream& stream, std::span<const Json> group, bool all) {
+std::string GroupText(std::span<const Json> group, bool all) {
     // One line in the place of one finding would save nobody any reading.
     const std::size_t shown = all || group.size() <= kShown + 1 ? group.size() : kShown;
+    std::string text;
     for (std::size_t i = 0; i < shown; ++i) {
-        PrintFinding(stream, group[i]);
+        text += FindingText(group[i]);
         if (i + 1 == shown && shown < group.size())
-            PrintRest(stream, group.subspan(shown));
+            text += RestText(group.subspan(shown));
         if (i + 1 == shown || group[i]["mend"] != group[i + 1]["mend"])
-            stream << "    " << group[i]["mend"].get<std::string>() << '\n';
+            text += "    " + Shown(group[i]["mend"].get<std::string>()) + '\n';
     }
+    return text;
 }
 
-void PrintFindings(std::ostream& stream, std::vector<Json> findings, bool all) {
+std::string FindingsText(std::vector<Json> findings, bool all) {
     const auto kind = [](const Json& finding) { return std::pair(finding["severity"], finding["check"]); };
     // By the first of each kind, as the worst come first.
     std::vector<decltype(kind(Json()))> kinds;
@@ -83,11 +84,13 @@ void PrintFindings(std::ostream& stream, std::vector<Json> findings, bool all) {
     std::ranges::stable_sort(findings, {},
                              [&](const Json& finding) { return std::ranges::find(kinds, kind(finding)); });
     const std::span<const Json> sorted = findings;
+    std::string text;
     for (std::size_t first = 0, next = 0; first < sorted.size(); first = next) {
         while (next < sorted.size() && kind(sorted[next]) == kind(sorted[first]))
             ++next;
-        PrintGroup(stream, sorted.subspan(first, next - first), all);
+        text += GroupText(sorted.subspan(first, next - first), all);
     }
+    return text;
 }
 
 /// Counts by severity, worst first: "1 error, 2 warnings and 1 note".
@@ -117,12 +120,12 @@ ExitCode Lint(const LintOptions& options, Session& session) {
         if (options.json)
             std::ranges::copy(findings, std::back_inserter(everything));
         else
-            PrintFindings(std::cout, findings, options.all);
+            Print(FindingsText(findings, options.all));
     };
     RunJobs(aircraft, options.jobs, LintOne, take);
     if (options.json)
-        std::cout << everything.dump(1) << '\n';
-    std::cout.flush(); // ahead of the message, where both streams go to one terminal
+        PrintJson(everything.dump(1) + '\n');
+    FlushPrinted();
     session.console.Message(Totals(counts) + " in " + std::to_string(aircraft.size() - failed) + " aircraft" +
                             (failed > 0 ? ", " + std::to_string(failed) + " more could not be read" : ""));
     const bool clean =

@@ -1,6 +1,5 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Utils/Text.h"
 
 #include <iostream>
 
@@ -10,7 +9,7 @@ namespace {
 
 ExitCode List(Session& session) {
     for (const auto& info : LoadInstallation(session.console))
-        std::cout << Utils::Readable(info->acfPath) << '\t' << Utils::Readable(info->displayName) << '\n';
+        std::cout << Shown(info->acfPath) << '\t' << Shown(info->displayName) << '\n';
     return kDone;
 }
 

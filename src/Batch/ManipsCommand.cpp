@@ -131,9 +131,9 @@ std::string Table(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
     for (std::size_t i = 0; i < kColumns.size(); ++i) {
         lines.front()[i] = kColumns[i];
         for (std::size_t row = 0; row < rows.size(); ++row)
-            lines[row + 1][i] = rows[row][i].is_null() ? "-" : Plain(rows[row][i]);
+            lines[row + 1][i] = rows[row][i].is_null() ? "-" : Shown(Plain(rows[row][i]));
     }
-    return Utils::Readable(NameOf(info)) + ": " + Counted(rows.size(), "part") + " that can be clicked\n" +
+    return NameOf(info) + ": " + Counted(rows.size(), "part") + " that can be clicked\n" +
            (rows.empty() ? std::string() : Aligned(lines));
 }
 
@@ -162,7 +162,7 @@ ExitCode Manips(const ManipsOptions& options, Session& session) {
                 session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
                 failed = true;
             } else if (!result.output.empty()) {
-                std::cout << separator << result.output;
+                (options.json ? PrintJson : Print)(separator + result.output);
                 separator = options.json ? ",\n" : options.csv ? "" : "\n";
             }
         });

@@ -6,7 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
-#include <iterator>
+#include <map>
 #include <memory>
 
 namespace Batch {
@@ -45,18 +45,37 @@ TestReport ReadPart(const std::string& path) {
         return ParseReport(json);
     } catch (const Json::exception& error) {
         throw CommandError(kAircraftFailed, path + ": not a JSON report of 'test': " + error.what());
-    } catch (const std::exception&) {
-        throw CommandError(kAircraftFailed, path + ": names an interaction type that there is not");
+    } catch (const std::runtime_error& error) {
+        throw CommandError(kAircraftFailed, path + ": " + error.what());
     }
 }
 
+/// Gathers parts. An aircraft that is in two of them would be counted twice.
+class Merger {
+public:
+    void Add(const std::string& path) {
+        for (AircraftReport& aircraft : ReadPart(path)) {
+            const std::string& acf = aircraft.tests.acfPath;
+            if (const auto [other, isNew] = partOf.try_emplace(acf, path); !isNew)
+                throw CommandError(kWrongUsage, acf + " is both in " + other->second + " and in " + path +
+                                                    "; leave one of them out, so that its tests count once");
+            report.push_back(std::move(aircraft));
+        }
+    }
+
+    TestReport report;
+
+private:
+    std::map<std::string, std::string> partOf; ///< by acfPath
+};
+
 /// One part that cannot be read ends it: a report that lacks an aircraft would look like a good one.
 ExitCode Merge(const MergeOptions& options, Session& session) {
-    TestReport report;
+    Merger merger;
     for (const std::string& word : options.parts)
         for (const std::string& part : PartsOf(session.CallersPath(word)))
-            std::ranges::move(ReadPart(part), std::back_inserter(report));
-    return GiveReport(report, options.reports, session);
+            merger.Add(part);
+    return GiveReport(merger.report, options.reports, session);
 }
 
 } // namespace

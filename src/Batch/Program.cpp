@@ -9,9 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <boost/filesystem/operations.hpp>
-#include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <iostream>
 
 namespace Batch {
@@ -80,7 +78,7 @@ constexpr const char* kAircraft =
     "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other aircraft has.\n";
 constexpr const char* kExitCodes =
     "Exit codes: 0 done, 1 a test failed, compared files differ or lint warns, 2 wrong usage,\n"
-    "3 an aircraft could not be loaded or tested or a file not be read, 4 a file could not be written.";
+    "3 an aircraft could not be loaded, tested or drawn or a file not be read, 4 a file could not be written.";
 
 std::string Footer(const Command& command, const CLI::App& app) {
     const bool takesAircraft = app.get_option_no_throw("AIRCRAFT") != nullptr;
@@ -128,10 +126,9 @@ void EnterInstallation(const std::string& folder) {
 
 /// A full disk behind the standard output shows at the latest when its buffer is emptied.
 void FlushOutput() {
-    errno = 0;
-    if (!std::cout.flush())
-        throw CommandError(kNotWritten, std::string("cannot write to the standard output") +
-                                            (errno != 0 ? std::string(": ") + std::strerror(errno) : ""));
+    if (const std::optional<std::string> reason = OutputFailure())
+        throw CommandError(kNotWritten,
+                           "cannot write to the standard output" + (reason->empty() ? "" : ": " + *reason));
 }
 
 ExitCode RunAction(const CommandLine& line, Session& session) {

@@ -128,7 +128,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& reque
     } catch (const std::invalid_argument& error) {
         return Answer(kWrongUsage, error.what());
     } catch (const std::exception& error) {
-        return Answer(kNotWritten, Annotator::ReasonText(error));
+        return Answer(kAircraftFailed, Annotator::ReasonText(error));
     }
 }
 

@@ -3,7 +3,6 @@
 #include "Batch/HeldSignals.h"
 
 #include <CLI/CLI.hpp>
-#include <iostream>
 
 namespace Batch {
 
@@ -27,7 +26,7 @@ static_assert(std::size(kReportForms) == std::tuple_size_v<decltype(ReportOption
 void TellProblems(const TestReport& report, Console& console) {
     for (const auto& [tests, problems] : report)
         for (const std::string& problem : problems)
-            console.Message(tests.displayName + " (" + tests.acfPath + "): " + problem);
+            console.Message(Shown(tests.displayName + " (" + tests.acfPath + "): " + problem));
 }
 
 /// False when one could not be written.
@@ -66,9 +65,8 @@ void AddReportOptions(CLI::App& app, ReportOptions& options) {
 }
 
 ExitCode GiveReport(const TestReport& report, const ReportOptions& options, Session& session) {
-    PrintTable(std::cout, report);
-    // Ahead of the messages, where both streams go to one terminal.
-    std::cout.flush();
+    Print(TableText(report));
+    FlushPrinted();
     TellProblems(report, session.console);
     const bool written = WriteReports(report, options, session);
     const ExitCode outcome = Outcome(Totals(report), options, session.console);

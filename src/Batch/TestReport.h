@@ -3,7 +3,6 @@
 #include "Annotator/BatchTests.h"
 
 #include <cstddef>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,11 +35,12 @@ std::string SerialiseAircraft(const AircraftReport& aircraft);
 AircraftReport ParseAircraft(std::string_view json);
 
 /// The table of counts, and the failing parts below it. Aircraft without a test have no row.
-void PrintTable(std::ostream& stream, const TestReport& report);
+std::string TableText(const TestReport& report);
 
 /// The reports as they stand in files; the same bytes for the same results.
 std::string JsonReport(const TestReport& report);
-TestReport ParseReport(std::string_view json);     ///< a JSON report again; throws for any other text
+/// A JSON report again; any other text throws a Json::exception or runtime_error.
+TestReport ParseReport(std::string_view json);
 std::string JUnitReport(const TestReport& report); ///< a suite per aircraft, a case per part
 std::string CsvReport(const TestReport& report);   ///< a line per expectation, and one per aircraft that failed to load
 std::string HtmlReport(const TestReport& report);  ///< one page with all that it needs

@@ -20,12 +20,21 @@ Json ToJson(const PartTest& part) {
             {"passed", part.passed}};
 }
 
+CockpitModel::TouchInteractionType TypeFromJson(const Json& json) {
+    const std::string text = json;
+    try {
+        return TouchInteractionTypeFromText(text);
+    } catch (const std::exception&) {
+        throw std::runtime_error("'" + text + "' is no interaction type");
+    }
+}
+
 PartTest PartFromJson(const Json& json) {
     return {.NodeId = json.at("nodeId"),
             .PartId = json.at("partId"),
             .rectangle = json.at("mouseRect"),
-            .expected = TouchInteractionTypeFromText(json.at("expected").get<std::string>()),
-            .detected = TouchInteractionTypeFromText(json.at("detected").get<std::string>()),
+            .expected = TypeFromJson(json.at("expected")),
+            .detected = TypeFromJson(json.at("detected")),
             .passed = json.at("passed")};
 }
 
@@ -39,7 +48,7 @@ AnnotationRecord UnplacedFromJson(const Json& json) {
     AnnotationRecord record;
     record.NodeId = json.at("nodeId");
     record.PartId = json.at("partId");
-    record.InteractionTypeTest = TouchInteractionTypeFromText(json.at("expected").get<std::string>());
+    record.InteractionTypeTest = TypeFromJson(json.at("expected"));
     return record;
 }
 

@@ -1,5 +1,6 @@
 #include "Batch/TestReport.h"
 
+#include "Batch/Console.h"
 #include "Batch/CsvLine.h"
 
 #include <algorithm>
@@ -19,17 +20,18 @@ std::size_t Width(const std::string& text) {
 }
 
 /// Columns parted by two blanks, the last one without blanks behind it.
-void PrintAligned(std::ostream& stream, const std::vector<Row>& rows) {
+std::string Aligned(const std::vector<Row>& rows) {
     std::vector<std::size_t> widths(rows.front().size());
     for (const Row& row : rows)
         for (std::size_t i = 0; i < row.size(); ++i)
             widths[i] = std::max(widths[i], Width(row[i]));
+    std::string text;
     for (const Row& row : rows) {
-        std::string line;
         for (std::size_t i = 0; i < row.size(); ++i)
-            line += row[i] + std::string(i + 1 < row.size() ? widths[i] - Width(row[i]) + 2 : 0, ' ');
-        stream << line << '\n';
+            text += row[i] + std::string(i + 1 < row.size() ? widths[i] - Width(row[i]) + 2 : 0, ' ');
+        text += '\n';
     }
+    return text;
 }
 
 std::vector<Row> CountRows(const TestReport& report) {
@@ -37,7 +39,7 @@ std::vector<Row> CountRows(const TestReport& report) {
     for (const AircraftReport& aircraft : report) {
         const Annotator::AircraftTests& tests = aircraft.tests;
         if (tests.Total() > 0)
-            rows.push_back({tests.displayName, std::to_string(tests.Passed()), std::to_string(tests.Failed()),
+            rows.push_back({Shown(tests.displayName), std::to_string(tests.Passed()), std::to_string(tests.Failed()),
                             std::to_string(tests.Total())});
     }
     return rows;
@@ -49,23 +51,17 @@ std::vector<Row> FailureRows(const TestReport& report) {
     for (const AircraftReport& aircraft : report)
         for (const Annotator::PartTest& part : aircraft.tests.parts)
             if (!part.passed)
-                rows.push_back({aircraft.tests.displayName, std::to_string(part.NodeId), std::to_string(part.PartId),
-                                part.rectangle.empty() ? "-" : part.rectangle,
+                rows.push_back({Shown(aircraft.tests.displayName), std::to_string(part.NodeId),
+                                std::to_string(part.PartId), part.rectangle.empty() ? "-" : Shown(part.rectangle),
                                 TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected)});
     return rows;
 }
 
-/// Quoted where it has to be.
-
 } // namespace
 
-void PrintTable(std::ostream& stream, const TestReport& report) {
-    PrintAligned(stream, CountRows(report));
+std::string TableText(const TestReport& report) {
     const std::vector<Row> failures = FailureRows(report);
-    if (failures.size() > 1) {
-        stream << '\n';
-        PrintAligned(stream, failures);
-    }
+    return Aligned(CountRows(report)) + (failures.size() > 1 ? '\n' + Aligned(failures) : "");
 }
 
 std::string CsvReport(const TestReport& report) {

@@ -106,15 +106,18 @@ TEST(ExplanationTest, TellsTheRuleItsFiguresAndWhatWouldChangeIt) {
 }
 
 TEST(ExplanationTest, TellsLinesAnimationsAndFigures) {
-    const Cockpit cockpit("ANIM_begin\nANIM_trans 0 0 0 0 0 1 0 5 sim/slide\nANIM_begin\n" + kTurn + kDrag +
-                          "TRIS 6 3\nANIM_end\nANIM_end");
+    const Cockpit cockpit(
+        "ANIM_begin\nANIM_trans 1 0 0 1 0 0 0 0 no_ref\nANIM_begin\nANIM_trans 0 0 0 0 0 1 0 5 sim/slide\n"
+        "ANIM_begin\n" +
+        kTurn + kDrag + "TRIS 6 3\nANIM_end\nANIM_end\nANIM_end");
     const std::string file = "Aircraft/Props/Cub/plane_cockpit.obj:";
-    const std::string text = cockpit.Text(2);
-    EXPECT_THAT(text, HasSubstr("  source:      " + file + "28: TRIS\n  manipulator: " + file +
-                                "27: DragVariable: 0 , 1 -- sim/x\n"));
-    EXPECT_THAT(text, ContainsRegex("BalanceFactor 0.0346[0-9]*, SweepRadius 0.1384[0-9]* m, 1 triangles\n"));
-    EXPECT_THAT(text, HasSubstr("    node 2: rotation by sim/turn from 0 to 1\n"
-                                "    node 1: translation by sim/slide from 0 to 5\n"
+    const std::string text = cockpit.Text(3);
+    EXPECT_THAT(text, HasSubstr("  source:      " + file + "30: TRIS\n  manipulator: " + file +
+                                "29: DragVariable: 0 , 1 -- sim/x\n"));
+    EXPECT_THAT(text, ContainsRegex("BalanceFactor 0.0346[0-9]*, SweepRadius 0.1384[0-9]* m, 1 triangle\n"));
+    EXPECT_THAT(text, HasSubstr("    node 3: rotation by sim/turn from 0 to 1\n"
+                                "    node 2: translation by sim/slide from 0 to 5\n"
+                                "    node 1: a fixed offset, by no dataref\n"
                                 "    node 0: no animation\n"));
 }
 

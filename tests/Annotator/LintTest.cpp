@@ -32,22 +32,40 @@ TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
         std::vector<std::string> places;
         const char* wrong = ""; ///< within what the first finding says
     } rows[] = {
-        {"keywords that nothing is made of are not unknown", "ATTR_LOD 0 10\nANIM_rotate_key 0 1\nLIGHT_NAMED x\n", {}},
+        {"keywords that nothing is made of are not unknown",
+         "ATTR_LOD 0 10\nANIM_rotate_key 0 1\nRAIN_scale 1\nTHERMAL_source2 0 a b\nWIPER_param a\nslung_load_weight 9",
+         {}},
         {"comments", "# TRIX\n#TRIX\n####_alpha\n", {}},
         {"an unknown keyword, once however often", "TRIX 0 3\nTRIX 0 3\n", {"unknown-keyword@12"}},
-        {"an end too many", "ANIM_begin\nANIM_end\nANIM_end\n", {"unbalanced@14"}},
-        {"two ends too few", "ANIM_begin\nANIM_begin\n", {"unbalanced@12", "unbalanced@13"}},
-        {"a toggle between equal values", "ATTR_manip_toggle hand 2 2.0 sim/x\n", {"equal-values@12"}},
-        {"a drag between equal values", "ATTR_manip_drag_axis hand 1 0 0 3 3 sim/x\n", {"equal-values@12"}},
-        {"a manipulator without a dataref", "ATTR_manip_toggle hand 0 1\n", {"no-dataref@12"}},
-        {"a zero axis", "ANIM_rotate 0 0.0 0 0 90 0 1 sim/x\n", {"zero-axis@12"}},
-        {"a step without a dataref", "ANIM_rotate 0 1 0 0 90 0 1\n", {"no-dataref@12"}},
-        {"a slide without a dataref", "ANIM_trans 0 0 0 0 0 1 0 1 none\n", {"no-dataref@12"}},
-        {"a step that only places", "ANIM_trans 1 2 3 1 2 3 0 0\n", {}},
-        {"indices beyond the file's", "TRIS 1 3\n", {"index-range@12"}},
-        {"all that the file has", "TRIS 0 3\n", {}},
-        {"a negative range", "TRIS -3 3\n", {"index-range@12"}},
-        {"a vertex beyond the file's", "IDX10 0 1 3\nTRIS 0 3\nTRIS 3 3\n", {"index-range@14"}},
+        {"an end too many, then two too few",
+         "ANIM_begin\nANIM_end\nANIM_end\nANIM_begin\nANIM_begin\n",
+         {"unbalanced@14", "unbalanced@15", "unbalanced@16"}},
+        {"equal values",
+         "ATTR_manip_toggle hand 2 2.0 sim/x\nATTR_manip_drag_axis hand 1 0 0 3 3 sim/x",
+         {"equal-values@12", "equal-values@13"}},
+        {"manipulators without a dataref",
+         "ATTR_manip_toggle hand 0 1\nATTR_manip_toggle hand 0 1 no_ref",
+         {"no-dataref@12", "no-dataref@13"}},
+        {"zero axes, of which the second turns nothing",
+         "ANIM_begin\nANIM_rotate 0 0.0 0 0 90 0 1 sim/x\nANIM_rotate 0 0 0 0 0 0 1 sim/x\nANIM_end",
+         {"zero-axis@13"}},
+        {"steps without a dataref, of which the last only places",
+         "ANIM_begin\nANIM_rotate 0 1 0 0 90 0 1\nANIM_trans 0 0 0 0 0 1 0 1 none\nANIM_trans 0 0 0 0 0 1 0 1 no_ref\n"
+         "ANIM_trans 1 2 3 1 2 3 0 0\nANIM_end",
+         {"no-dataref@13", "no-dataref@14", "no-dataref@15"}},
+        {"steps outside all blocks, whatever else is wrong with them",
+         "ANIM_rotate 0 0 0 0 90 0 1\nANIM_rotate 0 0 0 0 90 0 1",
+         {"step-outside@12", "step-outside@13"},
+         "moves nothing"},
+        {"line ends that spoil keywords, datarefs and paths",
+         "ANIM_begin\r\r\nTEXTURE a.png\r\r\nATTR_manip_toggle hand 0 1\t\r\r\nTRIS 0 3\nANIM_end\r\r\r\n",
+         {"line-ends@12", "no-dataref@14"},
+         "4 lines end in CR CR LF"},
+        {"ranges outside the file's", "TRIS 1 3\nTRIS -3 3\n", {"index-range@12", "index-range@13"}},
+        {"a vertex beyond the file's",
+         "IDX10 0 1 3\nTRIS 0 3\nTRIS 3 3\n",
+         {"index-range@14"},
+         "needs vertex 3 (counted from 0), but the file has 3"},
         {"a part that is not drawn", "ATTR_draw_disable\nTRIS 1 3\n", {}},
         {"no whole triangle", "TRIS 0 2\n", {"part-triangle@12"}},
         {"a path with a blank", "TEXTURE my panel.png\n", {"texture-blank@12"}},
@@ -90,6 +108,9 @@ TEST(LintTest, FindsGeometryWithoutTexture) {
     EXPECT_THAT(Places(findings), ElementsAre("no-texture@11"));
     EXPECT_EQ(findings.at(0).severity, LintSeverity::Error);
     EXPECT_THAT(findings.at(0).wrong, HasSubstr("2 parts")) << "the panel's texture serves the one in line 13";
+    const auto empty = Lint(ObjText().Line("TEXTURE").Line("TEXTURE").Tris());
+    EXPECT_THAT(Places(empty), ElementsAre("no-texture@11"));
+    EXPECT_THAT(empty.at(0).wrong, HasSubstr("TEXTURE names no file (1 part)"));
 }
 
 TEST(LintTest, ReadsAnyBytes) {
@@ -150,27 +171,34 @@ TEST(LintTest, FindsWhatAnAnnotationFileSaysInVain) {
 TEST(LintTest, LooksAtTheFilesAroundACockpit) {
     const Support::Installation installation;
     const Support::WorkingDirectory inside(installation.path.string());
-    installation.Aircraft("Aircraft/Props/Cub", "Cub");
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", std::string("i\x84\x03\0\0", 5));
     const std::string yoke = "ANIM_rotate 0 0 1 0 30 0 1 sim/cockpit2/controls/yoke_roll_ratio\n"
                              "ANIM_trans 0 0 0 0 0 0.5 0 1 sim/cockpit2/controls/yoke_pitch_ratio";
-    installation.Write(
-        "Aircraft/Props/Cub/Plane_Cockpit.obj",
-        ObjText().Texture("A.png").Texture("b.png").Texture("c.png").Begin().Line(yoke).Tris().Tris().End().Text());
+    ObjText object =
+        ObjText().Texture("A.png").Texture("b.png").Texture("c.png").Begin().Line(yoke).Tris().Tris().End();
+    installation.Write("Aircraft/Props/Cub/Plane_Cockpit.obj", object.Line("ATTR_cockpit").Tris().Text());
     installation.Write("Aircraft/Props/Cub/a.png", "");
     installation.Write("Aircraft/Props/Cub/b.dds", "");
     Sim::AircraftList list = Sim::XPAircraftListLoader().LoadAircraftList();
     ASSERT_EQ(list.size(), 1u);
     const auto findings = LintAircraft(*list.front());
-    EXPECT_THAT(Places(findings), ElementsAre("object-case@0", "texture-case@11", "texture-missing@13",
-                                              "several-yokes@0", "texture-missing@12"))
+    EXPECT_THAT(Places(findings),
+                ElementsAre("object-case@0", "texture-case@11", "texture-missing@13", "panel-missing@21",
+                            "acf-binary@0", "several-yokes@0", "texture-missing@12"))
         << "the worst first: that X-Plane takes the .dds is but a note";
-    EXPECT_THAT(findings.at(3).wrong, testing::ContainsRegex("part 2,0 scores [-0-9.]+ \\(chosen\\), part 2,1 scores"));
+    EXPECT_THAT(findings.at(3).wrong, HasSubstr("1 part under ATTR_cockpit shows"));
+    EXPECT_THAT(findings.at(5).wrong, testing::ContainsRegex("part 2,0 scores [-0-9.]+ \\(chosen\\), part 2,1 scores"));
 
     installation.Write("Aircraft/Props/Cub/Plane_Cockpit.obj",
                        ObjText().Line("ANIM_rotate 0 0 1 0 30 0 1 sim/joystick/Yoke_roll").Line(yoke).Text());
     EXPECT_THAT(LintAircraft(*list.front()).back().wrong,
                 HasSubstr("moves with both axes of a yoke (sim/joystick/Yoke_roll in line 11 does not count)"));
 
+    installation.Write("Aircraft/Props/Cub/cockpit/-panels-/panel.png", "");
+    installation.Write("Aircraft/Props/Cub/Plane_Cockpit.obj", ObjText().Line("ATTR_cockpit").Tris().Text());
+    EXPECT_THAT(Places(LintAircraft(*list.front())),
+                ElementsAre("object-case@0", "acf-binary@0", "no-yoke@0", "panel-missing@12"))
+        << "that X-Plane takes the 2D panel is but a note";
     boost::filesystem::remove(installation.path / "Aircraft/Props/Cub/Plane_Cockpit.obj");
     EXPECT_THROW(LintAircraft(*list.front()), std::runtime_error);
 }

@@ -66,9 +66,11 @@ TEST(CompareCommand, TellsOutcomesByItsExitCode) {
     };
     const TemporaryFolder folder;
     folder.Write("a/readme", "");
-    EXPECT_EQ(RunBatch(folder, {"compare", "a", "b"}).exitCode, 2) << "b is not there";
+    EXPECT_EQ(RunBatch(folder, {"compare", "a", "b"}).exitCode, 3) << "b is not there";
     folder.Write("b/readme", "");
-    EXPECT_THAT(RunBatch(folder, {"compare", "a", "b"}).errors, HasSubstr("neither folder has a detected-data file"));
+    const ProgramResult neither = RunBatch(folder, {"compare", "a", "b"});
+    EXPECT_EQ(neither.exitCode, 3);
+    EXPECT_THAT(neither.errors, HasSubstr("neither folder has a detected-data file"));
     for (const auto& row : rows) {
         folder.Write("a/Cub.xml", row.a);
         folder.Write("b/Cub.xml", row.b);

@@ -95,7 +95,7 @@ TEST(InspectCommand, ShowsAPanelConfiguration) {
     EXPECT_TRUE(panels("empty.cfg").empty());
     for (const char* file : {"missing.cfg", "."}) {
         const ProgramResult unread = inspect(file);
-        EXPECT_EQ(unread.exitCode, 2) << file;
+        EXPECT_EQ(unread.exitCode, 3) << file;
         EXPECT_THAT(unread.errors, HasSubstr("cannot read")) << file;
     }
 }

@@ -35,7 +35,7 @@ TEST(LintCommand, CountsWhatRepeatsItself) {
         object.Toggle("");
     for (int i = 0; i < 4; ++i)
         object.Line("ATTR_manip_toggle hand 2 2 sim/x");
-    installation.Aircraft("Aircraft/Props/Cub", "Cub", object.Tris());
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", object.Line("TRI\x1BX").Tris());
     installation.Write("Aircraft/Props/Cub/panel.png", "");
     const std::string place = "Aircraft/Props/Cub/plane_cockpit.obj:";
     const std::string shown = RunBatch(installation, {"lint"}).output;
@@ -44,12 +44,13 @@ TEST(LintCommand, CountsWhatRepeatsItself) {
                                  "    and 2 more like these, in lines 15, 16; --all prints each\n"
                                  "    write the dataref behind the two values\n" +
                                  place + "17: warning: "));
+    EXPECT_THAT(shown, HasSubstr("TRI\\x1bX is no keyword of the format"));
     EXPECT_THAT(shown, HasSubstr(place + "20: warning: ")) << "one line in the place of one saves nothing";
     EXPECT_THAT(RunBatch(installation, {"lint", "--all"}).output,
                 AllOf(HasSubstr(place + "16: warning: "), Not(HasSubstr("more like these"))));
     const auto list = nlohmann::json::parse(RunBatch(installation, {"lint", "--json"}).output, nullptr, false);
-    ASSERT_EQ(list.size(), 10u) << "nine warnings, and a note that there is no yoke";
-    EXPECT_EQ(list[9]["line"], nullptr);
+    ASSERT_EQ(list.size(), 11u) << "ten warnings, and a note that there is no yoke";
+    EXPECT_EQ(list[10]["line"], nullptr);
 }
 
 } // namespace

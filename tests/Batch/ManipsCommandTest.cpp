@@ -23,11 +23,12 @@ TEST(ManipsCommand, TellsALineForEachPartThatCanBeClicked) {
     EXPECT_EQ(RunBatch(installation, {"manips", "--json", "Glider"}).output, "[]\n");
     EXPECT_EQ(RunBatch(installation, {"manips", "--json", "--csv"}).exitCode, 2);
 
-    installation.Aircraft("Aircraft/Props/Piper", "Piper", Support::ObjText().Toggle("sim/a,b").Tris());
+    installation.Aircraft("Aircraft/Props/Piper", "Piper",
+                          Support::ObjText().Line("ATTR_manip_toggle hand -1 1 =a,b\x1B").Tris());
     EXPECT_EQ(RunBatch(installation, {"manips", "--csv"}).exitCode, 3);
     const Support::ProgramResult csv = RunBatch(installation, {"manips", "--csv", "--untextured"});
     EXPECT_EQ(csv.exitCode, 0) << csv.errors;
-    EXPECT_THAT(csv.output, HasSubstr("\nAircraft/Props/Piper/plane.acf,0,0,11,toggle,0,1,Tap,,,\"sim/a,b\"\n"));
+    EXPECT_THAT(csv.output, HasSubstr("\nAircraft/Props/Piper/plane.acf,0,0,11,toggle,-1,1,Tap,,,\"'=a,b\\x1b\"\n"));
 }
 
 } // namespace

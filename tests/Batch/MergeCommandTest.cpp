@@ -52,6 +52,9 @@ TEST(MergeCommand, MakesTheReportOfASingleRunHoweverManyRunAtOnce) {
     EXPECT_EQ(Everything(installation, {"test", "--jobs", "8"}, "at once"), single);
     EXPECT_EQ(Everything(installation, merge, "merged"), single);
     EXPECT_EQ(Everything(installation, {"merge", "parts"}, "folder"), single);
+    const ProgramResult twice = RunBatch(installation, {"merge", "parts", merge[1]});
+    EXPECT_EQ(twice.exitCode, 2);
+    EXPECT_THAT(twice.errors, testing::ContainsRegex("/plane.acf is both in .*/parts/1.json and in .*/parts/1.json"));
 }
 
 TEST(MergeCommand, WritesNothingWhenAPartIsNotAsItHasToBe) {
@@ -62,11 +65,10 @@ TEST(MergeCommand, WritesNothingWhenAPartIsNotAsItHasToBe) {
         "clickable":1,"covered":1,"unplaced":[],"problems":[],"parts":[{"nodeId":0,"partId":0,"mouseRect":"",
         "expected":"Slide","detected":"Tap","passed":true}]}]})");
     boost::filesystem::create_directories(installation / "none");
-    const std::pair<const char*, const char*> rows[] = {
-        {"list.json", "list.json: not a JSON report of 'test'"},
-        {"type.json", "type.json: names an interaction type that there is not"},
-        {"missing.json", "missing.json: there is no such file"},
-        {"none", "no JSON report (*.json) is in this folder"}};
+    const std::pair<const char*, const char*> rows[] = {{"list.json", "list.json: not a JSON report of 'test'"},
+                                                        {"type.json", "type.json: 'Slide' is no interaction type"},
+                                                        {"missing.json", "missing.json: there is no such file"},
+                                                        {"none", "no JSON report (*.json) is in this folder"}};
     for (const auto& [part, errors] : rows) {
         const ProgramResult result = RunBatch(installation, {"merge", "--csv", "out.csv", "good.json", part});
         EXPECT_EQ(result.exitCode, 3) << part;

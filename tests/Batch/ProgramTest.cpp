@@ -56,17 +56,21 @@ TEST(Program, EndsInSilenceWhenNobodyReadsOn) {
         Support::Program({"/bin/sh", "-c", line, VORELLE_BATCH_PROGRAM}, installation.path.string()).Wait();
     EXPECT_EQ(result.output, "{");
     EXPECT_EQ(result.errors, "141\n") << "as a shell tells that a closed pipe has ended a program";
+    const ProgramResult full =
+        Support::Program(BatchWords({"inspect", "Cub"}), installation.path.string(), "/dev/full").Wait();
+    EXPECT_EQ(full.exitCode, 4);
+    EXPECT_THAT(full.errors, HasSubstr("No space left on device"));
 }
 
 TEST(Program, ListsPathsAndNamesInTheOrderOfTheSystemsLists) {
     const Installation installation;
     for (const char* folder : {"Aircraft/Z/A", "Aircraft/A/Z", "Aircraft/A/A"})
-        installation.Aircraft(folder, "Blue \t Bird  Fl\xE4mmchen");
+        installation.Aircraft(folder, "Blue \t Bird\x1B[2J\xC2\x9B  Fl\xE4mmchen");
     std::string expected;
     for (const auto& group : boost::filesystem::directory_iterator(installation / "Aircraft"))
         for (const auto& aircraft : boost::filesystem::directory_iterator(group))
             expected += "Aircraft/" + group.path().filename().string() + "/" + aircraft.path().filename().string() +
-                        "/plane.acf\tBlue Bird Fl\xEF\xBF\xBDmmchen\n";
+                        "/plane.acf\tBlue Bird\\x1b[2J\\x9b Fl\xEF\xBF\xBDmmchen\n";
     EXPECT_EQ(RunBatch(installation, {"list"}).output, expected);
     EXPECT_EQ(RunBatch(installation, {"list", "-C", "."}).output, expected);
 

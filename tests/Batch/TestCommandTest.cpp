@@ -24,7 +24,7 @@ TEST(TestCommand, TellsOutcomesByItsExitCode) {
         {fails, "", {}, 1, "0 tests passed, 1 failed"},
         {"", "", {}, 0, "no test found"},
         {"", "", {"--require-tests"}, 1, "no test found"},
-        {Expectation(9, 2, "Tap"), "", {}, 3, "1 of its expectations fit no part of the cockpit: node 9 part 2"},
+        {Expectation(9, 2, "Tap"), "", {}, 3, "1 expectation fits no part of the cockpit: node 9 part 2"},
         {Expectation(9, 2, "Tap") + fails, "", {}, 3, "1 failed"},
         {passes, "NoMaterial", {}, 3, "plane_cockpit.obj(11): TRIS before any"},
         {fails, "NoObject", {}, 3, "annotations but no cockpit object"},

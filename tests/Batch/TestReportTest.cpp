@@ -35,7 +35,7 @@ AircraftReport Aircraft(const std::string& name, std::vector<Annotator::PartTest
 TestReport AwkwardReport() {
     TestReport report{Aircraft("B\"a\" & <c>,\x01", {Part(3, 0, TouchInteractionType::Tap, TouchInteractionType::Tap),
                                                      Part(3, 1, TouchInteractionType::Tap, TouchInteractionType::Move,
-                                                          "a, \"b\" <i>&\x1F")}),
+                                                          "-a, \"b\" <i>&\x1F")}),
                       Aircraft("Piper", {})};
     report[0].tests.clickable = 10;
     report[0].tests.covered = 2;
@@ -64,12 +64,13 @@ TEST(TestReport, MakesJUnitThatAnXmlReaderTakes) {
 }
 
 TEST(TestReport, QuotesCsvFields) {
-    EXPECT_EQ(CsvReport(AwkwardReport()),
-              "aircraft,acfPath,nodeId,partId,mouseRect,expected,detected,result,problem\n"
-              "\"B\"\"a\"\" & <c>,\x01\",\"Aircraft/B\"\"a\"\" & <c>,\x01.acf\",3,0,Rect,Tap,Tap,passed,\n"
-              "\"B\"\"a\"\" & <c>,\x01\",\"Aircraft/B\"\"a\"\" & <c>,\x01.acf\",3,1,\"a, \"\"b\"\" <i>&\x1F\",Tap,Move,"
-              "failed,\n"
-              "Piper,Aircraft/Piper.acf,,,,,,error,no <material>\n");
+    EXPECT_EQ(
+        CsvReport(AwkwardReport()),
+        "aircraft,acfPath,nodeId,partId,mouseRect,expected,detected,result,problem\n"
+        "\"B\"\"a\"\" & <c>,\\x01\",\"Aircraft/B\"\"a\"\" & <c>,\\x01.acf\",3,0,Rect,Tap,Tap,passed,\n"
+        "\"B\"\"a\"\" & <c>,\\x01\",\"Aircraft/B\"\"a\"\" & <c>,\\x01.acf\",3,1,\"'-a, \"\"b\"\" <i>&\\x1f\",Tap,Move,"
+        "failed,\n"
+        "Piper,Aircraft/Piper.acf,,,,,,error,no <material>\n");
 }
 
 TEST(TestReport, CountsInItsJson) {

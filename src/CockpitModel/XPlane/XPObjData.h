@@ -5,12 +5,21 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace CockpitModel {
 
 /// For "none" in the unsigned fields below.
 inline constexpr std::uint32_t kXPObjNone = 0xFFFFFFFF;
+
+/// What ATTR_cockpit shows, in the aircraft's folder.
+inline constexpr const char* kPanelTexture = "cockpit_3d/-PANELS-/Panel.png";
+
+/// Exporters write one of these words where a line of the format wants a dataref and there is none.
+inline bool NamesNoDataref(std::string_view name) {
+    return name.empty() || name == "none" || name == "no_ref";
+}
 
 /// As the file gives it: X-Plane's right-handed axes, metres.
 struct XPObjVertex {

@@ -13,7 +13,6 @@ namespace CockpitModel {
 
 namespace {
 
-constexpr const char* kPanelTexture = "cockpit_3d/-PANELS-/Panel.png";
 constexpr std::uint32_t kPanelTextureIndex = 0;
 constexpr std::uint32_t kRoot = 0;
 /// The bytes of datarefs that the draw calls of an object may copy are this and twice its size. No real object comes
