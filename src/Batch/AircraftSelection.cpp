@@ -105,6 +105,11 @@ void AddJobsOption(CLI::App& app, std::size_t& jobs) {
         ->check(CLI::Range(std::size_t{1}, std::size_t{kMostJobs}).description(""));
 }
 
+void AddUntexturedOption(CLI::App& app, Annotator::RoadOptions& road) {
+    app.add_flag("--untextured", road.untextured,
+                 "Loads cockpits with parts that have no TEXTURE too, giving such parts a plain material");
+}
+
 std::string NameOf(const Sim::AircraftInfo& info) {
     return info.displayName + " (" + info.acfPath + ")";
 }

@@ -18,8 +18,8 @@ enum ExitCode : int {
     kDone = 0,
     kTestFailed = 1, ///< or what was compared differs
     kWrongUsage = 2,
-    kAircraftFailed = 3, ///< an aircraft could not be loaded, or not be tested as its annotations have it,
-                         ///< or a file to read is not as it has to be
+    kAircraftFailed = 3, ///< an aircraft could not be loaded or drawn, or not be tested as its annotations have it,
+                         ///< or a file could not be read or is not as it has to be
     kNotWritten = 4,     ///< a file or the standard output could not be written
 };
 

@@ -1,3 +1,4 @@
+#include "CockpitModel/NoMaterial.h"
 #include "CockpitModel/NodePart.h"
 #include "CockpitModel/Panels/PanelParts.h"
 #include "CockpitModel/Panels/PanelSet.h"
@@ -91,7 +92,7 @@ Soup MakeTriangles(Soup raw, std::uint32_t type) {
 const Material& FindMaterial(const ModelData& model, const RiffBlockPART& block) {
     const auto& materials = model.materials.Children;
     if (block.MaterialIndex >= materials.size())
-        throw Utils::OutOfRange(AtSource(model, block, "TRIS before any TEXTURE line, so the part has no material"));
+        throw NoMaterial(AtSource(model, block, "TRIS before any TEXTURE line, so the part has no material"));
     return materials[block.MaterialIndex];
 }
 
