@@ -100,7 +100,7 @@ TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
         {{"Cub", "--position", "sim/slide"}, kWrongUsage, "'sim/slide' is not of the form DATAREF=VALUE"},
         {{"Cub", "--position", "sim/slide=1.5"}, kWrongUsage, "'sim/slide=1.5' is not from 0 to 1"},
         {{"Cub", "--position", "sim/other=1"}, kWrongUsage, "no animation of the cockpit follows sim/other"},
-        {{"Cub", "--fit", "--eye", "1,2,3"}, kWrongUsage, "--fit excludes --eye"},
+        {{"Cub", "--fit", "--eye", "1,2,3"}, kWrongUsage, "--eye excludes --fit"},
         {{"Piper"}, kAircraftFailed, "--untextured"},
         {{"Shell"}, kAircraftFailed, "Shell (Aircraft/Props/Shell/plane.acf): there is no cockpit object beside"},
     };
