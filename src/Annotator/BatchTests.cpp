@@ -1,6 +1,5 @@
 #include "Annotator/BatchTests.h"
 
-#include "Annotator/AircraftRoad.h"
 #include "Annotator/FailureTexts.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
@@ -57,9 +56,9 @@ std::vector<AnnotationRecord> UnplacedExpectations(const std::string& path, cons
 }
 
 AircraftTests TestAnnotated(const Sim::AircraftInfo& info, const std::string& annotations,
-                            CockpitModel::GaugeRepository& repository) {
+                            CockpitModel::GaugeRepository& repository, const RoadOptions& options) {
     const OpenedAircraft opened = OpenAircraft(info, repository);
-    const BuiltAircraft built = BuildAircraft(opened);
+    const BuiltAircraft built = BuildAircraft(opened, options);
     const SceneGraph& sceneGraph = *built.sceneGraph;
     AnnotationStore store(sceneGraph);
     store.Read(annotations);
@@ -81,17 +80,17 @@ std::size_t AircraftTests::Passed() const {
 }
 
 AircraftTestError::AircraftTestError(const Sim::AircraftInfo& info, const std::string& why)
-    : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why), displayName(info.displayName),
-      acfPath(info.acfPath), reason(why) {}
+    : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why) {}
 
-std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
+std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
+                                          const RoadOptions& options) {
     try {
         const std::string annotations = CockpitModel::AnnotationFile(info);
         if (!boost::filesystem::exists(annotations))
             return std::nullopt;
-        return TestAnnotated(info, annotations, repository);
+        return TestAnnotated(info, annotations, repository, options);
     } catch (const std::exception& error) {
-        throw AircraftTestError(info, ReasonText(error));
+        std::throw_with_nested(AircraftTestError(info, ReasonText(error)));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Annotator/AircraftRoad.h"
 #include "CockpitModel/Annotations/AnnotationRecord.h"
 #include "CockpitModel/Panels/GaugeRepository.h"
 #include "CockpitModel/Touch/TouchTypes.h"
@@ -43,16 +44,14 @@ struct AircraftTests {
 /// An aircraft whose tests could not be run; what() names it and says why.
 struct AircraftTestError : std::runtime_error {
     AircraftTestError(const Sim::AircraftInfo& info, const std::string& why);
-
-    std::string displayName;
-    std::string acfPath;
-    std::string reason;
 };
 
 /// Loads one aircraft, runs the detection and holds its parts against the expectations of its annotation file. Empty,
-/// and nothing loaded, for an aircraft without such a file. Whatever stops it comes out as an AircraftTestError. It
-/// makes no file or folder, and different threads may test different aircraft, each with a repository of its own.
-std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository);
+/// and nothing loaded, for an aircraft without such a file. Whatever stops it comes out as an AircraftTestError with
+/// the cause nested in it. It makes no file or folder, and different threads may test different aircraft, each with a
+/// repository of its own.
+std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
+                                          const RoadOptions& options = {});
 
 /// Tests every aircraft that has an annotation file, in list order, one in memory at a time. An aircraft whose file
 /// holds no expectation is in the result with a total of 0. The first one that fails to load ends the run.

@@ -9,8 +9,6 @@ namespace Annotator {
 
 namespace {
 
-constexpr float kFieldOfView = 1.0f; // radians, vertical
-constexpr float kNearPlane = 0.05f, kFarPlane = 30.0f;
 constexpr float kMetresPerSecond = 1.0f;
 constexpr float kRadiansPerDrag = 2.0f; // across the whole canvas
 constexpr float kHalfTurn = 3.1415927f, kQuarterTurn = 1.5707964f;
@@ -32,8 +30,12 @@ Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit) {
 
 void CanvasControl::Resize(CanvasPoint newSize) {
     clientSize = {std::max(newSize.x, 1), std::max(newSize.y, 1)};
-    const float aspect = static_cast<float>(clientSize.x) / static_cast<float>(clientSize.y);
-    projection = Utils::PerspectiveFov(kFieldOfView, aspect, kNearPlane, kFarPlane);
+    projection = Utils::PerspectiveFov(kFieldOfView, Aspect(), kNearPlane, farPlane);
+}
+
+void CanvasControl::SetFarPlane(float distance) {
+    farPlane = distance;
+    Resize(clientSize);
 }
 
 bool CanvasControl::SetKey(int keyCode, bool down) {

@@ -18,6 +18,10 @@ struct CanvasPoint {
     int x = 0, y = 0;
 };
 
+/// The canvas's projection: radians, vertical, and metres.
+inline constexpr float kFieldOfView = 1.0f;
+inline constexpr float kNearPlane = 0.05f, kFarPlane = 30.0f;
+
 /// What a frame is cleared to: red, green, blue, alpha.
 inline const Utils::Vector4 kCanvasColour{0.5f, 0.5f, 0.5f, 1.0f};
 
@@ -30,6 +34,9 @@ class CanvasControl {
 public:
     /// Sets the projection for a client size; a size of zero pixels counts as one.
     void Resize(CanvasPoint newSize);
+    /// How far the camera sees, metres, from now on.
+    void SetFarPlane(float distance);
+    float Aspect() const { return static_cast<float>(clientSize.x) / static_cast<float>(clientSize.y); }
 
     /// Sets or clears the flag of a key, by the toolkit's code; false for a key without a use.
     bool SetKey(int keyCode, bool down);
@@ -51,6 +58,7 @@ private:
     void TellClickables(CanvasPoint pointer, std::int32_t type);
 
     CanvasPoint clientSize{1, 1};
+    float farPlane = kFarPlane;
     CanvasPoint lastMouse; ///< of the last press or drag step
     bool moveForward = false, moveBack = false, moveLeft = false, moveRight = false, moveUp = false, moveDown = false;
     bool clickArmed = false; ///< from a press until a drag step or the release

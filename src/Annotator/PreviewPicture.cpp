@@ -2,7 +2,9 @@
 
 #include "Annotator/CanvasControl.h"
 #include "Annotator/CockpitPreview.h"
+#include "Annotator/Framing.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace Annotator {
@@ -24,7 +26,7 @@ void ApplyPosition(CockpitModel::ModelData& model, const PictureRequest::Positio
         throw std::invalid_argument("no animation of the cockpit follows " + position.dataref);
 }
 
-CockpitModel::NodePart& FindPart(const CockpitModel::SceneGraph& sceneGraph, const PictureRequest::PartPlace& place) {
+CockpitModel::NodePart* FindPart(const CockpitModel::SceneGraph& sceneGraph, const PictureRequest::PartPlace& place) {
     const auto& nodes = sceneGraph.Nodes();
     if (place.NodeId < 0 || std::cmp_greater_equal(place.NodeId, nodes.size()))
         throw std::invalid_argument("the cockpit has no node " + std::to_string(place.NodeId) + ", but " +
@@ -34,14 +36,31 @@ CockpitModel::NodePart& FindPart(const CockpitModel::SceneGraph& sceneGraph, con
         throw std::invalid_argument("node " + std::to_string(place.NodeId) + " has no part " +
                                     std::to_string(place.PartId) + ", but " + std::to_string(parts.size()) +
                                     " parts from 0 on");
-    return *parts[static_cast<std::size_t>(place.PartId)];
+    return parts[static_cast<std::size_t>(place.PartId)].get();
+}
+
+/// Moves the camera to where the part, or without one all that is shown, fills the picture.
+void Fit(CanvasControl& control, const PictureRequest& request, const BuiltAircraft& built,
+         const CockpitModel::NodePart* selected) {
+    built.sceneGraph->SyncFromModel(*built.model);
+    built.sceneGraph->Refresh();
+    const auto corners = WorldCorners(*built.sceneGraph, [&](const CockpitModel::NodePart& part) {
+        return selected ? &part == selected : request.showTransparent || !part.IsTransparent();
+    });
+    if (selected && !request.look)
+        control.camera.SetRotation(RotationTowards(corners, control.camera));
+    if (const auto framing = FramePoints(corners, control.camera, control.Aspect())) {
+        control.camera.SetPosition(framing->position);
+        control.SetFarPlane(std::max(kFarPlane, framing->farPlane));
+    }
 }
 
 CanvasControl PlaceCamera(const PictureRequest& request, const CockpitModel::AircraftCockpit& cockpit) {
     CanvasControl control;
     control.Resize({static_cast<int>(request.size.width), static_cast<int>(request.size.height)});
     control.camera.SetPosition(request.eye.value_or(CameraPlace(cockpit)));
-    control.camera.SetRotation({request.pitch, 0.0f, request.yaw});
+    const Utils::Vector2 look = request.look.value_or(Utils::Vector2::Zero());
+    control.camera.SetRotation({look.y(), 0.0f, look.x()});
     return control;
 }
 
@@ -55,9 +74,12 @@ void DrawPreviewPicture(Rendering::Context& context, const PictureRequest& reque
     preview.StopClock(kPictureTime);
     preview.ShowTransparent(request.showTransparent);
     preview.SetScene(built.sceneGraph, built.model.get(), &annotations);
-    if (request.selected)
-        preview.SetSelectedPart(&FindPart(*built.sceneGraph, *request.selected));
-    const CanvasControl control = PlaceCamera(request, *opened.cockpit);
+    CockpitModel::NodePart* const selected =
+        request.selected ? FindPart(*built.sceneGraph, *request.selected) : nullptr;
+    preview.SetSelectedPart(selected);
+    CanvasControl control = PlaceCamera(request, *opened.cockpit);
+    if (request.fit)
+        Fit(control, request, built, selected);
     preview.Render(context, control.camera.ViewMatrix(), control.projection);
     preview.ReleaseGpuResources();
 }

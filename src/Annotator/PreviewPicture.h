@@ -23,7 +23,9 @@ struct PictureRequest {
 
     Rendering::Size size{1280, 800};
     std::optional<Utils::Vector3> eye; ///< metres, in the camera's axes; the pilot's eye where empty
-    float yaw = 0, pitch = 0;          ///< radians; to the right, down
+    /// Radians to the right and down. Where empty, straight ahead, or towards a selected part that is to be fitted.
+    std::optional<Utils::Vector2> look;
+    bool fit = false; ///< from where the selected part, or the whole cockpit without one, fills the picture
     std::vector<Position> positions;
     std::optional<PartPlace> selected;
     bool showTransparent = true;

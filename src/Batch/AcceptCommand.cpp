@@ -25,6 +25,8 @@ using CockpitModel::TouchInteractionType;
 struct AcceptOptions {
     bool dryRun = false;
     bool yoke = false;
+    Annotator::RoadOptions road;
+    std::size_t jobs = DefaultProcesses();
     std::vector<std::string> aircraft;
 };
 
@@ -35,16 +37,16 @@ bool IsAsked(const NodePart& part, bool yoke) {
 }
 
 /// The parts that are to get an expectation, on their way to the parent.
-std::string FindNew(const Sim::AircraftInfo& info, bool yoke) {
+std::string FindNew(const Sim::AircraftInfo& info, const AcceptOptions& options) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.road);
     CockpitModel::AnnotationStore store(*built.sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
     Json found = Json::array();
     for (const auto& node : built.sceneGraph->Nodes())
         for (const auto& part : node->parts)
-            if (IsAsked(*part, yoke) && !store.Evaluate(*part).hasTest)
+            if (IsAsked(*part, options.yoke) && !store.Evaluate(*part).hasTest)
                 found.push_back({{"nodeId", node->index},
                                  {"partId", part->id},
                                  {"mouseRect", JsonText(part->Rect() ? part->Rect()->Text : std::string())},
@@ -147,7 +149,7 @@ ExitCode Accept(const AcceptOptions& options, Session& session) {
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     Acceptance acceptance(session.console);
     RunJobs(
-        aircraft, DefaultProcesses(), [&](const Sim::AircraftInfo& info) { return FindNew(info, options.yoke); },
+        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return FindNew(info, options); },
         [&](const JobResult& result) { acceptance.Take(*result.aircraft, result); });
     FlushPrinted(); // shown before anything is saved
     return acceptance.Finish(options.dryRun);
@@ -159,6 +161,8 @@ Action PrepareAccept(CLI::App& app) {
     auto options = std::make_shared<AcceptOptions>();
     app.add_flag("--dry-run", options->dryRun, "Only shows what would be added");
     app.add_flag("--yoke", options->yoke, "Records yoke parts too, which have no mouse rectangle");
+    AddUntexturedOption(app, options->road);
+    AddJobsOption(app, options->jobs);
     app.add_option("AIRCRAFT", options->aircraft, "These aircraft")->type_name("")->required();
     return [options](Session& session) { return Accept(*options, session); };
 }

@@ -113,6 +113,11 @@ void AddJobsOption(CLI::App& app, std::size_t& jobs) {
         ->type_name("N");
 }
 
+void AddUntexturedOption(CLI::App& app, Annotator::RoadOptions& road) {
+    app.add_flag("--untextured", road.untextured,
+                 "Loads cockpits with parts that have no TEXTURE too, giving such parts a plain material");
+}
+
 std::string NameOf(const Sim::AircraftInfo& info) {
     return Shown(info.displayName + " (" + info.acfPath + ")");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Annotator/AircraftRoad.h"
 #include "Batch/Command.h"
 #include "Sim/AircraftListLoader.h"
 
@@ -21,9 +22,10 @@ Sim::AircraftList LoadInstallation(Console& console);
 AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& words);
 const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& word);
 
-/// The options that commands on several aircraft share: AIRCRAFT... and --jobs N.
+/// The options that commands share: AIRCRAFT..., --jobs N and --untextured.
 void AddAircraftOption(CLI::App& app, std::vector<std::string>& words);
 void AddJobsOption(CLI::App& app, std::size_t& jobs);
+void AddUntexturedOption(CLI::App& app, Annotator::RoadOptions& road);
 
 /// An aircraft in a message: its name and its path, as Shown gives them.
 std::string NameOf(const Sim::AircraftInfo& info);

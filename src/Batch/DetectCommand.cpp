@@ -112,8 +112,7 @@ Action PrepareDetect(CLI::App& app) {
     auto options = std::make_shared<DetectOptions>();
     app.add_option("--out", options->folder, "Where the files go; QVRA/AirLogs/... of the installation without it")
         ->type_name("DIR");
-    app.add_flag("--untextured", options->road.untextured,
-                 "Reads cockpits whose parts have no TEXTURE too, giving such parts a plain material");
+    AddUntexturedOption(app, options->road);
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Detect(*options, session); };

@@ -85,7 +85,7 @@ Action PrepareExplain(CLI::App& app) {
     auto options = std::make_shared<ExplainOptions>();
     app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
     app.add_option("PART", options->part, "The part, as NODE,PART: 12,0")->type_name("")->required();
-    app.add_flag("--untextured", options->road.untextured, "As for 'detect'");
+    AddUntexturedOption(app, options->road);
     return [options](Session& session) { return Explain(*options, session); };
 }
 

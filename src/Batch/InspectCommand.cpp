@@ -20,6 +20,7 @@ namespace {
 
 struct InspectOptions {
     std::string panel; ///< a panel configuration in place of the aircraft's own
+    Annotator::RoadOptions road;
     std::string aircraft;
 };
 
@@ -32,14 +33,15 @@ std::string ReadPanel(const std::string& path) {
     return std::move(text).str();
 }
 
-std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::string>& panel) {
+std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::string>& panel,
+                       const Annotator::RoadOptions& road) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     if (panel) {
         std::istringstream configuration(*panel);
         opened.panels->Read(configuration, repository);
     }
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, road);
     std::ostringstream json;
     WriteCockpitJson(json, info, *opened.cockpit, *built.sceneGraph, panel ? opened.panels.get() : nullptr);
     return std::move(json).str();
@@ -53,7 +55,7 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
         panel = ReadPanel(session.CallersPath(options.panel));
         session.console.Message("there is no source of gauges, so that panels have no entries");
     }
-    PrintJson(RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel); }));
+    PrintJson(RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.road); }));
     return kDone;
 }
 
@@ -63,6 +65,7 @@ Action PrepareInspect(CLI::App& app) {
     auto options = std::make_shared<InspectOptions>();
     app.add_option("--panel", options->panel, "Reads this panel configuration for the aircraft and shows what it gave")
         ->type_name("FILE");
+    AddUntexturedOption(app, options->road);
     app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
     return [options](Session& session) { return Inspect(*options, session); };
 }

@@ -3,6 +3,7 @@
 #include "Annotator/FailureTexts.h"
 #include "Batch/Command.h"
 #include "Batch/JobAnswer.h"
+#include "CockpitModel/NoMaterial.h"
 
 #include <algorithm>
 #include <new>
@@ -23,6 +24,8 @@ std::string JobAnswer(const Job& job, const Sim::AircraftInfo& aircraft) {
         return kReturned + job(aircraft);
     } catch (const std::bad_alloc&) {
         return kThrew + std::string("out of memory");
+    } catch (const CockpitModel::NoMaterial& error) {
+        return kThrew + Annotator::ReasonText(error) + "; --untextured loads it with a plain material";
     } catch (const std::exception& error) {
         return kThrew + Annotator::ReasonText(aircraft, error);
     }

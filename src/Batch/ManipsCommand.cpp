@@ -177,7 +177,7 @@ Action PrepareManips(CLI::App& app) {
     auto options = std::make_shared<ManipsOptions>();
     CLI::Option* const csv = app.add_flag("--csv", options->csv, "A table for a spreadsheet");
     app.add_flag("--json", options->json, "A list of objects")->excludes(csv);
-    app.add_flag("--untextured", options->road.untextured, "As for 'detect'");
+    AddUntexturedOption(app, options->road);
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Manips(*options, session); };

@@ -1,6 +1,5 @@
 #include "Annotator/CockpitPreview.h"
 #include "Annotator/DataFiles.h"
-#include "Annotator/FailureTexts.h"
 #include "Annotator/PreviewPicture.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
@@ -12,12 +11,14 @@
 #include "Utils/Platform.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <boost/filesystem/operations.hpp>
 #include <charconv>
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <stdexcept>
 #include <string_view>
 
 namespace Batch {
@@ -31,6 +32,7 @@ constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
 
 struct RenderOptions {
     PictureRequest picture;
+    Annotator::RoadOptions road;
     std::string file;
     std::string aircraft;
 };
@@ -83,8 +85,7 @@ void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
     add("--look", "YAW,PITCH", "Degrees to the right and down; straight ahead without it",
         [&picture](const std::string& text) {
             const auto [yaw, pitch] = ParseNumbers<float, 2>("--look", text, ',', "YAW,PITCH");
-            picture.yaw = yaw * kRadiansPerDegree;
-            picture.pitch = pitch * kRadiansPerDegree;
+            picture.look = Utils::Vector2(yaw, pitch) * kRadiansPerDegree;
         });
     add("--select", "NODE,PART", "Marks a part as the selected one", [&picture](const std::string& text) {
         const auto [node, part] = ParseNumbers<std::int32_t, 2>("--select", text, ',', "NODE,PART");
@@ -99,36 +100,39 @@ void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
            "Moves the animations of a dataref, from 0 to 1; may be given again")
         ->type_name("DATAREF=VALUE")
         ->allow_extra_args(false);
+    app.add_flag("--fit", picture.fit, "Looks from where the whole cockpit, or the part of --select, fills the picture")
+        ->excludes(app.get_option("--eye"));
     app.add_flag_callback(
         "--hide-transparent", [&picture] { picture.showTransparent = false; }, "Leaves transparent parts out");
 }
 
-/// What the process that draws tells: an exit code as one character, and the bytes of the picture or a message.
-std::string Answer(ExitCode code, const std::string& bytes) {
-    return static_cast<char>('0' + code) + bytes;
+/// The first byte of what the process that draws tells; behind it are the bytes of the picture, or what is wrong with
+/// the request.
+enum AnswerKind : char { kPicture = 'P', kEmptyPicture = 'E', kWrongRequest = 'W' };
+
+/// True for a picture that shows nothing but the canvas, whose colour devices round up or down.
+bool IsEmpty(const Rendering::MemBitmap& picture) {
+    const auto& pixels = picture.Pixels();
+    const std::uint32_t red = pixels.front() & 255;
+    return (red == 127 || red == 128) && (pixels.front() & 0xFFFFFF) == red * 0x010101 &&
+           std::ranges::count(pixels, pixels.front()) == std::ssize(pixels);
 }
 
-std::string DrawToPng(const PictureRequest& request, const Annotator::OpenedAircraft& opened,
-                      const Annotator::BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations) {
-    return Utils::ToPng(DrawOffScreen(request.size, [&](Rendering::Context& context) {
-        Annotator::DrawPreviewPicture(context, request, opened, built, annotations);
-    }));
-}
-
-std::string RenderOne(const Sim::AircraftInfo& info, const PictureRequest& request) {
+std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& options) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     if (!opened.cockpit->IsValid())
-        return Answer(kAircraftFailed, "there is no cockpit object beside the .acf file");
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+        throw std::runtime_error("there is no cockpit object beside the .acf file");
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.road);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
     annotations.Read(CockpitModel::AnnotationFile(info));
     try {
-        return Answer(kDone, DrawToPng(request, opened, built, annotations));
+        const Rendering::MemBitmap picture = DrawOffScreen(options.picture.size, [&](Rendering::Context& context) {
+            Annotator::DrawPreviewPicture(context, options.picture, opened, built, annotations);
+        });
+        return char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Utils::ToPng(picture);
     } catch (const std::invalid_argument& error) {
-        return Answer(kWrongUsage, error.what());
-    } catch (const std::exception& error) {
-        return Answer(kAircraftFailed, Annotator::ReasonText(error));
+        return char{kWrongRequest} + std::string(error.what());
     }
 }
 
@@ -144,12 +148,12 @@ ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
     RequireData();
-    const std::string answer =
-        RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options.picture); });
-    const auto code = static_cast<ExitCode>(answer.at(0) - '0');
+    const std::string answer = RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options); });
     const std::string_view bytes = std::string_view(answer).substr(1);
-    if (code != kDone)
-        throw CommandError(code, NameOf(info) + ": " + std::string(bytes));
+    if (answer[0] == kWrongRequest)
+        throw CommandError(kWrongUsage, NameOf(info) + ": " + std::string(bytes));
+    if (answer[0] == kEmptyPicture)
+        session.console.Message(NameOf(info) + ": no part is in view" + (options.picture.fit ? "" : "; try --fit"));
     if (const auto saved = SaveWithSignalsHeld(session.CallersPath(options.file), bytes); !saved)
         throw CommandError(kNotWritten, saved.error);
     return kDone;
@@ -161,6 +165,7 @@ Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
     app.add_option("--out", options->file, "The picture, a PNG")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
+    AddUntexturedOption(app, options->road);
     app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
     return [options](Session& session) { return Render(*options, session); };
 }

@@ -14,18 +14,20 @@ namespace {
 
 struct TestOptions {
     ReportOptions reports;
+    Annotator::RoadOptions road;
     std::size_t jobs = DefaultProcesses();
     std::vector<std::string> aircraft;
 };
 
 /// The tests of an aircraft on their way to the parent; empty for an aircraft without annotations.
-std::string TestOne(const Sim::AircraftInfo& info) {
+std::string TestOne(const Sim::AircraftInfo& info, const Annotator::RoadOptions& road) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
-        std::optional<Annotator::AircraftTests> tests = Annotator::TestAircraft(info, repository);
+        std::optional<Annotator::AircraftTests> tests = Annotator::TestAircraft(info, repository, road);
         return tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string();
     } catch (const Annotator::AircraftTestError& error) {
-        throw std::runtime_error(error.reason); // without the aircraft's name, which the parent knows
+        std::rethrow_if_nested(error); // the cause does without the aircraft's name, which the parent knows
+        throw;
     }
 }
 
@@ -37,16 +39,18 @@ AircraftReport Unloaded(const Sim::AircraftInfo& info, const std::string& reason
     return report;
 }
 
-TestReport RunTests(const AircraftSelection& aircraft, std::size_t jobs, Console& console) {
+TestReport RunTests(const AircraftSelection& aircraft, const TestOptions& options, Console& console) {
     TestReport report;
     console.BeginProgress(aircraft.size());
-    RunJobs(aircraft, jobs, TestOne, [&](const JobResult& result) {
-        if (result.failure)
-            report.push_back(Unloaded(*result.aircraft, *result.failure));
-        else if (!result.output.empty())
-            report.push_back(ParseAircraft(result.output));
-        console.Advance();
-    });
+    RunJobs(
+        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return TestOne(info, options.road); },
+        [&](const JobResult& result) {
+            if (result.failure)
+                report.push_back(Unloaded(*result.aircraft, *result.failure));
+            else if (!result.output.empty())
+                report.push_back(ParseAircraft(result.output));
+            console.Advance();
+        });
     console.EndProgress();
     return report;
 }
@@ -54,7 +58,7 @@ TestReport RunTests(const AircraftSelection& aircraft, std::size_t jobs, Console
 ExitCode Test(const TestOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
-    return GiveReport(RunTests(aircraft, options.jobs, session.console), options.reports, session);
+    return GiveReport(RunTests(aircraft, options, session.console), options.reports, session);
 }
 
 } // namespace
@@ -62,6 +66,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
 Action PrepareTest(CLI::App& app) {
     auto options = std::make_shared<TestOptions>();
     AddReportOptions(app, options->reports);
+    AddUntexturedOption(app, options->road);
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Test(*options, session); };

@@ -1,3 +1,4 @@
+#include "CockpitModel/NoMaterial.h"
 #include "CockpitModel/NodePart.h"
 #include "CockpitModel/Panels/PanelParts.h"
 #include "CockpitModel/Panels/PanelSet.h"
@@ -98,7 +99,7 @@ const Material& FindMaterial(const ModelData& model, const RiffBlockPART& block)
     const std::string cause = empty != 0 && empty < block.SourceLine
                                   ? "TEXTURE of line " + std::to_string(empty) + " names no file"
                                   : "TRIS before any TEXTURE line";
-    throw Utils::OutOfRange(AtSource(model, block, cause + ", so the part has no material"));
+    throw NoMaterial(AtSource(model, block, cause + ", so the part has no material"));
 }
 
 void AddToNode(Node& node, std::unique_ptr<NodePart> part) {

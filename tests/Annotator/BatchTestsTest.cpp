@@ -125,10 +125,8 @@ TEST_F(BatchTests, AnAircraftThatCannotBeLoadedEndsTheRunByName) {
         RunAllTests(fleet);
         ADD_FAILURE() << "it went on";
     } catch (const AircraftTestError& error) {
-        EXPECT_EQ(error.displayName, "Bad of the fleet");
-        EXPECT_EQ(error.acfPath, "Aircraft/Group/Bad/plane.acf");
-        EXPECT_EQ(error.reason, "Bad_cockpit.obj(12): TRIS reaches beyond the indices");
-        EXPECT_NE(std::string(error.what()).find(error.reason), std::string::npos);
+        EXPECT_STREQ(error.what(), "Bad of the fleet (Aircraft/Group/Bad/plane.acf): "
+                                   "Bad_cockpit.obj(12): TRIS reaches beyond the indices");
     }
     EXPECT_EQ(loads, 2);
 }

@@ -1,5 +1,6 @@
 #include "Annotator/PreviewPicture.h"
 
+#include "Annotator/Framing.h"
 #include "Support/DataFolder.h"
 #include "Support/ModelBuilder.h"
 #include "Support/RecordingContext.h"
@@ -15,12 +16,23 @@ using Support::DrawCall;
 using Utils::Matrix4;
 using Utils::Vector3;
 
+/// The sides of what a picture shows of the points; 1 is the picture's own side. The third is depth.
+std::pair<Vector3, Vector3> Shown(const std::vector<Vector3>& points, const DrawCall& draw) {
+    Vector3 least = Vector3::Constant(9), greatest = Vector3::Constant(-9);
+    for (const Vector3& point : points) {
+        const Utils::Vector4 at = Utils::Vector4(point.x(), point.y(), point.z(), 1) * draw.view * draw.projection;
+        least = least.cwiseMin(at.head<3>() / at.w());
+        greatest = greatest.cwiseMax(at.head<3>() / at.w());
+    }
+    return {least, greatest};
+}
+
 /// A cockpit of a panel, a window pane and a slide that moves 4 m up, seen from (1, 2, -3) in the camera's axes.
 struct Picture : testing::Test {
     Picture() {
         Support::BindDataFolder();
         Support::ModelBuilder builder;
-        builder.Part(0, Support::TriangleAt(9));
+        builder.Part(0, Support::TriangleAt(90));
         builder.Texture("glass.png");
         builder.model.materials.Children[1].Alpha = 0.5f;
         builder.Part(0, Support::TriangleAt(8)).MaterialIndex = 1;
@@ -54,12 +66,11 @@ TEST_F(Picture, LooksFromThePilotsEyeOrAsAsked) {
     PictureRequest request;
     request.size = {300, 300};
     request.eye = Vector3(0, 0, -5);
-    request.yaw = std::numbers::pi_v<float> / 2; // to the right: what lies at x is ahead
+    request.look = Utils::Vector2(std::numbers::pi_v<float> / 2, 0); // to the right: what lies at x is ahead
     const DrawCall aside = Draw(request).at(0);
     EXPECT_TRUE(Utils::TransformPoint({7, 0, 5}, aside.view).isApprox(Vector3(0, 0, 7), 1e-5f));
     EXPECT_TRUE(aside.projection.isApprox(Utils::PerspectiveFov(1.0f, 1.0f, 0.05f, 30.0f)));
-    request.yaw = 0;
-    request.pitch = std::numbers::pi_v<float> / 2; // down
+    request.look = Utils::Vector2(0, std::numbers::pi_v<float> / 2); // down
     EXPECT_TRUE(Utils::TransformPoint({0, -7, 5}, Draw(request).at(0).view).isApprox(Vector3(0, 0, 7), 1e-5f));
 }
 
@@ -80,6 +91,38 @@ TEST_F(Picture, ShowsPositionsSelectionAndHiddenGlass) {
     }
     for (const auto& part : built.sceneGraph->Nodes()[0]->parts)
         EXPECT_EQ(part->geometry, nullptr) << "it belongs to the device";
+}
+
+TEST_F(Picture, FitsTheCockpitOrAPart) {
+    const std::vector<Vector3> slide{{0, 4, 0}, {1, 4, 0}, {0, 5, 0}};
+    std::vector<Vector3> opaque = slide;
+    opaque.insert(opaque.end(), {{0, 0, 90}, {1, 0, 90}, {0, 1, 90}});
+    PictureRequest request;
+    request.fit = true;
+    request.positions = {{"sim/slide", 1.0f}};
+    const auto expectFilled = [&](const std::vector<Vector3>& points, const char* how) {
+        const auto [least, greatest] = Shown(points, Draw(request).at(0));
+        const Vector3 nearer = greatest.cwiseMin(-least), farther = greatest.cwiseMax(-least);
+        EXPECT_NEAR(std::max(nearer.x(), nearer.y()), 0.95f, 1e-3f) << how;
+        EXPECT_LE(std::max(farther.x(), farther.y()), 0.951f) << how;
+        EXPECT_TRUE(least.z() >= 0 && greatest.z() <= 1) << how << least << " to " << greatest;
+    };
+    expectFilled(opaque, "the glass is in the midst of it");
+    request.look = Utils::Vector2(2.0f, -0.4f);
+    request.size = {300, 600};
+    expectFilled(opaque, "from the right, from below, narrow");
+    request.selected = {1, 0};
+    expectFilled(slide, "a part, as asked");
+    request.look.reset();
+    expectFilled(slide, "a part, as from the eye");
+    // From (1, 2, 3) to the middle of the slide, (0.5, 4.5, 0).
+    EXPECT_TRUE(context.draws[0].view.col(2).head<3>().transpose().isApprox(Vector3(-0.5f, 2.5f, -3).normalized()));
+}
+
+TEST_F(Picture, KeepsAwayFromSmallThings) {
+    const auto framing = FramePoints({{0, 0, 5}, {0.002f, 0, 5}}, {}, 1.0f);
+    EXPECT_TRUE(framing->position.isApprox(Vector3(0.001f, 0, -4.9f))) << framing->position;
+    EXPECT_FALSE(FramePoints({}, {}, 1.0f));
 }
 
 TEST_F(Picture, SaysWhatTheAircraftDoesNotHave) {

@@ -3,6 +3,8 @@
 #include "Support/Installation.h"
 #include "Support/Program.h"
 
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,13 @@ inline std::vector<std::string> BatchWords(std::vector<std::string> arguments) {
 inline Support::ProgramResult RunBatch(const Support::TemporaryFolder& folder,
                                        const std::vector<std::string>& arguments) {
     return Support::Program(BatchWords(arguments), folder.path.string()).Wait();
+}
+
+/// Of a process with a single thread; those that nobody has waited for count, too.
+inline std::vector<pid_t> ChildrenOf(pid_t process) {
+    const std::string id = std::to_string(process);
+    std::ifstream file("/proc/" + id + "/task/" + id + "/children");
+    return {std::istream_iterator<pid_t>(file), {}};
 }
 
 /// Three parts: (0,0) a mere shape, (0,1) a toggle, (1,0) a drag under an animation that turns nothing. Detection

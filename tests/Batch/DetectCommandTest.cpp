@@ -3,7 +3,6 @@
 
 #include <csignal>
 #include <gmock/gmock.h>
-#include <iterator>
 #include <poll.h>
 #include <sys/syscall.h>
 
@@ -77,12 +76,6 @@ struct Rivals {
     std::string first = "A", second = "B"; ///< in the order in which the system lists them
 };
 
-std::vector<pid_t> ChildrenOf(pid_t process) {
-    const std::string id = std::to_string(process);
-    std::ifstream file("/proc/" + id + "/task/" + id + "/children");
-    return {std::istream_iterator<pid_t>(file), {}};
-}
-
 TEST(DetectCommand, LetsTheLaterOfTwoAircraftWithOneFileWin) {
     const Rivals rivals;
     std::ofstream(rivals.Cockpit(rivals.first)) << ObjText().Texture().Tris().Text();
@@ -93,19 +86,6 @@ TEST(DetectCommand, LetsTheLaterOfTwoAircraftWithOneFileWin) {
     std::ofstream(rivals.Cockpit(rivals.second)) << NoMaterial().Text();
     EXPECT_EQ(RunBatch(rivals.installation, {"detect", "--out", "out"}).exitCode, 3);
     EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None"))) << "the later does not load";
-}
-
-TEST(DetectCommand, LetsTheLaterWinThoughTheEarlierEndsLast) {
-    const Rivals rivals;
-    std::ofstream(rivals.Cockpit(rivals.first)) << ObjText().Texture().Tris().Text();
-    Support::HeldFile held(rivals.Cockpit(rivals.first));
-    if (!held.IsHeld())
-        GTEST_SKIP() << "no leases on this file system";
-    Support::Program program(BatchWords({"detect", "--out", "out", "--jobs", "2"}), rivals.installation.path.string());
-    ASSERT_TRUE(held.AwaitReader());
-    held.LetGo();
-    EXPECT_EQ(program.Wait().exitCode, 0);
-    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
 }
 
 TEST(DetectCommand, TakesItsProcessesAlongWhenASignalEndsIt) {

@@ -32,7 +32,7 @@ TEST(Program, TellsUsageFromHelp) {
         {{"explain", "Vorelle", "Trainer", "1,0"}, 2, "", "explain: '1,0' is one word too many"},
         {{"inspect"}, 2, "", "inspect: AIRCRAFT is required"},
         {{"detect", "--jobs", "0"}, 2, "", "detect: --jobs: '0' is not a number from 1 to 1024"},
-        {{"test", "--jobs", "1x"}, 2, "", "test: --jobs: '1x' is not a number"},
+        {{"accept", "--jobs", "1x"}, 2, "", "accept: --jobs: '1x' is not a number"},
         {{"-C", "nowhere", "list"}, 2, "", "nowhere: No such file or directory"},
         {{"lint"}, 2, "", "is no X-Plane installation: there is no folder Aircraft in it"},
     };
@@ -43,6 +43,33 @@ TEST(Program, TellsUsageFromHelp) {
         EXPECT_THAT(result.errors, HasSubstr(row.errors));
         EXPECT_EQ(result.errors.empty(), std::string(row.errors).empty()) << result.errors;
     }
+}
+
+TEST(Program, TellsOfUntexturedWhereAPartLacksATexture) {
+    const Installation installation;
+    installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
+    installation.Annotations("Piper", Support::Expectation(0, 0, "None"));
+    for (const char* command : {"detect", "inspect", "explain", "manips", "test", "accept"}) {
+        std::vector<std::string> words{command, "Piper"};
+        if (words[0] == "explain")
+            words.push_back("0,0");
+        const ProgramResult refused = RunBatch(installation, words);
+        EXPECT_EQ(refused.exitCode, 3) << command;
+        EXPECT_THAT(refused.errors, HasSubstr("; --untextured loads it with a plain material\n")) << command;
+        words.push_back("--untextured");
+        EXPECT_EQ(RunBatch(installation, words).exitCode, 0) << command;
+    }
+}
+
+TEST(Program, RemovesTheLogOfTheRunBeforeAndFailsInARemovedFolder) {
+    const Installation installation;
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
+    const std::string line =
+        "log=$XDG_DATA_HOME/Vorelle/batch-log.txt; \"$0\" manips Cub >/dev/null; test -s $log || exit 9;"
+        "\"$0\" list >/dev/null; test -e $log && exit 8; mkdir d; cd d; rmdir ../d; exec \"$0\" list";
+    EXPECT_EQ(
+        Support::Program({"/bin/sh", "-c", line, VORELLE_BATCH_PROGRAM}, installation.path.string()).Wait().exitCode,
+        3);
 }
 
 TEST(Program, EndsInSilenceWhenNobodyReadsOn) {

@@ -75,15 +75,17 @@ TEST_F(RenderCommand, StandsAtThePilotsEyeWithoutAnother) {
     // Ahead of the eye, at x = -9 feet, is nothing; 45 degrees to its right lies the triangle.
     const ProgramResult ahead = Render({"Cub"});
     EXPECT_EQ(ahead.exitCode, 0) << ahead.errors;
+    EXPECT_THAT(ahead.errors, HasSubstr("plane.acf): no part is in view; try --fit\n"));
     const std::string empty = installation.Read("picture.png");
-    EXPECT_EQ(Render({"Cub", "--look", "45,0"}).exitCode, 0);
-    EXPECT_NE(installation.Read("picture.png"), empty);
-    EXPECT_EQ(Render({"Cub"}).exitCode, 0);
-    EXPECT_EQ(installation.Read("picture.png"), empty) << "the same request gives the same bytes";
+    for (const auto& look : {std::vector<std::string>{"Cub", "--look", "45,0"}, {"Cub", "--fit"}}) {
+        EXPECT_EQ(Render(look).errors, "");
+        EXPECT_NE(installation.Read("picture.png"), empty);
+    }
 }
 
 TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
     installation.Aircraft("Aircraft/Props/Shell", "Shell");
+    installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
     const struct {
         std::vector<std::string> arguments;
         int exitCode;
@@ -99,6 +101,8 @@ TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
         {{"Cub", "--position", "sim/slide"}, kWrongUsage, "'sim/slide' is not of the form DATAREF=VALUE"},
         {{"Cub", "--position", "sim/slide=1.5"}, kWrongUsage, "'sim/slide=1.5' is not from 0 to 1"},
         {{"Cub", "--position", "sim/other=1"}, kWrongUsage, "no animation of the cockpit follows sim/other"},
+        {{"Cub", "--fit", "--eye", "1,2,3"}, kWrongUsage, "--eye excludes --fit"},
+        {{"Piper"}, kAircraftFailed, "--untextured"},
         {{"Shell"}, kAircraftFailed, "Shell (Aircraft/Props/Shell/plane.acf): there is no cockpit object beside"},
     };
     for (const auto& row : rows) {
@@ -107,6 +111,13 @@ TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
         EXPECT_THAT(result.errors, HasSubstr(row.message));
         EXPECT_FALSE(boost::filesystem::exists(installation / "picture.png")) << row.message;
     }
+    const ProgramResult noDevice = Support::Program({"/usr/bin/env", "__EGL_VENDOR_LIBRARY_DIRS=/",
+                                                     VORELLE_BATCH_PROGRAM, "render", "--out", "picture.png", "Cub"},
+                                                    installation.path.string())
+                                       .Wait();
+    EXPECT_EQ(noDevice.exitCode, kAircraftFailed) << noDevice.errors;
+    EXPECT_EQ(Render({"Piper", "--untextured", "--fit"}).errors, "");
+    boost::filesystem::remove(installation / "picture.png");
     boost::filesystem::create_directory(installation / "picture.png");
     EXPECT_EQ(Render({"Cub"}).exitCode, kNotWritten);
 }
