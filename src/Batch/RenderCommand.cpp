@@ -7,7 +7,7 @@
 #include "Batch/Jobs.h"
 #include "Batch/OffScreen.h"
 #include "Rendering/GeometryLoader.h"
-#include "Utils/Images.h"
+#include "Rendering/Images.h"
 #include "Utils/Platform.h"
 
 #include <CLI/CLI.hpp>
@@ -130,7 +130,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
         const Rendering::MemBitmap picture = DrawOffScreen(options.picture.size, [&](Rendering::Context& context) {
             Annotator::DrawPreviewPicture(context, options.picture, opened, built, annotations);
         });
-        return char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Utils::ToPng(picture);
+        return char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Rendering::ToPng(picture);
     } catch (const std::invalid_argument& error) {
         return char{kWrongRequest} + std::string(error.what());
     }

@@ -2,8 +2,8 @@
 
 #include "Logging/Logger.h"
 #include "Rendering/DdsFile.h"
+#include "Rendering/Images.h"
 #include "Utils/Asserts.h"
-#include "Utils/Images.h"
 #include "Utils/Paths.h"
 #include "Utils/Text.h"
 
@@ -80,7 +80,7 @@ bool MayBeOpened(const std::string& path) {
 MemBitmap ReadPng(const std::string& path) {
     MemBitmap bitmap(1, 1);
     if (MayBeOpened(path))
-        Utils::FromCairoSurface(bitmap, OpenPng(path).get());
+        FromCairoSurface(bitmap, OpenPng(path).get());
     else
         Logging::Logger::Get().Log(HERE, path + " cannot be read as a picture");
     std::transform(bitmap.Pixels().begin(), bitmap.Pixels().end(), bitmap.Pixels().begin(), Straight);

@@ -22,8 +22,4 @@ void RunQueue::RunAll() {
     }
 }
 
-void RunQueueStage::Render(Rendering::Context&, const Utils::Matrix4&, const Utils::Matrix4&) {
-    queue->RunAll();
-}
-
 } // namespace Threading

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Rendering/Stage.h"
-
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -19,16 +17,6 @@ public:
 private:
     std::mutex mutex; ///< guards items; not held while work runs
     std::deque<std::function<void()>> items;
-};
-
-/// Drains a queue, which must outlive it, in a frame.
-class RunQueueStage : public Rendering::Stage {
-public:
-    explicit RunQueueStage(RunQueue& runQueue) : queue(&runQueue) {}
-    void Render(Rendering::Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection) override;
-
-private:
-    RunQueue* queue;
 };
 
 } // namespace Threading

@@ -1,8 +1,8 @@
 #include "Batch/BatchProgram.h"
 #include "Batch/Command.h"
 #include "Rendering/BitmapFile.h"
+#include "Rendering/Images.h"
 #include "Rendering/OpenGL/EglContext.h"
-#include "Utils/Images.h"
 
 #include <array>
 #include <gmock/gmock.h>
@@ -34,7 +34,7 @@ struct RenderCommand : testing::Test {
             ObjText().Texture("red.png").Begin().Line("ANIM_trans 0 0 0 5 0 0 0 1 sim/slide").Tris().End().Text());
         Rendering::MemBitmap red(1, 1);
         red.SetPixel(0, 0, 255, 0, 0, 255);
-        installation.Write("Aircraft/Props/Cub/red.png", Utils::ToPng(red));
+        installation.Write("Aircraft/Props/Cub/red.png", Rendering::ToPng(red));
     }
 
     ProgramResult Render(std::vector<std::string> arguments) const {

@@ -2,10 +2,10 @@
 
 #include "Rendering/Context.h"
 
+#include "Rendering/Images.h"
 #include "Support/DdsBuilder.h"
 #include "Support/Picture.h"
 #include "Support/TemporaryFolder.h"
-#include "Utils/Images.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -430,7 +430,7 @@ TYPED_TEST_P(ContextPictures, StraightensACameraImage) {
 TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
     const Support::TemporaryFolder folder;
     // The writer takes red first, where the bitmap has blue.
-    const auto png = this->Context().LoadBitmap(folder.Write("a.png", Utils::ToPng(Support::Bitmap("BG\nRW\n"))));
+    const auto png = this->Context().LoadBitmap(folder.Write("a.png", Rendering::ToPng(Support::Bitmap("BG\nRW\n"))));
     EXPECT_EQ(Support::Picture(this->device->Read(*png)), "RG\nBW\n");
 
     // The file's first row is the picture's bottom; its second level is green.

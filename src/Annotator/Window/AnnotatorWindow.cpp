@@ -2,6 +2,7 @@
 
 #include "Annotator/DetectedDataExport.h"
 #include "Annotator/FailureTexts.h"
+#include "Annotator/RunQueueStage.h"
 #include "Annotator/Window/AccessibleName.h"
 #include "Annotator/Window/ProblemBox.h"
 #include "Annotator/Window/TestsWindow.h"

@@ -1,4 +1,4 @@
-#include "Utils/Images.h"
+#include "Rendering/Images.h"
 
 #include "Logging/Logger.h"
 #include "Utils/Asserts.h"
@@ -7,32 +7,39 @@
 #include <memory>
 #include <stdexcept>
 
-namespace Utils {
+namespace Rendering {
 
-void FromCairoSurface(Rendering::MemBitmap& target, cairo_surface_t* surface) {
+namespace {
+
+/// The fixed place of these lines in the log.
+constexpr const char* kPlace = "Utils\\Images.cpp";
+
+} // namespace
+
+void FromCairoSurface(MemBitmap& target, cairo_surface_t* surface) {
     cairo_surface_flush(surface);
     const int width = cairo_image_surface_get_width(surface);
     const int height = cairo_image_surface_get_height(surface);
     if (width == 0 || height == 0) {
-        Logging::Logger::Get().Log(HERE, "Invalid Bitmap from Cairo");
+        Logging::Logger::Get().Log(kPlace, __LINE__, "Invalid Bitmap from Cairo");
         target.Resize(1, 1);
         return;
     }
     target.Resize(static_cast<std::uint64_t>(width), static_cast<std::uint64_t>(height));
     const int stride = cairo_image_surface_get_stride(surface);
     if (stride < 4 * width)
-        FatalError(HERE);
+        Utils::FatalError(kPlace, __LINE__);
     const unsigned char* data = cairo_image_surface_get_data(surface);
     if (!data)
-        FatalError(HERE);
+        Utils::FatalError(kPlace, __LINE__);
     const std::size_t rowSize = 4 * static_cast<std::size_t>(width);
     for (int y = 0; y < height; ++y)
         std::memcpy(target.Pixels().data() + static_cast<std::size_t>(y) * width,
                     data + static_cast<std::size_t>(y) * stride, rowSize);
 }
 
-std::string ToPng(const Rendering::MemBitmap& bitmap) {
-    Rendering::MemBitmap pixels;
+std::string ToPng(const MemBitmap& bitmap) {
+    MemBitmap pixels;
     bitmap.CopySwappingRedBlue(pixels);
     const int width = static_cast<int>(pixels.Width()), height = static_cast<int>(pixels.Height());
     const std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> surface(
@@ -50,4 +57,4 @@ std::string ToPng(const Rendering::MemBitmap& bitmap) {
     return png;
 }
 
-} // namespace Utils
+} // namespace Rendering

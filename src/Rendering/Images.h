@@ -5,13 +5,13 @@
 #include <cairo.h>
 #include <string>
 
-namespace Utils {
+namespace Rendering {
 
 /// Copies the pixels of an ARGB32 image surface, which stays the caller's: blue, green, red, alpha, premultiplied.
 /// A surface without a size, as cairo gives for a file it cannot read, makes one transparent pixel and a log line.
-void FromCairoSurface(Rendering::MemBitmap& target, cairo_surface_t* surface);
+void FromCairoSurface(MemBitmap& target, cairo_surface_t* surface);
 
 /// The PNG file of a picture in red, green, blue and whatever; all of it opaque.
-std::string ToPng(const Rendering::MemBitmap& bitmap);
+std::string ToPng(const MemBitmap& bitmap);
 
-} // namespace Utils
+} // namespace Rendering

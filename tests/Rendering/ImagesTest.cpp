@@ -1,4 +1,4 @@
-#include "Utils/Images.h"
+#include "Rendering/Images.h"
 
 #include "Logging/Logger.h"
 #include "Support/FatalErrorRecorder.h"
@@ -14,8 +14,8 @@ using testing::HasSubstr;
 
 /// The pixels that a bitmap of another size has afterwards.
 std::vector<std::uint32_t> PixelsOf(cairo_surface_t* surface) {
-    Rendering::MemBitmap target(7, 7);
-    Utils::FromCairoSurface(target, surface);
+    MemBitmap target(7, 7);
+    Rendering::FromCairoSurface(target, surface);
     return {target.Pixels().begin(), target.Pixels().end()};
 }
 

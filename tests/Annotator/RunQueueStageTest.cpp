@@ -1,6 +1,6 @@
-#include "Rendering/Stage.h"
+#include "Annotator/RunQueueStage.h"
 #include "Rendering/Memory/MemoryContext.h"
-#include "Threading/RunQueue.h"
+#include "Rendering/Stage.h"
 
 #include <gmock/gmock.h>
 
