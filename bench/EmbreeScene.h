@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "Utils/NonAssignable.h"
 
 #if __has_include(<embree4/rtcore.h>)

@@ -1,5 +1,5 @@
 #include "Annotator/AircraftRoad.h"
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "Compare.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/PlainTree.h"

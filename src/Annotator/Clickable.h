@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <cstdint>

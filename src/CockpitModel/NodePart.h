@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CockpitModel/Blocks/ModelBlocks.h"
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "CockpitModel/Touch/MouseRect.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 #include "Rendering/Context.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 
 #include <cmath>
 #include <cstdint>

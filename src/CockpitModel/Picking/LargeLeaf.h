@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CockpitModel/TrianglePack.h"
+#include "CockpitModel/Picking/TrianglePack.h"
 
 #include <cstdint>
 #include <span>

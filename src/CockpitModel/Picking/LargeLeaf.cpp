@@ -1,6 +1,6 @@
-#include "CockpitModel/LargeLeaf.h"
+#include "CockpitModel/Picking/LargeLeaf.h"
 
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,4 +1,4 @@
-#include "CockpitModel/PartTreeBuilder.h"
+#include "CockpitModel/Picking/PartTreeBuilder.h"
 
 #include <algorithm>
 #include <cmath>

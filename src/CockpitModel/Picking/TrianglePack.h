@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Utils/Float4.h"
+#include "CockpitModel/Picking/Float4.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <algorithm>

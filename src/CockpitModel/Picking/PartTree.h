@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CockpitModel/LargeLeaf.h"
+#include "CockpitModel/Picking/LargeLeaf.h"
 #include "Rendering/GeometryVertex.h"
 #include "Utils/LinearAlgebra.h"
 

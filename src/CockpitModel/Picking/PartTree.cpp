@@ -1,6 +1,6 @@
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 
-#include "CockpitModel/PartTreeBuilder.h"
+#include "CockpitModel/Picking/PartTreeBuilder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CockpitModel/PartTree.h"
-#include "Utils/Float4.h"
+#include "CockpitModel/Picking/Float4.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "Utils/NonAssignable.h"
 
 #include <array>

@@ -1,6 +1,6 @@
-#include "CockpitModel/PartTree.h"
+#include "CockpitModel/Picking/PartTree.h"
 
-#include "CockpitModel/PartTreeBuilder.h"
+#include "CockpitModel/Picking/PartTreeBuilder.h"
 #include "Support/PlainTree.h"
 
 #include <gmock/gmock.h>
