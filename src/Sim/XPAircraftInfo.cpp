@@ -1,6 +1,6 @@
 #include "Sim/XPAircraftInfo.h"
 
-#include "CockpitModel/XPAircraftCockpit.h"
+#include "CockpitModel/XPlane/XPAircraftCockpit.h"
 
 namespace Sim {
 

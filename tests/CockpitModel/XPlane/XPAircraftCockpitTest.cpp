@@ -1,4 +1,4 @@
-#include "CockpitModel/XPAircraftCockpit.h"
+#include "CockpitModel/XPlane/XPAircraftCockpit.h"
 
 #include "Sim/XPAircraftInfo.h"
 #include "Support/TemporaryFolder.h"

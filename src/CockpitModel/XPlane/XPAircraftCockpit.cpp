@@ -1,4 +1,4 @@
-#include "CockpitModel/XPAircraftCockpit.h"
+#include "CockpitModel/XPlane/XPAircraftCockpit.h"
 
 #include "CockpitModel/XPlane/XPObjConverter.h"
 #include "CockpitModel/XPlane/XPObjReader.h"
@@ -15,6 +15,9 @@
 namespace CockpitModel {
 
 namespace {
+
+/// The fixed place of these lines in the log.
+constexpr const char* kPlace = "CockpitModel\\XPAircraftCockpit.cpp";
 
 constexpr float kMetresPerFoot = 0.3048f;
 
@@ -43,7 +46,7 @@ void ReadFeet(const std::string& acfPath, const std::string& acf, std::string_vi
 } // namespace
 
 XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info) {
-    Logging::Logger::Get().Log(HERE, "AircraftCockpit::GenerateXP");
+    Logging::Logger::Get().Log(kPlace, __LINE__, "AircraftCockpit::GenerateXP");
     const boost::filesystem::path acfPath = info.acfPath;
     aircraftFolder = acfPath.parent_path().string();
     const boost::filesystem::path object = acfPath.parent_path() / (acfPath.stem().string() + "_cockpit.obj");
@@ -63,7 +66,7 @@ std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     XPObjData data;
     std::ifstream stream = Utils::OpenFile(cockpitObjPath);
     if (!stream.is_open())
-        Logging::Logger::Get().Log(HERE, "There is no object to be read at \"" + cockpitObjPath + "\"");
+        Logging::Logger::Get().Log(kPlace, __LINE__, "There is no object to be read at \"" + cockpitObjPath + "\"");
     ReadXPObj(stream, data);
     XPObjConverter().Convert(aircraftFolder, data, *model);
     return model;
