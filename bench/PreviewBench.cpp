@@ -1,6 +1,6 @@
 #include "Annotator/AircraftRoad.h"
-#include "Annotator/CanvasControl.h"
-#include "Annotator/CockpitPreview.h"
+#include "Annotator/Preview/CanvasControl.h"
+#include "Annotator/Preview/CockpitPreview.h"
 #include "Compare.h"
 #include "Rendering/Memory/MemoryContext.h"
 #include "Sim/XPAircraftListLoader.h"

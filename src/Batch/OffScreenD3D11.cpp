@@ -1,6 +1,6 @@
 #include "Batch/OffScreen.h"
 
-#include "Annotator/CanvasControl.h"
+#include "Annotator/Preview/CanvasControl.h"
 #include "Rendering/D3D11/D3D11FrameTarget.h"
 
 #include <stdexcept>

@@ -1,6 +1,6 @@
 #include "Batch/OffScreen.h"
 
-#include "Annotator/CanvasControl.h"
+#include "Annotator/Preview/CanvasControl.h"
 #include "Rendering/OpenGL/EglContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
 

@@ -1,6 +1,6 @@
-#include "Annotator/CockpitPreview.h"
 #include "Annotator/DataFiles.h"
-#include "Annotator/PreviewPicture.h"
+#include "Annotator/Preview/CockpitPreview.h"
+#include "Annotator/Preview/PreviewPicture.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/HeldSignals.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/CockpitPreview.h"
+#include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Window/AircraftSelectorDropdown.h"
 #include "Annotator/Window/AnimationsPane.h"
 #include "Annotator/Window/DXCanvas.h"

@@ -1,6 +1,6 @@
 #include "Annotator/Window/CanvasDevice.h"
 
-#include "Annotator/CanvasControl.h"
+#include "Annotator/Preview/CanvasControl.h"
 #include "Rendering/D3D11/D3D11Context.h"
 #include "Rendering/D3D11/DX11Texture.h"
 

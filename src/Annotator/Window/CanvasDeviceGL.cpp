@@ -2,7 +2,7 @@
 #include "Rendering/OpenGL/GLContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
 
-#include "Annotator/CanvasControl.h"
+#include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Window/CanvasDevice.h"
 #include "Logging/Logger.h"
 #include "Utils/Asserts.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/CanvasControl.h"
+#include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Window/CanvasDevice.h"
 #include "Annotator/Window/FramePacer.h"
 #include "Rendering/Stage.h"

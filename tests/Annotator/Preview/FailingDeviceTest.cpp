@@ -1,4 +1,4 @@
-#include "Annotator/CockpitPreview.h"
+#include "Annotator/Preview/CockpitPreview.h"
 
 #include "Support/DataFolder.h"
 #include "Support/FatalErrorRecorder.h"

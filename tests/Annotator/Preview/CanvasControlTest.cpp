@@ -1,4 +1,4 @@
-#include "Annotator/CanvasControl.h"
+#include "Annotator/Preview/CanvasControl.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "Annotator/PreviewPicture.h"
+#include "Annotator/Preview/PreviewPicture.h"
 
-#include "Annotator/CanvasControl.h"
-#include "Annotator/CockpitPreview.h"
-#include "Annotator/Framing.h"
+#include "Annotator/Preview/CanvasControl.h"
+#include "Annotator/Preview/CockpitPreview.h"
+#include "Annotator/Preview/Framing.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,6 +1,6 @@
-#include "Annotator/PreviewPicture.h"
+#include "Annotator/Preview/PreviewPicture.h"
 
-#include "Annotator/Framing.h"
+#include "Annotator/Preview/Framing.h"
 #include "Support/DataFolder.h"
 #include "Support/ModelBuilder.h"
 #include "Support/RecordingContext.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/Clickable.h"
+#include "Annotator/Preview/Clickable.h"
 #include "Rendering/Camera.h"
 #include "Utils/LinearAlgebra.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/Clickable.h"
+#include "Annotator/Preview/Clickable.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/SceneGraph.h"
 #include "Rendering/Stage.h"

@@ -1,6 +1,6 @@
-#include "Annotator/Framing.h"
+#include "Annotator/Preview/Framing.h"
 
-#include "Annotator/CanvasControl.h"
+#include "Annotator/Preview/CanvasControl.h"
 
 #include <algorithm>
 #include <limits>

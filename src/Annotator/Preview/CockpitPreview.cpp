@@ -1,4 +1,4 @@
-#include "Annotator/CockpitPreview.h"
+#include "Annotator/Preview/CockpitPreview.h"
 
 #include "CockpitModel/PartTransformCalculator.h"
 #include "Rendering/GeometryLoader.h"
