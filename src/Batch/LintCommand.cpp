@@ -1,4 +1,4 @@
-#include "Annotator/Lint.h"
+#include "Annotator/Lint/Lint.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Annotator/Lint.h"
-#include "Annotator/LintOutline.h"
+#include "Annotator/Lint/Lint.h"
+#include "Annotator/Lint/LintOutline.h"
 
 #include <span>
 

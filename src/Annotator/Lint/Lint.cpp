@@ -1,8 +1,8 @@
-#include "Annotator/Lint.h"
+#include "Annotator/Lint/Lint.h"
 
 #include "Annotator/AircraftRoad.h"
-#include "Annotator/LintAnnotations.h"
-#include "Annotator/LintChecks.h"
+#include "Annotator/Lint/LintAnnotations.h"
+#include "Annotator/Lint/LintChecks.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"

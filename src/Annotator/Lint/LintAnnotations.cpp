@@ -1,4 +1,4 @@
-#include "Annotator/LintAnnotations.h"
+#include "Annotator/Lint/LintAnnotations.h"
 
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Utils/Text.h"

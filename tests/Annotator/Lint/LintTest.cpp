@@ -1,4 +1,4 @@
-#include "Annotator/Lint.h"
+#include "Annotator/Lint/Lint.h"
 
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/Installation.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/LintChecks.h"
+#include "Annotator/Lint/LintChecks.h"
 #include "CockpitModel/SceneGraph.h"
 
 #include <string>

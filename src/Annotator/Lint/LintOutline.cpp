@@ -1,6 +1,6 @@
-#include "Annotator/LintOutline.h"
+#include "Annotator/Lint/LintOutline.h"
 
-#include "Annotator/LintKeywords.h"
+#include "Annotator/Lint/LintKeywords.h"
 #include "Utils/Text.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "Annotator/LintChecks.h"
+#include "Annotator/Lint/LintChecks.h"
 
 #include "CockpitModel/XPlane/XPObjData.h"
 
