@@ -1,4 +1,4 @@
-#include "Batch/CockpitJson.h"
+#include "Batch/Commands/CockpitJson.h"
 
 #include "Batch/Json.h"
 

@@ -1,7 +1,7 @@
 #include "Annotator/AircraftRoad.h"
 #include "Batch/AircraftSelection.h"
-#include "Batch/CockpitJson.h"
 #include "Batch/Commands.h"
+#include "Batch/Commands/CockpitJson.h"
 #include "Batch/Jobs.h"
 #include "Utils/Paths.h"
 
