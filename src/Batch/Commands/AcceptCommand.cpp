@@ -3,7 +3,7 @@
 #include "Batch/Commands.h"
 #include "Batch/HeldSignals.h"
 #include "Batch/Jobs.h"
-#include "Batch/Json.h"
+#include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Utils/Paths.h"

@@ -1,6 +1,6 @@
 #include "Batch/Commands/CockpitJson.h"
 
-#include "Batch/Json.h"
+#include "Batch/Reports/Json.h"
 
 #include <map>
 #include <optional>

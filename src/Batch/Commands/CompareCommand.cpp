@@ -1,6 +1,6 @@
 #include "Batch/Commands.h"
 #include "Batch/DetectedData.h"
-#include "Batch/Json.h"
+#include "Batch/Reports/Json.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs.h"
-#include "Batch/Json.h"
+#include "Batch/Reports/Json.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "Annotator/AircraftRoad.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/CsvLine.h"
 #include "Batch/Jobs.h"
-#include "Batch/Json.h"
+#include "Batch/Reports/CsvLine.h"
+#include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 
 #include <CLI/CLI.hpp>

@@ -1,6 +1,6 @@
 #include "Batch/Commands.h"
-#include "Batch/Json.h"
-#include "Batch/ReportOptions.h"
+#include "Batch/Reports/Json.h"
+#include "Batch/Reports/ReportOptions.h"
 #include "Utils/Paths.h"
 
 #include <CLI/CLI.hpp>

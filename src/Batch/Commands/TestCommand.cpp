@@ -1,7 +1,7 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs.h"
-#include "Batch/ReportOptions.h"
+#include "Batch/Reports/ReportOptions.h"
 #include "Utils/Text.h"
 
 #include <CLI/CLI.hpp>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Batch/Command.h"
-#include "Batch/TestReport.h"
+#include "Batch/Reports/TestReport.h"
 
 #include <array>
 #include <string>

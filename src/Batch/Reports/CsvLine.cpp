@@ -1,4 +1,4 @@
-#include "Batch/CsvLine.h"
+#include "Batch/Reports/CsvLine.h"
 
 #include "Batch/Console.h"
 

@@ -1,7 +1,7 @@
-#include "Batch/TestReport.h"
+#include "Batch/Reports/TestReport.h"
 
 #include "Batch/Console.h"
-#include "Batch/CsvLine.h"
+#include "Batch/Reports/CsvLine.h"
 
 #include <algorithm>
 #include <array>

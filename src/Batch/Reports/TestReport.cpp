@@ -1,4 +1,4 @@
-#include "Batch/TestReport.h"
+#include "Batch/Reports/TestReport.h"
 
 #include "Batch/Console.h"
 

@@ -1,5 +1,5 @@
-#include "Batch/Json.h"
-#include "Batch/TestReport.h"
+#include "Batch/Reports/Json.h"
+#include "Batch/Reports/TestReport.h"
 
 namespace Batch {
 

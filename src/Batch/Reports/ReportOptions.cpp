@@ -1,4 +1,4 @@
-#include "Batch/ReportOptions.h"
+#include "Batch/Reports/ReportOptions.h"
 
 #include "Batch/HeldSignals.h"
 

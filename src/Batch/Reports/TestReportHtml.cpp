@@ -1,5 +1,5 @@
 #include "Batch/Console.h"
-#include "Batch/TestReport.h"
+#include "Batch/Reports/TestReport.h"
 
 #include <array>
 #include <cmath>
