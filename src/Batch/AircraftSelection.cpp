@@ -1,7 +1,7 @@
 #include "Batch/AircraftSelection.h"
 
 #include "Annotator/FailureTexts.h"
-#include "Batch/Process.h"
+#include "Batch/Jobs/Process.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Utils/Text.h"
 

@@ -1,6 +1,6 @@
 #include "Batch/Console.h"
 
-#include "Batch/Process.h"
+#include "Batch/Jobs/Process.h"
 #include "Utils/Text.h"
 
 #include <algorithm>

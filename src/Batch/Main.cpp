@@ -1,4 +1,4 @@
-#include "Batch/Process.h"
+#include "Batch/Jobs/Process.h"
 #include "Batch/Program.h"
 
 int main(int argc, char** argv) {

@@ -3,8 +3,8 @@
 #include "Annotator/DetectedDataExport.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/HeldSignals.h"
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/HeldSignals.h"
+#include "Batch/Jobs/Jobs.h"
 #include "Logging/Logger.h"
 
 #include <CLI/CLI.hpp>

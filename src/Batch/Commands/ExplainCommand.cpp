@@ -2,7 +2,7 @@
 #include "Annotator/Explanation.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 
 #include <CLI/CLI.hpp>

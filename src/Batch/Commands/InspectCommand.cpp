@@ -2,7 +2,7 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Commands/CockpitJson.h"
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 #include "Utils/Paths.h"
 
 #include <CLI/CLI.hpp>

@@ -1,7 +1,7 @@
 #include "Annotator/Lint/Lint.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 #include "Batch/Reports/Json.h"
 
 #include <CLI/CLI.hpp>

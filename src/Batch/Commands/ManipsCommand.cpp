@@ -1,7 +1,7 @@
 #include "Annotator/AircraftRoad.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 #include "Batch/Reports/CsvLine.h"
 #include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"

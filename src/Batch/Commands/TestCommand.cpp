@@ -1,6 +1,6 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 #include "Batch/Reports/ReportOptions.h"
 #include "Utils/Text.h"
 

@@ -1,6 +1,6 @@
 #include "Batch/Reports/ReportOptions.h"
 
-#include "Batch/HeldSignals.h"
+#include "Batch/Jobs/HeldSignals.h"
 
 #include <CLI/CLI.hpp>
 

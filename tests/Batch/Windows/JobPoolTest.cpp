@@ -1,7 +1,7 @@
 // The processes of the jobs are this program once more, which then runs the job of its own aircraft.
 #include "Batch/Command.h"
-#include "Batch/Jobs.h"
-#include "Batch/Process.h"
+#include "Batch/Jobs/Jobs.h"
+#include "Batch/Jobs/Process.h"
 #include "Sim/XPAircraftInfo.h"
 #include "Support/TestMain.h"
 

@@ -1,8 +1,8 @@
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 
 #include "Annotator/FailureTexts.h"
 #include "Batch/Command.h"
-#include "Batch/JobAnswer.h"
+#include "Batch/Jobs/JobAnswer.h"
 #include "CockpitModel/NoMaterial.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 #include "Batch/BatchLog.h"
-#include "Batch/JobAnswer.h"
+#include "Batch/Jobs/JobAnswer.h"
 #include "Logging/Logger.h"
 #include "Utils/NonAssignable.h"
 

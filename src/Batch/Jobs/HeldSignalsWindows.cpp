@@ -1,4 +1,4 @@
-#include "Batch/HeldSignals.h"
+#include "Batch/Jobs/HeldSignals.h"
 
 #include <mutex>
 #include <windows.h>

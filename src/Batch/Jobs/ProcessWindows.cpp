@@ -1,4 +1,4 @@
-#include "Batch/Process.h"
+#include "Batch/Jobs/Process.h"
 
 #include "Utils/Asserts.h"
 #include "Utils/WideText.h"

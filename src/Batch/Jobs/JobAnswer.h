@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 
 namespace Batch {
 

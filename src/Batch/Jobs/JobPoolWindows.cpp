@@ -1,6 +1,6 @@
 #include "Batch/BatchLog.h"
-#include "Batch/JobAnswer.h"
-#include "Batch/Process.h"
+#include "Batch/Jobs/JobAnswer.h"
+#include "Batch/Jobs/Process.h"
 #include "Logging/Logger.h"
 #include "Utils/NonAssignable.h"
 #include "Utils/Platform.h"

@@ -1,9 +1,9 @@
-#include "Batch/Jobs.h"
+#include "Batch/Jobs/Jobs.h"
 
 #include "Batch/BatchProgram.h"
 #include "Batch/Command.h"
-#include "Batch/HeldSignals.h"
-#include "Batch/JobAnswer.h"
+#include "Batch/Jobs/HeldSignals.h"
+#include "Batch/Jobs/JobAnswer.h"
 #include "Sim/XPAircraftInfo.h"
 
 #include <csignal>
