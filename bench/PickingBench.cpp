@@ -1,4 +1,4 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "CockpitModel/Picking/PartTree.h"
 #include "Compare.h"
 #include "Sim/XPAircraftListLoader.h"

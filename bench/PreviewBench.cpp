@@ -1,8 +1,8 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Compare.h"
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/DataFolder.h"
 #include "Support/ModelBuilder.h"
@@ -69,7 +69,7 @@ Scene SyntheticScene(int partCount) {
 void Frame(benchmark::State& state) {
     Support::BindDataFolder();
     Scene scene = SyntheticScene(static_cast<int>(state.range(0)));
-    Rendering::Memory::MemoryContext context;
+    Rendering::Memory::NullContext context;
     const Matrix4 view = scene.control.camera.ViewMatrix(), projection = scene.control.projection;
     const Rendering::GeometryDrawParams params;
     scene.preview->Render(context, view, projection);

@@ -16,19 +16,19 @@ constexpr int kSiblings = 8;
 struct BareNode {
     Matrix4 local = Matrix4::Identity();
     int parent = -1;
-    bool turns = false;
+    bool rotations = false;
     Utils::Vector3 offset[2];
     Utils::Quaternion rotation[2];
 };
 
-/// Nodes that turn and slide by turns, up to five below each other as in a cockpit's chains.
+/// Nodes that turn and slide by rotations, up to five below each other as in a cockpit's chains.
 std::vector<BareNode> MakeNodes() {
     std::vector<BareNode> nodes(kNodes);
     for (int i = 1; i < kNodes; ++i) {
         BareNode& node = nodes[static_cast<std::size_t>(i)];
         const auto number = static_cast<float>(i);
         node.parent = (i - 1) / kSiblings;
-        node.turns = i % 2 == 0;
+        node.rotations = i % 2 == 0;
         node.local = Utils::Translation({0.01f * number, 0.2f, -0.001f * number});
         node.offset[0] = {0, 0, 0};
         node.offset[1] = {0.1f, 0.02f, 0};
@@ -44,8 +44,8 @@ CockpitModel::ModelData MakeModel(const std::vector<BareNode>& nodes) {
         const BareNode& node = nodes[i];
         const auto key = [&](float time, int end) {
             const Utils::Vector3& offset = node.offset[end];
-            return node.turns ? Support::RotationKey(time, node.rotation[end])
-                              : Support::TranslationKey(time, offset.x(), offset.y(), offset.z());
+            return node.rotations ? Support::RotationKey(time, node.rotation[end])
+                                  : Support::TranslationKey(time, offset.x(), offset.y(), offset.z());
         };
         builder.Node(node.parent, Support::Animation("sim/" + std::to_string(i), {{key(0, 0), key(100, 1)}}));
         builder.model.matrices.Children.back() = node.local;
@@ -58,8 +58,8 @@ void UpdateBare(const std::vector<BareNode>& nodes, float position, std::vector<
     for (std::size_t i = 1; i < nodes.size(); ++i) {
         const BareNode& node = nodes[i];
         const Matrix4 place = node.local * worlds[static_cast<std::size_t>(node.parent)];
-        const Matrix4 motion = node.turns
-                                   ? Utils::Rotation(Utils::Arc(node.rotation[0], node.rotation[1]).At(position))
+        const Matrix4 motion = node.rotations
+                                   ? Utils::Rotation(Utils::SlerpPath(node.rotation[0], node.rotation[1]).At(position))
                                    : Utils::Translation(node.offset[0] + (node.offset[1] - node.offset[0]) * position);
         worlds[i].noalias() = motion * place;
     }

@@ -18,7 +18,7 @@ std::vector<std::string> ValuesByWords(std::string_view text) {
     std::vector<std::string> values;
     std::string_view line;
     while (Utils::NextLine(text, line)) {
-        const auto words = Utils::Words(line);
+        const auto words = Utils::SplitBlanks(line);
         if (words.size() >= 3 && words[0] == "P" && words[1] == kKey)
             values.emplace_back(words[2].data(), words.back().data() + words.back().size());
     }

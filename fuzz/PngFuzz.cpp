@@ -1,7 +1,7 @@
 #include "FuzzInput.h"
 
 #include "Rendering/BitmapFile.h"
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 
 /// Pictures of more pixels are the library's matter and only slow the search.
 constexpr std::size_t kLargestInput = 1 << 16;

@@ -48,7 +48,7 @@ std::string LayMissing(const fs::path& data, const fs::path& target) {
 
 } // namespace
 
-fs::path OwnDataFolder(const fs::path& program) {
+fs::path ProgramDataFolder(const fs::path& program) {
     if (program.empty())
         return {};
     boost::system::error_code error;
@@ -58,7 +58,7 @@ fs::path OwnDataFolder(const fs::path& program) {
     return {};
 }
 
-std::string LayDataFiles(const fs::path& data, const fs::path& installation) {
+std::string InstallDataFiles(const fs::path& data, const fs::path& installation) {
     boost::system::error_code error;
     if (data.empty() || !fs::is_directory(installation / "Aircraft", error))
         return {};
@@ -71,10 +71,10 @@ std::string LayDataFiles(const fs::path& data, const fs::path& installation) {
     return failure.empty() ? failure : DataFilesFailureText((installation / "QVRA").string(), failure);
 }
 
-std::string LayOwnDataFiles() {
+std::string InstallDataFiles() {
     boost::system::error_code error;
     const fs::path installation = fs::current_path(error);
-    return LayDataFiles(OwnDataFolder(Utils::Platform::ProgramPath()), installation);
+    return InstallDataFiles(ProgramDataFolder(Utils::Platform::ProgramPath()), installation);
 }
 
 } // namespace Annotator

@@ -1,6 +1,6 @@
 #include "Annotator/DetectedDataExport.h"
 
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Logging/Logger.h"
 #include "Utils/Paths.h"
 #include "Utils/SaveFile.h"

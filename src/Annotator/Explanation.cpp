@@ -25,7 +25,7 @@ constexpr std::size_t kMostCandidates = 10; ///< for the primary yoke, that are 
 /// Below this, what rounding left of a zero.
 constexpr float kNothing = 1e-6f;
 
-std::string NumberText(float number, int digits = 6) {
+std::string FormatNumber(float number, int digits = 6) {
     char text[32];
     std::snprintf(text, sizeof text, "%.*g", digits, static_cast<double>(std::fabs(number) < kNothing ? 0 : number));
     return text;
@@ -43,31 +43,32 @@ std::string Id(const NodePart& part) {
 /// With as many digits as it takes to see that it is above.
 std::string AboveText(const char* measure, float value, float limit) {
     constexpr int allDigits = 9;
-    const std::string shown = NumberText(value) == NumberText(limit) ? NumberText(value, allDigits) : NumberText(value);
-    return std::string(measure) + " " + shown + " is above " + NumberText(limit) + ", so Move, not Twist";
+    const std::string shown =
+        FormatNumber(value) == FormatNumber(limit) ? FormatNumber(value, allDigits) : FormatNumber(value);
+    return std::string(measure) + " " + shown + " is above " + FormatNumber(limit) + ", so Move, not Twist";
 }
 
 std::string TwistText(const NodePart& part) {
-    const std::string balance =
-        "BalanceFactor " + NumberText(part.BalanceFactor) + " is not above " + NumberText(CockpitModel::kBalancedTwist);
+    const std::string balance = "BalanceFactor " + FormatNumber(part.BalanceFactor) + " is not above " +
+                                FormatNumber(CockpitModel::kBalancedTwist);
     if (!part.node->animation)
         return "its node has no animation, and " + balance + ", so Twist";
-    return "it turns, " + balance + " and SweepRadius " + NumberText(part.SweepRadius) + " is not above " +
-           NumberText(CockpitModel::kTwistRadius) + ", so Twist";
+    return "it turns, " + balance + " and SweepRadius " + FormatNumber(part.SweepRadius) + " is not above " +
+           FormatNumber(CockpitModel::kTwistRadius) + ", so Twist";
 }
 
 std::string TwistChangeText(const NodePart& part) {
     if (!part.node->animation)
         return "an animation block of its own; in one that does not turn it is Move";
-    return "a SweepRadius above " + NumberText(CockpitModel::kTwistRadius) + ", a BalanceFactor above " +
-           NumberText(CockpitModel::kBalancedTwist) + " or an animation that does not turn makes it Move";
+    return "a SweepRadius above " + FormatNumber(CockpitModel::kTwistRadius) + ", a BalanceFactor above " +
+           FormatNumber(CockpitModel::kBalancedTwist) + " or an animation that does not turn makes it Move";
 }
 
 /// The rule behind the one that decides says no as well.
 std::string WideToo(const NodePart& part) {
     if (!part.node->animation || !(part.SweepRadius > CockpitModel::kTwistRadius))
         return {};
-    return ", if its SweepRadius comes down to " + NumberText(CockpitModel::kTwistRadius) + " as well";
+    return ", if its SweepRadius comes down to " + FormatNumber(CockpitModel::kTwistRadius) + " as well";
 }
 
 std::vector<const NodePart*> YokeCandidates(const SceneGraph& sceneGraph) {
@@ -89,7 +90,7 @@ std::string YokeChangeText(const NodePart& part) {
     const auto rival = std::ranges::find_if(candidates, [&](const NodePart* other) { return other != &part; });
     if (rival == candidates.end())
         return none;
-    const std::string score = NumberText(InteractionDetector().YokeScore(**rival)) + ", that of part " + Id(**rival);
+    const std::string score = FormatNumber(InteractionDetector().YokeScore(**rival)) + ", that of part " + Id(**rival);
     if (part.InteractionType == TouchInteractionType::YokePrimary)
         return none + ", a score below " + score + ", YokePart";
     return none + ", a score above " + score + ", YokePrimary";
@@ -140,7 +141,7 @@ RuleTexts TextsOf(DetectionRule rule, const NodePart& part) {
                     WideToo(part)};
     case DetectionRule::WideSweep:
         return {AboveText("SweepRadius", part.SweepRadius, CockpitModel::kTwistRadius),
-                "a part that stays within " + NumberText(CockpitModel::kTwistRadius) +
+                "a part that stays within " + FormatNumber(CockpitModel::kTwistRadius) +
                     " m of its axis, or an origin of its node that is nearer, makes it Twist"};
     case DetectionRule::Twist:
         return {TwistText(part), TwistChangeText(part)};
@@ -173,7 +174,7 @@ std::string AnimationText(const Node& node) {
     if (CockpitModel::NamesNoDataref(node.animation->name))
         return HoldsTurn(*node.animation) ? "a fixed turn, by no dataref" : "a fixed offset, by no dataref";
     return (HoldsTurn(*node.animation) ? "rotation by " : "translation by ") + node.animation->name + " from " +
-           NumberText(node.animation->rangeLow) + " to " + NumberText(node.animation->rangeHigh);
+           FormatNumber(node.animation->rangeLow) + " to " + FormatNumber(node.animation->rangeHigh);
 }
 
 std::string ChainText(const NodePart& part) {
@@ -191,7 +192,7 @@ std::string CandidatesText(const SceneGraph& sceneGraph, const NodePart& asked) 
     for (std::size_t i = 0; i < candidates.size(); ++i) {
         const NodePart& part = *candidates[i];
         if (i < kMostCandidates || &part == &asked)
-            text += "    " + NumberText(detector.YokeScore(part)) + "  part " + Id(part) +
+            text += "    " + FormatNumber(detector.YokeScore(part)) + "  part " + Id(part) +
                     (part.InteractionType == TouchInteractionType::YokePrimary ? ", the primary yoke" : "") + "\n";
     }
     if (candidates.size() > kMostCandidates)
@@ -207,8 +208,8 @@ std::string ExplanationText(const SceneGraph& sceneGraph, const NodePart& part) 
     std::string text = "part " + Id(part) + " is " + TouchInteractionTypeToText(part.InteractionType) + "\n";
     text += "  because:     " + texts.why + "\n";
     text += SourceText(part);
-    text += "  figures:     BalanceFactor " + NumberText(part.BalanceFactor) + ", SweepRadius " +
-            NumberText(part.SweepRadius) + " m, " + TriangleCount(part) + "\n";
+    text += "  figures:     BalanceFactor " + FormatNumber(part.BalanceFactor) + ", SweepRadius " +
+            FormatNumber(part.SweepRadius) + " m, " + TriangleCount(part) + "\n";
     text += "  animations, from the part's own up to the root:\n" + ChainText(part);
     if (rule == DetectionRule::YokeAnimations)
         text += CandidatesText(sceneGraph, part);

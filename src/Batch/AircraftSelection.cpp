@@ -20,7 +20,7 @@ constexpr std::size_t kOffered = 40;
 constexpr std::size_t kMostJobs = 1024;
 
 bool Contains(const std::string& text, const std::string& lowerWord) {
-    return Utils::Lower(text).find(lowerWord) != std::string::npos;
+    return Utils::ToLowerAscii(text).find(lowerWord) != std::string::npos;
 }
 
 /// Names are compared as they are shown, too: a person types what they see.
@@ -75,7 +75,7 @@ const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const
         // A whole path means its aircraft, though it may be a part of another's name.
         if (info->acfPath == word || Shown(info->acfPath) == word)
             return *info;
-        if (Matches(*info, Utils::Lower(word)))
+        if (Matches(*info, Utils::ToLowerAscii(word)))
             matches.push_back(info.get());
     }
     if (matches.size() > 1)
@@ -113,8 +113,8 @@ void AddJobsOption(CLI::App& app, std::size_t& jobs) {
         ->type_name("N");
 }
 
-void AddUntexturedOption(CLI::App& app, Annotator::RoadOptions& road) {
-    app.add_flag("--untextured", road.untextured,
+void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load) {
+    app.add_flag("--untextured", load.untextured,
                  "Loads cockpits with parts that have no TEXTURE too, giving such parts a plain material");
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Batch/Command.h"
 #include "Sim/AircraftListLoader.h"
 
@@ -25,7 +25,7 @@ const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const
 /// The options that commands share: AIRCRAFT..., --jobs N and --untextured.
 void AddAircraftOption(CLI::App& app, std::vector<std::string>& words);
 void AddJobsOption(CLI::App& app, std::size_t& jobs);
-void AddUntexturedOption(CLI::App& app, Annotator::RoadOptions& road);
+void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load);
 
 /// An aircraft in a message: its name and its path, as Shown gives them.
 std::string NameOf(const Sim::AircraftInfo& info);

@@ -36,7 +36,7 @@ struct Session {
     boost::filesystem::path startFolder; ///< where the caller stands
 
     /// A path of the command line, as the caller means it.
-    std::string CallersPath(const std::string& path) const;
+    std::string ResolveArgument(const std::string& path) const;
 };
 
 using Action = std::function<ExitCode(Session&)>;

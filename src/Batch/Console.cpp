@@ -37,7 +37,7 @@ std::size_t ControlLength(std::string_view text) {
 
 /// With a back-slash, the letter and as many hexadecimal digits for each control character.
 std::string Escaped(std::string_view text, char letter, int digits, bool lines) {
-    const std::string readable = Utils::Readable(text);
+    const std::string readable = Utils::ToValidUtf8(text);
     std::string shown;
     std::size_t begin = 0;
     for (std::size_t at = 0; at < readable.size();) {

@@ -27,7 +27,7 @@ auto Field(const XMLElement& part, const char* name, const char* needed, FromTex
     try {
         return fromText(text);
     } catch (const std::exception&) {
-        Refuse(*element, std::string(name) + " '" + Utils::Readable(text) + "' is not " + needed);
+        Refuse(*element, std::string(name) + " '" + Utils::ToValidUtf8(text) + "' is not " + needed);
     }
 }
 

@@ -150,7 +150,7 @@ ExitCode RunAction(const CommandLine& line, Session& session) {
 
 } // namespace
 
-std::string Session::CallersPath(const std::string& path) const {
+std::string Session::ResolveArgument(const std::string& path) const {
     return boost::filesystem::absolute(path, startFolder).string();
 }
 

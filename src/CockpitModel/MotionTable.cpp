@@ -31,12 +31,12 @@ MotionTable::Motion MotionTable::Add(const ModelAnimation& animation) {
 }
 
 void MotionTable::AddSegment(const RiffBlockXANK& from, const RiffBlockXANK& to, float length) {
-    const std::size_t place = from.IsTranslation ? shifts.size() : turns.size();
+    const std::size_t place = from.IsTranslation ? translations.size() : rotations.size();
     segments.push_back({from.Time / length, to.Time / length, from.IsTranslation, static_cast<std::uint32_t>(place)});
     if (from.IsTranslation)
-        shifts.push_back({from.Translation, to.Translation - from.Translation});
+        translations.push_back({from.Translation, to.Translation - from.Translation});
     else
-        turns.emplace_back(from.Rotation, to.Rotation);
+        rotations.emplace_back(from.Rotation, to.Rotation);
 }
 
 void MotionTable::Apply(const Motion& motion, Utils::Matrix4& m, float position) const {
@@ -55,8 +55,8 @@ Utils::Matrix4 MotionTable::TrackMatrix(const Track& track, float fraction) cons
     const float u =
         segment->end > segment->start ? (fraction - segment->start) / (segment->end - segment->start) : 1.0f;
     if (!segment->isTranslation)
-        return Utils::Rotation(turns[segment->place].At(u));
-    const Shift& shift = shifts[segment->place];
+        return Utils::Rotation(rotations[segment->place].At(u));
+    const TranslationStep& shift = translations[segment->place];
     return Utils::Translation(shift.start + shift.whole * u);
 }
 

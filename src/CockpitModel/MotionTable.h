@@ -24,14 +24,14 @@ public:
     void Apply(const Motion& motion, Utils::Matrix4& m, float position) const;
 
 private:
-    struct Shift {
+    struct TranslationStep {
         Utils::Vector3 start, whole;
     };
     /// From one key to the next; the kind is that of the first.
     struct Segment {
         float start, end; ///< fractions of the time axis
         bool isTranslation;
-        std::uint32_t place; ///< in `shifts` or in `turns`
+        std::uint32_t place; ///< in `translations` or in `rotations`
     };
     struct Track {
         std::uint32_t firstSegment, segmentCount;
@@ -42,8 +42,8 @@ private:
 
     std::vector<Track> tracks;
     std::vector<Segment> segments;
-    std::vector<Shift> shifts;
-    std::vector<Utils::Arc> turns;
+    std::vector<TranslationStep> translations;
+    std::vector<Utils::SlerpPath> rotations;
 };
 
 } // namespace CockpitModel

@@ -1,7 +1,7 @@
 #include "CockpitModel/PartTransformCalculator.h"
 
 #include "CockpitModel/Node.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 namespace CockpitModel {
 

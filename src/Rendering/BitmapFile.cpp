@@ -3,7 +3,7 @@
 #include "Logging/Logger.h"
 #include "Rendering/DdsFile.h"
 #include "Rendering/Images.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 #include "Utils/Paths.h"
 #include "Utils/Text.h"
 
@@ -99,7 +99,7 @@ std::vector<MemBitmap> ReadDds(const std::string& path) {
 } // namespace
 
 std::vector<MemBitmap> ReadBitmapFile(const std::string& path) {
-    if (Utils::Lower(path).find(".dds") != std::string::npos)
+    if (Utils::ToLowerAscii(path).find(".dds") != std::string::npos)
         return ReadDds(path);
     std::vector<MemBitmap> levels;
     levels.push_back(ReadPng(path));

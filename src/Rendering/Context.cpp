@@ -1,6 +1,6 @@
 #include "Rendering/Context.h"
 
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <algorithm>
 #include <utility>

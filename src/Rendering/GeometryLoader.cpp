@@ -1,7 +1,7 @@
 #include "Rendering/GeometryLoader.h"
 
 #include "Logging/Logger.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 
@@ -122,7 +122,7 @@ void ReportMissing(const std::string& path, bool required) {
 
 } // namespace
 
-void SetSpareDataFolder(const boost::filesystem::path& folder) {
+void SetFallbackDataFolder(const boost::filesystem::path& folder) {
     spareFolder = folder;
 }
 

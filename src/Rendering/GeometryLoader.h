@@ -9,7 +9,7 @@
 namespace Rendering {
 
 /// A second folder for relative data paths; none without it. Set before any thread looks for a file.
-void SetSpareDataFolder(const boost::filesystem::path& folder);
+void SetFallbackDataFolder(const boost::filesystem::path& folder);
 /// The path itself, unless only the spare folder has such a file: then its path there.
 std::string FindDataFile(const std::string& path);
 /// An absolute path as it stands; a relative one below the working directory of the first call in the process, or in

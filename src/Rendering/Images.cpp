@@ -1,7 +1,7 @@
 #include "Rendering/Images.h"
 
 #include "Logging/Logger.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <cstring>
 #include <memory>

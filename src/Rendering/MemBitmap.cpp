@@ -1,6 +1,6 @@
 #include "Rendering/MemBitmap.h"
 
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <algorithm>
 

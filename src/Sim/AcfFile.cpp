@@ -45,7 +45,7 @@ void ForEachAcfProperty(std::string_view acf, std::string_view key, const std::f
             continue;
         std::string_view line;
         Utils::NextLine(rest, line);
-        if (const std::string_view value = Utils::Trimmed(line); !value.empty())
+        if (const std::string_view value = Utils::Trim(line); !value.empty())
             use(value);
     }
 }

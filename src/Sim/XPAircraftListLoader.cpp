@@ -36,7 +36,7 @@ std::vector<fs::path> Subfolders(const fs::path& folder) {
 
 std::optional<fs::path> FirstAcfFile(const fs::path& folder) {
     for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-        if (Utils::Lower(entry.path().extension().string()) == ".acf" && TypeOf(entry) == fs::regular_file)
+        if (Utils::ToLowerAscii(entry.path().extension().string()) == ".acf" && TypeOf(entry) == fs::regular_file)
             return entry.path();
     return std::nullopt;
 }
@@ -44,7 +44,7 @@ std::optional<fs::path> FirstAcfFile(const fs::path& folder) {
 /// A value's words with one space between each.
 std::string Joined(std::string_view value) {
     std::string text;
-    for (const std::string_view word : Utils::Words(value))
+    for (const std::string_view word : Utils::SplitBlanks(value))
         (text.empty() ? text : text += ' ') += word;
     return text;
 }

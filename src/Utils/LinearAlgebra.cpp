@@ -80,7 +80,7 @@ Quaternion RotationAboutAxis(const Vector3& axis, float radians) {
     return {std::cos(half), v.x(), v.y(), v.z()};
 }
 
-Arc::Arc(const Quaternion& from, const Quaternion& to) : start(from.coeffs()), end(to.coeffs()) {
+SlerpPath::SlerpPath(const Quaternion& from, const Quaternion& to) : start(from.coeffs()), end(to.coeffs()) {
     float cosine = from.x() * to.x() + from.y() * to.y() + from.z() * to.z() + from.w() * to.w();
     if (cosine < 0.0f) {
         cosine = -cosine;
@@ -92,7 +92,7 @@ Arc::Arc(const Quaternion& from, const Quaternion& to) : start(from.coeffs()), e
     }
 }
 
-Quaternion Arc::At(float u) const {
+Quaternion SlerpPath::At(float u) const {
     float a = 1.0f - u, b = u;
     if (angle != 0.0f) {
         a = std::sin(angle * a) / sine;

@@ -45,9 +45,9 @@ Matrix4 PerspectiveFov(float verticalFieldOfView, float aspect, float nearPlane,
 Quaternion RotationAboutAxis(const Vector3& axis, float radians);
 
 /// The shorter way from one rotation to another, prepared for many interpolations along it.
-class Arc {
+class SlerpPath {
 public:
-    Arc(const Quaternion& from, const Quaternion& to);
+    SlerpPath(const Quaternion& from, const Quaternion& to);
     /// Spherical interpolation; u is not clamped.
     Quaternion At(float u) const;
 

@@ -29,14 +29,14 @@ bool Exists(const fs::path& path) {
 
 /// The name of a folder's entry that differs from `name` in case at most: that very name, else the first in byte order;
 /// empty when there is none. A link to nowhere is no entry.
-std::string ListedName(const fs::path& folder, const std::string& name) {
-    const std::string wanted = Lower(name);
+std::string NameOnDisk(const fs::path& folder, const std::string& name) {
+    const std::string wanted = ToLowerAscii(name);
     std::string found;
     boost::system::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; entry != end;
          entry.increment(error)) {
         const std::string candidate = entry->path().filename().string();
-        if (Lower(candidate) != wanted || !Exists(folder / candidate))
+        if (ToLowerAscii(candidate) != wanted || !Exists(folder / candidate))
             continue;
         if (candidate == name)
             return name;
@@ -50,7 +50,7 @@ std::string ListedName(const fs::path& folder, const std::string& name) {
 fs::path FindEntry(const fs::path& folder, const std::string& name) {
     if (Exists(folder / name))
         return folder / name;
-    const std::string found = ListedName(folder, name);
+    const std::string found = NameOnDisk(folder, name);
     return found.empty() ? fs::path() : folder / found;
 }
 
@@ -93,10 +93,10 @@ fs::path FindIgnoringCase(const fs::path& path) {
     return found;
 }
 
-fs::path AsListed(const fs::path& path) {
+fs::path OnDiskCase(const fs::path& path) {
     fs::path listed;
     for (const fs::path& name : path) {
-        const std::string found = ListedName(listed, name.string());
+        const std::string found = NameOnDisk(listed, name.string());
         listed /= found.empty() ? name : fs::path(found);
     }
     return listed;

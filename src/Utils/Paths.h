@@ -16,7 +16,7 @@ boost::filesystem::path FindIgnoringCase(const boost::filesystem::path& path);
 
 /// The path with the case of each name as its folder lists it, the exact name first. What is not listed stays as it is.
 /// This tells what a file is called where the file system takes no notice of case and so finds it by any spelling.
-boost::filesystem::path AsListed(const boost::filesystem::path& path);
+boost::filesystem::path OnDiskCase(const boost::filesystem::path& path);
 
 /// The user's application data folder: XDG_DATA_HOME, else .local/share of the home; on Windows the roaming folder.
 /// Empty when there is no home.

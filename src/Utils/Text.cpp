@@ -56,14 +56,14 @@ std::size_t CharacterLength(std::string_view text) {
 
 } // namespace
 
-std::string_view Trimmed(std::string_view text) {
+std::string_view Trim(std::string_view text) {
     const std::size_t first = text.find_first_not_of(kBlanks);
     if (first == text.npos)
         return {};
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-std::vector<std::string_view> Words(std::string_view line) {
+std::vector<std::string_view> SplitBlanks(std::string_view line) {
     std::vector<std::string_view> words;
     for (std::size_t start = line.find_first_not_of(kBlanks); start != line.npos;) {
         const std::size_t end = std::min(line.find_first_of(kBlanks, start), line.size());
@@ -84,7 +84,7 @@ bool NextLine(std::string_view& text, std::string_view& line) {
     return true;
 }
 
-std::string Lower(std::string_view text) {
+std::string ToLowerAscii(std::string_view text) {
     std::string lower(text);
     for (char& c : lower)
         if (c >= 'A' && c <= 'Z')
@@ -92,7 +92,7 @@ std::string Lower(std::string_view text) {
     return lower;
 }
 
-std::string Readable(std::string_view text) {
+std::string ToValidUtf8(std::string_view text) {
     std::string readable;
     while (!text.empty()) {
         const std::size_t length = CharacterLength(text);

@@ -12,19 +12,19 @@ constexpr bool IsBlank(char c) {
 }
 
 /// The text without blanks and tabs at its ends.
-std::string_view Trimmed(std::string_view text);
+std::string_view Trim(std::string_view text);
 
 /// The words of a line, split at runs of blanks and tabs.
-std::vector<std::string_view> Words(std::string_view line);
+std::vector<std::string_view> SplitBlanks(std::string_view line);
 
 /// Takes the next line off the front of `text`, without its LF or CR LF; false when nothing is left.
 /// A last line that only a CR ends loses it too.
 bool NextLine(std::string_view& text, std::string_view& line);
 
 /// ASCII letters in lower case, all other bytes as they stand.
-std::string Lower(std::string_view text);
+std::string ToLowerAscii(std::string_view text);
 
 /// The text as UTF-8 for a person to read: bytes that are no UTF-8 become the replacement character.
-std::string Readable(std::string_view text);
+std::string ToValidUtf8(std::string_view text);
 
 } // namespace Utils

@@ -39,7 +39,7 @@ struct DataFiles : testing::Test {
         fs::create_directories(installation / "Aircraft");
     }
 
-    std::string Lay() const { return LayDataFiles(data.path, installation.path); }
+    std::string Lay() const { return InstallDataFiles(data.path, installation.path); }
 
     const TemporaryFolder data, installation;
     const Files all{{"Images/checker.png", "png\n"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "words"}};
@@ -69,9 +69,9 @@ TEST_F(DataFiles, NeverTakeThePlaceOfWhatStandsThere) {
 TEST_F(DataFiles, AreLaidInInstallationsOnly) {
     const TemporaryFolder home;
     home.Write("Aircraft", "a file of that name makes no installation");
-    EXPECT_EQ(LayDataFiles(data.path, home.path), "");
+    EXPECT_EQ(InstallDataFiles(data.path, home.path), "");
     EXPECT_EQ(FilesBelow(home.path).size(), 1u);
-    EXPECT_EQ(LayDataFiles({}, installation.path), "") << "a program without data of its own lays none";
+    EXPECT_EQ(InstallDataFiles({}, installation.path), "") << "a program without data of its own lays none";
     EXPECT_FALSE(fs::exists(installation / "QVRA"));
 }
 
@@ -91,7 +91,7 @@ TEST_F(DataFiles, ThatCannotBeWrittenAreTold) {
               (Files{{"Images", "a file"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "words"}}));
 }
 
-TEST(OwnDataFolder, IsFoundByTheProgramsPath) {
+TEST(ProgramDataFolder, IsFoundByTheProgramsPath) {
     const TemporaryFolder folder;
     for (const char* file :
          {"usr/bin/vorelle-batch", "build/src/vorelle-batch", "usr/share/vorelle-annotator/QVRA/readme",
@@ -103,16 +103,16 @@ TEST(OwnDataFolder, IsFoundByTheProgramsPath) {
         {"Vorelle/vorelle-annotator.exe", "Vorelle/QVRA"},
     };
     for (const auto& [program, data] : rows)
-        EXPECT_EQ(OwnDataFolder(folder / program), fs::canonical(folder.path) / data) << program;
-    EXPECT_EQ(OwnDataFolder(folder / "alone/vorelle-batch"), "") << "a file of that name";
-    EXPECT_EQ(OwnDataFolder({}), "") << "a program whose place is not known";
+        EXPECT_EQ(ProgramDataFolder(folder / program), fs::canonical(folder.path) / data) << program;
+    EXPECT_EQ(ProgramDataFolder(folder / "alone/vorelle-batch"), "") << "a file of that name";
+    EXPECT_EQ(ProgramDataFolder({}), "") << "a program whose place is not known";
 }
 
 TEST(OwnDataFiles, OfTheBuildTreeAreLaidInTheWorkingDirectory) {
     const TemporaryFolder installation;
     fs::create_directories(installation / "Aircraft");
     const Support::WorkingDirectory inside(installation.path);
-    EXPECT_EQ(LayOwnDataFiles(), "");
+    EXPECT_EQ(InstallDataFiles(), "");
     EXPECT_EQ(FilesBelow(installation / "QVRA"), FilesBelow(VORELLE_SOURCE_DIR "/data/QVRA"));
 }
 

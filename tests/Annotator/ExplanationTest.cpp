@@ -1,6 +1,6 @@
 #include "Annotator/Explanation.h"
 
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/Installation.h"
 

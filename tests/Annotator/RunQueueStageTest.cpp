@@ -1,5 +1,5 @@
 #include "Annotator/RunQueueStage.h"
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 #include "Rendering/Stage.h"
 
 #include <gmock/gmock.h>
@@ -23,7 +23,7 @@ struct NotingStage : Rendering::Stage {
 };
 
 TEST(StageListTest, RunsStagesInOrderSoThatALaterOneSeesWhatAnEarlierOneChanged) {
-    Rendering::Memory::MemoryContext context;
+    Rendering::Memory::NullContext context;
     int scene = 1;
     std::vector<int> seen;
     Threading::RunQueue queue;

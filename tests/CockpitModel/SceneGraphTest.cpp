@@ -1,7 +1,7 @@
 #include "CockpitModel/SceneGraph.h"
 
 #include "CockpitModel/Touch/InteractionDetector.h"
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 #include "Support/ModelBuilder.h"
 #include "Support/TemporaryFolder.h"
 #include "Utils/RangeCheck.h"
@@ -185,7 +185,7 @@ TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
     cockpit.textureFolder = folder.path.string();
     folder.Write("$procedural", "never looked at");
     SceneGraph graph(builder.model, cockpit, nullptr);
-    Rendering::Memory::MemoryContext first, second;
+    Rendering::Memory::NullContext first, second;
     graph.PrepareGpuResources(first);
     const auto* geometry = graph.Nodes()[0]->parts[0]->geometry.get();
     EXPECT_TRUE(first.IsGeometryValid(geometry));

@@ -4,7 +4,7 @@
 #include "Support/OwnProcess.h"
 #include "Support/Sanitizers.h"
 #include "Support/TemporaryFolder.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <boost/algorithm/string.hpp>
 #include <csignal>

@@ -1,4 +1,4 @@
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 
 #include "Support/FatalErrorRecorder.h"
 
@@ -8,12 +8,12 @@
 
 namespace {
 
-using Rendering::Memory::MemoryContext;
+using Rendering::Memory::NullContext;
 using testing::ElementsAre;
 using Utils::Matrix4;
 
 TEST(ContextTest, ReleasesWhatAnyThreadHandedOverOnceAndInOrder) {
-    MemoryContext context;
+    NullContext context;
     std::vector<int> released;
     const auto noting = [&](int number) {
         return std::shared_ptr<void>(nullptr, [&released, number](void*) { released.push_back(number); });
@@ -32,7 +32,7 @@ TEST(ContextTest, ReleasesWhatAnyThreadHandedOverOnceAndInOrder) {
 }
 
 TEST(ContextTest, DrawsTheQueueFromTheFarthestAndEmptiesIt) {
-    MemoryContext context;
+    NullContext context;
     const Matrix4 view = Utils::Translation({0, 0, 10});
     int argument = 0;
     std::vector<int> drawn;

@@ -1,5 +1,5 @@
 #include "Rendering/GeometryLoader.h"
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 
 #include "Support/FatalErrorRecorder.h"
 #include "Support/TemporaryFolder.h"
@@ -14,7 +14,7 @@ using Utils::Vector2;
 using Utils::Vector3;
 
 std::vector<GeometryVertex> Load(const std::string& path) {
-    Rendering::Memory::MemoryContext context;
+    Rendering::Memory::NullContext context;
     const auto geometry = Rendering::LoadGeometryFile(context, path, false);
     return dynamic_cast<const Rendering::Memory::MemoryGeometry&>(*geometry).vertices;
 }
@@ -52,7 +52,7 @@ TEST(GeometryLoaderTest, AFaceThatNamesNoEntryThrowsAndSaysWhere) {
 }
 
 TEST(GeometryLoaderTest, AMissingFileIsNamedAndFatalOnlyWhenRequired) {
-    Rendering::Memory::MemoryContext context;
+    Rendering::Memory::NullContext context;
     const Support::FatalErrorRecorder dialog;
     try {
         Rendering::LoadGeometryFile(context, "no/such.obj", false);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 
 #include <functional>
 #include <string>
@@ -19,7 +19,7 @@ struct DrawCall {
 };
 
 /// A device that keeps each draw call, and the path of each bitmap that it was asked to load: it reads no bitmap file.
-class RecordingContext : public Rendering::Memory::MemoryContext {
+class RecordingContext : public Rendering::Memory::NullContext {
 public:
     std::unique_ptr<Rendering::GPUBitmap> LoadBitmap(const std::string& path) override {
         Call();
@@ -32,7 +32,7 @@ public:
     std::unique_ptr<Rendering::Geometry>
     CreateGeometry(const std::vector<Rendering::GeometryVertex>& vertices) override {
         Call();
-        return MemoryContext::CreateGeometry(vertices);
+        return NullContext::CreateGeometry(vertices);
     }
 
     void DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <gtest/gtest.h>
 #include <iostream>

@@ -42,10 +42,10 @@ TEST(LinearAlgebra, ArcTurnsEvenlyAndRunsPastItsEnds) {
     otherSign.coeffs() *= -1.0f;
     for (const float u : {-0.5f, 0.0f, 0.25f, 1.0f, 1.5f}) {
         const Quaternion expected = RotationAboutAxis(axis, 0.2f + 1.2f * u);
-        EXPECT_TRUE(Arc(from, to).At(u).isApprox(expected, 1e-5f)) << u;
-        EXPECT_TRUE(Arc(from, otherSign).At(u).isApprox(expected, 1e-5f)) << u;
+        EXPECT_TRUE(SlerpPath(from, to).At(u).isApprox(expected, 1e-5f)) << u;
+        EXPECT_TRUE(SlerpPath(from, otherSign).At(u).isApprox(expected, 1e-5f)) << u;
     }
-    EXPECT_TRUE(Arc(from, from).At(0.5f).isApprox(from));
+    EXPECT_TRUE(SlerpPath(from, from).At(0.5f).isApprox(from));
 }
 
 TEST(LinearAlgebra, PerspectiveIsLeftHandedWithDepthFromZeroToOne) {

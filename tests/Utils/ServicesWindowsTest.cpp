@@ -25,8 +25,8 @@ TEST(WindowsServices, AFileFoundByAnotherSpellingIsNamedAsTheDiskDoes) {
     const Support::TemporaryFolder folder;
     folder.Write("Plane/Objects/A.png", "");
     const boost::filesystem::path found = FindIgnoringCase(folder / "plane\\OBJECTS/a.PNG");
-    EXPECT_EQ(AsListed(found), folder.path / "Plane/Objects/A.png");
-    EXPECT_EQ(AsListed(folder / "plane/objects/b.png"), folder.path / "Plane/Objects/b.png");
+    EXPECT_EQ(OnDiskCase(found), folder.path / "Plane/Objects/A.png");
+    EXPECT_EQ(OnDiskCase(folder / "plane/objects/b.png"), folder.path / "Plane/Objects/b.png");
 }
 
 TEST(WindowsServices, ASaveReplacesAllOrNothing) {

@@ -25,12 +25,12 @@ TEST(Text, EndsLinesAtLineFeeds) {
 TEST(Text, SplitsAtBlanksAndTabsAlone) {
     EXPECT_EQ(Words(" \tP\t acf/_descrip  Sky\xA0X \r"), (Views{"P", "acf/_descrip", "Sky\xA0X", "\r"}));
     EXPECT_EQ(Words(" \t"), Views());
-    EXPECT_EQ(Trimmed("\t a b\v \t"), "a b\v");
-    EXPECT_EQ(Trimmed(" \t "), "");
+    EXPECT_EQ(Trim("\t a b\v \t"), "a b\v");
+    EXPECT_EQ(Trim(" \t "), "");
 }
 
 TEST(Text, LowersAsciiLettersAlone) {
-    EXPECT_EQ(Lower("AZaz@[`{09.ACF\xC9\xC3\x89"), "azaz@[`{09.acf\xC9\xC3\x89");
+    EXPECT_EQ(ToLowerAscii("AZaz@[`{09.ACF\xC9\xC3\x89"), "azaz@[`{09.acf\xC9\xC3\x89");
 }
 
 TEST(Text, ReplacesWhatIsNoUtf8) {
@@ -51,7 +51,7 @@ TEST(Text, ReplacesWhatIsNoUtf8) {
         {"\xE2\x82z", bad + bad + "z"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(Readable(row.text), row.readable) << row.readable;
+        EXPECT_EQ(ToValidUtf8(row.text), row.readable) << row.readable;
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "Annotator/Lint/Lint.h"
 
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Annotator/Lint/LintAnnotations.h"
 #include "Annotator/Lint/LintChecks.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
@@ -29,8 +29,8 @@ constexpr std::size_t kMostOtherYokes = 4;
 
 /// The name that a file bears on the disk, also where the system finds it by another spelling; empty when there is
 /// none.
-path NamedOnDisk(const path& file) {
-    return Utils::AsListed(Utils::FindIgnoringCase(file));
+path CockpitFileOnDisk(const path& file) {
+    return Utils::OnDiskCase(Utils::FindIgnoringCase(file));
 }
 
 /// X-Plane takes a texture of either kind for the other.
@@ -44,7 +44,7 @@ std::string WithOtherExtension(const path& texture) {
 void CheckTextureFiles(const LintOutline& outline, const path& folder, LintFindings& findings) {
     for (const LintTexture& texture : outline.textures) {
         const path file = folder / texture.path;
-        const path found = NamedOnDisk(file);
+        const path found = CockpitFileOnDisk(file);
         if (found == file)
             continue;
         if (!found.empty())
@@ -100,7 +100,7 @@ std::string OtherYokes(const LintOutline& outline) {
     std::string text;
     std::set<std::string> seen;
     for (const LintStep& step : outline.steps) {
-        const std::string name = Utils::Lower(step.dataref);
+        const std::string name = Utils::ToLowerAscii(step.dataref);
         const bool like = name.find("yoke") != name.npos || name.find("stick") != name.npos;
         const bool known = CockpitModel::IsYokeRollName(step.dataref) || CockpitModel::IsYokePitchName(step.dataref);
         if (like && !known && seen.size() < kMostOtherYokes && seen.insert(name).second)
@@ -190,7 +190,7 @@ std::vector<LintFinding> LintObject(const std::string& file, std::string_view te
 std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
     const path acf = info.acfPath;
     const path expected = acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
-    const path object = NamedOnDisk(expected);
+    const path object = CockpitFileOnDisk(expected);
     if (object.empty())
         throw std::runtime_error("there is no cockpit object " + expected.string());
     const LintOutline outline = ReadLintOutline(Utils::ReadFile(object));

@@ -32,7 +32,7 @@ void CheckValues(const AnnotationElement& element, LintFindings& findings) {
         const auto* advice = std::ranges::find(kAdvice, value.name, &std::pair<std::string_view, const char*>::first);
         findings.Add(Warning, "annotation-word", value.line,
                      std::string(value.inPart ? "only the beginning of " : "") + value.name + " '" +
-                         Utils::Readable(value.text) + "' is " + (value.inPart ? "read" : "not read"),
+                         Utils::ToValidUtf8(value.text) + "' is " + (value.inPart ? "read" : "not read"),
                      advice->second);
     }
 }

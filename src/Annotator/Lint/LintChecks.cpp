@@ -16,7 +16,7 @@ std::string AtLine(std::uint32_t line) {
     return "line " + std::to_string(line);
 }
 
-std::string NumberText(float number) {
+std::string FormatNumber(float number) {
     std::ostringstream text;
     text << number;
     return std::move(text).str();
@@ -96,8 +96,8 @@ void CheckManipulators(const LintOutline& outline, LintFindings& findings) {
     for (const LintManipulator& manipulator : outline.manipulators) {
         if (manipulator.from == manipulator.to)
             findings.Add(Warning, "equal-values", manipulator.line,
-                         manipulator.keyword + " between equal values, " + NumberText(manipulator.from) + " and " +
-                             NumberText(manipulator.to),
+                         manipulator.keyword + " between equal values, " + FormatNumber(manipulator.from) + " and " +
+                             FormatNumber(manipulator.to),
                          "give the two values that the dataref is to take");
         if (CockpitModel::NamesNoDataref(manipulator.dataref))
             findings.Add(Warning, "no-dataref", manipulator.line, manipulator.keyword + " without a dataref",

@@ -109,7 +109,7 @@ constexpr Handler kHandlers[] = {
 
 void OutlineReader::Line(std::string_view text) {
     ++line;
-    const auto words = Utils::Words(WithoutReturns(text));
+    const auto words = Utils::SplitBlanks(WithoutReturns(text));
     if (words.empty() || words.front().starts_with('#'))
         return;
     const auto handler = std::ranges::find(kHandlers, words.front(), &Handler::keyword);
@@ -228,9 +228,9 @@ LintOutline ReadLintOutline(std::string_view text) {
 }
 
 std::string_view KeywordLike(std::string_view word) {
-    const std::string lower = Utils::Lower(word);
+    const std::string lower = Utils::ToLowerAscii(word);
     for (const std::string_view keyword : kObjKeywords)
-        if (Utils::Lower(keyword) == lower)
+        if (Utils::ToLowerAscii(keyword) == lower)
             return keyword;
     return {};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "Rendering/Context.h"
 #include "Utils/LinearAlgebra.h"

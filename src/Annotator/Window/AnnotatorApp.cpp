@@ -5,7 +5,7 @@
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/FatalErrorBox.h"
 #include "Annotator/Window/ProblemBox.h"
-#include "Annotator/Window/WideText.h"
+#include "Annotator/Window/WxText.h"
 #include "Logging/Logger.h"
 #include "Sim/XPAircraftListLoader.h"
 
@@ -62,7 +62,7 @@ bool AnnotatorApp::OnInit() {
     // Outlives the window, which the toolkit destroys after the application's last word.
     static const auto loader = std::make_unique<Sim::XPAircraftListLoader>();
     // A person may still look at aircraft where the files cannot be laid.
-    if (const std::string problem = LayOwnDataFiles(); !problem.empty())
+    if (const std::string problem = InstallDataFiles(); !problem.empty())
         ShowProblem(nullptr, problem);
     try {
         auto* window = new AnnotatorWindow(loader.get());

@@ -1,11 +1,11 @@
 // The window's scene: the load of an aircraft, the tree of its nodes and parts, the selection and Save.
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Annotator/FailureTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/ProblemBox.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Logging/Logger.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 #include "Utils/Paths.h"
 
 #include <stdexcept>
@@ -187,7 +187,7 @@ void AnnotatorWindow::OnSaveAnnotation(wxCommandEvent&) {
     annotationStore->Set(*selectedPart, currentAnnotation);
     if (const auto result = annotationStore->Write(annotationPath); !result)
         ShowProblem(this, SaveFailureText(annotationPath, result.error));
-    else if (const std::string& copy = annotationStore->KeptCopy();
+    else if (const std::string& copy = annotationStore->BackupPath();
              !copy.empty() && !CockpitModel::IsXml(Utils::ReadFile(copy)))
         ShowProblem(this, KeptCopyText(annotationPath, copy));
 }

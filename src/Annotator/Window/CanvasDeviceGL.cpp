@@ -5,7 +5,7 @@
 #include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Window/CanvasDevice.h"
 #include "Logging/Logger.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <optional>
 

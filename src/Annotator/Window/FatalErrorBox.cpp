@@ -1,7 +1,7 @@
 #include "Annotator/Window/FatalErrorBox.h"
 
-#include "Annotator/Window/WideText.h"
-#include "Utils/Asserts.h"
+#include "Annotator/Window/WxText.h"
+#include "Utils/FatalError.h"
 
 #include <chrono>
 #include <condition_variable>

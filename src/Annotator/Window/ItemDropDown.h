@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/Window/WideText.h"
+#include "Annotator/Window/WxText.h"
 #include "Utils/RangeCheck.h"
 
 #include <algorithm>

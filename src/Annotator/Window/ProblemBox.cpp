@@ -1,6 +1,6 @@
 #include "Annotator/Window/ProblemBox.h"
 
-#include "Annotator/Window/WideText.h"
+#include "Annotator/Window/WxText.h"
 
 #include <wx/msgdlg.h>
 

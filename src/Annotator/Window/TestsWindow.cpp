@@ -1,8 +1,8 @@
 #include "Annotator/Window/TestsWindow.h"
 
-#include "Annotator/BatchTests.h"
+#include "Annotator/ExpectationCheck.h"
 #include "Annotator/Window/AccessibleName.h"
-#include "Annotator/Window/WideText.h"
+#include "Annotator/Window/WxText.h"
 
 #include <wx/sizer.h>
 
@@ -10,7 +10,7 @@ namespace Annotator {
 
 namespace {
 
-void AppendRow(wxGrid& grid, const AircraftTests& tests) {
+void AppendRow(wxGrid& grid, const AircraftResult& tests) {
     grid.AppendRows(1);
     const int row = grid.GetNumberRows() - 1;
     grid.SetCellValue(row, 0, ToWide(tests.displayName));
@@ -32,7 +32,7 @@ TestsWindow::TestsWindow(Sim::AircraftListLoader* loader)
     const char* const labels[] = {"Aircraft", "Passed", "Failed", "Total"};
     for (int column = 0; column < 4; ++column)
         grid->SetColLabelValue(column, labels[column]);
-    for (const AircraftTests& tests : RunAllTests(*loader)) {
+    for (const AircraftResult& tests : CheckAllAircraft(*loader)) {
         if (tests.Total() > 0)
             AppendRow(*grid, tests);
     }

@@ -1,8 +1,8 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/HeldSignals.h"
 #include "Batch/Jobs/Jobs.h"
+#include "Batch/Jobs/ScopedSignalBlock.h"
 #include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
@@ -25,13 +25,13 @@ using CockpitModel::TouchInteractionType;
 struct AcceptOptions {
     bool dryRun = false;
     bool yoke = false;
-    Annotator::RoadOptions road;
+    Annotator::LoadOptions load;
     std::size_t jobs = DefaultProcesses();
     std::vector<std::string> aircraft;
 };
 
 /// Yoke types are only found on parts without a rectangle.
-bool IsAsked(const NodePart& part, bool yoke) {
+bool NeedsExpectation(const NodePart& part, bool yoke) {
     return part.Rect() || (yoke && (part.InteractionType == TouchInteractionType::YokePart ||
                                     part.InteractionType == TouchInteractionType::YokePrimary));
 }
@@ -40,13 +40,13 @@ bool IsAsked(const NodePart& part, bool yoke) {
 std::string FindNew(const Sim::AircraftInfo& info, const AcceptOptions& options) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.road);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.load);
     CockpitModel::AnnotationStore store(*built.sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
     Json found = Json::array();
     for (const auto& node : built.sceneGraph->Nodes())
         for (const auto& part : node->parts)
-            if (IsAsked(*part, options.yoke) && !store.Evaluate(*part).hasTest)
+            if (NeedsExpectation(*part, options.yoke) && !store.Evaluate(*part).hasTest)
                 found.push_back({{"nodeId", node->index},
                                  {"partId", part->id},
                                  {"mouseRect", JsonText(part->Rect() ? part->Rect()->Text : std::string())},
@@ -64,9 +64,9 @@ std::string ReadAnnotationFile(const std::string& path) {
 }
 
 /// Gathers expectations by annotation file, which aircraft in folders of one name share, and saves them.
-class Acceptance {
+class ExpectationWriter {
 public:
-    explicit Acceptance(Console& messages) : console(messages) {}
+    explicit ExpectationWriter(Console& messages) : console(messages) {}
 
     void Take(const Sim::AircraftInfo& info, const JobResult& result) {
         if (result.failure) {
@@ -120,7 +120,7 @@ private:
         for (const auto& [place, record] : file.expectations)
             records.push_back(record);
         try {
-            const std::string xml = CockpitModel::WithExpectations(ReadAnnotationFile(path), records);
+            const std::string xml = CockpitModel::AddExpectations(ReadAnnotationFile(path), records);
             return dryRun || Write(path, xml);
         } catch (const std::runtime_error& error) {
             console.Message(path + ": " + error.what());
@@ -147,7 +147,7 @@ private:
 ExitCode Accept(const AcceptOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
-    Acceptance acceptance(session.console);
+    ExpectationWriter acceptance(session.console);
     RunJobs(
         aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return FindNew(info, options); },
         [&](const JobResult& result) { acceptance.Take(*result.aircraft, result); });
@@ -161,7 +161,7 @@ Action PrepareAccept(CLI::App& app) {
     auto options = std::make_shared<AcceptOptions>();
     app.add_flag("--dry-run", options->dryRun, "Only shows what would be added");
     app.add_flag("--yoke", options->yoke, "Records yoke parts too, which have no mouse rectangle");
-    AddUntexturedOption(app, options->road);
+    AddUntexturedOption(app, options->load);
     AddJobsOption(app, options->jobs);
     app.add_option("AIRCRAFT", options->aircraft, "These aircraft")->type_name("")->required();
     return [options](Session& session) { return Accept(*options, session); };

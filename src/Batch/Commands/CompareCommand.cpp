@@ -165,7 +165,7 @@ void PrintAsJson(const Comparison& comparison, const CompareOptions& options) {
 
 ExitCode Compare(const CompareOptions& options, Session& session) {
     const Comparison comparison =
-        CompareFolders(session.CallersPath(options.a), session.CallersPath(options.b), session.console);
+        CompareFolders(session.ResolveArgument(options.a), session.ResolveArgument(options.b), session.console);
     (options.json ? PrintAsJson : PrintAsText)(comparison, options);
     FlushPrinted();
     std::size_t parts = 0;

@@ -1,10 +1,10 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Annotator/DataFiles.h"
 #include "Annotator/DetectedDataExport.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/HeldSignals.h"
 #include "Batch/Jobs/Jobs.h"
+#include "Batch/Jobs/ScopedSignalBlock.h"
 #include "Logging/Logger.h"
 
 #include <CLI/CLI.hpp>
@@ -19,17 +19,17 @@ namespace {
 struct DetectOptions {
     std::string folder; ///< empty for the one of the desktop tool's menu entry
     std::size_t jobs = DefaultProcesses();
-    Annotator::RoadOptions road;
+    Annotator::LoadOptions load;
     std::vector<std::string> aircraft;
 };
 
-std::string DetectOne(const Sim::AircraftInfo& info, const Annotator::RoadOptions& road) {
+std::string DetectOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     Logging::Logger& log = Logging::Logger::Get();
     log.Log(HERE, "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
     try {
         CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
         const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-        return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened, road).sceneGraph);
+        return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened, load).sceneGraph);
     } catch (const std::exception&) {
         // As the desktop tool logs it; the reason goes to whoever called the program.
         log.Log(HERE, "Failed to load model.  Skipping...");
@@ -92,12 +92,13 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     const std::string folder = options.folder.empty() ? Annotator::DetectedDataFolder() : options.folder;
     // What writes into QVRA leaves it whole, so that the desktop tool finds its own there.
-    if (const std::string problem = options.folder.empty() ? Annotator::LayOwnDataFiles() : ""; !problem.empty())
+    if (const std::string problem = options.folder.empty() ? Annotator::InstallDataFiles() : ""; !problem.empty())
         session.console.Message(problem);
-    DetectedDataWriter writer(options.folder.empty() ? folder : session.CallersPath(folder), folder, session.console);
+    DetectedDataWriter writer(options.folder.empty() ? folder : session.ResolveArgument(folder), folder,
+                              session.console);
     session.console.BeginProgress(aircraft.size());
     RunJobs(
-        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.road); },
+        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.load); },
         [&](const JobResult& result) {
             writer.Take(result);
             session.console.Advance();
@@ -112,7 +113,7 @@ Action PrepareDetect(CLI::App& app) {
     auto options = std::make_shared<DetectOptions>();
     app.add_option("--out", options->folder, "Where the files go; QVRA/AirLogs/... of the installation without it")
         ->type_name("DIR");
-    AddUntexturedOption(app, options->road);
+    AddUntexturedOption(app, options->load);
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Detect(*options, session); };

@@ -1,4 +1,4 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Annotator/Explanation.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
@@ -19,7 +19,7 @@ using CockpitModel::SceneGraph;
 
 struct ExplainOptions {
     std::string aircraft, part;
-    Annotator::RoadOptions road;
+    Annotator::LoadOptions load;
 };
 
 struct PartPlace {
@@ -53,10 +53,10 @@ std::string AnnotationText(const std::optional<CockpitModel::AnnotationRecord>& 
 }
 
 /// Empty for a part that is not there.
-std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, const Annotator::RoadOptions& road) {
+std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, road);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
     const auto& nodes = built.sceneGraph->Nodes();
     if (place.node >= nodes.size() || place.part >= nodes[place.node]->parts.size())
         return {};
@@ -71,7 +71,7 @@ ExitCode Explain(const ExplainOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
     const std::string text =
-        RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, place, options.road); });
+        RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, place, options.load); });
     if (text.empty())
         throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
                                             "; 'inspect' lists all parts, 'manips' those that can be clicked");
@@ -85,7 +85,7 @@ Action PrepareExplain(CLI::App& app) {
     auto options = std::make_shared<ExplainOptions>();
     app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
     app.add_option("PART", options->part, "The part, as NODE,PART: 12,0")->type_name("")->required();
-    AddUntexturedOption(app, options->road);
+    AddUntexturedOption(app, options->load);
     return [options](Session& session) { return Explain(*options, session); };
 }
 

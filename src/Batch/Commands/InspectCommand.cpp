@@ -1,4 +1,4 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Commands/CockpitJson.h"
@@ -20,7 +20,7 @@ namespace {
 
 struct InspectOptions {
     std::string panel; ///< a panel configuration in place of the aircraft's own
-    Annotator::RoadOptions road;
+    Annotator::LoadOptions load;
     std::string aircraft;
 };
 
@@ -34,14 +34,14 @@ std::string ReadPanel(const std::string& path) {
 }
 
 std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::string>& panel,
-                       const Annotator::RoadOptions& road) {
+                       const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     if (panel) {
         std::istringstream configuration(*panel);
         opened.panels->Read(configuration, repository);
     }
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, road);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
     std::ostringstream json;
     WriteCockpitJson(json, info, *opened.cockpit, *built.sceneGraph, panel ? opened.panels.get() : nullptr);
     return std::move(json).str();
@@ -52,10 +52,10 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
     std::optional<std::string> panel;
     if (!options.panel.empty()) {
-        panel = ReadPanel(session.CallersPath(options.panel));
+        panel = ReadPanel(session.ResolveArgument(options.panel));
         session.console.Message("there is no source of gauges, so that panels have no entries");
     }
-    PrintJson(RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.road); }));
+    PrintJson(RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.load); }));
     return kDone;
 }
 
@@ -65,7 +65,7 @@ Action PrepareInspect(CLI::App& app) {
     auto options = std::make_shared<InspectOptions>();
     app.add_option("--panel", options->panel, "Reads this panel configuration for the aircraft and shows what it gave")
         ->type_name("FILE");
-    AddUntexturedOption(app, options->road);
+    AddUntexturedOption(app, options->load);
     app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
     return [options](Session& session) { return Inspect(*options, session); };
 }

@@ -1,4 +1,4 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"
@@ -20,9 +20,9 @@ namespace {
 using CockpitModel::MouseRect;
 using CockpitModel::NodePart;
 
-struct ManipsOptions {
+struct ManipulatorOptions {
     bool csv = false, json = false;
-    Annotator::RoadOptions road;
+    Annotator::LoadOptions load;
     std::size_t jobs = DefaultProcesses();
     std::vector<std::string> aircraft;
 };
@@ -65,10 +65,10 @@ Row RowOf(const NodePart& part, const CockpitModel::AnnotationStore& store) {
             manipulator.dataref};
 }
 
-std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::RoadOptions& road) {
+std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, road);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
     CockpitModel::AnnotationStore store(*built.sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
     std::vector<Row> rows;
@@ -91,7 +91,7 @@ std::string Plain(const Json& value) {
 std::string CsvLines(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
     std::string text;
     for (const Row& row : rows) {
-        std::vector<std::string> fields{Utils::Readable(info.acfPath)};
+        std::vector<std::string> fields{Utils::ToValidUtf8(info.acfPath)};
         std::transform(row.begin(), row.end(), std::back_inserter(fields), Plain);
         text += CsvLine(fields);
     }
@@ -137,8 +137,8 @@ std::string Table(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
            (rows.empty() ? std::string() : Aligned(lines));
 }
 
-std::string FormOf(const ManipsOptions& options, const Sim::AircraftInfo& info) {
-    const std::vector<Row> rows = RowsOf(info, options.road);
+std::string FormOf(const ManipulatorOptions& options, const Sim::AircraftInfo& info) {
+    const std::vector<Row> rows = RowsOf(info, options.load);
     return options.csv ? CsvLines(info, rows) : options.json ? JsonLines(info, rows) : Table(info, rows);
 }
 
@@ -149,7 +149,7 @@ std::string CsvHeading() {
     return heading + '\n';
 }
 
-ExitCode Manips(const ManipsOptions& options, Session& session) {
+ExitCode Manips(const ManipulatorOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     bool failed = false;
@@ -174,10 +174,10 @@ ExitCode Manips(const ManipsOptions& options, Session& session) {
 } // namespace
 
 Action PrepareManips(CLI::App& app) {
-    auto options = std::make_shared<ManipsOptions>();
+    auto options = std::make_shared<ManipulatorOptions>();
     CLI::Option* const csv = app.add_flag("--csv", options->csv, "A table for a spreadsheet");
     app.add_flag("--json", options->json, "A list of objects")->excludes(csv);
-    AddUntexturedOption(app, options->road);
+    AddUntexturedOption(app, options->load);
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Manips(*options, session); };

@@ -73,9 +73,9 @@ private:
 ExitCode Merge(const MergeOptions& options, Session& session) {
     Merger merger;
     for (const std::string& word : options.parts)
-        for (const std::string& part : PartsOf(session.CallersPath(word)))
+        for (const std::string& part : PartsOf(session.ResolveArgument(word)))
             merger.Add(part);
-    return GiveReport(merger.report, options.reports, session);
+    return PublishReport(merger.report, options.reports, session);
 }
 
 } // namespace

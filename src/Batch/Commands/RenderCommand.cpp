@@ -3,8 +3,8 @@
 #include "Annotator/Preview/PreviewPicture.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/HeldSignals.h"
 #include "Batch/Jobs/Jobs.h"
+#include "Batch/Jobs/ScopedSignalBlock.h"
 #include "Batch/OffScreen.h"
 #include "Rendering/GeometryLoader.h"
 #include "Rendering/Images.h"
@@ -32,7 +32,7 @@ constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
 
 struct RenderOptions {
     PictureRequest picture;
-    Annotator::RoadOptions road;
+    Annotator::LoadOptions load;
     std::string file;
     std::string aircraft;
 };
@@ -123,7 +123,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     if (!opened.cockpit->IsValid())
         throw std::runtime_error("there is no cockpit object beside the .acf file");
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.road);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.load);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
     annotations.Read(CockpitModel::AnnotationFile(info));
     try {
@@ -138,7 +138,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
 
 /// Data files that the installation lacks are read where the program has its own.
 void RequireData() {
-    Rendering::SetSpareDataFolder(Annotator::OwnDataFolder(Utils::Platform::ProgramPath()).parent_path());
+    Rendering::SetFallbackDataFolder(Annotator::ProgramDataFolder(Utils::Platform::ProgramPath()).parent_path());
     if (!boost::filesystem::exists(Rendering::FindDataFile(Annotator::kMarkerMeshFile)))
         throw CommandError(kWrongUsage, std::string("there is no ") + Annotator::kMarkerMeshFile +
                                             " in the installation: the program's folder QVRA belongs beside Aircraft");
@@ -154,7 +154,7 @@ ExitCode Render(const RenderOptions& options, Session& session) {
         throw CommandError(kWrongUsage, NameOf(info) + ": " + std::string(bytes));
     if (answer[0] == kEmptyPicture)
         session.console.Message(NameOf(info) + ": no part is in view" + (options.picture.fit ? "" : "; try --fit"));
-    if (const auto saved = SaveWithSignalsHeld(session.CallersPath(options.file), bytes); !saved)
+    if (const auto saved = SaveWithSignalsHeld(session.ResolveArgument(options.file), bytes); !saved)
         throw CommandError(kNotWritten, saved.error);
     return kDone;
 }
@@ -165,7 +165,7 @@ Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
     app.add_option("--out", options->file, "The picture, a PNG")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
-    AddUntexturedOption(app, options->road);
+    AddUntexturedOption(app, options->load);
     app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
     return [options](Session& session) { return Render(*options, session); };
 }

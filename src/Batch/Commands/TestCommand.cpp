@@ -14,18 +14,18 @@ namespace {
 
 struct TestOptions {
     ReportOptions reports;
-    Annotator::RoadOptions road;
+    Annotator::LoadOptions load;
     std::size_t jobs = DefaultProcesses();
     std::vector<std::string> aircraft;
 };
 
 /// The tests of an aircraft on their way to the parent; empty for an aircraft without annotations.
-std::string TestOne(const Sim::AircraftInfo& info, const Annotator::RoadOptions& road) {
+std::string TestOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
-        std::optional<Annotator::AircraftTests> tests = Annotator::TestAircraft(info, repository, road);
+        std::optional<Annotator::AircraftResult> tests = Annotator::CheckAircraft(info, repository, load);
         return tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string();
-    } catch (const Annotator::AircraftTestError& error) {
+    } catch (const Annotator::AircraftCheckError& error) {
         std::rethrow_if_nested(error); // the cause does without the aircraft's name, which the parent knows
         throw;
     }
@@ -33,9 +33,9 @@ std::string TestOne(const Sim::AircraftInfo& info, const Annotator::RoadOptions&
 
 AircraftReport Unloaded(const Sim::AircraftInfo& info, const std::string& reason) {
     AircraftReport report;
-    report.tests.displayName = Utils::Readable(info.displayName);
-    report.tests.acfPath = Utils::Readable(info.acfPath);
-    report.problems.push_back(Utils::Readable(reason));
+    report.tests.displayName = Utils::ToValidUtf8(info.displayName);
+    report.tests.acfPath = Utils::ToValidUtf8(info.acfPath);
+    report.problems.push_back(Utils::ToValidUtf8(reason));
     return report;
 }
 
@@ -43,7 +43,7 @@ TestReport RunTests(const AircraftSelection& aircraft, const TestOptions& option
     TestReport report;
     console.BeginProgress(aircraft.size());
     RunJobs(
-        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return TestOne(info, options.road); },
+        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return TestOne(info, options.load); },
         [&](const JobResult& result) {
             if (result.failure)
                 report.push_back(Unloaded(*result.aircraft, *result.failure));
@@ -58,7 +58,7 @@ TestReport RunTests(const AircraftSelection& aircraft, const TestOptions& option
 ExitCode Test(const TestOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
-    return GiveReport(RunTests(aircraft, options, session.console), options.reports, session);
+    return PublishReport(RunTests(aircraft, options, session.console), options.reports, session);
 }
 
 } // namespace
@@ -66,7 +66,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
 Action PrepareTest(CLI::App& app) {
     auto options = std::make_shared<TestOptions>();
     AddReportOptions(app, options->reports);
-    AddUntexturedOption(app, options->road);
+    AddUntexturedOption(app, options->load);
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Test(*options, session); };

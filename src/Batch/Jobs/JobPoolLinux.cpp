@@ -1,5 +1,5 @@
 #include "Batch/BatchLog.h"
-#include "Batch/Jobs/JobAnswer.h"
+#include "Batch/Jobs/JobResult.h"
 #include "Logging/Logger.h"
 #include "Utils/NonAssignable.h"
 
@@ -44,7 +44,7 @@ bool WriteAll(int file, std::string_view bytes) {
     if (getppid() != parent)
         _exit(1); // it ended before its end could be heard of
     JoinLog();
-    const std::string text = JobAnswer(job, aircraft);
+    const std::string text = EncodeResult(job, aircraft);
     Logging::Logger::Get().Stop("");
     // The parent's buffers and objects, which this process has copies of, are not its own to flush or to destroy.
     _exit(WriteAll(answer, text) ? 0 : 1);
@@ -93,7 +93,8 @@ public:
 
 private:
     void StartProcesses() {
-        while (started < aircraft.size() && running.size() < limit && started < delivered + kAhead * limit) {
+        while (started < aircraft.size() && running.size() < limit &&
+               started < delivered + kMaxPendingPerProcess * limit) {
             if (!Start(started)) {
                 // Processes or file handles have run out.
                 if (!running.empty())
@@ -162,7 +163,7 @@ private:
         const bool answered = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !process.received.empty();
         const Sim::AircraftInfo& its = *aircraft[process.index];
         waiting[process.index] =
-            answered ? ReadJobAnswer(its, process.received) : JobResult{&its, {}, HowItEnded(status)};
+            answered ? DecodeResult(its, process.received) : JobResult{&its, {}, HowItEnded(status)};
     }
 
     const AircraftSelection& aircraft;

@@ -1,5 +1,5 @@
 #include "Batch/BatchLog.h"
-#include "Batch/Jobs/JobAnswer.h"
+#include "Batch/Jobs/JobResult.h"
 #include "Batch/Jobs/Process.h"
 #include "Logging/Logger.h"
 #include "Utils/NonAssignable.h"
@@ -155,7 +155,7 @@ JobResult RunInProcess(const Sim::AircraftInfo& aircraft, ProcessGroup& group) {
     GetExitCodeProcess(started.process.Get(), &exitCode);
     // A process may have died in the middle of its answer.
     if (exitCode == 0 && !answer.empty())
-        return ReadJobAnswer(aircraft, answer);
+        return DecodeResult(aircraft, answer);
     return {&aircraft, {}, HowItEnded(exitCode)};
 }
 
@@ -197,7 +197,7 @@ private:
     void RunProcesses() {
         std::unique_lock lock(mutex);
         for (;;) {
-            changed.wait(lock, [this] { return ended || started < delivered + kAhead * limit; });
+            changed.wait(lock, [this] { return ended || started < delivered + kMaxPendingPerProcess * limit; });
             if (ended || started == aircraft.size())
                 return;
             const std::size_t index = started++;
@@ -233,7 +233,7 @@ bool WriteAll(HANDLE file, std::string_view bytes) {
 /// Ends this process with the answer of the job that it was started for.
 [[noreturn]] void RunOwnJob(const Sim::AircraftInfo& aircraft, const Job& job) {
     JoinLog();
-    const std::string answer = JobAnswer(job, aircraft);
+    const std::string answer = EncodeResult(job, aircraft);
     Logging::Logger::Get().Stop("");
     std::_Exit(WriteAll(GetStdHandle(STD_OUTPUT_HANDLE), answer) ? 0 : 1);
 }

@@ -2,7 +2,7 @@
 
 #include "Annotator/FailureTexts.h"
 #include "Batch/Command.h"
-#include "Batch/Jobs/JobAnswer.h"
+#include "Batch/Jobs/JobResult.h"
 #include "CockpitModel/NoMaterial.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ constexpr char kThrew = 'T';
 
 } // namespace
 
-std::string JobAnswer(const Job& job, const Sim::AircraftInfo& aircraft) {
+std::string EncodeResult(const Job& job, const Sim::AircraftInfo& aircraft) {
     try {
         return kReturned + job(aircraft);
     } catch (const std::bad_alloc&) {
@@ -31,7 +31,7 @@ std::string JobAnswer(const Job& job, const Sim::AircraftInfo& aircraft) {
     }
 }
 
-JobResult ReadJobAnswer(const Sim::AircraftInfo& aircraft, const std::string& answer) {
+JobResult DecodeResult(const Sim::AircraftInfo& aircraft, const std::string& answer) {
     if (answer[0] == kThrew)
         return {&aircraft, {}, answer.substr(1)};
     return {&aircraft, answer.substr(1), std::nullopt};

@@ -1,6 +1,6 @@
 #include "Batch/Jobs/Process.h"
 
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 #include "Utils/WideText.h"
 
 #include <cstdio>

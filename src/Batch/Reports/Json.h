@@ -17,7 +17,7 @@ using Json =
 
 /// Text of a file in JSON, which has to be UTF-8.
 inline Json JsonText(std::string_view text) {
-    return Utils::Readable(text);
+    return Utils::ToValidUtf8(text);
 }
 
 } // namespace Batch

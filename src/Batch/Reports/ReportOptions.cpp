@@ -1,6 +1,6 @@
 #include "Batch/Reports/ReportOptions.h"
 
-#include "Batch/Jobs/HeldSignals.h"
+#include "Batch/Jobs/ScopedSignalBlock.h"
 
 #include <CLI/CLI.hpp>
 
@@ -23,7 +23,7 @@ constexpr ReportForm kReportForms[] = {
 };
 static_assert(std::size(kReportForms) == std::tuple_size_v<decltype(ReportOptions::files)>);
 
-void TellProblems(const TestReport& report, Console& console) {
+void PrintProblems(const TestReport& report, Console& console) {
     for (const auto& [tests, problems] : report)
         for (const std::string& problem : problems)
             console.Message(Shown(tests.displayName + " (" + tests.acfPath + "): " + problem));
@@ -35,7 +35,7 @@ bool WriteReports(const TestReport& report, const ReportOptions& options, Sessio
     for (std::size_t i = 0; i < options.files.size(); ++i) {
         if (options.files[i].empty())
             continue;
-        const std::string path = session.CallersPath(options.files[i]);
+        const std::string path = session.ResolveArgument(options.files[i]);
         if (const auto saved = SaveWithSignalsHeld(path, kReportForms[i].make(report)); !saved) {
             session.console.Message(saved.error);
             written = false;
@@ -64,10 +64,10 @@ void AddReportOptions(CLI::App& app, ReportOptions& options) {
     app.add_flag("--require-tests", options.requireTests, "Fails when there is no test at all");
 }
 
-ExitCode GiveReport(const TestReport& report, const ReportOptions& options, Session& session) {
+ExitCode PublishReport(const TestReport& report, const ReportOptions& options, Session& session) {
     Print(TableText(report));
     FlushPrinted();
-    TellProblems(report, session.console);
+    PrintProblems(report, session.console);
     const bool written = WriteReports(report, options, session);
     const ExitCode outcome = Outcome(Totals(report), options, session.console);
     return written ? outcome : kNotWritten;

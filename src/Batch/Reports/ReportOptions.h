@@ -17,6 +17,6 @@ struct ReportOptions {
 void AddReportOptions(CLI::App& app, ReportOptions& options);
 
 /// Prints the table, tells the problems, writes the files that were asked for, and says how the tests came out.
-ExitCode GiveReport(const TestReport& report, const ReportOptions& options, Session& session);
+ExitCode PublishReport(const TestReport& report, const ReportOptions& options, Session& session);
 
 } // namespace Batch

@@ -43,7 +43,7 @@ TestTotals Totals(const TestReport& report) {
     return totals;
 }
 
-std::vector<std::string> FindProblems(const Annotator::AircraftTests& tests) {
+std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests) {
     std::vector<std::string> problems;
     if (!tests.hasCockpitObject)
         problems.push_back("it has annotations but no cockpit object");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/BatchTests.h"
+#include "Annotator/ExpectationCheck.h"
 
 #include <cstddef>
 #include <string>
@@ -11,7 +11,7 @@ namespace Batch {
 
 /// What the tests of one annotated aircraft gave. Texts are UTF-8.
 struct AircraftReport {
-    Annotator::AircraftTests tests;
+    Annotator::AircraftResult tests;
     std::vector<std::string> problems; ///< in words: what kept expectations of it from being tested
 };
 
@@ -28,7 +28,7 @@ struct TestTotals {
 
 TestTotals Totals(const TestReport& report);
 /// Every aircraft that has annotations is to have a cockpit object and a part for each expectation.
-std::vector<std::string> FindProblems(const Annotator::AircraftTests& tests);
+std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests);
 
 /// One aircraft's report on its way between processes; the form is that of the JSON report.
 std::string SerialiseAircraft(const AircraftReport& aircraft);

@@ -10,8 +10,8 @@ namespace Batch {
 
 namespace {
 
-using Annotator::AircraftTests;
-using Annotator::PartTest;
+using Annotator::AircraftResult;
+using Annotator::PartResult;
 using CockpitModel::TouchInteractionType;
 using CockpitModel::TouchInteractionTypeToText;
 
@@ -139,8 +139,8 @@ std::string HeadCells(const std::vector<std::pair<std::string, std::string>>& na
 using Cell = std::pair<TouchInteractionType, TouchInteractionType>;
 
 struct TestedPart {
-    const AircraftTests* aircraft;
-    const PartTest* part;
+    const AircraftResult* aircraft;
+    const PartResult* part;
 };
 
 using PartsByCell = std::map<Cell, std::vector<TestedPart>>;
@@ -148,7 +148,7 @@ using PartsByCell = std::map<Cell, std::vector<TestedPart>>;
 PartsByCell SortByCell(const TestReport& report) {
     PartsByCell cells;
     for (const AircraftReport& aircraft : report)
-        for (const PartTest& part : aircraft.tests.parts)
+        for (const PartResult& part : aircraft.tests.parts)
             cells[{part.expected, part.detected}].push_back({&aircraft.tests, &part});
     return cells;
 }
@@ -213,7 +213,7 @@ std::string Problems(const TestReport& report) {
     return items.empty() ? "" : Element("h2", "Problems") + "\n<ul>\n" + items + "</ul>\n";
 }
 
-std::string Coverage(const AircraftTests& tests) {
+std::string Coverage(const AircraftResult& tests) {
     const std::string value = std::to_string(tests.covered), most = std::to_string(tests.clickable);
     if (tests.clickable == 0)
         return Element("td", "–", "class=\"soft\"");

@@ -6,8 +6,8 @@ namespace Batch {
 
 namespace {
 
-using Annotator::AircraftTests;
-using Annotator::PartTest;
+using Annotator::AircraftResult;
+using Annotator::PartResult;
 using CockpitModel::TouchInteractionTypeToText;
 
 class JUnitWriter {
@@ -41,7 +41,7 @@ private:
     }
 
     void Suite(const AircraftReport& aircraft) {
-        const AircraftTests& tests = aircraft.tests;
+        const AircraftResult& tests = aircraft.tests;
         printer.OpenElement("testsuite");
         Attribute("name", tests.displayName);
         Counts(tests.Total() + aircraft.problems.size(), tests.Failed(), aircraft.problems.size());
@@ -51,14 +51,14 @@ private:
         Attribute("value", tests.acfPath);
         printer.CloseElement();
         printer.CloseElement();
-        for (const PartTest& part : tests.parts)
+        for (const PartResult& part : tests.parts)
             Case(tests, part);
         for (const std::string& problem : aircraft.problems)
             Error(tests, problem);
         printer.CloseElement();
     }
 
-    void Case(const AircraftTests& tests, const PartTest& part) {
+    void Case(const AircraftResult& tests, const PartResult& part) {
         const std::string rectangle = part.rectangle.empty() ? "" : ": " + part.rectangle;
         OpenCase(tests, "node " + std::to_string(part.NodeId) + " part " + std::to_string(part.PartId) + rectangle);
         if (!part.passed) {
@@ -72,7 +72,7 @@ private:
     }
 
     /// A suite has no place for an error of its own, so it stands as a case.
-    void Error(const AircraftTests& tests, const std::string& problem) {
+    void Error(const AircraftResult& tests, const std::string& problem) {
         OpenCase(tests, "aircraft");
         printer.OpenElement("error");
         Attribute("type", "Aircraft");
@@ -81,7 +81,7 @@ private:
         printer.CloseElement();
     }
 
-    void OpenCase(const AircraftTests& tests, const std::string& name) {
+    void OpenCase(const AircraftResult& tests, const std::string& name) {
         printer.OpenElement("testcase");
         Attribute("classname", tests.displayName);
         Attribute("name", name);

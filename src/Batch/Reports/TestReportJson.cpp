@@ -5,13 +5,13 @@ namespace Batch {
 
 namespace {
 
-using Annotator::AircraftTests;
-using Annotator::PartTest;
+using Annotator::AircraftResult;
+using Annotator::PartResult;
 using CockpitModel::AnnotationRecord;
 using CockpitModel::TouchInteractionTypeFromText;
 using CockpitModel::TouchInteractionTypeToText;
 
-Json ToJson(const PartTest& part) {
+Json ToJson(const PartResult& part) {
     return {{"nodeId", part.NodeId},
             {"partId", part.PartId},
             {"mouseRect", JsonText(part.rectangle)},
@@ -29,7 +29,7 @@ CockpitModel::TouchInteractionType TypeFromJson(const Json& json) {
     }
 }
 
-PartTest PartFromJson(const Json& json) {
+PartResult PartFromJson(const Json& json) {
     return {.NodeId = json.at("nodeId"),
             .PartId = json.at("partId"),
             .rectangle = json.at("mouseRect"),
@@ -61,7 +61,7 @@ Json ListToJson(const List& list) {
 }
 
 Json ToJson(const AircraftReport& aircraft) {
-    const AircraftTests& tests = aircraft.tests;
+    const AircraftResult& tests = aircraft.tests;
     Json problems = Json::array();
     for (const std::string& problem : aircraft.problems)
         problems.push_back(JsonText(problem));
@@ -80,7 +80,7 @@ Json ToJson(const AircraftReport& aircraft) {
 
 AircraftReport AircraftFromJson(const Json& json) {
     AircraftReport aircraft;
-    AircraftTests& tests = aircraft.tests;
+    AircraftResult& tests = aircraft.tests;
     tests.displayName = json.at("displayName");
     tests.acfPath = json.at("acfPath");
     tests.hasCockpitObject = json.at("hasCockpitObject");

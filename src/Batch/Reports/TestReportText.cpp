@@ -37,7 +37,7 @@ std::string Aligned(const std::vector<Row>& rows) {
 std::vector<Row> CountRows(const TestReport& report) {
     std::vector<Row> rows{{"Aircraft", "Passed", "Failed", "Total"}};
     for (const AircraftReport& aircraft : report) {
-        const Annotator::AircraftTests& tests = aircraft.tests;
+        const Annotator::AircraftResult& tests = aircraft.tests;
         if (tests.Total() > 0)
             rows.push_back({Shown(tests.displayName), std::to_string(tests.Passed()), std::to_string(tests.Failed()),
                             std::to_string(tests.Total())});
@@ -49,7 +49,7 @@ std::vector<Row> CountRows(const TestReport& report) {
 std::vector<Row> FailureRows(const TestReport& report) {
     std::vector<Row> rows{{"Failed part of", "NodeId", "PartId", "Mouse rectangle", "Expected", "Detected"}};
     for (const AircraftReport& aircraft : report)
-        for (const Annotator::PartTest& part : aircraft.tests.parts)
+        for (const Annotator::PartResult& part : aircraft.tests.parts)
             if (!part.passed)
                 rows.push_back({Shown(aircraft.tests.displayName), std::to_string(part.NodeId),
                                 std::to_string(part.PartId), part.rectangle.empty() ? "-" : Shown(part.rectangle),
@@ -67,7 +67,7 @@ std::string TableText(const TestReport& report) {
 std::string CsvReport(const TestReport& report) {
     std::string csv = "aircraft,acfPath,nodeId,partId,mouseRect,expected,detected,result,problem\n";
     for (const auto& [tests, problems] : report) {
-        for (const Annotator::PartTest& part : tests.parts)
+        for (const Annotator::PartResult& part : tests.parts)
             csv += CsvLine({tests.displayName, tests.acfPath, std::to_string(part.NodeId), std::to_string(part.PartId),
                             part.rectangle, TouchInteractionTypeToText(part.expected),
                             TouchInteractionTypeToText(part.detected), part.passed ? "passed" : "failed", ""});

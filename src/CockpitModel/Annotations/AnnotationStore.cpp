@@ -67,8 +67,9 @@ void AnnotationStore::Read(const std::string& path) {
     fileRecords = ListAll();
 }
 
-Utils::SaveResult AnnotationStore::KeepOtherText(const std::string& path, const std::vector<AnnotationRecord>& list) {
-    keptCopy.clear();
+Utils::SaveResult AnnotationStore::BackUpForeignContent(const std::string& path,
+                                                        const std::vector<AnnotationRecord>& list) {
+    backupPath.clear();
     const std::string found = Utils::ReadFile(path);
     boost::system::error_code error;
     if (found.empty() && boost::filesystem::file_size(path, error) > 0 && !error)
@@ -79,16 +80,16 @@ Utils::SaveResult AnnotationStore::KeepOtherText(const std::string& path, const 
     known.insert(known.end(), list.begin(), list.end());
     if (!SaysMore(found, std::move(known)))
         return {true, {}};
-    for (int number = 1; keptCopy.empty() || boost::filesystem::exists(keptCopy); ++number)
-        keptCopy = path + ".kept-" + std::to_string(number);
-    Logging::Logger::Get().Log(HERE, path + " held more than the records; it is kept as " + keptCopy);
-    return Utils::SaveFile(keptCopy, found);
+    for (int number = 1; backupPath.empty() || boost::filesystem::exists(backupPath); ++number)
+        backupPath = path + ".kept-" + std::to_string(number);
+    Logging::Logger::Get().Log(HERE, path + " held more than the records; it is kept as " + backupPath);
+    return Utils::SaveFile(backupPath, found);
 }
 
 Utils::SaveResult AnnotationStore::Write(const std::string& path) noexcept {
     try {
         std::vector<AnnotationRecord> list = ListAll();
-        if (Utils::SaveResult kept = KeepOtherText(path, list); !kept)
+        if (Utils::SaveResult kept = BackUpForeignContent(path, list); !kept)
             return kept;
         std::string xml = AnnotationsToXml(list);
         Utils::SaveResult saved = Utils::SaveFile(path, xml);

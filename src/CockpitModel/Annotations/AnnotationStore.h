@@ -44,7 +44,7 @@ public:
     /// file beside it first.
     Utils::SaveResult Write(const std::string& path) noexcept;
     /// The copy that the last Write made; empty for most.
-    const std::string& KeptCopy() const { return keptCopy; }
+    const std::string& BackupPath() const { return backupPath; }
 
     /// A part outside the table throws Utils::OutOfRange.
     std::optional<AnnotationRecord> Get(const NodePart& part) const;
@@ -53,12 +53,12 @@ public:
     PartEvaluation Evaluate(const NodePart& part) const;
 
 private:
-    Utils::SaveResult KeepOtherText(const std::string& path, const std::vector<AnnotationRecord>& list);
+    Utils::SaveResult BackUpForeignContent(const std::string& path, const std::vector<AnnotationRecord>& list);
 
     const SceneGraph* sceneGraph;
     std::vector<AnnotationRecord> fileRecords; ///< as they were last read or written
     std::string writtenText;                   ///< by the last Write
-    std::string keptCopy;
+    std::string backupPath;
     std::vector<std::vector<std::optional<AnnotationRecord>>> records; ///< by node and part
 };
 

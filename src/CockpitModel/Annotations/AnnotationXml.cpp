@@ -252,7 +252,7 @@ std::string AnnotationsToXml(const std::vector<AnnotationRecord>& records) {
     return Printed(document);
 }
 
-std::string WithExpectations(const std::string& xml, const std::vector<AnnotationRecord>& expectations) {
+std::string AddExpectations(const std::string& xml, const std::vector<AnnotationRecord>& expectations) {
     XMLDocument document;
     if (!xml.empty() && document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS)
         throw std::runtime_error("line " + std::to_string(document.ErrorLineNum()) +

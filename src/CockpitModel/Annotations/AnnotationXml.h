@@ -45,6 +45,6 @@ std::string AnnotationsToXml(const std::vector<AnnotationRecord>& records);
 /// The text of an annotation file with the InteractionTypeTest of these records set for their parts. All else that
 /// stands in it stays: other fields, words that are not known, records without a place, comments. An empty text makes
 /// a new file; one that is not well-formed throws std::runtime_error. The time grows with the size of both.
-std::string WithExpectations(const std::string& xml, const std::vector<AnnotationRecord>& expectations);
+std::string AddExpectations(const std::string& xml, const std::vector<AnnotationRecord>& expectations);
 
 } // namespace CockpitModel

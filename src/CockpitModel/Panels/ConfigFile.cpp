@@ -49,7 +49,7 @@ ConfigFile::Table ConfigFile::Section(const std::string& section) const {
 }
 
 std::string ConfigFile::Folded(const std::string& name) const {
-    return caseSensitive ? name : Utils::Lower(name);
+    return caseSensitive ? name : Utils::ToLowerAscii(name);
 }
 
 } // namespace CockpitModel

@@ -32,8 +32,8 @@ GaugeLine ParseGaugeLine(const std::string& text) {
         return line;
     const std::vector<std::string> names = Pieces(pieces[0], '!', 2);
     if (names.size() == 2) {
-        line.File = Utils::Lower(names[0]);
-        line.Name = Utils::Lower(names[1]);
+        line.File = Utils::ToLowerAscii(names[0]);
+        line.Name = Utils::ToLowerAscii(names[1]);
     }
     line.X = FloatFromText(pieces[1]);
     line.Y = FloatFromText(pieces[2]);

@@ -9,7 +9,7 @@ namespace CockpitModel {
 GaugeRepository::GaugeRepository(std::string rootFolder) : rootFolder(std::move(rootFolder)) {}
 
 void GaugeRepository::Add(const std::string& fileName, std::unique_ptr<GaugeFile> file) {
-    files[Utils::Lower(fileName)] = std::move(file);
+    files[Utils::ToLowerAscii(fileName)] = std::move(file);
 }
 
 std::optional<Gauge*> GaugeRepository::FindGauge(const std::string& fileName, const std::string& gaugeName) {
@@ -17,7 +17,7 @@ std::optional<Gauge*> GaugeRepository::FindGauge(const std::string& fileName, co
     if (file == files.end())
         return std::nullopt;
     file->second->Load();
-    Gauge* gauge = file->second->FindGauge(Utils::Lower(gaugeName));
+    Gauge* gauge = file->second->FindGauge(Utils::ToLowerAscii(gaugeName));
     return gauge ? std::optional(gauge) : std::nullopt;
 }
 

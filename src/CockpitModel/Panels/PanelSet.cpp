@@ -129,7 +129,7 @@ std::string SizeText(const ConfigFile::Table& section) {
 std::unique_ptr<Panel> ReadPanel(const ConfigFile::Table& section, GaugeRepository& repository) {
     auto panel = std::make_unique<Panel>();
     if (const std::string* texture = section.Find("texture"))
-        panel->Texture = Utils::Lower(*texture);
+        panel->Texture = Utils::ToLowerAscii(*texture);
     const Vector2 panelSize = ParseSize(SizeText(section));
     for (const auto& [key, value] : section) {
         if (!key.starts_with("gauge"))
@@ -161,7 +161,7 @@ void PanelSet::Read(std::istream& stream, GaugeRepository& repository) {
 }
 
 Panel* PanelSet::Find(const std::string& textureName) const {
-    const auto panel = panels.find(Utils::Lower(textureName));
+    const auto panel = panels.find(Utils::ToLowerAscii(textureName));
     return panel == panels.end() ? nullptr : panel->second.get();
 }
 

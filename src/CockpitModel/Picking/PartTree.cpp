@@ -50,9 +50,9 @@ void KeepNearer(std::optional<PartHit>& kept, const std::optional<PartHit>& cand
 } // namespace
 
 /// MeetsBox on all axes at once, for a ray and a box of finite numbers.
-class PartTree::QuickSlabs {
+class PartTree::SimdSlabs {
 public:
-    explicit QuickSlabs(const PartRay& ray);
+    explicit SimdSlabs(const PartRay& ray);
     /// False where the ray's numbers are not below kQuickLimit.
     bool IsQuick() const { return quick; }
     /// Where the line of the ray enters the box; false where it misses it. A box behind the ray counts as met.
@@ -64,7 +64,7 @@ private:
     bool quick;
 };
 
-PartTree::QuickSlabs::QuickSlabs(const PartRay& ray) {
+PartTree::SimdSlabs::SimdSlabs(const PartRay& ray) {
     static_assert(sizeof(PartRay) == 6 * sizeof(float));
     const auto* numbers = reinterpret_cast<const float*>(&ray);
     origin = Utils::Load4(numbers);
@@ -77,7 +77,7 @@ PartTree::QuickSlabs::QuickSlabs(const PartRay& ray) {
     direction = skip ? Utils::Splat(1) : direction;
 }
 
-bool PartTree::QuickSlabs::Enter(const PartTreeBox& box, float& enter) const {
+bool PartTree::SimdSlabs::Enter(const PartTreeBox& box, float& enter) const {
     static_assert(sizeof(PartTreeBox) == 7 * sizeof(float));
     const Float4 t1 = (Utils::Load4(box.min.data()) - origin) / direction;
     const Float4 t2 = (Utils::Load4(box.max.data()) - origin) / direction;
@@ -115,22 +115,22 @@ PartTree::PartTree(const std::vector<Rendering::GeometryVertex>& vertices, bool 
 }
 
 std::optional<PartHit> PartTree::Intersect(const PartRay& ray) const {
-    const QuickSlabs slabs(ray);
+    const SimdSlabs slabs(ray);
     if (!quick || !slabs.IsQuick())
-        return IntersectPlainly(*this, ray);
+        return IntersectReference(*this, ray);
     float enter;
     if (!slabs.Enter(box, enter))
         return std::nullopt;
     if (Utils::LengthSquared(ray.direction) > kUnitLimit)
-        return IntersectPlainly(*this, ray);
-    const float nearest = NearestQuickly(ray, slabs, enter);
+        return IntersectReference(*this, ray);
+    const float nearest = IntersectFast(ray, slabs, enter);
     if (nearest == kInfinity)
         return std::nullopt;
     return PartHit{ray.origin + nearest * ray.direction, Utils::Vector2::Zero(), nearest};
 }
 
 /// No distance can be not-a-number here, so the nearest hit does not depend on the order of the tests.
-float PartTree::NearestQuickly(const PartRay& ray, const QuickSlabs& slabs, float enterRoot) const {
+float PartTree::IntersectFast(const PartRay& ray, const SimdSlabs& slabs, float enterRoot) const {
     struct Step {
         const PartTreeNode* node;
         float enter;
@@ -158,8 +158,8 @@ float PartTree::NearestQuickly(const PartRay& ray, const QuickSlabs& slabs, floa
 
 void PartTree::TestOwnTriangles(const PartTreeNode& node, const WideVector& origin, const WideVector& direction,
                                 float enter, float& nearest) const {
-    if (node.largeLeaf != kNoLargeLeaf)
-        return largeLeaves.Test(node.largeLeaf, origin, direction, enter, nearest);
+    if (node.packedLeaf != kNotPacked)
+        return packedLeaves.Test(node.packedLeaf, origin, direction, enter, nearest);
     const std::uint32_t* own = triangleIndices.data() + node.firstTriangle;
     const std::uint32_t last = node.triangleCount - 1; // fills the lanes that are left over
     for (std::uint32_t i = 0; i < node.triangleCount; i += 4) {
@@ -169,15 +169,15 @@ void PartTree::TestOwnTriangles(const PartTreeNode& node, const WideVector& orig
     }
 }
 
-std::optional<PartHit> PartTree::IntersectPlainly(const PartTreeNode& node, const PartRay& ray) const {
+std::optional<PartHit> PartTree::IntersectReference(const PartTreeNode& node, const PartRay& ray) const {
     std::optional<PartHit> nearest;
     if (!MeetsBox(node.box, ray))
         return nearest;
     for (const std::uint32_t index : Triangles(node))
         KeepNearer(nearest, TestTriangle(index, ray));
     if (node.hasChildren) {
-        KeepNearer(nearest, IntersectPlainly(nodes[node.left], ray));
-        KeepNearer(nearest, IntersectPlainly(nodes[node.right], ray));
+        KeepNearer(nearest, IntersectReference(nodes[node.left], ray));
+        KeepNearer(nearest, IntersectReference(nodes[node.right], ray));
     }
     return nearest;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CockpitModel/Picking/LargeLeaf.h"
+#include "CockpitModel/Picking/PackedLeaves.h"
 #include "Rendering/GeometryVertex.h"
 #include "Utils/LinearAlgebra.h"
 
@@ -42,7 +42,7 @@ struct PartTreeNode {
     std::uint32_t firstTriangle = 0;   ///< those that this node tests itself, see PartTree::Triangles
     std::uint32_t triangleCount = 0;   ///< 0 for most nodes with children
     std::uint32_t left = 0, right = 0; ///< positions in PartTree::nodes
-    std::uint32_t largeLeaf = kNoLargeLeaf;
+    std::uint32_t packedLeaf = kNotPacked;
     bool hasChildren = false;
 };
 
@@ -74,18 +74,18 @@ public:
 
 private:
     friend class PartTreeBuilder;
-    class QuickSlabs;
+    class SimdSlabs;
 
-    float NearestQuickly(const PartRay& ray, const QuickSlabs& slabs, float enterRoot) const;
+    float IntersectFast(const PartRay& ray, const SimdSlabs& slabs, float enterRoot) const;
     void TestOwnTriangles(const PartTreeNode& node, const WideVector& origin, const WideVector& direction, float enter,
                           float& nearest) const;
-    std::optional<PartHit> IntersectPlainly(const PartTreeNode& node, const PartRay& ray) const;
+    std::optional<PartHit> IntersectReference(const PartTreeNode& node, const PartRay& ray) const;
     std::optional<PartHit> TestTriangle(std::uint32_t index, const PartRay& ray) const;
     Utils::Vector2 TextureAt(std::uint32_t index, const Utils::Vector3& position) const;
 
     bool quick = false; ///< all coordinates are of a size that cannot overflow, and no hit needs more than its distance
     std::vector<std::uint32_t> triangleIndices; ///< of all nodes
-    LargeLeaves largeLeaves;
+    PackedLeaves packedLeaves;
 };
 
 } // namespace CockpitModel

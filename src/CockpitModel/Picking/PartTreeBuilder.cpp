@@ -13,7 +13,7 @@ using Utils::Mask4;
 namespace {
 
 /// Leaves above this many triangles are worth their own boxes: below, making them costs more than rays gain.
-constexpr std::uint32_t kLargeLeaf = 64;
+constexpr std::uint32_t kPackedLeafSize = 64;
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 const Float4 kEmptyMin = Utils::Splat(kInfinity), kEmptyMax = Utils::Splat(-kInfinity);
@@ -57,7 +57,7 @@ void PartTreeBuilder::Build() {
     static_cast<PartTreeNode&>(tree) = BuildNode(AllTriangles(), 0);
     tree.nodes.assign(nodes.begin(), nodes.end());
     tree.triangleIndices.assign(kept.begin(), kept.end());
-    tree.largeLeaves.ShrinkToFit();
+    tree.packedLeaves.ShrinkToFit();
 }
 
 PartTreeBuilder::List PartTreeBuilder::AllTriangles() {
@@ -164,10 +164,10 @@ void PartTreeBuilder::Keep(const List& list, PartTreeNode& node) {
     node.firstTriangle = static_cast<std::uint32_t>(kept.size());
     node.triangleCount = list.count;
     kept.insert(kept.end(), lists.begin() + list.first, lists.begin() + list.first + list.count);
-    packed += list.count > kLargeLeaf ? list.count : 0;
-    if (tree.quick && list.count > kLargeLeaf && packed <= packedLimit)
-        node.largeLeaf =
-            tree.largeLeaves.Add(tree.triangles, {kept.end() - list.count, kept.end()}, node.box, sortedLeaf);
+    packed += list.count > kPackedLeafSize ? list.count : 0;
+    if (tree.quick && list.count > kPackedLeafSize && packed <= packedLimit)
+        node.packedLeaf =
+            tree.packedLeaves.Add(tree.triangles, {kept.end() - list.count, kept.end()}, node.box, sortedLeaf);
 }
 
 } // namespace CockpitModel

@@ -1,7 +1,7 @@
 #include "CockpitModel/XPlane/XPObjConverter.h"
 
 #include "CockpitModel/Touch/MouseFlags.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 #include "Utils/RangeCheck.h"
 
 #include <algorithm>

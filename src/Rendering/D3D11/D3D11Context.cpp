@@ -145,7 +145,7 @@ std::unique_ptr<D3D11GPUBitmap> D3D11Context::UploadPicture(const MemBitmap& pix
 }
 
 std::unique_ptr<GPUBitmap> D3D11Context::LoadBitmap(const std::string& path) {
-    if (Utils::Lower(path).find(".dds") != std::string::npos)
+    if (Utils::ToLowerAscii(path).find(".dds") != std::string::npos)
         return LoadDds(path);
     return UploadPicture(ReadBitmapFile(path).front());
 }

@@ -6,7 +6,7 @@
 #include "Rendering/OpenGL/GLRenderToTextureLock.h"
 #include "Rendering/OpenGL/GLState.h"
 #include "Rendering/OpenGL/PixelReader.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "Rendering/OpenGL/GLError.h"
 
 #include "Logging/Logger.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <array>
 #include <epoxy/gl.h>

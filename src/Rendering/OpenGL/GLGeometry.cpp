@@ -6,7 +6,7 @@
 #include <limits>
 #include <utility>
 
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 namespace Rendering::OpenGL {
 

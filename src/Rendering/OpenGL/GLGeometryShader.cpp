@@ -4,7 +4,7 @@
 #include "Rendering/OpenGL/GLError.h"
 #include "Rendering/OpenGL/Sampler.h"
 #include "Rendering/OpenGL/ShaderTexts.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <algorithm>
 #include <utility>

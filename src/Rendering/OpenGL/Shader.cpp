@@ -2,7 +2,7 @@
 
 #include "Logging/Logger.h"
 #include "Rendering/OpenGL/GLError.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <string>
 #include <vector>

@@ -2,7 +2,7 @@
 
 #include "Annotator/Window/Toolkit.h"
 #include "Support/Program.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <atomic>
 #include <gmock/gmock.h>

@@ -3,7 +3,7 @@
 #include "Annotator/Window/Toolkit.h"
 #include "Logging/Logger.h"
 #include "Support/TemporaryFolder.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 
 #include "Batch/BatchProgram.h"
 #include "Batch/Command.h"
-#include "Batch/Jobs/HeldSignals.h"
-#include "Batch/Jobs/JobAnswer.h"
+#include "Batch/Jobs/JobResult.h"
+#include "Batch/Jobs/ScopedSignalBlock.h"
 #include "Sim/XPAircraftInfo.h"
 
 #include <csignal>
@@ -102,7 +102,7 @@ TEST_F(Jobs, RunUpToTheLimitAndNotFarBeyondASlowOne) {
         char byte = 'x';
         if (NumberOf(aircraft) != 0)
             return write(begun[1], &byte, 1) == 1 ? std::to_string(ChildrenOf(getppid()).size()) : "no pipe";
-        for (std::size_t others = 1; others < 2 * kAhead; ++others)
+        for (std::size_t others = 1; others < 2 * kMaxPendingPerProcess; ++others)
             EXPECT_EQ(read(begun[0], &byte, 1), 1);
         pollfd more{begun[0], POLLIN, 0};
         return poll(&more, 1, 100) == 0 ? "1" : "too many have begun";
@@ -129,9 +129,9 @@ TEST_F(Jobs, EndTheirProcessesWhenTheirResultsAreNotWantedAnyMore) {
     EXPECT_EQ(read(alive[0], &byte, 1), 0) << "a process still holds the pipe";
 }
 
-TEST(HeldSignals, EndTheProcessAfterwards) {
+TEST(ScopedSignalBlock, EndTheProcessAfterwards) {
     const auto hold = [] {
-        const HeldSignals held;
+        const ScopedSignalBlock held;
         raise(SIGINT);
         std::cerr << "written";
     };

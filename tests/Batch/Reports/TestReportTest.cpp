@@ -13,9 +13,9 @@ using CockpitModel::TouchInteractionType;
 using testing::HasSubstr;
 using testing::Not;
 
-Annotator::PartTest Part(int node, int part, TouchInteractionType expected, TouchInteractionType detected,
-                         const std::string& rectangle = "Rect") {
-    Annotator::PartTest test;
+Annotator::PartResult Part(int node, int part, TouchInteractionType expected, TouchInteractionType detected,
+                           const std::string& rectangle = "Rect") {
+    Annotator::PartResult test;
     test.NodeId = node, test.PartId = part;
     test.rectangle = rectangle;
     test.expected = expected, test.detected = detected;
@@ -23,7 +23,7 @@ Annotator::PartTest Part(int node, int part, TouchInteractionType expected, Touc
     return test;
 }
 
-AircraftReport Aircraft(const std::string& name, std::vector<Annotator::PartTest> parts) {
+AircraftReport Aircraft(const std::string& name, std::vector<Annotator::PartResult> parts) {
     AircraftReport aircraft;
     aircraft.tests.displayName = name;
     aircraft.tests.acfPath = "Aircraft/" + name + ".acf";

@@ -178,12 +178,12 @@ TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
         const std::string present = lay(row.saved.value_or(row.read));
         saver.Set(Part(1, 1), AnnotationRecord{1, 1});
         EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
-        EXPECT_EQ(saver.KeptCopy(), row.kept ? place / "a.xml.kept-1" : "") << row.name;
+        EXPECT_EQ(saver.BackupPath(), row.kept ? place / "a.xml.kept-1" : "") << row.name;
         EXPECT_EQ(place.Read("a.xml.kept-1"), row.kept ? present : "") << row.name;
         EXPECT_EQ(ReadAnnotations(place / "a.xml"), saver.ListAll()) << row.name;
 
         EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
-        EXPECT_EQ(saver.KeptCopy(), "") << row.name << ", saved again";
+        EXPECT_EQ(saver.BackupPath(), "") << row.name << ", saved again";
         place.Write("a.xml", "changed");
         EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
         EXPECT_EQ(place.Read(row.kept ? "a.xml.kept-2" : "a.xml.kept-1"), "changed") << row.name;

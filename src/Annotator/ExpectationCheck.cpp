@@ -1,4 +1,4 @@
-#include "Annotator/BatchTests.h"
+#include "Annotator/ExpectationCheck.h"
 
 #include "Annotator/FailureTexts.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
@@ -17,7 +17,7 @@ using CockpitModel::AnnotationStore;
 using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
 
-PartTest RunTest(const AnnotationRecord& record, const NodePart& part, const AnnotationStore& store) {
+PartResult RunTest(const AnnotationRecord& record, const NodePart& part, const AnnotationStore& store) {
     return {.NodeId = record.NodeId,
             .PartId = record.PartId,
             .rectangle = part.Rect() ? part.Rect()->Text : std::string(),
@@ -26,7 +26,7 @@ PartTest RunTest(const AnnotationRecord& record, const NodePart& part, const Ann
             .passed = store.Evaluate(part).testPassed.value_or(false)};
 }
 
-void RunTests(const SceneGraph& sceneGraph, const AnnotationStore& store, AircraftTests& tests) {
+void RunTests(const SceneGraph& sceneGraph, const AnnotationStore& store, AircraftResult& tests) {
     for (const AnnotationRecord& record : store.ListAll()) {
         if (!record.InteractionTypeTest)
             continue;
@@ -55,15 +55,15 @@ std::vector<AnnotationRecord> UnplacedExpectations(const std::string& path, cons
     return records;
 }
 
-AircraftTests TestAnnotated(const Sim::AircraftInfo& info, const std::string& annotations,
-                            CockpitModel::GaugeRepository& repository, const RoadOptions& options) {
+AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const std::string& annotations,
+                              CockpitModel::GaugeRepository& repository, const LoadOptions& options) {
     const OpenedAircraft opened = OpenAircraft(info, repository);
     const BuiltAircraft built = BuildAircraft(opened, options);
     const SceneGraph& sceneGraph = *built.sceneGraph;
     AnnotationStore store(sceneGraph);
     store.Read(annotations);
 
-    AircraftTests tests;
+    AircraftResult tests;
     tests.displayName = info.displayName;
     tests.acfPath = info.acfPath;
     tests.hasCockpitObject = opened.cockpit->IsValid();
@@ -75,31 +75,31 @@ AircraftTests TestAnnotated(const Sim::AircraftInfo& info, const std::string& an
 
 } // namespace
 
-std::size_t AircraftTests::Passed() const {
-    return static_cast<std::size_t>(std::ranges::count(parts, true, &PartTest::passed));
+std::size_t AircraftResult::Passed() const {
+    return static_cast<std::size_t>(std::ranges::count(parts, true, &PartResult::passed));
 }
 
-AircraftTestError::AircraftTestError(const Sim::AircraftInfo& info, const std::string& why)
+AircraftCheckError::AircraftCheckError(const Sim::AircraftInfo& info, const std::string& why)
     : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why) {}
 
-std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
-                                          const RoadOptions& options) {
+std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
+                                            const LoadOptions& options) {
     try {
         const std::string annotations = CockpitModel::AnnotationFile(info);
         if (!boost::filesystem::exists(annotations))
             return std::nullopt;
-        return TestAnnotated(info, annotations, repository, options);
+        return CheckAnnotated(info, annotations, repository, options);
     } catch (const std::exception& error) {
-        std::throw_with_nested(AircraftTestError(info, ReasonText(error)));
+        std::throw_with_nested(AircraftCheckError(info, ReasonText(error)));
     }
 }
 
-std::vector<AircraftTests> RunAllTests(Sim::AircraftListLoader& loader) {
+std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    std::vector<AircraftTests> results;
+    std::vector<AircraftResult> results;
     for (const auto& info : loader.LoadAircraftList()) {
         CockpitModel::AnnotationPath(*info); // makes the folder, as each use of the window does
-        if (std::optional<AircraftTests> tests = TestAircraft(*info, repository))
+        if (std::optional<AircraftResult> tests = CheckAircraft(*info, repository))
             results.push_back(std::move(*tests));
     }
     return results;

@@ -10,8 +10,8 @@
 
 namespace Annotator {
 
-/// The road of one aircraft, in two operations: the window, the export and the batch tests walk it, each with its own
-/// questions and guards between and around the two.
+/// Loading an aircraft takes two operations; the window, the export and the checks put their own questions and guards
+/// between and around them.
 
 /// An aircraft with its files found and its panel configuration read; no model yet.
 struct OpenedAircraft {
@@ -25,8 +25,8 @@ struct BuiltAircraft {
     std::shared_ptr<CockpitModel::SceneGraph> sceneGraph;
 };
 
-/// What the road does beside what the desktop tool does.
-struct RoadOptions {
+/// How loading differs from what the desktop tool does.
+struct LoadOptions {
     bool untextured = false; ///< gives parts without a material a plain one, where their cockpit could not be built
 };
 
@@ -36,6 +36,6 @@ OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRe
 
 /// Loads the model, makes its scene graph and runs the detection. A model that does not hold together throws
 /// Utils::OutOfRange with its reason.
-BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const RoadOptions& options = {});
+BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const LoadOptions& options = {});
 
 } // namespace Annotator

@@ -1,4 +1,4 @@
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 #include "Rendering/ContextConformance.h"
 
 #include <gmock/gmock.h>
@@ -9,7 +9,7 @@ struct MemoryDevice {
     Rendering::Context& Context() { return context; }
     void MakeCurrent() {}
 
-    Rendering::Memory::MemoryContext context;
+    Rendering::Memory::NullContext context;
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ContextObjects, MemoryDevice);
@@ -19,7 +19,7 @@ namespace {
 using testing::ElementsAre;
 
 TEST(MemoryContextTest, KeepsThePicturesOfItsBitmaps) {
-    Rendering::Memory::MemoryContext context;
+    Rendering::Memory::NullContext context;
     const auto pixelsOf = [](Rendering::GPUBitmap& bitmap) {
         return dynamic_cast<Rendering::Memory::MemoryBitmap&>(bitmap).pixels.Pixels();
     };

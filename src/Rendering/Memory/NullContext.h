@@ -28,9 +28,9 @@ public:
 
 /// A device without a picture: it keeps its objects in main memory, clears and copies them, and its draws check their
 /// arguments as the other devices do but change nothing. Everything but the picture runs on it.
-class MemoryContext : public Context {
+class NullContext : public Context {
 public:
-    MemoryContext();
+    NullContext();
 
     bool IsGeometryValid(const Geometry* geometry) const override;
     bool IsBitmapValid(const GPUBitmap* bitmap) const override;

@@ -1,4 +1,4 @@
-#include "CockpitModel/Picking/LargeLeaf.h"
+#include "CockpitModel/Picking/PackedLeaves.h"
 
 #include "CockpitModel/Picking/PartTree.h"
 
@@ -82,7 +82,7 @@ SortedLeaf SortByPlace(const std::vector<PartTriangle>& triangles, std::span<con
 } // namespace
 
 /// Boxes as a ray sees them, grown by how far a hit may lie off.
-class LargeLeaves::Slabs {
+class PackedLeaves::Slabs {
 public:
     Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin, const WideVector& rayDirection);
 
@@ -101,7 +101,7 @@ private:
     float margin;
 };
 
-LargeLeaves::Slabs::Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin, const WideVector& rayDirection)
+PackedLeaves::Slabs::Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin, const WideVector& rayDirection)
     : origin(rayOrigin), direction(rayDirection) {
     const Vector3 from(origin.x[0], origin.y[0], origin.z[0]);
     // No vertex is farther from the ray's origin, and no edge longer than two radii.
@@ -113,7 +113,7 @@ LargeLeaves::Slabs::Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin
     SetAxis(2, from.z(), direction.z[0]);
 }
 
-void LargeLeaves::Slabs::SetAxis(int axis, float from, float along) {
+void PackedLeaves::Slabs::SetAxis(int axis, float from, float along) {
     const bool parallel = std::abs(along) < kParallel;
     nearIsMin[axis] = parallel || along > 0;
     const float growth = parallel ? kFar : nearIsMin[axis] ? margin : -margin;
@@ -122,7 +122,7 @@ void LargeLeaves::Slabs::SetAxis(int axis, float from, float along) {
     inverse[axis] = Utils::Splat(parallel ? 1.0f : 1.0f / along);
 }
 
-unsigned LargeLeaves::Slabs::Meet(const Boxes& boxes, float nearest) const {
+unsigned PackedLeaves::Slabs::Meet(const Boxes& boxes, float nearest) const {
     Float4 enter = Utils::Splat(-margin), leave = Utils::Splat(nearest + margin);
     for (int axis = 0; axis < 3; ++axis) {
         const Float4* nearSide = nearIsMin[axis] ? boxes.min : boxes.max;
@@ -133,8 +133,8 @@ unsigned LargeLeaves::Slabs::Meet(const Boxes& boxes, float nearest) const {
     return Utils::Bits(enter <= leave);
 }
 
-std::uint32_t LargeLeaves::Add(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,
-                               const PartTreeBox& box, std::vector<std::uint64_t>& sorted) {
+std::uint32_t PackedLeaves::Add(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,
+                                const PartTreeBox& box, std::vector<std::uint64_t>& sorted) {
     const SortedLeaf result = SortByPlace(triangles, leaf, box, sorted);
     while (sorted.size() % kGroup != 0)
         sorted.push_back(sorted.back()); // tested twice, which changes nothing
@@ -148,8 +148,8 @@ std::uint32_t LargeLeaves::Add(const std::vector<PartTriangle>& triangles, std::
     return count(leaves.size() - 1);
 }
 
-void LargeLeaves::AddGroup(const std::vector<PartTriangle>& triangles, std::span<const std::uint64_t> sorted,
-                           bool withNormals) {
+void PackedLeaves::AddGroup(const std::vector<PartTriangle>& triangles, std::span<const std::uint64_t> sorted,
+                            bool withNormals) {
     Boxes& boxes = packBoxes.emplace_back();
     for (std::size_t pack = 0; pack < 4; ++pack) {
         std::array<std::uint32_t, 4> indices;
@@ -173,7 +173,7 @@ void LargeLeaves::AddGroup(const std::vector<PartTriangle>& triangles, std::span
     }
 }
 
-void LargeLeaves::AddGroupBoxes(const Leaf& leaf) {
+void PackedLeaves::AddGroupBoxes(const Leaf& leaf) {
     for (std::uint32_t group = 0; group < leaf.groupCount - leaf.largeGroupCount; ++group) {
         Boxes& boxes = group % 4 == 0 ? groupBoxes.emplace_back() : groupBoxes.back();
         const Boxes& inner = packBoxes[leaf.firstGroup + leaf.largeGroupCount + group];
@@ -184,8 +184,8 @@ void LargeLeaves::AddGroupBoxes(const Leaf& leaf) {
     }
 }
 
-void LargeLeaves::Test(std::uint32_t name, const WideVector& origin, const WideVector& direction, float enter,
-                       float& nearest) const {
+void PackedLeaves::Test(std::uint32_t name, const WideVector& origin, const WideVector& direction, float enter,
+                        float& nearest) const {
     const Leaf& leaf = leaves[name];
     if (leaf.largeGroupCount > 0) {
         const Slabs slabs(leaf, kLargeK, origin, direction);
@@ -208,7 +208,7 @@ void LargeLeaves::Test(std::uint32_t name, const WideVector& origin, const WideV
     }
 }
 
-unsigned LargeLeaves::MetOrEdgeOn(const Leaf& leaf, std::uint32_t group, const Slabs& slabs, float nearest) const {
+unsigned PackedLeaves::MetOrEdgeOn(const Leaf& leaf, std::uint32_t group, const Slabs& slabs, float nearest) const {
     unsigned met = slabs.Meet(packBoxes[leaf.firstGroup + group], nearest);
     for (unsigned pack = 0; pack < 4; ++pack) {
         const Normals& n = normals[leaf.firstNormals + 4 * group + pack];
@@ -217,14 +217,14 @@ unsigned LargeLeaves::MetOrEdgeOn(const Leaf& leaf, std::uint32_t group, const S
     return met;
 }
 
-void LargeLeaves::TestPacks(const Leaf& leaf, std::uint32_t group, unsigned bits, const Slabs& slabs,
-                            float& nearest) const {
+void PackedLeaves::TestPacks(const Leaf& leaf, std::uint32_t group, unsigned bits, const Slabs& slabs,
+                             float& nearest) const {
     for (; bits; bits &= bits - 1)
         TestPack(packs[4 * (leaf.firstGroup + group) + static_cast<std::size_t>(std::countr_zero(bits))], slabs.origin,
                  slabs.direction, nearest);
 }
 
-void LargeLeaves::ShrinkToFit() {
+void PackedLeaves::ShrinkToFit() {
     leaves.shrink_to_fit();
     packs.shrink_to_fit();
     packBoxes.shrink_to_fit();

@@ -11,7 +11,7 @@ namespace Annotator {
 /// A narrow text as the toolkit shows it. Names come from files as they stand: bytes that are no UTF-8 are shown as
 /// replacement characters, so that such a name is seen and not lost.
 inline wxString ToWide(std::string_view text) {
-    const std::string readable = Utils::Readable(text);
+    const std::string readable = Utils::ToValidUtf8(text);
     return wxString::FromUTF8(readable.data(), readable.size());
 }
 

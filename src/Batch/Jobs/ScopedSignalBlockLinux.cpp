@@ -1,10 +1,10 @@
-#include "Batch/Jobs/HeldSignals.h"
+#include "Batch/Jobs/ScopedSignalBlock.h"
 
 #include <initializer_list>
 
 namespace Batch {
 
-HeldSignals::HeldSignals() {
+ScopedSignalBlock::ScopedSignalBlock() {
     sigset_t ending;
     sigemptyset(&ending);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})
@@ -12,7 +12,7 @@ HeldSignals::HeldSignals() {
     sigprocmask(SIG_BLOCK, &ending, &before);
 }
 
-HeldSignals::~HeldSignals() {
+ScopedSignalBlock::~ScopedSignalBlock() {
     sigprocmask(SIG_SETMASK, &before, nullptr);
 }
 

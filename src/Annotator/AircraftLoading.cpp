@@ -1,4 +1,4 @@
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "Utils/Paths.h"
@@ -41,7 +41,7 @@ OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRe
     return opened;
 }
 
-BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const RoadOptions& options) {
+BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const LoadOptions& options) {
     BuiltAircraft built;
     built.model = opened.cockpit->LoadModel();
     if (options.untextured)

@@ -17,9 +17,9 @@ constexpr std::uint32_t kWheelAndRightClick = 0x80086000;
 
 /// From the text of a configuration to detected parts. The one gauge, of 100 x 100 pixels, fills the panel, so that an
 /// area's place on the texture is a hundredth of its pixels; the parts show texture coordinates equal to x and y.
-class PanelRoadTest : public testing::Test {
+class PanelLoadingTest : public testing::Test {
 protected:
-    PanelRoadTest() {
+    PanelLoadingTest() {
         auto file = std::make_unique<Support::TestGaugeFile>();
         gauge = &file->gauges["gauge"];
         gauge->NativeSize = gauge->Size = {100, 100};
@@ -46,7 +46,7 @@ protected:
 
 } // namespace
 
-TEST_F(PanelRoadTest, PanelPartsStandBeforeTheirBasePart) {
+TEST_F(PanelLoadingTest, PanelPartsStandBeforeTheirBasePart) {
     gauge->MouseAreas = {Support::CodeArea(10, 10, 20, 20, "push", 0x20000000),
                          Support::CodeArea(150, 0, 9, 9, "off", 0), Support::PairArea(40, 10, 20, 20, "less", "more"),
                          Support::CodeArea(10, 40, 20, 20, "WheelUp WheelDown", kWheelAndRightClick)};
@@ -93,7 +93,7 @@ TEST_F(PanelRoadTest, PanelPartsStandBeforeTheirBasePart) {
     EXPECT_TRUE(parts[3]->Tree().Intersect(beside));
 }
 
-TEST_F(PanelRoadTest, ALeverIsDrivenByPercentWhileThePanelKeepsItsSteps) {
+TEST_F(PanelLoadingTest, ALeverIsDrivenByPercentWhileThePanelKeepsItsSteps) {
     gauge->MouseAreas = {Support::PairArea(10, 10, 20, 20, "less", "more")};
     const int lever = builder.Node(0, "(L:Throttle1Position,percent)", Support::Slide(0, 0.1f, 0));
     builder.Part(lever, Support::TriangleAt(2));

@@ -1,7 +1,7 @@
-#include "Rendering/Memory/MemoryContext.h"
+#include "Rendering/Memory/NullContext.h"
 
 #include "Rendering/BitmapFile.h"
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include <algorithm>
 #include <atomic>
@@ -43,19 +43,19 @@ Rendering::Size MemoryBitmap::Size() const {
 MemoryGeometry::MemoryGeometry(ContextId owner, std::vector<GeometryVertex> vertices)
     : owner(owner), vertices(std::move(vertices)) {}
 
-MemoryContext::MemoryContext() : id(NextId()) {}
+NullContext::NullContext() : id(NextId()) {}
 
-bool MemoryContext::IsGeometryValid(const Geometry* geometry) const {
+bool NullContext::IsGeometryValid(const Geometry* geometry) const {
     const auto* own = dynamic_cast<const MemoryGeometry*>(geometry);
     return own && own->owner == id;
 }
 
-bool MemoryContext::IsBitmapValid(const GPUBitmap* bitmap) const {
+bool NullContext::IsBitmapValid(const GPUBitmap* bitmap) const {
     const auto* own = dynamic_cast<const MemoryBitmap*>(bitmap);
     return own && own->owner == id;
 }
 
-std::unique_ptr<GPUBitmap> MemoryContext::CreateBitmapFromCameraImage(const CameraImage& image) {
+std::unique_ptr<GPUBitmap> NullContext::CreateBitmapFromCameraImage(const CameraImage& image) {
     if (image.size.width == 0 || image.size.height == 0 ||
         image.grey.size() < std::size_t{image.size.width} * image.size.height)
         Utils::FatalError(HERE);
@@ -65,11 +65,11 @@ std::unique_ptr<GPUBitmap> MemoryContext::CreateBitmapFromCameraImage(const Came
     return std::make_unique<MemoryBitmap>(id, std::move(pixels));
 }
 
-std::unique_ptr<GPUBitmap> MemoryContext::CreateRenderTarget(Rendering::Size size, std::uint32_t, std::uint32_t) {
+std::unique_ptr<GPUBitmap> NullContext::CreateRenderTarget(Rendering::Size size, std::uint32_t, std::uint32_t) {
     return std::make_unique<MemoryBitmap>(id, MemBitmap(size.width, size.height));
 }
 
-std::unique_ptr<GPUBitmap> MemoryContext::CreateBitmap(const MemBitmap& bitmap) {
+std::unique_ptr<GPUBitmap> NullContext::CreateBitmap(const MemBitmap& bitmap) {
     if (bitmap.Width() == 0 || bitmap.Height() == 0)
         return std::make_unique<MemoryBitmap>(id, MemBitmap(1, 1));
     MemBitmap pixels;
@@ -77,25 +77,24 @@ std::unique_ptr<GPUBitmap> MemoryContext::CreateBitmap(const MemBitmap& bitmap) 
     return std::make_unique<MemoryBitmap>(id, std::move(pixels));
 }
 
-std::unique_ptr<GPUBitmap> MemoryContext::LoadBitmap(const std::string& path) {
+std::unique_ptr<GPUBitmap> NullContext::LoadBitmap(const std::string& path) {
     return std::make_unique<MemoryBitmap>(id, std::move(ReadBitmapFile(path).front()));
 }
 
-std::unique_ptr<SharedGPUBitmap> MemoryContext::CreateSharedBitmap(Rendering::Size) {
+std::unique_ptr<SharedGPUBitmap> NullContext::CreateSharedBitmap(Rendering::Size) {
     return nullptr;
 }
 
-std::unique_ptr<RenderToTextureLock> MemoryContext::BeginRenderToTexture(GPUBitmap& bitmap, bool) {
+std::unique_ptr<RenderToTextureLock> NullContext::BeginRenderToTexture(GPUBitmap& bitmap, bool) {
     static_cast<void>(dynamic_cast<MemoryBitmap&>(bitmap));
     return std::make_unique<MemoryRenderToTextureLock>();
 }
 
-void MemoryContext::CopyBitmap(GPUBitmap& target, GPUBitmap& source) {
+void NullContext::CopyBitmap(GPUBitmap& target, GPUBitmap& source) {
     CopyBitmapRegion(target, source, {0, 0}, source.Size());
 }
 
-void MemoryContext::CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Rendering::Size origin,
-                                     Rendering::Size size) {
+void NullContext::CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Rendering::Size origin, Rendering::Size size) {
     MemBitmap& to = dynamic_cast<MemoryBitmap&>(target).pixels;
     const MemBitmap& from = dynamic_cast<MemoryBitmap&>(source).pixels;
     const auto columns = std::min<std::uint64_t>(size.width, to.Width());
@@ -105,13 +104,13 @@ void MemoryContext::CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Rende
             to.Pixels()[y * to.Width() + x] = from.Pixels()[(origin.height + y) * from.Width() + origin.width + x];
 }
 
-std::unique_ptr<Geometry> MemoryContext::CreateGeometry(const std::vector<GeometryVertex>& vertices) {
+std::unique_ptr<Geometry> NullContext::CreateGeometry(const std::vector<GeometryVertex>& vertices) {
     return std::make_unique<MemoryGeometry>(id, vertices);
 }
 
-void MemoryContext::DrawGeometry(const Utils::Matrix4&, const Utils::Matrix4&, const Utils::Matrix4&,
-                                 const Geometry& geometry, const GPUBitmap* bitmap,
-                                 const std::vector<const GPUBitmap*>*, const GeometryDrawParams& params) {
+void NullContext::DrawGeometry(const Utils::Matrix4&, const Utils::Matrix4&, const Utils::Matrix4&,
+                               const Geometry& geometry, const GPUBitmap* bitmap, const std::vector<const GPUBitmap*>*,
+                               const GeometryDrawParams& params) {
     static_cast<void>(dynamic_cast<const MemoryGeometry&>(geometry));
     if (bitmap)
         static_cast<void>(dynamic_cast<const MemoryBitmap&>(*bitmap));
@@ -120,14 +119,14 @@ void MemoryContext::DrawGeometry(const Utils::Matrix4&, const Utils::Matrix4&, c
     ProgramOf(params);
 }
 
-void MemoryContext::DrawBitmap(const Utils::Matrix4&, const Utils::Matrix4&, const DrawRectangle&, GPUBitmap& bitmap,
-                               const RectDrawParams& params) {
+void NullContext::DrawBitmap(const Utils::Matrix4&, const Utils::Matrix4&, const DrawRectangle&, GPUBitmap& bitmap,
+                             const RectDrawParams& params) {
     if (!IsBitmapValid(&bitmap))
         Utils::FatalError(HERE);
     ProgramOf(params);
 }
 
-void MemoryContext::ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour) {
+void NullContext::ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour) {
     if (bitmap)
         std::ranges::fill(dynamic_cast<MemoryBitmap&>(*bitmap).pixels.Pixels(), Packed(colour));
 }

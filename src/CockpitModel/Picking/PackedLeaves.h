@@ -10,12 +10,12 @@ namespace CockpitModel {
 
 struct PartTreeBox;
 
-inline constexpr std::uint32_t kNoLargeLeaf = 0xFFFFFFFF;
+inline constexpr std::uint32_t kNotPacked = 0xFFFFFFFF;
 
 /// What large leaves hold beside their lists: the same triangles once more, sorted by place and packed in fours, with
 /// boxes about four packs and sixteen packs, so that a ray tests few of them. A pack is left out only where no rounding
 /// in the test of its triangles could make a hit of them.
-class LargeLeaves {
+class PackedLeaves {
 public:
     /// Returns the leaf's name. The box is that of its triangles; `sorted` is room to work in.
     std::uint32_t Add(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,

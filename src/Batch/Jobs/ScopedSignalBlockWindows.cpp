@@ -1,4 +1,4 @@
-#include "Batch/Jobs/HeldSignals.h"
+#include "Batch/Jobs/ScopedSignalBlock.h"
 
 #include <mutex>
 #include <windows.h>
@@ -17,13 +17,13 @@ BOOL WINAPI WaitForWriting(DWORD) {
 
 } // namespace
 
-HeldSignals::HeldSignals() {
+ScopedSignalBlock::ScopedSignalBlock() {
     static const BOOL installed = SetConsoleCtrlHandler(WaitForWriting, TRUE);
     static_cast<void>(installed);
     holding.lock();
 }
 
-HeldSignals::~HeldSignals() {
+ScopedSignalBlock::~ScopedSignalBlock() {
     holding.unlock();
 }
 

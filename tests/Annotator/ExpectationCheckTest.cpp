@@ -1,4 +1,4 @@
-#include "Annotator/BatchTests.h"
+#include "Annotator/ExpectationCheck.h"
 
 #include "Support/Installation.h"
 #include "Support/MadeAircraft.h"
@@ -34,8 +34,8 @@ struct BatchTests : testing::Test {
         });
     }
 
-    AircraftTests Only() {
-        const auto results = RunAllTests(fleet);
+    AircraftResult Only() {
+        const auto results = CheckAllAircraft(fleet);
         EXPECT_EQ(results.size(), 1u);
         return results.at(0);
     }
@@ -53,7 +53,7 @@ TEST_F(BatchTests, HoldsExpectationsAgainstTheDetectedTypes) {
         "Jet",
         Saying(0, 1, "<InteractionType>Twist</InteractionType><InteractionTypeTest>Twist</InteractionTypeTest>") +
             Expectation(0, 0, "None") + Saying(0, 2, "<Tooltip>Flaps</Tooltip>"));
-    const AircraftTests tests = Only();
+    const AircraftResult tests = Only();
     EXPECT_EQ(tests.displayName, "Jet of the fleet");
     EXPECT_EQ(tests.acfPath, "Aircraft/Group/Jet/plane.acf");
     EXPECT_EQ(tests.Passed(), 1u);
@@ -62,7 +62,7 @@ TEST_F(BatchTests, HoldsExpectationsAgainstTheDetectedTypes) {
     EXPECT_EQ(tests.parts[0].PartId, 0) << "ordered by part";
     EXPECT_TRUE(tests.parts[0].passed);
     EXPECT_EQ(tests.parts[0].rectangle, "");
-    const PartTest& failed = tests.parts[1];
+    const PartResult& failed = tests.parts[1];
     EXPECT_EQ(failed.NodeId, 0);
     EXPECT_EQ(failed.PartId, 1);
     EXPECT_EQ(failed.rectangle, "ATTR_manip_toggle");
@@ -81,7 +81,7 @@ TEST_F(BatchTests, NamesExpectationsWithoutAPlaceInTheScene) {
                                   "<Override><InteractionTypeTest>Twist</InteractionTypeTest></Override>" +
                                   Saying(9, 9, "<Reverse>1</Reverse>") + Expectation(0, -1, "Banana") +
                                   Expectation(0, 2, "Twist"));
-    const AircraftTests tests = Only();
+    const AircraftResult tests = Only();
     EXPECT_EQ(tests.Total(), 1u);
     EXPECT_EQ(tests.Passed(), 1u);
     ASSERT_EQ(tests.unplaced.size(), 3u);
@@ -101,7 +101,7 @@ TEST_F(BatchTests, LoadsOnlyAnnotatedAircraftInListOrder) {
         dynamic_cast<Support::ModelCockpit&>(*cockpit).isValid = false;
         return cockpit;
     };
-    const auto results = RunAllTests(fleet);
+    const auto results = CheckAllAircraft(fleet);
     EXPECT_EQ(loads, 2);
     ASSERT_EQ(results.size(), 2u);
     EXPECT_EQ(results[0].displayName, "Zeppelin of the fleet");
@@ -122,9 +122,9 @@ TEST_F(BatchTests, AnAircraftThatCannotBeLoadedEndsTheRunByName) {
         throw Utils::OutOfRange("Bad_cockpit.obj(12): TRIS reaches beyond the indices");
     };
     try {
-        RunAllTests(fleet);
+        CheckAllAircraft(fleet);
         ADD_FAILURE() << "it went on";
-    } catch (const AircraftTestError& error) {
+    } catch (const AircraftCheckError& error) {
         EXPECT_STREQ(error.what(), "Bad of the fleet (Aircraft/Group/Bad/plane.acf): "
                                    "Bad_cockpit.obj(12): TRIS reaches beyond the indices");
     }

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes the pictures and models that the program loads: data/QVRA/Images/checker.png and data/QVRA/Models/Sphere.obj.
 
-    scripts/make_data.py [FOLDER]     by default the data folder beside this script's
+    scripts/make-data.py [FOLDER]     by default the data folder beside this script's
 """
 
 import math

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Annotator/AircraftRoad.h"
+#include "Annotator/AircraftLoading.h"
 #include "CockpitModel/Annotations/AnnotationRecord.h"
 #include "CockpitModel/Panels/GaugeRepository.h"
 #include "CockpitModel/Touch/TouchTypes.h"
@@ -16,7 +16,7 @@
 namespace Annotator {
 
 /// One part's expectation held against what the detection found.
-struct PartTest {
+struct PartResult {
     std::int32_t NodeId = -1;
     std::int32_t PartId = -1;
     std::string rectangle; ///< text of the part's mouse rectangle; empty for a part that cannot be clicked
@@ -26,11 +26,11 @@ struct PartTest {
 };
 
 /// What the tests of one aircraft gave.
-struct AircraftTests {
+struct AircraftResult {
     std::string displayName;
     std::string acfPath;
     bool hasCockpitObject = true;
-    std::vector<PartTest> parts; ///< by node and part
+    std::vector<PartResult> parts; ///< by node and part
     /// Records of the annotation file with an expectation, but without a place in the scene; in file order.
     std::vector<CockpitModel::AnnotationRecord> unplaced;
     std::size_t clickable = 0; ///< parts with a mouse rectangle
@@ -42,19 +42,19 @@ struct AircraftTests {
 };
 
 /// An aircraft whose tests could not be run; what() names it and says why.
-struct AircraftTestError : std::runtime_error {
-    AircraftTestError(const Sim::AircraftInfo& info, const std::string& why);
+struct AircraftCheckError : std::runtime_error {
+    AircraftCheckError(const Sim::AircraftInfo& info, const std::string& why);
 };
 
 /// Loads one aircraft, runs the detection and holds its parts against the expectations of its annotation file. Empty,
-/// and nothing loaded, for an aircraft without such a file. Whatever stops it comes out as an AircraftTestError with
+/// and nothing loaded, for an aircraft without such a file. Whatever stops it comes out as an AircraftCheckError with
 /// the cause nested in it. It makes no file or folder, and different threads may test different aircraft, each with a
 /// repository of its own.
-std::optional<AircraftTests> TestAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
-                                          const RoadOptions& options = {});
+std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
+                                            const LoadOptions& options = {});
 
 /// Tests every aircraft that has an annotation file, in list order, one in memory at a time. An aircraft whose file
 /// holds no expectation is in the result with a total of 0. The first one that fails to load ends the run.
-std::vector<AircraftTests> RunAllTests(Sim::AircraftListLoader& loader);
+std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader);
 
 } // namespace Annotator

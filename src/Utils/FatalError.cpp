@@ -1,4 +1,4 @@
-#include "Utils/Asserts.h"
+#include "Utils/FatalError.h"
 
 #include "Logging/Logger.h"
 #include "Utils/Platform.h"
@@ -12,7 +12,8 @@ namespace Utils {
 namespace {
 
 constexpr const char* kSupportForum = "https://vorelle.example/support";
-constexpr const char* kDialogCaption = "Vorelle FSX";
+constexpr const char* kDialogCaption = "Vorelle FSX"; // the caption that all programs of the product line share
+constexpr const char* kPlace = "Utils\\Asserts.cpp";  // the fixed place of these lines in the log
 
 std::mutex dialogMutex; // guards dialog
 FatalErrorDialog dialog = Platform::ShowErrorBox;
@@ -27,7 +28,7 @@ std::string CrashLogName() {
     text += std::string(file) + ": Line " + std::to_string(line) + "\n";
     text += std::string("Please post this message to ") + kSupportForum + "\n";
     text += "Be sure to include what hardware, software, and versions you are running\n";
-    Logging::Logger::Get().Log(HERE, text);
+    Logging::Logger::Get().Log(kPlace, __LINE__, text);
     const std::string crashLogPath = Logging::Logger::Get().Stop(crashLog);
     text += "\nBe sure to attach the crash-log: " + crashLogPath;
     ShowErrorBox(kDialogCaption, text);

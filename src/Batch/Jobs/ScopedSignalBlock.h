@@ -11,10 +11,10 @@ namespace Batch {
 
 /// While one lives, the signals by which a person or a system ends the program wait, so that what is written meanwhile
 /// is written whole. One at a time, and for no longer than a file takes: the user waits as well.
-class HeldSignals : public Utils::NonAssignable {
+class ScopedSignalBlock : public Utils::NonAssignable {
 public:
-    HeldSignals();
-    ~HeldSignals();
+    ScopedSignalBlock();
+    ~ScopedSignalBlock();
 
 #ifndef _WIN32
 private:
@@ -24,7 +24,7 @@ private:
 
 /// A signal ends the program before the file or after it.
 inline Utils::SaveResult SaveWithSignalsHeld(const std::string& path, std::string_view bytes) {
-    const HeldSignals held;
+    const ScopedSignalBlock held;
     return Utils::SaveFile(path, bytes);
 }
 
