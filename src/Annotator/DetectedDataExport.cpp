@@ -1,6 +1,7 @@
 #include "Annotator/DetectedDataExport.h"
 
 #include "Annotator/AircraftLoading.h"
+#include "Annotator/FailureTexts.h"
 #include "Logging/Logger.h"
 #include "Utils/Paths.h"
 #include "Utils/SaveFile.h"
@@ -49,16 +50,34 @@ private:
     tinyxml2::XMLPrinter printer;
 };
 
-void SaveOne(const Sim::AircraftInfo& info, const fs::path& folder, CockpitModel::GaugeRepository& repository) {
+std::string FailedText(const Sim::AircraftInfo& info, const std::string& reason) {
+    return info.displayName + " (" + info.acfPath + "): " + reason;
+}
+
+OpenedAircraft Open(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
+    try {
+        return OpenAircraft(info, repository);
+    } catch (const std::exception& error) {
+        throw AircraftExportError(FailedText(info, ReasonText(error)));
+    }
+}
+
+void SaveOne(const Sim::AircraftInfo& info, const fs::path& folder, CockpitModel::GaugeRepository& repository,
+             ExportResult& result) {
     Logging::Logger::Get().Log(kPlace, kLoadingLine,
                                "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
     const fs::path path = folder / DetectedDataFileName(info);
-    const OpenedAircraft opened = OpenAircraft(info, repository);
+    const OpenedAircraft opened = Open(info, repository);
     try {
         const BuiltAircraft built = BuildAircraft(opened);
-        if (const auto saved = Utils::SaveFile(path.string(), DetectedDataXml(*built.sceneGraph)); !saved)
+        if (const auto saved = Utils::SaveFile(path.string(), DetectedDataXml(*built.sceneGraph))) {
+            ++result.files;
+        } else {
             Logging::Logger::Get().Log(HERE, saved.error);
-    } catch (const std::exception&) {
+            result.failed.push_back(FailedText(info, saved.error));
+        }
+    } catch (const std::exception& error) {
+        result.failed.push_back(FailedText(info, ReasonText(error)));
         Logging::Logger::Get().Log(kPlace, kSkippingLine, "Failed to load model.  Skipping...");
     }
 }
@@ -82,13 +101,15 @@ std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph) {
     return writer.Finish();
 }
 
-void SaveDetectedData(Sim::AircraftListLoader& loader) {
+ExportResult SaveDetectedData(Sim::AircraftListLoader& loader) {
     const fs::path folder = DetectedDataFolder();
     fs::create_directories(folder);
     CockpitModel::GaugeRepository repository(fs::current_path().string());
     const Sim::AircraftList list = loader.LoadAircraftList();
+    ExportResult result;
     for (const auto& info : list)
-        SaveOne(*info, folder, repository);
+        SaveOne(*info, folder, repository, result);
+    return result;
 }
 
 } // namespace Annotator

@@ -1,6 +1,6 @@
 #include "Annotator/FailureTexts.h"
 
-#include "Annotator/DetectedDataExport.h"
+#include "Utils/FatalError.h"
 #include "Utils/RangeCheck.h"
 
 #include <boost/filesystem.hpp>
@@ -18,18 +18,27 @@ std::string Absolute(const std::string& path) {
     return (folder / path).string();
 }
 
+/// A line more after a fatal error, which has stopped the log.
+std::string LogEnded(const std::exception& error) {
+    return WasFatalError(error) ? std::string("\n") + kLogEndedText : "";
+}
+
+std::string WindowReasonText(const std::exception& error) {
+    return ReasonText(error) + LogEnded(error);
+}
+
 } // namespace
 
 bool WasFatalError(const std::exception& error) {
-    // It throws the base class itself, which nothing else does.
-    return typeid(error) == typeid(std::exception);
+    // It throws the base class itself, as conversions of texts do.
+    return Utils::FatalErrorReported() && typeid(error) == typeid(std::exception);
 }
 
 std::string ReasonText(const std::exception& error) {
     if (const auto* file = dynamic_cast<const fs::filesystem_error*>(&error))
         return file->path1().string() + ": " + file->code().message();
     if (WasFatalError(error))
-        return "A fatal error was met, which has been shown and logged.";
+        return "A fatal error occurred. It has been shown and logged.";
     return Utils::Describe(error);
 }
 
@@ -49,17 +58,32 @@ std::string DataFilesFailureText(const std::string& folder, const std::string& r
     return "The program's own files cannot all be put into " + folder + ": " + reason;
 }
 
-std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error) {
-    return info.displayName + " cannot be loaded:\n" + info.acfPath + "\n\n" + ReasonText(info, error);
+std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error){
+    return info.displayName + " cannot be loaded:
+                              " + info.acfPath + "
+
+                              " + ReasonText(info, error) + LogEnded(error);
 }
 
 std::string ExportFailureText(const std::exception& error) {
+    if (const auto* stopped = dynamic_cast<const AircraftExportError*>(&error))
+        return std::string("The export stopped at this aircraft; those after it are not saved:\n") + stopped->what();
     return "The detected data cannot be saved into this folder:\n" + Absolute(DetectedDataFolder()) + "\n\n" +
-           ReasonText(error);
+           WindowReasonText(error);
+}
+
+std::string ExportDoneText(const ExportResult& result) {
+    std::string text = std::to_string(result.files) + (result.files == 1 ? " file is" : " files are") +
+                       " saved into this folder:\n" + Absolute(DetectedDataFolder());
+    if (!result.failed.empty())
+        text += "\n\nNot saved:";
+    for (const std::string& aircraft : result.failed)
+        text += "\n" + aircraft;
+    return text;
 }
 
 std::string TestRunFailureText(const std::exception& error) {
-    return "The tests cannot be run to their end:\n\n" + ReasonText(error);
+    return "The tests cannot be run to their end:\n\n" + WindowReasonText(error);
 }
 
 std::string SaveFailureText(const std::string& path, const std::string& reason) {
@@ -68,16 +92,19 @@ std::string SaveFailureText(const std::string& path, const std::string& reason) 
 
 std::string KeptCopyText(const std::string& path, const std::string& copy) {
     return "The annotations are saved:\n" + Absolute(path) +
-           "\n\nThe file that stood there was no annotation file that could be read. As it was, it is kept in\n" +
-           Absolute(copy);
+           "\n\nThe existing file was not a readable annotation file. It was kept unchanged as\n" + Absolute(copy);
 }
 
 std::string SelectionFailureText(const std::exception& error) {
-    return "This part cannot be shown:\n\n" + ReasonText(error);
+    return "This part cannot be shown:\n\n" + WindowReasonText(error);
+}
+
+std::string AnimationFailureText(const std::exception& error) {
+    return "The animation cannot be shown or moved:\n\n" + WindowReasonText(error);
 }
 
 std::string FrameFailureText(const std::exception& error) {
-    return "The cockpit cannot be shown:\n\n" + ReasonText(error);
+    return "The cockpit cannot be shown:\n\n" + WindowReasonText(error);
 }
 
 } // namespace Annotator

@@ -63,10 +63,8 @@ std::vector<AnimData> AnimationRows(const NodePart& part, ModelData& model) {
 }
 
 std::string AnimationRowText(const AnimData& row) {
-    std::string text = row.animation ? AnimationText(*row.animation)
-                                     : "Node Local Matrix:\n" + MatrixText(row.node->localMatrix) + "\n";
-    std::ranges::replace(text, '\0', ' ');
-    return text;
+    return row.animation ? AnimationText(*row.animation)
+                         : "Node Local Matrix:\n" + MatrixText(row.node->localMatrix) + "\n";
 }
 
 int SliderPercent(const ModelAnimation& animation) {

@@ -23,7 +23,7 @@ struct AnimData {
 
 /// The part's own node first, the root last.
 std::vector<AnimData> AnimationRows(const CockpitModel::NodePart& part, CockpitModel::ModelData& model);
-/// The animation's tracks and keys, or the node's local matrix where it has no animation. No zero bytes.
+/// The animation's tracks and keys, or the node's local matrix if it has no animation.
 std::string AnimationRowText(const AnimData& row);
 
 /// Percent of the position's range, from 0 to 100 for a slider.

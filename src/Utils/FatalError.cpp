@@ -3,6 +3,7 @@
 #include "Logging/Logger.h"
 #include "Utils/Platform.h"
 
+#include <atomic>
 #include <boost/date_time/posix_time/posix_time.hpp>
 #include <exception>
 #include <mutex>
@@ -17,6 +18,7 @@ constexpr const char* kPlace = "Utils\\Asserts.cpp";  // the fixed place of thes
 
 std::mutex dialogMutex; // guards dialog
 FatalErrorDialog dialog = Platform::ShowErrorBox;
+std::atomic<bool> reported{false};
 
 std::string CrashLogName() {
     return "error-" + to_iso_string(boost::posix_time::second_clock::local_time()) + ".txt";
@@ -24,6 +26,7 @@ std::string CrashLogName() {
 
 [[noreturn]] void Report(const std::string& codes, const char* file, std::int32_t line) {
     const std::string crashLog = CrashLogName();
+    reported = true;
     std::string text = "Vorelle Fatal Error Encountered (" + codes + ")\n";
     text += std::string(file) + ": Line " + std::to_string(line) + "\n";
     text += std::string("Please post this message to ") + kSupportForum + "\n";
@@ -45,6 +48,10 @@ void FatalError(const char* file, std::int32_t line) {
 void FatalError(const char* file, std::int32_t line, std::int32_t result) {
     const std::uint32_t lastError = Platform::LastError();
     Report(std::to_string(result) + ", " + std::to_string(lastError), file, line);
+}
+
+bool FatalErrorReported() {
+    return reported;
 }
 
 void ShowErrorBox(const std::string& caption, const std::string& text) {

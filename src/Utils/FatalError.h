@@ -15,6 +15,9 @@ namespace Utils {
 /// The same for a device call that returned a result code.
 [[noreturn]] void FatalError(const char* file, std::int32_t line, std::int32_t result);
 
+/// True from the first fatal error on: the log has stopped then. Any thread may ask.
+bool FatalErrorReported();
+
 /// Shows a text to the person and blocks until it is dismissed. Called on the thread that failed.
 using FatalErrorDialog = std::function<void(const std::string& caption, const std::string& text)>;
 /// Shows a text that comes ahead of a fatal error in the same dialog. Any thread may call it.

@@ -67,7 +67,9 @@ TEST(DetectedDataExportTest, WritesEveryPartOfEachAircraftInOrderAndSkipsOneThat
     }
     folder.Write(kFolder + "Broken.xml", "of an earlier run");
     for (int run : {1, 2}) {
-        Annotator::SaveDetectedData(list);
+        const Annotator::ExportResult result = Annotator::SaveDetectedData(list);
+        EXPECT_EQ(result.files, 4u);
+        EXPECT_THAT(result.failed, testing::ElementsAre(testing::StartsWith("Aircraft/A/Broken/b.acf (")));
         EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"),
                   ListXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move")))
             << run;
@@ -115,11 +117,12 @@ TEST(DetectedDataExportTest, WhatEndsTheRunAndWhatDoesNot) {
     folder.Write("Aircraft/A/Plane/a.acf", "");
     fs::create_directories(folder.path / (kFolder + "Plane.xml"));
     FixedList list({"Aircraft/A/Plane/a.acf"});
-    EXPECT_NO_THROW(Annotator::SaveDetectedData(list)) << "a folder where the file should be is passed over";
+    EXPECT_EQ(Annotator::SaveDetectedData(list).failed.size(), 1u)
+        << "a folder where the file should be is passed over";
 
     folder.Write("Aircraft/A/Bad/b.acf", "P acf/_pe_xyz/0 far\n");
     FixedList bad({"Aircraft/A/Bad/b.acf"});
-    EXPECT_THROW(Annotator::SaveDetectedData(bad), std::bad_cast) << "a pilot's eye that is no number";
+    EXPECT_THROW(Annotator::SaveDetectedData(bad), Annotator::AircraftExportError) << "a pilot's eye that is no number";
 
     Support::TemporaryFolder blocked;
     const Support::WorkingDirectory there(blocked.path);

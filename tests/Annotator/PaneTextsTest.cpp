@@ -47,7 +47,7 @@ TEST(PaneTexts, DumpsAnAnimationWithItsTracksAndKeys) {
     ModelAnimation animation =
         Support::Animation("sim/flaps", {{Support::TranslationKey(0, 0, 0, 0), Support::TranslationKey(12.5f, 1, 0, 0)},
                                          {Support::TranslationKey(100, 0, 0, 0)}});
-    animation.text = std::string("raw\0data", 8);
+    animation.text = "raw data";
     animation.tracks[0][0].Text = "first";
     animation.tracks[0][1].Text = "second";
     animation.tracks[1][0].Text = "third";

@@ -1,6 +1,8 @@
 #include "Annotator/Window/AnimationsPane.h"
 
+#include "Annotator/FailureTexts.h"
 #include "Annotator/Window/AccessibleName.h"
+#include "Annotator/Window/ProblemBox.h"
 
 namespace Annotator {
 
@@ -15,8 +17,14 @@ AnimationsPane::AnimationsPane(wxWindow* parent, wxWindowID id) : Page(parent, i
     SetAccessibleName(*dropDown, "Animation");
     SetAccessibleName(*positionSlider, "Position of the animation in percent");
 
-    dropDown->selectionSignal.connect([this](const boost::optional<AnimData>&) { OnAnimationChosen(); });
-    positionSlider->Bind(wxEVT_SLIDER, [this](wxCommandEvent&) { OnSliderMoved(); });
+    dropDown->selectionSignal.connect([this](const boost::optional<AnimData>&) {
+        RunGuarded(
+            this, [this] { OnAnimationChosen(); }, AnimationFailureText);
+    });
+    positionSlider->Bind(wxEVT_SLIDER, [this](wxCommandEvent&) {
+        RunGuarded(
+            this, [this] { OnSliderMoved(); }, AnimationFailureText);
+    });
     ContentChanged();
 }
 

@@ -6,6 +6,7 @@
 #include "Annotator/Window/AccessibleName.h"
 #include "Annotator/Window/ProblemBox.h"
 #include "Annotator/Window/TestsWindow.h"
+#include "Utils/FatalError.h"
 
 #include <boost/filesystem/operations.hpp>
 #include <cstdlib>
@@ -101,6 +102,7 @@ void AnnotatorWindow::MakeCanvas(wxPanel* parent) {
     SetAccessibleName(*canvas, "Cockpit");
     canvas->stages.Add(std::make_shared<Threading::RunQueueStage>(runQueue));
     canvas->failureSignal.connect([this](const std::exception& error) { OnCanvasFailure(error); });
+    canvas->clickFailureSignal.connect([this](const std::exception& error) { OnClickFailure(error); });
     parent->GetSizer()->Add(canvas, 4, wxEXPAND);
 }
 
@@ -146,7 +148,7 @@ void AnnotatorWindow::MakeNotebook(wxPanel* parent) {
 
 void AnnotatorWindow::MakePreview() {
     preview = std::make_shared<CockpitPreview>();
-    preview->partSignal.connect([this](CockpitModel::NodePart* part) { SelectPart(part); });
+    preview->partSignal.connect([this](CockpitModel::NodePart* part) { SelectGuarded(part); });
     canvas->stages.Add(preview);
     canvas->control.clickables.push_back(preview);
 }
@@ -158,15 +160,29 @@ void AnnotatorWindow::OnRunAllTests(wxCommandEvent&) {
 
 void AnnotatorWindow::OnSaveDetectedData(wxCommandEvent&) {
     RunGuarded(
-        this, [this] { SaveDetectedData(*aircraftListLoader); }, ExportFailureText);
+        this,
+        [this] {
+            const ExportResult result = SaveDetectedData(*aircraftListLoader);
+            // What failed stands in the log alone, as long as there is one.
+            if (Utils::FatalErrorReported())
+                ShowProblem(this, ExportDoneText(result));
+        },
+        ExportFailureText);
 }
 
 void AnnotatorWindow::OnShowTransparent(wxCommandEvent&) {
-    preview->ShowTransparent(showTransparentCheckBox->GetValue());
+    RunGuarded(
+        this, [this] { preview->ShowTransparent(showTransparentCheckBox->GetValue()); }, FrameFailureText);
 }
 
 void AnnotatorWindow::OnAircraftSelected(const Sim::AircraftInfo& info) {
-    runQueue.Post([this, &info] { LoadGuarded(info); });
+    RunGuarded(
+        this, [&] { runQueue.Post([this, &info] { LoadGuarded(info); }); },
+        [&](const std::exception& error) { return LoadFailureText(info, error); });
+}
+
+void AnnotatorWindow::OnClickFailure(const std::exception& error) {
+    ShowProblem(this, SelectionFailureText(error));
 }
 
 void AnnotatorWindow::OnCanvasFailure(const std::exception& error) {

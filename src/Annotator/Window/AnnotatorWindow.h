@@ -54,14 +54,18 @@ private:
     void OnSaveAnnotation(wxCommandEvent& event);
     void OnShowTransparent(wxCommandEvent& event);
     void OnAircraftSelected(const Sim::AircraftInfo& info);
+    void OnClickFailure(const std::exception& error);
     void OnCanvasFailure(const std::exception& error);
 
     void LoadGuarded(const Sim::AircraftInfo& info);
+    void SelectGuarded(CockpitModel::NodePart* part);
+    void SaveAnnotation();
     void RebuildTree();
     void AddNodeItems(CockpitModel::Node& node);
     const wxTreeItemId& ItemOf(const CockpitModel::NodePart& part) const;
     void HighlightItem(const wxTreeItemId& item);
     void ShowAnnotation(CockpitModel::NodePart& part);
+    void EmptyTree();
     void ReleaseScene();
     void ShowEmptyState();
 

@@ -25,8 +25,7 @@ public:
     NodePart* part; ///< of the loaded scene
 };
 
-/// The fatal error's text is fixed and its exception empty, so the reason goes to the log ahead of it and out in words
-/// after it.
+/// The fatal error's text is fixed and its exception empty, so the reason is logged before it and thrown after it.
 void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCockpit& cockpit) {
     if (cockpit.IsValid())
         return;
@@ -35,7 +34,7 @@ void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCoc
     try {
         Utils::FatalError("Annotator\\AnnotatorWindow.cpp", 158);
     } catch (const std::exception&) {
-        throw std::runtime_error(reason);
+        throw std::runtime_error(reason + "\n" + kLogEndedText);
     }
 }
 
@@ -53,14 +52,15 @@ void AnnotatorWindow::LoadGuarded(const Sim::AircraftInfo& info) {
         LoadAircraft(info);
     } catch (const std::exception& error) {
         ShowEmptyState();
-        // The load runs inside a frame, which has to end before a person is asked to read.
+        // The load runs inside a frame, which has to end before the box opens.
         CallAfter([this, text = LoadFailureText(info, error)] { ShowProblem(this, text); });
     }
 }
 
 void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
-    SelectPart(nullptr);
     // The old scene goes first: memory then holds one aircraft, and a load that fails leaves nothing half replaced.
+    EmptyTree();
+    SelectPart(nullptr);
     ReleaseScene();
     aircraftName = info.displayName;
     OpenedAircraft opened = OpenAircraft(info, gaugeRepository);
@@ -70,6 +70,7 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     panels = std::move(opened.panels);
     model = std::move(built.model);
     sceneGraph = std::move(built.sceneGraph);
+    sceneGraph->BuildPartTrees();
     annotationStore = std::make_unique<CockpitModel::AnnotationStore>(*sceneGraph);
     annotationPath = CockpitModel::AnnotationPath(info);
     annotationStore->Read(annotationPath);
@@ -77,6 +78,14 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     RebuildTree();
     canvas->control.camera.SetPosition(CameraPlace(*cockpit));
     canvas->SetFocus();
+}
+
+/// The items point into the scene, so they go before it does.
+void AnnotatorWindow::EmptyTree() {
+    partTree->DeleteAllItems();
+    highlightedItem.reset();
+    partItems.clear();
+    nodeItems.clear();
 }
 
 void AnnotatorWindow::ReleaseScene() {
@@ -90,23 +99,15 @@ void AnnotatorWindow::ReleaseScene() {
 }
 
 void AnnotatorWindow::ShowEmptyState() {
+    EmptyTree();
     SelectPart(nullptr);
     ReleaseScene();
-    highlightedItem.reset();
-    partItems.clear();
-    nodeItems.clear();
-    partTree->DeleteAllItems();
     aircraftName.clear();
     annotationPath.clear();
 }
 
 void AnnotatorWindow::RebuildTree() {
-    selectedPart = nullptr;
-    partTree->DeleteAllItems();
     partTree->AddRoot(ToWide(aircraftName));
-    highlightedItem.reset();
-    partItems.clear();
-    nodeItems.clear();
     nodeItems.reserve(sceneGraph->Nodes().size());
     const Utils::Matrix4 unused = Utils::Matrix4::Identity();
     sceneGraph->VisitNodes(
@@ -129,8 +130,17 @@ void AnnotatorWindow::AddNodeItems(Node& node) {
 
 void AnnotatorWindow::OnTreeSelectionChanged(wxTreeEvent& event) {
     if (const auto* data = dynamic_cast<NodePartTreeItemData*>(partTree->GetItemData(event.GetItem())))
-        RunGuarded(
-            this, [&] { SelectPart(data->part); }, SelectionFailureText);
+        SelectGuarded(data->part);
+}
+
+void AnnotatorWindow::SelectGuarded(NodePart* part) {
+    try {
+        SelectPart(part);
+    } catch (const std::exception& error) {
+        // A part that is shown by halves must not be saved.
+        SelectPart(nullptr);
+        ShowProblem(this, SelectionFailureText(error));
+    }
 }
 
 void AnnotatorWindow::SelectPart(NodePart* part) {
@@ -180,8 +190,13 @@ void AnnotatorWindow::ShowAnnotation(NodePart& part) {
 }
 
 void AnnotatorWindow::OnSaveAnnotation(wxCommandEvent&) {
-    if (!selectedPart)
-        return;
+    if (selectedPart)
+        RunGuarded(
+            this, [this] { SaveAnnotation(); },
+            [this](const std::exception& error) { return SaveFailureText(annotationPath, ReasonText(error)); });
+}
+
+void AnnotatorWindow::SaveAnnotation() {
     testPane->Commit();
     interactionPane->Commit();
     annotationStore->Set(*selectedPart, currentAnnotation);

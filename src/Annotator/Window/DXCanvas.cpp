@@ -63,7 +63,13 @@ void DXCanvas::OnLeftDown(wxMouseEvent& event) {
 void DXCanvas::OnLeftUp(wxMouseEvent& event) {
     if (HasCapture())
         ReleaseMouse();
-    RunGuarded([&] { control.Release(PointerOf(event)); });
+    RunGuarded([&] {
+        try {
+            control.Release(PointerOf(event));
+        } catch (const std::exception& error) {
+            clickFailureSignal(error);
+        }
+    });
 }
 
 void DXCanvas::OnMotion(wxMouseEvent& event) {

@@ -25,8 +25,9 @@ public:
 
     CanvasControl control;       ///< camera, projection and clickables
     Rendering::StageList stages; ///< run in each frame
-    /// What a frame, the making of the device or a click threw. No frame runs while it is told.
+    /// What a frame, the making of the device or a move of the pointer threw. No frame runs while it is told.
     boost::signals2::signal<void(const std::exception&)> failureSignal;
+    boost::signals2::signal<void(const std::exception&)> clickFailureSignal; ///< what a click threw
 
 private:
     void OnSize(wxSizeEvent& event);

@@ -2,12 +2,12 @@
 
 #include "Annotator/Window/WxText.h"
 #include "Utils/FatalError.h"
+#include "Utils/Platform.h"
 
 #include <chrono>
-#include <condition_variable>
+#include <future>
 #include <iostream>
 #include <memory>
-#include <mutex>
 #include <thread>
 #include <wx/app.h>
 #include <wx/init.h>
@@ -17,8 +17,6 @@
 namespace Annotator {
 
 namespace {
-
-constexpr std::chrono::seconds kPatience{3};
 
 std::thread::id uiThread;
 int boxesUp = 0; // user interface thread only
@@ -36,57 +34,33 @@ void PrintText(const std::string& caption, const std::string& text) {
     std::cerr << caption << ": " << text << std::endl;
 }
 
+#ifdef __WXMSW__
+void ShowFromOtherThread(const std::string& caption, const std::string& text) {
+    Utils::Platform::ShowErrorBox(caption, text);
+}
+#else
+constexpr std::chrono::seconds kPatience{3};
+
 /// A box that another thread asks for.
-class BoxRequest {
-public:
-    BoxRequest(std::string caption, std::string text) : caption(std::move(caption)), text(std::move(text)) {}
-
-    /// User interface thread.
-    void Show() {
-        if (!Advance(State::Asked, State::Showing))
-            return;
-        ShowBox(caption, text);
-        Advance(State::Showing, State::Dismissed);
-    }
-
-    /// False when nobody took it up in time; then nobody will.
-    bool WaitUntilDismissed() {
-        std::unique_lock lock(mutex);
-        if (!changed.wait_for(lock, kPatience, [this] { return state != State::Asked; })) {
-            state = State::GivenUp;
-            return false;
-        }
-        changed.wait(lock, [this] { return state == State::Dismissed; });
-        return true;
-    }
-
-private:
-    enum class State { Asked, Showing, Dismissed, GivenUp };
-
-    bool Advance(State from, State to) {
-        const std::lock_guard lock(mutex);
-        if (state != from)
-            return false;
-        state = to;
-        changed.notify_all();
-        return true;
-    }
-
-    const std::string caption, text;
-    std::mutex mutex; // guards state
-    std::condition_variable changed;
-    State state = State::Asked;
+struct BoxRequest {
+    std::promise<void> shown, dismissed;
 };
 
 void ShowFromOtherThread(const std::string& caption, const std::string& text) {
-    const auto request = std::make_shared<BoxRequest>(caption, text);
-    if (wxModule::AreInitialized() && wxTheApp)
-        wxTheApp->CallAfter([request] { request->Show(); });
-    else
+    if (!wxModule::AreInitialized() || !wxTheApp)
         return PrintText(caption, text);
-    if (!request->WaitUntilDismissed())
+    const auto request = std::make_shared<BoxRequest>();
+    wxTheApp->CallAfter([=] {
+        request->shown.set_value();
+        ShowBox(caption, text);
+        request->dismissed.set_value();
+    });
+    if (request->shown.get_future().wait_for(kPatience) == std::future_status::ready)
+        request->dismissed.get_future().wait();
+    else
         PrintText(caption, text);
 }
+#endif
 
 void ShowBeforeToolkit(const std::string& caption, const std::string& text) {
     PrintText(caption, text);

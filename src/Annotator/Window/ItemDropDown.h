@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Annotator/Window/RepeatedChoice.h"
 #include "Annotator/Window/WxText.h"
 #include "Utils/RangeCheck.h"
 
@@ -17,7 +18,7 @@
 namespace Annotator {
 
 /// A choice whose lines are values of type T, below a first line that stands for no value. It has no line until
-/// SetItems.
+/// SetItems. It sends wxEVT_CHOICE for each line that is picked from its list, the shown one included.
 template <typename T>
 class ItemDropDown : public wxChoice {
 public:
@@ -62,7 +63,7 @@ public:
             SetSelection(0);
     }
 
-    boost::signals2::signal<void(const boost::optional<T>&)> selectionSignal; ///< a person chose a line
+    boost::signals2::signal<void(const boost::optional<T>&)> selectionSignal; ///< the user chose a line
 
 private:
     void OnChoice(wxCommandEvent&) { selectionSignal(GetSelectedItem()); }
@@ -70,6 +71,7 @@ private:
     std::string noneLabel; ///< text of line 0
     std::function<std::string(const T&)> labelOf;
     std::vector<T> items; ///< values of lines 1 and on
+    RepeatedChoice repeated{*this, [this] { SendSelectionChangedEvent(wxEVT_CHOICE); }};
 };
 
 } // namespace Annotator

@@ -2,6 +2,7 @@
 
 #include "Annotator/Window/WxText.h"
 
+#include <algorithm>
 #include <wx/sizer.h>
 
 namespace Annotator {
@@ -46,7 +47,8 @@ void Page::ContentChanged() {
     Refresh();
 }
 
-void ShowText(wxStaticText& control, const std::string& text) {
+void ShowText(wxStaticText& control, std::string text) {
+    std::ranges::replace(text, '\0', ' ');
     const wxString wide = ToWide(text);
     control.SetLabelText(wide);
     control.SetToolTip(wide);

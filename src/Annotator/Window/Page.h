@@ -20,6 +20,6 @@ protected:
 
 /// Shows a text that may be longer than its page is wide: whole in the control's tooltip as well. An ampersand of the
 /// text is shown, not taken for the mark of an access key.
-void ShowText(wxStaticText& control, const std::string& text);
+void ShowText(wxStaticText& control, std::string text);
 
 } // namespace Annotator

@@ -10,7 +10,8 @@ void ShowProblem(wxWindow* parent, const std::string& text) {
     wxMessageBox(ToWide(text), "Vorelle Aircraft Annotator", wxOK | wxICON_ERROR, parent);
 }
 
-void RunGuarded(wxWindow* parent, const std::function<void()>& work, std::string (*textOf)(const std::exception&)) {
+void RunGuarded(wxWindow* parent, const std::function<void()>& work,
+                const std::function<std::string(const std::exception&)>& textOf) {
     try {
         work();
     } catch (const std::exception& error) {

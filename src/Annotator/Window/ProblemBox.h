@@ -6,11 +6,12 @@
 
 namespace Annotator {
 
-/// Tells a person what went wrong, and waits until it is dismissed.
+/// Tells the user what went wrong, and waits until it is dismissed.
 void ShowProblem(wxWindow* parent, const std::string& text);
 
-/// Runs the work of an event handler, which must not throw into the toolkit: what the work throws is told to the person
+/// Runs the work of an event handler, which must not throw into the toolkit: what the work throws is told to the user
 /// in the words of `textOf`.
-void RunGuarded(wxWindow* parent, const std::function<void()>& work, std::string (*textOf)(const std::exception&));
+void RunGuarded(wxWindow* parent, const std::function<void()>& work,
+                const std::function<std::string(const std::exception&)>& textOf);
 
 } // namespace Annotator

@@ -16,8 +16,7 @@ TestPane::TestPane(wxWindow* parent, wxWindowID id) : Page(parent, id) {
     ContentChanged();
 }
 
-void TestPane::SetPart(CockpitModel::NodePart* newPart, CockpitModel::AnnotationRecord* newAnnotation) {
-    part = newPart;
+void TestPane::SetPart(const CockpitModel::NodePart*, CockpitModel::AnnotationRecord* newAnnotation) {
     annotation = newAnnotation;
     interactionTypeDropDown->SelectItem(annotation ? annotation->InteractionTypeTest : std::nullopt);
 }

@@ -13,12 +13,11 @@ public:
     TestPane(wxWindow* parent, wxWindowID id);
 
     /// Both are null, or both are set and stay valid until the next call.
-    void SetPart(CockpitModel::NodePart* newPart, CockpitModel::AnnotationRecord* newAnnotation);
+    void SetPart(const CockpitModel::NodePart* part, CockpitModel::AnnotationRecord* newAnnotation);
     /// Copies the choice into the annotation; true when it expects a type now. Needs an annotation.
     bool Commit();
 
 private:
-    CockpitModel::NodePart* part = nullptr;
     CockpitModel::AnnotationRecord* annotation = nullptr; ///< the window's working record
     ItemDropDown<CockpitModel::TouchInteractionType>* interactionTypeDropDown;
 };

@@ -239,6 +239,7 @@ TEST_F(PreviewOfLever, SpinsTheGreenMarkerAboutTheAxis) {
     selected->RotationAxis = {0, 0, 1};
     const float start = Draw().at(1).world(0, 1);
     EXPECT_GT(start, 0.0f) << "the clock runs from the start";
+    preview.SetSelectedPart(selected); // which leaves the spin running
     EXPECT_GT(Draw().at(1).world(0, 1), start);
     preview.StopClock(2.0);
     const Matrix4 world = Draw().at(1).world;

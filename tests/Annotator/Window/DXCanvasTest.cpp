@@ -25,9 +25,6 @@ protected:
         canvas->ProcessWindowEvent(event);
     }
     wxImage Picture() { return CanvasPicture(*canvas); }
-    static wxColour ColourAt(const wxImage& image, int x, int y) {
-        return {image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)};
-    }
 };
 
 /// Counts frames, and runs what a test puts into the next one.

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <iostream>
 #include <wx/evtloop.h>
+#include <wx/timer.h>
 
 namespace {
 
@@ -33,6 +34,29 @@ int FailBeforeToolkit() {
     }
 }
 
+/// The program's own application. It tells the title of the window on the standard output, and closes it in the end.
+class RealApp : public Annotator::AnnotatorApp {
+public:
+    bool OnInit() override {
+        if (!AnnotatorApp::OnInit())
+            return false;
+        wxWindow& window = *wxTopLevelWindows.GetFirst()->GetData();
+        std::cout << (window.IsShown() ? window.GetLabel() : wxString("hidden")) << std::endl;
+        closing.Bind(wxEVT_TIMER, [&window](wxTimerEvent&) { window.Close(); });
+        return closing.StartOnce(5000);
+    }
+
+private:
+    wxTimer closing;
+};
+
+int RunRealApp() {
+    const Support::DialogRecorder dialogs;
+    wxApp::SetInstance(new RealApp);
+    int argumentCount = 0;
+    return wxEntry(argumentCount, static_cast<char**>(nullptr));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -46,6 +70,8 @@ int main(int argc, char** argv) {
         return 1;
     if (argc > 1 && std::string(argv[1]) == "--fail-before-toolkit")
         return FailBeforeToolkit();
+    if (argc > 1 && std::string(argv[1]) == "--real-app")
+        return RunRealApp();
 
     testing::InitGoogleTest(&argc, argv);
     wxSetAssertHandler(FailOnAssert);

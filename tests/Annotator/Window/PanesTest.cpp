@@ -4,10 +4,9 @@
 #include "Annotator/Window/TestPane.h"
 #include "Annotator/Window/TextureViewPane.h"
 #include "Annotator/Window/WindowFixture.h"
+#include "CockpitModel/Panels/PanelSet.h"
 
 #include <boost/optional/optional_io.hpp>
-#include <wx/dcclient.h>
-#include <wx/dcmemory.h>
 
 namespace {
 
@@ -79,6 +78,7 @@ TEST_F(PanesTest, TheInteractionPageShowsDetectionBesideTheOverrideAndCommitsWha
     EXPECT_EQ(type.GetSelection(), 2);
     EXPECT_EQ(event.GetSelection(), 1);
     EXPECT_TRUE(reverse.GetValue());
+    EXPECT_EQ(reverse.GetLabelText(), "Reverse Direction");
     EXPECT_EQ(tooltip.GetValue(), "Mine");
     record.InteractionType = TouchInteractionType::YokePart;
     pane.SetPart(&part, &record);
@@ -130,6 +130,7 @@ TEST_F(PanesTest, TheSliderMovesTheAnimationThatWasChosenLast) {
     auto& slider = *Find<wxSlider>(pane);
     const auto infoText = [&] { return Labels<wxStaticText>(pane).at(1); };
     EXPECT_EQ(slider.GetValue(), 50);
+    EXPECT_EQ(slider.GetMax(), 100);
     pane.SetPart(&Part(2, 0), &model);
     EXPECT_THAT(Lines(rows), ElementsAre("No Animations...", "2 - No Animation", "1 - sim/lever", "0 - No Animation"));
     slider.SetValue(30);
@@ -156,12 +157,14 @@ TEST_F(PanesTest, TheSliderMovesTheAnimationThatWasChosenLast) {
     EXPECT_FLOAT_EQ(model.animations[1].position, 0.75f);
 }
 
-TEST_F(PanesTest, TheInfoPageShowsTextsWithAmpersandsWhole) {
+TEST_F(PanesTest, TheInfoPageShowsTextsWithAmpersandsAndZeroBytesWhole) {
     auto& pane = Make<Annotator::PartInfoPane>();
+    Part(1, 0).Rect()->Text = std::string("lever &\0knob", 12);
     pane.SetPart(&Part(1, 0));
     const std::vector<std::string> labels = Labels<wxStaticText>(pane);
     EXPECT_EQ(labels.at(0), "ID: (1,0)");
     EXPECT_EQ(labels.at(1), "File Offset: 0");
+    EXPECT_EQ(labels.at(2), "MaterialTexId: 0 TexId: 0 Tex: panel.png");
     EXPECT_EQ(labels.at(3), "Detected Interaction Type: None");
     EXPECT_THAT(labels.at(5), testing::StartsWith("Balance Factor: "));
     EXPECT_EQ(labels.at(7), "lever & knob");
@@ -170,33 +173,32 @@ TEST_F(PanesTest, TheInfoPageShowsTextsWithAmpersandsWhole) {
                                                         "Detected Interaction Type:", "Info:", "", "Base Data:", ""));
 }
 
-TEST_F(PanesTest, TheTexturePageDrawsTheTrianglesOnASquare) {
+TEST_F(PanesTest, TheTexturePageDrawsPanelAndTrianglesOnASquare) {
     auto& pane = Make<Annotator::TextureViewPane>();
     NodePart part;
     part.vertices.resize(3);
     part.vertices[0].texture = {0.25f, 0.25f};
     part.vertices[1].texture = {0.75f, 0.25f};
     part.vertices[2].texture = {0.25f, 0.75f};
+    Panel panel;
+    panel.Entries.resize(1);
+    PanelEntry& entry = panel.Entries[0];
+    entry.U = 0.8f, entry.V = 0.8f, entry.Width = 0.1f, entry.Height = 0.1f;
+    part.panel = &panel;
     pane.SetPart(&part);
     frame->SetClientSize(200, 300);
     pane.SetSize(0, 0, 200, 300);
     frame->Show();
     wxImage image;
-    const auto colour = [&](int x, int y) {
-        return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y));
-    };
     ASSERT_TRUE(PumpUntil([&] {
-        wxClientDC source(&pane);
-        wxBitmap picture(200, 300);
-        wxMemoryDC target(picture);
-        target.Blit(0, 0, 200, 300, &source, 0, 0);
-        image = picture.ConvertToImage();
-        return colour(100, 50) == *wxRED;
+        image = WindowPicture(pane);
+        return ColourAt(image, 100, 50) == *wxRED;
     }));
-    EXPECT_EQ(colour(190, 190), *wxBLACK);
-    EXPECT_EQ(colour(50, 100), *wxRED) << "the left edge";
-    EXPECT_EQ(colour(75, 75), *wxBLACK) << "not filled";
-    EXPECT_NE(colour(100, 250), *wxBLACK) << "below the square";
+    EXPECT_EQ(ColourAt(image, 190, 190), *wxBLACK);
+    EXPECT_EQ(ColourAt(image, 170, 170), *wxGREEN) << "the panel's rectangle";
+    EXPECT_EQ(ColourAt(image, 50, 100), *wxRED) << "the left edge";
+    EXPECT_EQ(ColourAt(image, 75, 75), *wxBLACK) << "not filled";
+    EXPECT_NE(ColourAt(image, 100, 250), *wxBLACK) << "below the square";
     pane.SetPart(nullptr);
 }
 

@@ -2,22 +2,12 @@
 #include "Annotator/Window/WindowFixture.h"
 #include "Sim/XPAircraftListLoader.h"
 
+#include <filesystem>
 #include <set>
 
 namespace {
 
 using namespace Support;
-
-void CopyFolder(const boost::filesystem::path& from, const boost::filesystem::path& to) {
-    boost::filesystem::create_directories(to);
-    for (const auto& entry : boost::filesystem::directory_iterator(from)) {
-        const boost::filesystem::path target = to / entry.path().filename();
-        if (is_directory(entry.status()))
-            CopyFolder(entry.path(), target);
-        else
-            boost::filesystem::copy_file(entry.path(), target);
-    }
-}
 
 std::size_t CountColours(const wxImage& image) {
     std::set<std::array<unsigned char, 3>> colours;
@@ -33,8 +23,9 @@ TEST(Sample, IsListedLoadedAndDrawn) {
     const TemporaryFolder folder;
     BindDataFolder();
     const boost::filesystem::path installation = folder.path / "X-Plane \xC3\x9C\xE6\x97\xA5";
-    CopyFolder(VORELLE_SOURCE_DIR "/sample", installation);
-    CopyFolder(VORELLE_SOURCE_DIR "/data/QVRA/Images", installation / "QVRA/Images");
+    const auto recursive = std::filesystem::copy_options::recursive;
+    std::filesystem::copy(VORELLE_SOURCE_DIR "/sample", installation.native(), recursive);
+    std::filesystem::copy(VORELLE_SOURCE_DIR "/data/QVRA/Images", (installation / "QVRA/Images").native(), recursive);
     const WorkingDirectory inside(installation);
     DialogRecorder dialogs;
     Sim::XPAircraftListLoader loader;

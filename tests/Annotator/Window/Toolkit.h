@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 #include <wx/app.h>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
+#include <wx/image.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/window.h>
@@ -85,6 +88,21 @@ std::vector<std::string> Labels(wxWindow& root) {
 template <typename Type>
 Type* FindLabelled(wxWindow& root, const std::string& label) {
     return Find<Type>(root, [&](Type& window) { return window.GetLabelText() == wxString(label); });
+}
+
+/// What a window without a device shows.
+inline wxImage WindowPicture(wxWindow& window) {
+    const wxSize size = window.GetClientSize();
+    wxClientDC source(&window);
+    wxBitmap picture(size);
+    wxMemoryDC target(picture);
+    target.Blit(0, 0, size.x, size.y, &source, 0, 0);
+    target.SelectObject(wxNullBitmap);
+    return picture.ConvertToImage();
+}
+
+inline wxColour ColourAt(const wxImage& image, int x, int y) {
+    return {image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)};
 }
 
 /// The lines of a choice.
