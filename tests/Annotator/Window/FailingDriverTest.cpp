@@ -92,22 +92,4 @@ TEST_F(FailingDriverTest, EndsWithADriverThatIsLostForGood) {
     }
 }
 
-/// A scene that failed to be shown is gone, and the next load stands.
-TEST_F(FailingDriverTest, LoadsAgainAfterAFailure) {
-    Open();
-    {
-        const FailingDriver failing(12, 12);
-        Load();
-        ASSERT_TRUE(PumpUntil([] { return calls >= 12; }));
-    }
-    ASSERT_EQ(dialogs.texts.size(), 2u);
-    EXPECT_EQ(TreeText(), "");
-    Load(0);
-    Load(1);
-    tree->SelectItem(Item({"N: 0", "P: 0"}));
-    PumpFrames(2);
-    EXPECT_EQ(IdLabel(), "ID: (0,0)");
-    EXPECT_EQ(dialogs.texts.size(), 2u);
-}
-
 } // namespace
