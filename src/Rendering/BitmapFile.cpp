@@ -7,7 +7,6 @@
 #include "Utils/Paths.h"
 #include "Utils/Text.h"
 
-#include <algorithm>
 #include <array>
 #include <fstream>
 #include <memory>
@@ -17,6 +16,8 @@ namespace Rendering {
 namespace {
 
 constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 28; ///< a square of 16,384, the side that devices stop at
+
+constexpr auto kUnreadable = static_cast<std::int32_t>(0x80004005); ///< E_FAIL, the result code on Direct3D
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 
@@ -44,20 +45,6 @@ Surface OpenPng(const std::string& path) {
     return WithEightBits(std::move(surface));
 }
 
-std::uint32_t Unpremultiply(std::uint32_t colour, std::uint32_t alpha) {
-    return std::min((colour * 255 + alpha / 2) / alpha, 255u);
-}
-
-/// Blending multiplies by alpha once more, so colours that come multiplied would be too dark. A transparent pixel's
-/// colour is lost in cairo and stays black. From cairo's blue, green, red, alpha, premultiplied.
-std::uint32_t Straight(std::uint32_t pixel) {
-    const std::uint32_t blue = pixel & 255, green = pixel >> 8 & 255, red = pixel >> 16 & 255, alpha = pixel >> 24;
-    if (alpha == 255 || alpha == 0)
-        return red | green << 8 | blue << 16 | alpha << 24;
-    return Unpremultiply(red, alpha) | Unpremultiply(green, alpha) << 8 | Unpremultiply(blue, alpha) << 16 |
-           alpha << 24;
-}
-
 /// The pixels that the header of a PNG promises; 0 where there is none.
 std::uint64_t PromisedPixels(const std::string& path) {
     constexpr std::size_t kWidth = 16, kHeight = 20, kEnd = 24; // big-endian words
@@ -77,33 +64,28 @@ bool MayBeOpened(const std::string& path) {
     return Utils::IsReadableFile(path) && PromisedPixels(path) <= kMostPixels;
 }
 
-MemBitmap ReadPng(const std::string& path) {
+} // namespace
+
+bool IsDdsPath(const std::string& path) {
+    return Utils::ToLowerAscii(path).find(".dds") != std::string::npos;
+}
+
+MemBitmap ReadPngFile(const std::string& path) {
     MemBitmap bitmap(1, 1);
     if (MayBeOpened(path))
         FromCairoSurface(bitmap, OpenPng(path).get());
     else
         Logging::Logger::Get().Log(HERE, path + " cannot be read as a picture");
-    std::transform(bitmap.Pixels().begin(), bitmap.Pixels().end(), bitmap.Pixels().begin(), Straight);
     return bitmap;
 }
 
-std::vector<MemBitmap> ReadDds(const std::string& path) {
+std::vector<MemBitmap> ReadDdsOrFail(const std::string& path) {
     try {
         return ReadDdsFile(path);
     } catch (const DdsFault& fault) {
         Logging::Logger::Get().Log(HERE, fault.what());
     }
-    Utils::FatalError(HERE);
-}
-
-} // namespace
-
-std::vector<MemBitmap> ReadBitmapFile(const std::string& path) {
-    if (Utils::ToLowerAscii(path).find(".dds") != std::string::npos)
-        return ReadDds(path);
-    std::vector<MemBitmap> levels;
-    levels.push_back(ReadPng(path));
-    return levels;
+    Utils::FatalError(HERE, kUnreadable);
 }
 
 } // namespace Rendering

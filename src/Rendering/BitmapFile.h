@@ -5,12 +5,18 @@
 #include <string>
 #include <vector>
 
+/// Image files in main memory, for every device's LoadBitmap.
 namespace Rendering {
 
-/// Reads a picture file into main memory, for every device's LoadBitmap: its full size and, where the file has them,
-/// its mip levels behind. Red, green, blue, alpha, not premultiplied, top row first. A path that holds ".dds" in any
-/// case is read as DDS, every other one as PNG. A PNG that cannot be read gives one transparent pixel and a log line;
-/// a DDS that cannot be read is a fatal error with its fault in the log.
-std::vector<MemBitmap> ReadBitmapFile(const std::string& path);
+/// True for a path that holds ".dds" in any case. Every other path is read as PNG.
+bool IsDdsPath(const std::string& path);
+
+/// The pixels as cairo gives them and CreateBitmap takes them: blue, green, red, alpha, premultiplied, top row first. A
+/// file that cannot be read gives one transparent pixel and a log line.
+MemBitmap ReadPngFile(const std::string& path);
+
+/// The full size and the mip levels that the file has: red, green, blue, alpha, as they are in the file, top row first.
+/// A file that cannot be read is a fatal error with its fault in the log.
+std::vector<MemBitmap> ReadDdsOrFail(const std::string& path);
 
 } // namespace Rendering

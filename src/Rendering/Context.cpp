@@ -1,5 +1,6 @@
 #include "Rendering/Context.h"
 
+#include "Logging/Logger.h"
 #include "Utils/FatalError.h"
 
 #include <algorithm>
@@ -7,8 +8,17 @@
 
 namespace Rendering {
 
+bool CameraImage::IsWhole() const {
+    return size.Area() != 0 && distortionSize.Area() != 0 && grey.size() >= size.Area() &&
+           distortion.size() >= 2 * distortionSize.Area();
+}
+
 RenderToTextureLock::~RenderToTextureLock() noexcept(false) {
-    if (!restored)
+    if (restored)
+        return;
+    if (std::uncaught_exceptions() > exceptionsBefore) // a second one would end the process
+        Logging::Logger::Get().Log(HERE, "A bitmap is still the render target");
+    else
         Utils::FatalError(HERE);
 }
 

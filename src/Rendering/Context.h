@@ -6,7 +6,9 @@
 #include "Utils/LinearAlgebra.h"
 #include "Utils/NonAssignable.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -19,6 +21,7 @@ namespace Rendering {
 struct Size {
     std::uint32_t width = 0, height = 0; ///< pixels
     bool operator==(const Size&) const = default;
+    std::size_t Area() const { return std::size_t{width} * height; }
 };
 
 /// A texture on a device, owned by whoever made it. It must not be used after its context has gone.
@@ -38,11 +41,14 @@ public:
 class RenderToTextureLock : public Utils::NonAssignable {
 public:
     virtual void Restore() = 0;
-    /// Not restored by now is a fatal error.
+    /// Not restored by now is a fatal error, or a line in the log while an exception is under way.
     virtual ~RenderToTextureLock() noexcept(false);
 
 protected:
     bool restored = false;
+
+private:
+    const int exceptionsBefore = std::uncaught_exceptions();
 };
 
 /// A bitmap that another process can open.
@@ -59,12 +65,16 @@ struct CameraImage {
     std::span<const std::uint8_t> grey; ///< a byte a pixel, row by row
     Rendering::Size distortionSize;     ///< in texels of two floats
     std::span<const float> distortion;
+
+    /// Whether there are pixels and texels, and as many as the sizes say. A device takes no other.
+    bool IsWhole() const;
 };
 
 /// The graphics device as the logic knows it. Clip space is left-handed with depth from 0 (near) to 1; no face is
 /// culled. A bitmap's row 0 is its picture's top row; texture coordinates have v = 0 at the bottom of the picture, as
 /// X-Plane has them, and each device turns what it must. All operations but DeferRelease belong to the thread that
-/// renders. A failing device call is a fatal error.
+/// renders. A failing device call is a fatal error, and so is drawing with a multisampled bitmap, which must be
+/// resolved by a copy.
 class Context : public Utils::NonAssignable {
 public:
     virtual ~Context() = default;
@@ -76,12 +86,13 @@ public:
     virtual std::unique_ptr<GPUBitmap> CreateRenderTarget(Size size, std::uint32_t samples, std::uint32_t quality) = 0;
     /// The bitmap's bytes are cairo's: blue, green, red, alpha.
     virtual std::unique_ptr<GPUBitmap> CreateBitmap(const MemBitmap& bitmap) = 0;
-    /// A path that holds ".dds" in any case is read as DDS, every other one as PNG. A PNG that cannot be read gives one
-    /// transparent pixel, a DDS that cannot be read is a fatal error.
+    /// A path that holds ".dds" in any case is read as DDS, every other one as PNG, whose colours stay premultiplied. A
+    /// PNG that cannot be read gives one transparent pixel, a DDS that cannot be read is a fatal error.
     virtual std::unique_ptr<GPUBitmap> LoadBitmap(const std::string& path) = 0;
     virtual std::unique_ptr<SharedGPUBitmap> CreateSharedBitmap(Size size) = 0; ///< null on failure
     virtual std::unique_ptr<RenderToTextureLock> BeginRenderToTexture(GPUBitmap& bitmap, bool keepDepth) = 0;
     virtual void CopyBitmap(GPUBitmap& target, GPUBitmap& source) = 0; ///< resolves a multisampled source
+    /// To the target's top left. What lies outside the source or does not fit is left out.
     virtual void CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Size origin, Size size) = 0;
     /// An empty list is the caller's to avoid.
     virtual std::unique_ptr<Geometry> CreateGeometry(const std::vector<GeometryVertex>& vertices) = 0;

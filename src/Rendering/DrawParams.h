@@ -61,7 +61,7 @@ struct DrawRectangle {
 /// How one rectangle is drawn.
 struct RectDrawParams {
     std::uint32_t mode = 0; ///< 0: both halves; 1: the half of `eye` alone; others: once, to the whole viewport
-    std::uint32_t eye = 0;  ///< 0 left, 1 right
+    std::uint32_t eye = 0;  ///< 0 left, 1 right; with others mode 1 draws nothing
     bool blend = false;
     bool dim = false; ///< third parameter of the shader 0.1 instead of 1.0
     bool depthTest = true;

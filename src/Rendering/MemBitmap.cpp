@@ -23,7 +23,8 @@ void MemBitmap::SetPixel(std::uint64_t x, std::uint64_t y, std::uint8_t b0, std:
 }
 
 void MemBitmap::CopySwappingRedBlue(MemBitmap& target) const {
-    target.Resize(width, height);
+    if (&target != this)
+        target.Resize(width, height);
     std::transform(Pixels().begin(), Pixels().end(), target.Pixels().begin(), [](std::uint32_t pixel) {
         return (pixel & 0xFF00FF00) | (pixel & 0x000000FF) << 16 | (pixel & 0x00FF0000) >> 16;
     });

@@ -23,7 +23,8 @@ public:
     std::span<const std::uint32_t> Pixels() const { return {pixels.get(), width * height}; }
     /// The caller stays inside.
     void SetPixel(std::uint64_t x, std::uint64_t y, std::uint8_t b0, std::uint8_t b1, std::uint8_t b2, std::uint8_t b3);
-    /// Resizes the target to this size and swaps the first and the third byte of each pixel on the way.
+    /// Resizes the target to this size and swaps the first and the third byte of each pixel. The target may be this
+    /// bitmap.
     void CopySwappingRedBlue(MemBitmap& target) const;
 
 private:

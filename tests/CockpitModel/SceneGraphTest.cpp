@@ -180,7 +180,8 @@ TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
     folder.Write("Panel.PNG", "no picture, but a file");
     ModelBuilder builder;
     builder.model.textures.Children = {"panel.png", "$procedural", "", "missing.png"};
-    builder.Part(0, TriangleAt(0));
+    for (int i = 0; i < 2; ++i)
+        builder.Part(0, TriangleAt(0));
     Support::ModelCockpit cockpit;
     cockpit.textureFolder = folder.path.string();
     folder.Write("$procedural", "never looked at");
@@ -197,7 +198,8 @@ TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
     graph.PrepareGpuResources(first);
     EXPECT_EQ(graph.Nodes()[0]->parts[0]->geometry.get(), geometry) << "what is valid is kept";
     graph.PrepareGpuResources(second);
-    EXPECT_TRUE(second.IsGeometryValid(graph.Nodes()[0]->parts[0]->geometry.get()));
+    for (const auto& part : graph.Nodes()[0]->parts)
+        EXPECT_TRUE(second.IsGeometryValid(part->geometry.get()));
     EXPECT_TRUE(second.IsBitmapValid(graph.Texture(0)));
 }
 

@@ -10,21 +10,18 @@
 
 namespace {
 
-using Rendering::ReadBitmapFile;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 
-TEST(BitmapFileTest, APngComesWithTheColoursThatItsPainterChose) {
+TEST(BitmapFileTest, APngComesAsCairoHoldsIt) {
     const Support::TemporaryFolder folder;
-    // As cairo holds them: alpha, red, green, blue in a word, premultiplied.
+    // Alpha, red, green, blue in a word, premultiplied.
     std::uint32_t pixels[] = {0xFF010203, 0x80400000, 0x00000000, 0x40404040};
     cairo_surface_t* surface =
         cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels), CAIRO_FORMAT_ARGB32, 2, 2, 8);
     ASSERT_EQ(cairo_surface_write_to_png(surface, (folder / "a.png").c_str()), CAIRO_STATUS_SUCCESS);
     cairo_surface_destroy(surface);
-    const auto levels = ReadBitmapFile(folder / "a.png");
-    ASSERT_EQ(levels.size(), 1u);
-    // Red is the lowest byte; half of red 128 at alpha 128 was 64.
-    EXPECT_THAT(levels[0].Pixels(), ElementsAre(0xFF030201, 0x80000080, 0, 0x40FFFFFF));
+    EXPECT_THAT(Rendering::ReadPngFile(folder / "a.png").Pixels(), ElementsAreArray(pixels));
 }
 
 TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
@@ -36,21 +33,21 @@ TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
     const std::string vast =
         folder.Write("vast.png", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x7F\xFF\0\0\x7F\xFF", 24));
     for (const std::string& path :
-         {folder / "missing.png", folder.Write("not.png", "GIF89a"), folder / "pipe.png", folder.path.string(), vast}) {
-        const auto levels = ReadBitmapFile(path);
-        ASSERT_EQ(levels.size(), 1u) << path;
-        EXPECT_THAT(levels[0].Pixels(), ElementsAre(0)) << path;
-    }
+         {folder / "missing.png", folder.Write("not.png", "GIF89a"), folder / "pipe.png", folder.path.string(), vast})
+        EXPECT_THAT(Rendering::ReadPngFile(path).Pixels(), ElementsAre(0)) << path;
 }
 
-TEST(BitmapFileTest, AnyNameThatHoldsDdsTakesThatRoadAndADamagedOneIsFatal) {
+TEST(BitmapFileTest, AnyNameThatHoldsDdsIsReadAsOneAndADamagedOneIsFatal) {
     const Support::TemporaryFolder folder;
     const std::string bytes = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({1, 2, 3, 4}).bytes;
     for (const char* name : {"a.dds", "A.DDS", "a.dds.png", "b.DdS old"})
-        EXPECT_THAT(ReadBitmapFile(folder.Write(name, bytes)).at(0).Pixels(), ElementsAre(0xFF030201)) << name;
+        EXPECT_TRUE(Rendering::IsDdsPath(name)) << name;
+    EXPECT_FALSE(Rendering::IsDdsPath("dds.png"));
+    EXPECT_THAT(Rendering::ReadDdsOrFail(folder.Write("a", bytes)).at(0).Pixels(), ElementsAre(0xFF030201));
     const Support::FatalErrorRecorder dialog;
-    EXPECT_THROW(ReadBitmapFile(folder.Write("cut.dds", bytes.substr(0, 131))), std::exception);
-    EXPECT_EQ(dialog.texts.size(), 1u);
+    EXPECT_THROW(Rendering::ReadDdsOrFail(folder.Write("cut", bytes.substr(0, 131))), std::exception);
+    ASSERT_EQ(dialog.texts.size(), 1u);
+    EXPECT_TRUE(dialog.texts[0].starts_with("Vorelle Fatal Error Encountered (-2147467259, ")) << dialog.texts[0];
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include "Support/FatalErrorRecorder.h"
 #include "Support/TemporaryFolder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <memory>
 #include <stdexcept>
 
@@ -43,17 +43,14 @@ TYPED_TEST_P(ContextObjects, KnowsItsOwnObjects) {
     auto other = std::make_unique<TypeParam>();
     const auto theirs = other->Context().CreateBitmap(Rendering::MemBitmap(1, 1));
     const auto theirGeometry = other->Context().CreateGeometry(AnyTriangle());
-    EXPECT_TRUE(other->Context().IsBitmapValid(theirs.get()));
-    EXPECT_FALSE(other->Context().IsBitmapValid(bitmap.get()));
-    EXPECT_FALSE(other->Context().IsGeometryValid(geometry.get()));
+    EXPECT_FALSE(own.IsBitmapValid(theirs.get()));
+    EXPECT_FALSE(own.IsGeometryValid(theirGeometry.get()));
     other.reset();
     other = std::make_unique<TypeParam>(); // often at the same address
     EXPECT_FALSE(other->Context().IsBitmapValid(theirs.get()));
     EXPECT_FALSE(other->Context().IsGeometryValid(theirGeometry.get()));
     other.reset();
     this->device->MakeCurrent();
-    EXPECT_FALSE(own.IsBitmapValid(theirs.get()));
-    EXPECT_TRUE(own.IsBitmapValid(bitmap.get()));
 }
 
 TYPED_TEST_P(ContextObjects, BitmapsHaveTheSizeTheyWereMadeWith) {
@@ -80,12 +77,7 @@ TYPED_TEST_P(ContextObjects, RefusesBadDrawParameters) {
     Rendering::GeometryDrawParams params;
     const auto draw = [&] { context.DrawGeometry(same, same, same, *geometry, bitmap.get(), nullptr, params); };
     params.effect = "nothing";
-    try {
-        draw();
-        ADD_FAILURE() << "an effect without a program drew";
-    } catch (const std::out_of_range& error) {
-        EXPECT_STREQ(error.what(), "invalid unordered_map<K, T> key");
-    }
+    EXPECT_THAT(draw, testing::ThrowsMessage<std::out_of_range>("invalid unordered_map<K, T> key"));
     Rendering::RectDrawParams rect;
     rect.effect = "fxaa";
     EXPECT_THROW(context.DrawBitmap(same, same, {}, *bitmap, rect), std::out_of_range);

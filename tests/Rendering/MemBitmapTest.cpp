@@ -20,6 +20,8 @@ TEST(MemBitmapTest, KeepsRowsOfPixelsAndRefusesNoSize) {
     EXPECT_THROW(MemBitmap(4, 0), std::exception);
     EXPECT_EQ(dialog.texts.size(), 2u);
     EXPECT_THAT(bitmap.Pixels(), ElementsAre(0x04030201, 0x7F8000FF)) << "a refused size leaves the bitmap as it was";
+    bitmap.CopySwappingRedBlue(bitmap);
+    EXPECT_THAT(bitmap.Pixels(), ElementsAre(0x04010203, 0x7FFF0080)) << "to itself";
     bitmap.Resize(2, 1);
     EXPECT_THAT(bitmap.Pixels(), ElementsAre(0, 0));
 }

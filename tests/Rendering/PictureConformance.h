@@ -4,9 +4,11 @@
 
 #include "Rendering/Images.h"
 #include "Support/DdsBuilder.h"
+#include "Support/FatalErrorRecorder.h"
 #include "Support/Picture.h"
 #include "Support/TemporaryFolder.h"
 
+#include <cairo.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <numbers>
@@ -230,6 +232,11 @@ TYPED_TEST_P(ContextPictures, LightsASurfaceByItsColourTerms) {
     this->Draw(this->same, Utils::RotationZ(std::numbers::pi_v<float> / 2), this->same,
                Rectangle({-1, -1}, {1, 1}, 0.5f, {1, 1}, {0.48f, -0.36f, -0.8f}), params);
     EXPECT_EQ(this->Frame(), "W\n") << "the light stands in the view";
+    params.secondColour = {0, 0, 0};
+    params.fourthColour = {1, 1, 0};
+    params.shaderParam2 = 2;
+    this->Draw(FullView(), params);
+    ExpectPixel(this->device->ReadFrame(), {163, 163, 0, 255}, "a highlight of 0.8 squared");
 }
 
 TYPED_TEST_P(ContextPictures, EffectsDoWhatTheirNamesSay) {
@@ -258,6 +265,20 @@ TYPED_TEST_P(ContextPictures, EffectsDoWhatTheirNamesSay) {
     const auto greys = this->Make("gW\n");
     EXPECT_EQ(draw("levels_adjust", *greys, [](auto& params) { params.thirdColour = {0.5f, 0.5f, 0.5f}; }), ".W\n");
     EXPECT_EQ(draw("levels_adjust", *greys, [](auto& params) { params.fourthColour = {0.5f, 0.5f, 0.5f}; }), "WW\n");
+    EXPECT_EQ(draw("levels_adjust", *greys, [](auto& params) { params.shaderParam4 = 1; }), "<404040>W\n") << "squared";
+    const auto mask = this->Make("W\n", 0);
+    const std::vector<const Rendering::GPUBitmap*> further = {mask.get()};
+    GeometryDrawParams clipped = Flat();
+    clipped.effect = "timewarp_textureclip";
+    this->Context().DrawGeometry(this->same, this->same, this->same, *this->Context().CreateGeometry(FullView()),
+                                 picture.get(), &further, clipped);
+    EXPECT_EQ(this->Frame(), "..\n") << "the second bitmap is transparent";
+    constexpr const char* kSlope = "W...\nWW..\nWWW.\nWWWW\n";
+    const auto slope = this->Context().CreateBitmap(Support::Bitmap(kSlope));
+    this->device->Begin({4, 4});
+    clipped.effect = "fxaa";
+    this->Draw(FullView(), clipped, slope.get());
+    EXPECT_NE(Support::Picture(this->device->ReadFrame()), kSlope) << "smoothed";
     const auto wide = this->Make("WWWWW\nWWWWW\nWWWWW\n");
     const auto fade = [](auto& params) {
         params.blend = true;
@@ -301,7 +322,13 @@ TYPED_TEST_P(ContextPictures, DrawsToTheHalvesOfBothEyesOrOnce) {
         this->Draw(Rectangle({-1, -1}, {0, 1}), params);
         EXPECT_EQ(this->Frame(), row.picture);
     }
+    this->device->Begin({3, 1});
     GeometryDrawParams unknown = Flat();
+    unknown.singleView = false;
+    unknown.rightEye = true;
+    this->Draw(FullView(), unknown);
+    EXPECT_EQ(Support::Picture(this->device->ReadFrame()), ".WW\n") << "half of an odd width";
+    this->Begin({4, 1});
     unknown.leftEye = true;
     unknown.effect = "nothing";
     EXPECT_THROW(this->Draw(FullView(), unknown), std::out_of_range);
@@ -320,6 +347,11 @@ TYPED_TEST_P(ContextPictures, ShrunkTexturesShowTheirMipLevels) {
     this->Context().ClearBitmap(board.get(), {1, 0, 0, 1});
     this->Context().GenerateMips(board.get());
     EXPECT_EQ(shrunk(), "R\n");
+    const auto stripes = this->Context().CreateBitmap(Support::Bitmap(".W.W\n.W.W\n.W.W\n.W.W\n"));
+    this->device->Begin({4, 1});
+    this->Draw(FullView(), Flat(), stripes.get());
+    const Rendering::MemBitmap frame = this->device->ReadFrame();
+    EXPECT_GT(frame.Pixels()[1] & 255, (frame.Pixels()[0] & 255) + 32) << "shrunk along one side alone";
 }
 
 TYPED_TEST_P(ContextPictures, DrawsToABitmapUntilItIsRestored) {
@@ -356,6 +388,12 @@ TYPED_TEST_P(ContextPictures, CopiesWholesRegionsAndResolvesSamples) {
     this->Context().ClearBitmap(target.get(), {1, 1, 1, 1});
     this->Context().CopyBitmapRegion(*target, *source, InFields({1, 1}), InFields({2, 1}));
     EXPECT_EQ(this->PictureOf(*target), "MYW\nWWW\n") << "from the region's top left to the target's";
+    for (const Rendering::Size origin : {Rendering::Size{2, 0}, {3, 0}})
+        this->Context().CopyBitmapRegion(*target, *source, InFields(origin), InFields({5, 5}));
+    EXPECT_EQ(this->PictureOf(*target), "BYW\nYWW\n") << "what lies outside the source is left out";
+    const auto small = this->MakeTarget({1, 1});
+    this->Context().CopyBitmap(*small, *source);
+    EXPECT_EQ(this->PictureOf(*small), "R\n") << "and what does not fit";
 
     const auto sampled = this->MakeTarget({3, 2}, 4);
     this->Context().ClearBitmap(sampled.get(), {0, 0, 0, 1});
@@ -365,6 +403,12 @@ TYPED_TEST_P(ContextPictures, CopiesWholesRegionsAndResolvesSamples) {
     lock->Restore();
     this->Context().CopyBitmap(*target, *sampled);
     EXPECT_EQ(this->PictureOf(*target), "Wg.\n...\n");
+    this->Context().CopyBitmapRegion(*small, *sampled, InFields({1, 0}), InFields({1, 1}));
+    EXPECT_EQ(this->PictureOf(*small), "g\n");
+    const Support::FatalErrorRecorder dialog;
+    EXPECT_THROW(this->Draw(FullView(), Flat(), sampled.get()), std::exception) << "programs read no samples";
+    EXPECT_THROW(this->DrawBitmap(*sampled, {}), std::exception);
+    EXPECT_EQ(dialog.texts.size(), 2u);
 }
 
 TYPED_TEST_P(ContextPictures, DrawsABitmapOnARectangle) {
@@ -388,6 +432,7 @@ TYPED_TEST_P(ContextPictures, DrawsABitmapOnARectangle) {
     EXPECT_EQ(draw({4, 2}, [](auto& params) { params.mode = 0; }), "RGRG\nBWBW\n");
     EXPECT_EQ(draw({4, 2}, [](auto& params) { params.mode = 1; }), "RG..\nBW..\n");
     EXPECT_EQ(draw({4, 2}, [](auto& params) { params.mode = params.eye = 1; }), "..RG\n..BW\n");
+    EXPECT_EQ(draw({4, 1}, [](auto& params) { params.mode = 1, params.eye = 2; }), "....\n");
     const auto edge = this->Make(".W\n");
     RectDrawParams params;
     params.mode = 2;
@@ -432,6 +477,11 @@ TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
     // The writer takes red first, where the bitmap has blue.
     const auto png = this->Context().LoadBitmap(folder.Write("a.png", Rendering::ToPng(Support::Bitmap("BG\nRW\n"))));
     EXPECT_EQ(Support::Picture(this->device->Read(*png)), "RG\nBW\n");
+    unsigned char halfRed[] = {0, 0, 64, 128}; // blue, green, red, alpha; premultiplied
+    cairo_surface_t* surface = cairo_image_surface_create_for_data(halfRed, CAIRO_FORMAT_ARGB32, 1, 1, 4);
+    cairo_surface_write_to_png(surface, (folder / "half.png").c_str());
+    cairo_surface_destroy(surface);
+    ExpectPixel(this->device->Read(*this->Context().LoadBitmap(folder / "half.png")), {64, 0, 0, 128}, "premultiplied");
 
     // The file's first row is the picture's bottom; its second level is green.
     auto file = Support::DdsBuilder(2 * kField, 2 * kField).Plain(0xFF, 0xFF00, 0xFF0000, 0).Word(28, 2);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <memory>
+#include <thread>
 
 namespace {
 
@@ -33,6 +34,20 @@ TEST(RunQueueTest, LetsGoOfEachWorkBeforeTheNextRunsAndOfAllBehindAnException) {
     queue.Post([] { ADD_FAILURE() << "what is behind an exception ran"; });
     EXPECT_THROW(queue.RunAll(), std::bad_function_call);
     queue.RunAll();
+}
+
+TEST(RunQueueTest, TakesWorkFromOtherThreadsDuringAFrame) {
+    Threading::RunQueue queue;
+    int ran = 0;
+    std::thread poster([&] {
+        for (int i = 0; i < 1000; ++i)
+            queue.Post([&] { ++ran; });
+    });
+    for (int i = 0; i < 1000; ++i)
+        queue.RunAll();
+    poster.join();
+    queue.RunAll();
+    EXPECT_EQ(ran, 1000);
 }
 
 } // namespace

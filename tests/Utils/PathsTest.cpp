@@ -93,7 +93,7 @@ TEST(Paths, LogsAFileThatIsTooLargeToBeRead) {
 
 TEST(Paths, ReadsStreamsThatDoNotKnowTheirSize) {
     struct Pipe : std::stringbuf {
-        using stringbuf::stringbuf;
+        using std::stringbuf::basic_stringbuf;
         pos_type seekoff(off_type, std::ios::seekdir, std::ios::openmode) override { return -1; }
     };
     std::string text;

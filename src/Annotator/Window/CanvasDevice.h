@@ -23,6 +23,10 @@ using CanvasToolkitBase = wxGLCanvas;
 class CanvasBase : public CanvasToolkitBase {
 protected:
     CanvasBase(wxWindow* parent, wxWindowID id);
+
+#ifdef __WXMSW__
+    WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
+#endif
 };
 
 /// A graphics device with its targets on a canvas. Objects of its context must go before it does. User interface
@@ -32,13 +36,15 @@ public:
     virtual ~CanvasDevice() = default;
 
     virtual Rendering::Context& Context() = 0;
-    /// To be called ahead of everything that makes, uses or lets go of objects outside a frame.
-    virtual void MakeCurrent() = 0;
+    /// To be called before everything that makes, uses or releases objects outside a frame. False, with a line in the
+    /// log, where the driver refuses.
+    [[nodiscard]] virtual bool MakeCurrent() = 0;
     /// Remakes the targets, in pixels of the screen.
     virtual void Resize(Rendering::Size size) = 0;
     /// Sets the viewport to the whole target and clears it to mid grey and the farthest depth.
     virtual void BeginFrame() = 0;
-    virtual void Present() = 0;
+    /// Shows the frame and waits for the display. False where nothing waited, as when the window is out of sight.
+    virtual bool Present() = 0;
 };
 
 /// The canvas must be on the screen and outlive the device, as must the camera.

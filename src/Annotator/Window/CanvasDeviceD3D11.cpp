@@ -47,18 +47,18 @@ DXGI_SWAP_CHAIN_DESC SwapChainOf(HWND window, Rendering::Size size) {
 
 class CanvasDeviceD3D11 final : public CanvasDevice {
 public:
-    CanvasDeviceD3D11(CanvasBase& canvas, const Rendering::Camera& camera) {
+    CanvasDeviceD3D11(CanvasBase& canvas, const Rendering::Camera& camera) : window(canvas.GetHWND()) {
         Check(D3D11CreateDevice(nullptr, D3D_DRIVER_TYPE_HARDWARE, nullptr, 0, nullptr, 0, D3D11_SDK_VERSION, &device,
                                 nullptr, &deviceContext),
               kPlace, kDevice);
-        CreateSwapChain(canvas);
+        CreateSwapChain(canvas.GetClientSize());
         CreateTargets(kBackBuffer, kTargetView);
         CreateDepthState();
         context.emplace(device.Get(), camera);
     }
 
     Rendering::Context& Context() override { return *context; }
-    void MakeCurrent() override {}
+    bool MakeCurrent() override { return true; }
 
     void Resize(Rendering::Size size) override {
         deviceContext->OMSetRenderTargets(0, nullptr, nullptr);
@@ -82,18 +82,19 @@ public:
         deviceContext->OMSetRenderTargets(1, renderTargetView.GetAddressOf(), depthBuffer->DepthView());
     }
 
-    void Present() override {
-        swapChain->Present(1, 0);
+    bool Present() override {
+        const HRESULT result = swapChain->Present(1, 0);
+        Check(result, HERE);
         context->ReleaseDeferred();
+        return result != DXGI_STATUS_OCCLUDED && !IsIconic(GetAncestor(window, GA_ROOT));
     }
 
 private:
-    void CreateSwapChain(CanvasBase& canvas) {
+    void CreateSwapChain(const wxSize& size) {
         ComPtr<IDXGIFactory> factory;
         Check(CreateDXGIFactory(IID_PPV_ARGS(&factory)), kPlace, kFactory);
-        const wxSize size = canvas.GetClientSize();
         DXGI_SWAP_CHAIN_DESC description =
-            SwapChainOf(canvas.GetHWND(), {static_cast<std::uint32_t>(size.x), static_cast<std::uint32_t>(size.y)});
+            SwapChainOf(window, {static_cast<std::uint32_t>(size.x), static_cast<std::uint32_t>(size.y)});
         Check(factory->CreateSwapChain(device.Get(), &description, &swapChain), kPlace, kSwapChain);
     }
 
@@ -121,6 +122,7 @@ private:
         Check(device->CreateDepthStencilState(&description, &depthStencilState), kPlace, kDepthState);
     }
 
+    HWND window;
     ComPtr<IDXGISwapChain> swapChain;
     ComPtr<ID3D11Device> device;
     ComPtr<ID3D11DeviceContext> deviceContext;
@@ -134,6 +136,13 @@ private:
 } // namespace
 
 CanvasBase::CanvasBase(wxWindow* parent, wxWindowID id) : wxWindow(parent, id, wxDefaultPosition, wxDefaultSize, 0) {}
+
+WXLRESULT CanvasBase::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) {
+    // The toolkit asks before it takes arrow keys to move the focus and letters as shortcuts.
+    if (message == WM_GETDLGCODE)
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    return CanvasToolkitBase::MSWWindowProc(message, wParam, lParam);
+}
 
 std::unique_ptr<CanvasDevice> MakeCanvasDevice(CanvasBase& canvas, const Rendering::Camera& camera) {
     return std::make_unique<CanvasDeviceD3D11>(canvas, camera);

@@ -1,12 +1,15 @@
 // The toolkit's header brings the platform's GL in, which libepoxy's must come ahead of.
 #include "Rendering/OpenGL/GLContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
+#include "Rendering/OpenGL/SwapInterval.h"
 
 #include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Window/CanvasDevice.h"
+#include "Annotator/Window/FramePacer.h"
 #include "Logging/Logger.h"
 #include "Utils/FatalError.h"
 
+#include <chrono>
 #include <optional>
 
 namespace Annotator {
@@ -41,27 +44,42 @@ public:
         glContext.emplace(canvas, nullptr, &attributes);
         if (!glContext->IsOK() || !glContext->SetCurrent(*canvas))
             FailWithoutOpenGL();
+        Rendering::OpenGL::WaitForDisplay();
         context.emplace(camera);
         target.emplace(*context);
     }
 
-    ~CanvasDeviceGL() override { MakeCurrent(); }
+    ~CanvasDeviceGL() override { IsMadeCurrent(); }
 
     Rendering::Context& Context() override { return *context; }
-    void MakeCurrent() override { glContext->SetCurrent(*canvas); }
+    bool MakeCurrent() override { return IsMadeCurrent(); }
     void Resize(Rendering::Size size) override { target->Resize(size); }
     void BeginFrame() override { target->Begin(kCanvasColour); }
-    void Present() override {
+    bool Present() override {
         target->Present();
-        canvas->SwapBuffers();
+        const auto start = std::chrono::steady_clock::now();
+        if (!canvas->SwapBuffers()) {
+            Logging::Logger::Get().Log(HERE, "The frame cannot be shown");
+            Utils::FatalError(HERE);
+        }
+        const bool waits = watch.Waits(std::chrono::steady_clock::now() - start);
         context->ReleaseDeferred();
+        return waits;
     }
 
 private:
+    bool IsMadeCurrent() {
+        const bool current = glContext->SetCurrent(*canvas);
+        if (!current)
+            Logging::Logger::Get().Log(HERE, "The canvas's OpenGL context cannot be made current");
+        return current;
+    }
+
     CanvasBase* canvas;
     std::optional<wxGLContext> glContext;
     std::optional<Rendering::OpenGL::GLContext> context;
     std::optional<Rendering::OpenGL::GLFrameTarget> target;
+    PresentWatch watch;
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Annotator/Window/DXCanvas.h"
 
 #include "Annotator/Window/FatalErrorBox.h"
+#include "Utils/FatalError.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,8 +24,9 @@ DXCanvas::~DXCanvas() {
 }
 
 void DXCanvas::ReleaseDevice(const std::function<void()>& releaseObjects) {
+    // Should the driver refuse, its calls do nothing, and its objects go with the window.
     if (device)
-        device->MakeCurrent();
+        static_cast<void>(device->MakeCurrent());
     releaseObjects();
     device.reset();
 }
@@ -48,9 +50,11 @@ void DXCanvas::OnEraseBackground(wxEraseEvent&) {}
 void DXCanvas::OnIdle(wxIdleEvent& event) {
     event.RequestMore(true);
     // A window that is hidden has no surface to draw on, though it gets idle events.
+    bool waited = false; // for the display
     if (device && IsShownOnScreen() && !FatalErrorBoxIsUp())
-        RunGuarded([this] { Frame(); });
-    pacer.Wait();
+        RunGuarded([&] { waited = Frame(); });
+    if (!waited)
+        pacer.Wait();
 }
 
 void DXCanvas::OnLeftDown(wxMouseEvent& event) {
@@ -102,23 +106,28 @@ void DXCanvas::MakeDevice() {
     Resize();
 }
 
+void DXCanvas::MakeCurrent() {
+    if (!device->MakeCurrent())
+        Utils::FatalError(HERE);
+}
+
 void DXCanvas::Resize() {
     const wxSize size = GetClientSize();
     control.Resize({size.x, size.y});
     targetSize = PixelSize();
-    device->MakeCurrent();
+    MakeCurrent();
     device->Resize(targetSize);
 }
 
-void DXCanvas::Frame() {
+bool DXCanvas::Frame() {
     control.MoveCamera(static_cast<float>(frameTimer.ElapsedAndRestart()));
     // A window that moves to a display of another scale gets no size event.
     if (PixelSize() != targetSize)
         Resize();
-    device->MakeCurrent();
+    MakeCurrent();
     device->BeginFrame();
     stages.Run(device->Context(), control.camera.ViewMatrix(), control.projection);
-    device->Present();
+    return device->Present();
 }
 
 void DXCanvas::RunGuarded(const std::function<void()>& work) {

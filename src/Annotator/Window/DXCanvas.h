@@ -43,8 +43,9 @@ private:
     void OnKillFocus(wxFocusEvent& event);
 
     void MakeDevice();
+    void MakeCurrent();
     void Resize();
-    void Frame();
+    bool Frame(); ///< whether it waited for the display
     void RunGuarded(const std::function<void()>& work);
     Rendering::Size PixelSize() const;
 

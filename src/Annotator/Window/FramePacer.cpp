@@ -1,5 +1,6 @@
 #include "Annotator/Window/FramePacer.h"
 
+#include <algorithm>
 #include <thread>
 
 namespace Annotator {
@@ -10,8 +11,15 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto kFrame = std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(1.0 / 60.0));
 constexpr auto kTolerance = std::chrono::milliseconds(1);
+constexpr auto kQuickPresent = std::chrono::milliseconds(4);
+constexpr int kQuickPresents = 8;
 
 } // namespace
+
+bool PresentWatch::Waits(Clock::duration present) {
+    quickInARow = present <= kQuickPresent ? std::min(quickInARow + 1, kQuickPresents) : 0;
+    return quickInARow < kQuickPresents;
+}
 
 void FramePacer::Wait() {
     if (next - Clock::now() > kTolerance)

@@ -4,6 +4,16 @@
 
 namespace Annotator {
 
+/// Tells from the length of each present whether the driver waits for the display in it: not once eight in a row took
+/// at most 4 ms each, until one takes longer.
+class PresentWatch {
+public:
+    bool Waits(std::chrono::steady_clock::duration present);
+
+private:
+    int quickInARow = 0;
+};
+
 /// Holds a loop to 60 rounds a second where nothing else does.
 class FramePacer {
 public:

@@ -1,13 +1,13 @@
 #include "Rendering/D3D11/D3D11Context.h"
 
 #include "Rendering/BitmapFile.h"
+#include "Rendering/CopyRegion.h"
 #include "Rendering/D3D11/D3DX.h"
 #include "Rendering/D3D11/DX11RenderToTextureLock.h"
 #include "Rendering/D3D11/DX11Texture.h"
 #include "Rendering/D3D11/DXSharedGPUBitmap.h"
 #include "Rendering/D3D11/DrawScopes.h"
 #include "Rendering/D3D11/TextureRenderLock.h"
-#include "Utils/Text.h"
 
 namespace Rendering::D3D11 {
 
@@ -45,23 +45,27 @@ ReadTexture CreateReadTexture(ID3D11Device* device, Size size, DXGI_FORMAT forma
     return made;
 }
 
-std::size_t Area(Size size) {
-    return std::size_t{size.width} * size.height;
-}
-
-void CheckImage(const CameraImage& image) {
-    if (Area(image.size) == 0 || Area(image.distortionSize) == 0 || image.grey.size() < Area(image.size) ||
-        image.distortion.size() < 2 * Area(image.distortionSize))
-        Check(E_INVALIDARG, HERE);
-}
-
 D3D11GPUBitmap& Own(GPUBitmap& bitmap) {
     return dynamic_cast<D3D11GPUBitmap&>(bitmap);
+}
+
+/// The whole source, or what fits: the device drops a copy that goes beyond the target.
+void CopyWhole(ID3D11DeviceContext* context, const D3D11GPUBitmap& target, const D3D11GPUBitmap& source) {
+    const Size part = CopiedPart({0, 0}, source.Size(), source.Size(), target.Size());
+    const D3D11_BOX box{0, 0, 0, part.width, part.height, 1};
+    context->CopySubresourceRegion(target.Texture(), 0, 0, 0, 0, source.Texture(), 0, &box);
 }
 
 Utils::Matrix4 ToWorld(const DrawRectangle& rectangle) {
     const Utils::Vector4 scale(rectangle.size.x() / 2.0f, rectangle.size.y() / 2.0f, 1.0f, 1.0f);
     return scale.asDiagonal() * (Utils::Rotation(rectangle.rotation) * Utils::Translation(rectangle.position));
+}
+
+/// Programs cannot read samples.
+ID3D11ShaderResourceView* ViewOf(const D3D11GPUBitmap& bitmap) {
+    if (bitmap.IsMultisampled())
+        Check(E_INVALIDARG, HERE);
+    return bitmap.ShaderView();
 }
 
 Utils::Vector2 Share(Size part, Size whole) {
@@ -99,7 +103,8 @@ bool D3D11Context::IsBitmapValid(const GPUBitmap* bitmap) const {
 }
 
 std::unique_ptr<GPUBitmap> D3D11Context::CreateBitmapFromCameraImage(const CameraImage& image) {
-    CheckImage(image);
+    if (!image.IsWhole())
+        Check(E_INVALIDARG, HERE);
     const ReadTexture picture =
         CreateReadTexture(device, image.size, DXGI_FORMAT_R8_UNORM, image.grey.data(), image.size.width);
     const ReadTexture distortion = CreateReadTexture(device, image.distortionSize, DXGI_FORMAT_R32G32_FLOAT,
@@ -145,9 +150,7 @@ std::unique_ptr<D3D11GPUBitmap> D3D11Context::UploadPicture(const MemBitmap& pix
 }
 
 std::unique_ptr<GPUBitmap> D3D11Context::LoadBitmap(const std::string& path) {
-    if (Utils::ToLowerAscii(path).find(".dds") != std::string::npos)
-        return LoadDds(path);
-    return UploadPicture(ReadBitmapFile(path).front());
+    return IsDdsPath(path) ? LoadDds(path) : CreateBitmap(ReadPngFile(path));
 }
 
 std::unique_ptr<GPUBitmap> D3D11Context::LoadDds(const std::string& path) {
@@ -169,7 +172,8 @@ std::unique_ptr<SharedGPUBitmap> D3D11Context::CreateSharedBitmap(Size size) {
     if (FAILED(device->CreateTexture2D(&description, nullptr, &texture)) || FAILED(texture.As(&resource)) ||
         FAILED(resource->GetSharedHandle(&handle)) || !handle)
         return nullptr;
-    return std::make_unique<DXSharedGPUBitmap>(std::make_unique<D3D11GPUBitmap>(device, texture.Get(), false), handle);
+    auto bitmap = D3D11GPUBitmap::MakeOrNull(device, texture.Get());
+    return bitmap ? std::make_unique<DXSharedGPUBitmap>(std::move(bitmap), handle) : nullptr;
 }
 
 std::unique_ptr<RenderToTextureLock> D3D11Context::BeginRenderToTexture(GPUBitmap& bitmap, bool keepDepth) {
@@ -183,14 +187,22 @@ void D3D11Context::CopyBitmap(GPUBitmap& target, GPUBitmap& source) {
     if (Own(source).IsMultisampled())
         context->ResolveSubresource(to, 0, from, 0, kFormat);
     else
-        context->CopySubresourceRegion(to, 0, 0, 0, 0, from, 0, nullptr);
+        CopyWhole(context.Get(), Own(target), Own(source));
     context->Flush();
 }
 
 void D3D11Context::CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Size origin, Size size) {
+    const Size part = CopiedPart(origin, size, source.Size(), target.Size());
+    if (part.Area() == 0)
+        return;
+    if (Own(source).IsMultisampled()) {
+        const auto resolved = CreateRenderTarget(source.Size(), 1, 0);
+        CopyBitmap(*resolved, source);
+        return CopyBitmapRegion(target, *resolved, origin, part);
+    }
     const TextureRenderLock sourceLock(Own(source).Texture()), targetLock(Own(target).Texture());
     blitter->Blit(Own(source).ShaderView(), Own(target).TargetView(), Share(origin, source.Size()),
-                  Share(size, source.Size()), size);
+                  Share(part, source.Size()), part);
 }
 
 std::unique_ptr<Rendering::Geometry> D3D11Context::CreateGeometry(const std::vector<GeometryVertex>& vertices) {
@@ -203,7 +215,7 @@ void D3D11Context::DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix
                                 const GeometryDrawParams& params) {
     const auto& mesh = dynamic_cast<const Geometry&>(geometry);
     const auto viewOf = [this](const GPUBitmap* given) {
-        return given ? dynamic_cast<const D3D11GPUBitmap&>(*given).ShaderView() : white->ShaderView();
+        return given ? ViewOf(dynamic_cast<const D3D11GPUBitmap&>(*given)) : white->ShaderView();
     };
     furtherViews.clear();
     if (furtherBitmaps)
@@ -237,8 +249,10 @@ void D3D11Context::DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& 
         Utils::FatalError(HERE);
     const TextureRenderLock lock(Own(bitmap).Texture());
     const auto draw = [&, world = ToWorld(rectangle)](const Utils::Matrix4& from) {
-        rectShader->Draw(world, from, projection, Own(bitmap).ShaderView(), params);
+        rectShader->Draw(world, from, projection, ViewOf(Own(bitmap)), params);
     };
+    if (params.mode == 1 && params.eye > 1)
+        return;
     const auto context = ImmediateContext(device);
     const ViewportScope viewport(context.Get());
     if (params.mode == 0) {
@@ -249,7 +263,7 @@ void D3D11Context::DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& 
         return;
     }
     if (params.mode == 1)
-        viewport.SetHalf(params.eye == 0 ? 0 : 1);
+        viewport.SetHalf(static_cast<int>(params.eye));
     draw(view);
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 std::unique_ptr<D3D11GPUBitmap> MakeColour(D3D11Context& context, Size size, std::uint32_t samples) {
     std::unique_ptr<GPUBitmap> target = context.CreateRenderTarget(size, samples, 0);
-    return std::unique_ptr<D3D11GPUBitmap>(&dynamic_cast<D3D11GPUBitmap&>(*target.release()));
+    return std::unique_ptr<D3D11GPUBitmap>(static_cast<D3D11GPUBitmap*>(target.release()));
 }
 
 } // namespace

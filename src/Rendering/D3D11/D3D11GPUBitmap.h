@@ -10,6 +10,8 @@ namespace Rendering::D3D11 {
 class D3D11GPUBitmap : public GPUBitmap {
 public:
     D3D11GPUBitmap(ID3D11Device* device, ID3D11Texture2D* texture, bool shaderViewOnly);
+    /// With both views; null where one of them fails.
+    static std::unique_ptr<D3D11GPUBitmap> MakeOrNull(ID3D11Device* device, ID3D11Texture2D* texture);
 
     Rendering::Size Size() const override { return {width, height}; }
     ID3D11Device* Device() const { return device; }
@@ -19,6 +21,9 @@ public:
     bool IsMultisampled() const { return multisampled; }
 
 private:
+    D3D11GPUBitmap(ID3D11Device* device, ID3D11Texture2D* texture);
+    HRESULT MakeViews(bool shaderViewOnly);
+
     ID3D11Device* device;
     ComPtr<ID3D11Texture2D> texture;
     ComPtr<ID3D11ShaderResourceView> shaderView;

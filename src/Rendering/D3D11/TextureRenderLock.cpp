@@ -1,15 +1,25 @@
 #include "Rendering/D3D11/TextureRenderLock.h"
 
+#include "Logging/Logger.h"
+
 namespace Rendering::D3D11 {
 
-TextureRenderLock::TextureRenderLock(ID3D11Texture2D* texture) {
-    if (SUCCEEDED(texture->QueryInterface(IID_PPV_ARGS(&mutex))) && mutex)
-        Check(mutex->AcquireSync(key, INFINITE), HERE);
+TextureRenderLock::TextureRenderLock(IUnknown* texture) {
+    if (FAILED(texture->QueryInterface(IID_PPV_ARGS(&mutex))) || !mutex)
+        return;
+    // An abandoned mutex is no failure to FAILED(), though what it guards may be half written.
+    if (const HRESULT result = mutex->AcquireSync(key, INFINITE); result != S_OK)
+        Utils::FatalError(HERE, result);
 }
 
 TextureRenderLock::~TextureRenderLock() noexcept(false) {
-    if (mutex)
-        Check(mutex->ReleaseSync(key), HERE);
+    if (!mutex)
+        return;
+    const HRESULT result = mutex->ReleaseSync(key);
+    if (std::uncaught_exceptions() == exceptionsBefore)
+        Check(result, HERE);
+    else if (FAILED(result)) // a second exception would end the process
+        Logging::Logger::Get().Log(HERE, "A shared texture's mutex is not released: " + std::to_string(result));
 }
 
 } // namespace Rendering::D3D11

@@ -1,6 +1,7 @@
 #include "Rendering/Memory/NullContext.h"
 
 #include "Rendering/BitmapFile.h"
+#include "Rendering/CopyRegion.h"
 #include "Utils/FatalError.h"
 
 #include <algorithm>
@@ -56,8 +57,7 @@ bool NullContext::IsBitmapValid(const GPUBitmap* bitmap) const {
 }
 
 std::unique_ptr<GPUBitmap> NullContext::CreateBitmapFromCameraImage(const CameraImage& image) {
-    if (image.size.width == 0 || image.size.height == 0 ||
-        image.grey.size() < std::size_t{image.size.width} * image.size.height)
+    if (!image.IsWhole())
         Utils::FatalError(HERE);
     MemBitmap pixels(image.size.width, image.size.height);
     std::transform(pixels.Pixels().begin(), pixels.Pixels().end(), image.grey.begin(), pixels.Pixels().begin(),
@@ -78,7 +78,9 @@ std::unique_ptr<GPUBitmap> NullContext::CreateBitmap(const MemBitmap& bitmap) {
 }
 
 std::unique_ptr<GPUBitmap> NullContext::LoadBitmap(const std::string& path) {
-    return std::make_unique<MemoryBitmap>(id, std::move(ReadBitmapFile(path).front()));
+    if (IsDdsPath(path))
+        return std::make_unique<MemoryBitmap>(id, std::move(ReadDdsOrFail(path).front()));
+    return CreateBitmap(ReadPngFile(path));
 }
 
 std::unique_ptr<SharedGPUBitmap> NullContext::CreateSharedBitmap(Rendering::Size) {
@@ -97,10 +99,9 @@ void NullContext::CopyBitmap(GPUBitmap& target, GPUBitmap& source) {
 void NullContext::CopyBitmapRegion(GPUBitmap& target, GPUBitmap& source, Rendering::Size origin, Rendering::Size size) {
     MemBitmap& to = dynamic_cast<MemoryBitmap&>(target).pixels;
     const MemBitmap& from = dynamic_cast<MemoryBitmap&>(source).pixels;
-    const auto columns = std::min<std::uint64_t>(size.width, to.Width());
-    const auto rows = std::min<std::uint64_t>(size.height, to.Height());
-    for (std::uint64_t y = 0; y < rows && origin.height + y < from.Height(); ++y)
-        for (std::uint64_t x = 0; x < columns && origin.width + x < from.Width(); ++x)
+    const Rendering::Size part = CopiedPart(origin, size, source.Size(), target.Size());
+    for (std::uint64_t y = 0; y < part.height; ++y)
+        for (std::uint64_t x = 0; x < part.width; ++x)
             to.Pixels()[y * to.Width() + x] = from.Pixels()[(origin.height + y) * from.Width() + origin.width + x];
 }
 

@@ -16,9 +16,11 @@ namespace {
 
 constexpr int kVersion = 33; // 3.3
 
-// What the log tells of a bitmap, in the numbers of Direct3D, which the log's texture lines are in: 8-bit red, green,
-// blue, alpha; read by programs and drawn to; mip levels made by the device.
-constexpr std::uint32_t kFormat = 28, kBindFlags = 40, kGenerateMips = 1;
+// The log's texture lines are in the numbers of Direct3D. Formats: 8-bit red, green, blue, alpha; 8-bit grey; two
+// floats. Binding: read by programs and drawn to; only read.
+constexpr std::uint32_t kFormat = 28, kGreyFormat = 61, kDistortionFormat = 16;
+constexpr std::uint32_t kBindFlags = 40, kOnlyRead = 8;
+constexpr std::uint32_t kGenerateMips = 1;
 
 std::string DriverText(GLenum name) {
     const GLubyte* text = glGetString(name);
@@ -50,13 +52,21 @@ GLGPUBitmap& Own(GPUBitmap& bitmap) {
     return dynamic_cast<GLGPUBitmap&>(bitmap);
 }
 
+/// Programs cannot read samples.
+GLuint TextureOf(const GLGPUBitmap& bitmap) {
+    if (bitmap.IsMultisampled())
+        Utils::FatalError(HERE, GL_INVALID_OPERATION);
+    return bitmap.Texture();
+}
+
 Utils::Matrix4 ToWorld(const DrawRectangle& rectangle) {
     const Utils::Vector4 scale(rectangle.size.x() / 2.0f, rectangle.size.y() / 2.0f, 1.0f, 1.0f);
     return scale.asDiagonal() * (Utils::Rotation(rectangle.rotation) * Utils::Translation(rectangle.position));
 }
 
-void LogTexture(Size size, const char* file, std::int32_t line) {
-    Logging::TextureDescription texture{size.width, size.height, kFormat, kBindFlags, 0, kGenerateMips, 0};
+void LogTexture(Size size, const char* file, std::int32_t line, std::uint32_t format = kFormat,
+                std::uint32_t bindFlags = kBindFlags, std::uint32_t miscFlags = 0) {
+    const Logging::TextureDescription texture{size.width, size.height, format, bindFlags, 0, miscFlags, 0};
     Logging::Logger::Get().Log(file, line, texture);
 }
 
@@ -68,10 +78,6 @@ void FillTexture(GLuint texture, GLint internalFormat, Size size, GLenum format,
                  0, format, type, pixels);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
-}
-
-std::size_t Area(Size size) {
-    return std::size_t{size.width} * size.height;
 }
 
 } // namespace
@@ -93,9 +99,11 @@ bool GLContext::IsBitmapValid(const GPUBitmap* bitmap) const {
 }
 
 std::unique_ptr<GPUBitmap> GLContext::CreateBitmapFromCameraImage(const CameraImage& image) {
-    if (Area(image.size) == 0 || Area(image.distortionSize) == 0 || image.grey.size() < Area(image.size) ||
-        image.distortion.size() < 2 * Area(image.distortionSize))
+    if (!image.IsWhole())
         Utils::FatalError(HERE, GL_INVALID_VALUE);
+    LogTexture(image.size, HERE, kGreyFormat, kOnlyRead);
+    LogTexture(image.distortionSize, HERE, kDistortionFormat, kOnlyRead);
+    LogTexture(image.size, HERE);
     const GLName<TextureKind> picture(token), distortion(token);
     FillTexture(picture, GL_R8, image.size, GL_RED, GL_UNSIGNED_BYTE, image.grey.data());
     FillTexture(distortion, GL_RG32F, image.distortionSize, GL_RG, GL_FLOAT, image.distortion.data());
@@ -107,7 +115,7 @@ std::unique_ptr<GPUBitmap> GLContext::CreateBitmapFromCameraImage(const CameraIm
 }
 
 std::unique_ptr<GPUBitmap> GLContext::CreateRenderTarget(Size size, std::uint32_t samples, std::uint32_t) {
-    if (Area(size) == 0)
+    if (size.Area() == 0)
         Utils::FatalError(HERE, GL_INVALID_VALUE);
     return std::make_unique<GLGPUBitmap>(token, size, false, samples);
 }
@@ -116,16 +124,18 @@ std::unique_ptr<GPUBitmap> GLContext::CreateBitmap(const MemBitmap& bitmap) {
     if (bitmap.Width() == 0 || bitmap.Height() == 0)
         return CreateBitmap(MemBitmap(1, 1));
     const Size size = SizeOf(bitmap);
-    LogTexture(size, HERE);
+    LogTexture(size, HERE, kFormat, kBindFlags, kGenerateMips);
     auto made = std::make_unique<GLGPUBitmap>(token, size, true);
-    made->Upload({&bitmap, 1}, GL_BGRA);
+    made->Upload({&bitmap, 1}, GL_BGRA); // the driver swaps red and blue
     return made;
 }
 
 std::unique_ptr<GPUBitmap> GLContext::LoadBitmap(const std::string& path) {
-    const std::vector<MemBitmap> levels = ReadBitmapFile(path);
+    if (!IsDdsPath(path))
+        return CreateBitmap(ReadPngFile(path));
+    const std::vector<MemBitmap> levels = ReadDdsOrFail(path);
     const Size size = SizeOf(levels.front());
-    LogTexture(size, HERE);
+    LogTexture(size, HERE, kFormat, kBindFlags, kGenerateMips);
     auto made = std::make_unique<GLGPUBitmap>(token, size, true);
     made->Upload(levels, GL_RGBA);
     return made;
@@ -156,7 +166,7 @@ void GLContext::DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& 
                              const std::vector<const GPUBitmap*>* furtherBitmaps, const GeometryDrawParams& params) {
     const auto& mesh = dynamic_cast<const GLGeometry&>(geometry);
     const auto textureOf = [this](const GPUBitmap* given) {
-        return given ? dynamic_cast<const GLGPUBitmap&>(*given).Texture() : white.Texture();
+        return given ? TextureOf(dynamic_cast<const GLGPUBitmap&>(*given)) : white.Texture();
     };
     textures.assign(1, textureOf(bitmap));
     if (furtherBitmaps)
@@ -187,8 +197,10 @@ void GLContext::DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& pro
     if (!IsBitmapValid(&bitmap))
         Utils::FatalError(HERE);
     const auto draw = [&, world = ToWorld(rectangle)](const Utils::Matrix4& from) {
-        rectShader.Draw(world, from, projection, Own(bitmap).Texture(), params);
+        rectShader.Draw(world, from, projection, TextureOf(Own(bitmap)), params);
     };
+    if (params.mode == 1 && params.eye > 1)
+        return;
     const ViewportScope viewport;
     if (params.mode == 0) {
         viewport.before.LeftHalf().Set();

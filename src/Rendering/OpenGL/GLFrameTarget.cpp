@@ -8,6 +8,18 @@
 
 namespace Rendering::OpenGL {
 
+namespace {
+
+/// Blended draws leave an alpha below 1, through which a compositor may show what is behind the window.
+void MakeOpaque() {
+    const float opaque[] = {0.0f, 0.0f, 0.0f, 1.0f};
+    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
+    glClearBufferfv(GL_COLOR, 0, opaque);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+} // namespace
+
 GLFrameTarget::GLFrameTarget(const GLContext& context, std::uint32_t samples) : owner(context.Token()) {
     GLint most = 0;
     glGetIntegerv(GL_MAX_SAMPLES, &most);
@@ -45,6 +57,7 @@ void GLFrameTarget::Present() {
     const ReadBinding from(buffers->framebuffer);
     glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
     glBlitFramebuffer(0, 0, width, height, 0, 0, width, height, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    MakeOpaque();
     CheckGL(HERE, "presenting a frame");
 }
 

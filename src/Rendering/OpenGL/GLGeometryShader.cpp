@@ -56,13 +56,14 @@ GLGeometryShader::GLGeometryShader(ContextToken owner)
 }
 
 void GLGeometryShader::UploadMatrices(const std::vector<Utils::Matrix4>& matrices, const Program& program) {
+    // Also where no matrix is read: a draw with a uniform block that has no buffer is undefined.
+    glBindBufferBase(GL_UNIFORM_BUFFER, kMatrixBinding, matrixBuffer);
     if (program.matrixCount < 0)
         return;
     const bool used = !AreIdentities(matrices);
     glUniform1i(program.matrixCount, used ? static_cast<GLint>(matrices.size()) : 0);
     if (!used)
         return;
-    glBindBufferBase(GL_UNIFORM_BUFFER, kMatrixBinding, matrixBuffer);
     // A new store each time: the driver may still read the old one for an earlier draw.
     glBufferData(GL_UNIFORM_BUFFER, kMatrixBufferSize, nullptr, GL_STREAM_DRAW);
     glBufferSubData(GL_UNIFORM_BUFFER, 0, static_cast<GLsizeiptr>(matrices.size() * sizeof(Utils::Matrix4)),

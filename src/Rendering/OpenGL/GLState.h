@@ -46,7 +46,7 @@ struct Viewport {
     static Viewport Current();
     void Set() const { glViewport(x, y, width, height); }
     Viewport LeftHalf() const { return {x, y, width / 2, height}; }
-    Viewport RightHalf() const { return {x + width / 2, y, width / 2, height}; }
+    Viewport RightHalf() const { return {x + width / 2, y, width - width / 2, height}; }
 };
 
 /// Puts the viewport back at the scope's end.

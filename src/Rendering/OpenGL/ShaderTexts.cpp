@@ -73,6 +73,13 @@ out vec4 result;
 
 const vec3 kLight = vec3(0.36, 0.48, -0.8);
 
+// A face whose corners share one texture position has no gradient, which Mesa's software renderer (25.0) filters to
+// black where the sampler is anisotropic.
+vec4 Texel(vec2 place) {
+    vec4 filtered = texture(picture, place);
+    return fwidth(place) == vec2(0.0) ? textureLod(picture, place, 0.0) : filtered;
+}
+
 vec3 Lit(vec3 surface) {
     float facing = abs(dot(viewNormal, kLight)) / max(length(viewNormal), 1e-6);
     return surface * (ambient + directional * facing) + emitted + highlight * pow(facing, max(scalars[2], 1e-6));
@@ -83,7 +90,7 @@ const char* const kGeometryPlain = R"glsl(
 in vec2 at;
 
 void main() {
-    result = vec4(Lit(texture(picture, at).rgb), opacity);
+    result = vec4(Lit(Texel(at).rgb), opacity);
 }
 )glsl";
 
@@ -91,7 +98,7 @@ const char* const kGeometryBlending = R"glsl(
 in vec2 at;
 
 void main() {
-    vec4 texel = texture(picture, at);
+    vec4 texel = Texel(at);
     result = vec4(Lit(texel.rgb), texel.a * opacity);
 }
 )glsl";
@@ -101,7 +108,7 @@ const char* const kGeometryEdgeBlend = R"glsl(
 in vec2 at;
 
 void main() {
-    vec4 texel = texture(picture, at);
+    vec4 texel = Texel(at);
     vec2 inside = min(at, 1.0 - at);
     float edge = clamp(min(inside.x, inside.y) * scalars[2], 0.0, 1.0);
     result = vec4(Lit(texel.rgb), texel.a * opacity * edge);
@@ -136,7 +143,7 @@ const char* const kGeometryLevels = R"glsl(
 in vec2 at;
 
 void main() {
-    vec4 texel = texture(picture, at);
+    vec4 texel = Texel(at);
     vec3 range = max(1.0 - highlight - emitted, 1e-6);
     vec3 level = pow(clamp((texel.rgb - emitted) / range, 0.0, 1.0), vec3(1.0 + scalars[4]));
     float facing = abs(dot(viewNormal, kLight)) / max(length(viewNormal), 1e-6);

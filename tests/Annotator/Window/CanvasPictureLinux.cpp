@@ -20,4 +20,10 @@ wxImage CanvasPicture(Annotator::DXCanvas& canvas) {
     return picture.ConvertToImage();
 }
 
+void SendKey(Annotator::DXCanvas& canvas, int code, bool down) {
+    wxKeyEvent event(down ? wxEVT_KEY_DOWN : wxEVT_KEY_UP);
+    event.m_keyCode = code;
+    canvas.ProcessWindowEvent(event);
+}
+
 } // namespace Support

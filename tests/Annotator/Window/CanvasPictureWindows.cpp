@@ -4,6 +4,7 @@
 #include "Rendering/D3D11/D3D11FrameTarget.h"
 
 #include <cstring>
+#include <map>
 
 namespace Support {
 
@@ -45,6 +46,16 @@ wxImage CanvasPicture(Annotator::DXCanvas& canvas) {
     canvas.stages.Add(reader);
     PumpUntil([&] { return reader->picture.IsOk(); });
     return reader->picture;
+}
+
+void SendKey(Annotator::DXCanvas& canvas, int code, bool down) {
+    const std::map<int, WPARAM> special = {{WXK_LEFT, VK_LEFT}, {WXK_RIGHT, VK_RIGHT}, {WXK_TAB, VK_TAB}};
+    const auto found = special.find(code);
+    const bool arrow = code == WXK_LEFT || code == WXK_RIGHT;
+    // Once; an arrow that is not the number pad's; what a release has in addition.
+    const LPARAM flags = 1 | (arrow ? 1 << 24 : 0) | (down ? 0 : static_cast<LPARAM>(0xC0000000));
+    PostMessage(canvas.GetHWND(), down ? WM_KEYDOWN : WM_KEYUP,
+                found == special.end() ? static_cast<WPARAM>(code) : found->second, flags);
 }
 
 } // namespace Support

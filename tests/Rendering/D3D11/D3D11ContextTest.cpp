@@ -2,7 +2,6 @@
 #include "Rendering/D3D11/D3D11Device.h"
 #include "Rendering/D3D11/TextureRenderLock.h"
 #include "Rendering/PictureConformance.h"
-#include "Support/DdsBuilder.h"
 #include "Support/FatalErrorRecorder.h"
 #include "Support/Picture.h"
 
@@ -18,14 +17,15 @@ protected:
     static void SetUpTestSuite() { device = std::make_unique<Conformance::D3D11Device>(); }
     static void TearDownTestSuite() { device.reset(); }
 
-    static ComPtr<ID3D11Texture2D> Texture(DXGI_FORMAT format, UINT samples = 1) {
+    static ComPtr<ID3D11Texture2D> Texture(DXGI_FORMAT format, UINT samples = 1,
+                                           UINT bindFlags = D3D11_BIND_SHADER_RESOURCE | D3D11_BIND_RENDER_TARGET) {
         D3D11_TEXTURE2D_DESC description{};
         description.Width = 3;
         description.Height = 2;
         description.MipLevels = description.ArraySize = 1;
         description.SampleDesc.Count = samples;
         description.Format = format;
-        description.BindFlags = D3D11_BIND_SHADER_RESOURCE | D3D11_BIND_RENDER_TARGET;
+        description.BindFlags = bindFlags;
         ComPtr<ID3D11Texture2D> texture;
         EXPECT_HRESULT_SUCCEEDED(device->Device()->CreateTexture2D(&description, nullptr, &texture));
         return texture;
@@ -35,29 +35,20 @@ protected:
 };
 
 TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
-    const struct {
-        DXGI_FORMAT texture;
-        UINT samples;
-        DXGI_FORMAT views;
-        D3D11_RTV_DIMENSION dimension;
-    } rows[] = {
+    const std::tuple<DXGI_FORMAT, UINT, DXGI_FORMAT, D3D11_RTV_DIMENSION> rows[] = {
         {DXGI_FORMAT_R8G8B8A8_TYPELESS, 1, DXGI_FORMAT_R8G8B8A8_UNORM, D3D11_RTV_DIMENSION_TEXTURE2D},
         {DXGI_FORMAT_R16G16B16A16_TYPELESS, 1, DXGI_FORMAT_R16G16B16A16_UNORM, D3D11_RTV_DIMENSION_TEXTURE2D},
-        {DXGI_FORMAT_R8G8B8A8_UNORM, 1, DXGI_FORMAT_R8G8B8A8_UNORM, D3D11_RTV_DIMENSION_TEXTURE2D},
         {DXGI_FORMAT_R8G8B8A8_TYPELESS, 4, DXGI_FORMAT_R8G8B8A8_UNORM, D3D11_RTV_DIMENSION_TEXTURE2DMS},
     };
-    for (const auto& row : rows) {
-        const auto texture = Texture(row.texture, row.samples);
-        const D3D11GPUBitmap bitmap(device->Device(), texture.Get(), false);
+    for (const auto& [format, samples, viewFormat, dimension] : rows) {
+        const D3D11GPUBitmap bitmap(device->Device(), Texture(format, samples).Get(), false);
         D3D11_SHADER_RESOURCE_VIEW_DESC shaderView;
         bitmap.ShaderView()->GetDesc(&shaderView);
         D3D11_RENDER_TARGET_VIEW_DESC targetView;
         bitmap.TargetView()->GetDesc(&targetView);
-        EXPECT_EQ(shaderView.Format, row.views) << row.texture;
-        EXPECT_EQ(targetView.Format, row.views) << row.texture;
-        EXPECT_EQ(targetView.ViewDimension, row.dimension) << row.texture;
-        EXPECT_EQ(bitmap.IsMultisampled(), row.samples > 1);
-        EXPECT_EQ(D3D11GPUBitmap(device->Device(), texture.Get(), true).TargetView(), nullptr);
+        EXPECT_EQ(std::tuple(shaderView.Format, targetView.Format, targetView.ViewDimension),
+                  std::tuple(viewFormat, viewFormat, dimension))
+            << format;
     }
 }
 
@@ -80,14 +71,46 @@ TEST_F(D3D11ContextTest, ASharedBitmapIsThereOrNull) {
         EXPECT_NE(shared->SharedHandle(), nullptr);
         EXPECT_TRUE(device->Context().IsBitmapValid(shared->Bitmap().get()));
     }
+    const auto onlyRead = Texture(DXGI_FORMAT_R8G8B8A8_UNORM, 1, D3D11_BIND_SHADER_RESOURCE);
+    EXPECT_EQ(D3D11GPUBitmap::MakeOrNull(device->Device(), onlyRead.Get()), nullptr);
     EXPECT_TRUE(dialog.texts.empty()) << dialog.texts.front();
 }
 
-TEST_F(D3D11ContextTest, DdsInTheMiddleOfANameTakesTheDdsRoad) {
-    const Support::TemporaryFolder folder;
-    const auto picture = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({0, 0, 255, 0});
-    const auto bitmap = device->Context().LoadBitmap(folder.Write("a.Dds.png", picture.bytes));
-    EXPECT_EQ(Support::Picture(device->Read(*bitmap)), "B\n");
+/// A texture with a keyed mutex that answers as it is told.
+struct MutexTexture final : IDXGIKeyedMutex {
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+        *object = this;
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE SetPrivateData(REFGUID, UINT, const void*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetPrivateDataInterface(REFGUID, const IUnknown*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetPrivateData(REFGUID, UINT*, void*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetParent(REFIID, void**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetDevice(REFIID, void**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE AcquireSync(UINT64, DWORD) override { return acquired; }
+    HRESULT STDMETHODCALLTYPE ReleaseSync(UINT64) override { return released; }
+    HRESULT acquired = S_OK, released = S_OK;
+};
+
+TEST(TextureRenderLockTest, FailsOnlyWhereNoExceptionIsUnderWay) {
+    MutexTexture texture;
+    const auto lock = [&] { Rendering::D3D11::TextureRenderLock{&texture}; };
+    const Support::FatalErrorRecorder dialog;
+    EXPECT_NO_THROW(lock());
+    texture.acquired = WAIT_ABANDONED;
+    EXPECT_THROW(lock(), std::exception);
+    texture.acquired = S_OK;
+    texture.released = E_FAIL;
+    EXPECT_THROW(lock(), std::exception);
+    EXPECT_EQ(dialog.texts.size(), 2u);
+    const auto drawRefused = [&] {
+        const Rendering::D3D11::TextureRenderLock held(&texture);
+        throw std::out_of_range("refused");
+    };
+    EXPECT_THROW(drawRefused(), std::out_of_range);
+    EXPECT_EQ(dialog.texts.size(), 2u);
 }
 
 TEST_F(D3D11ContextTest, AFailedCallIsFatalWithItsCode) {

@@ -66,6 +66,9 @@ TEST_F(GLContextTest, AFrameTargetMayBeResizedAndSmoothEdges) {
     const auto leftHalf = device.Context().CreateGeometry(Conformance::Rectangle({-1, -1}, {0, 1}));
     device.Context().DrawGeometry(same, same, same, *leftHalf, nullptr, nullptr, Conformance::Flat());
     EXPECT_EQ(Support::Picture(frame.Read()), "Wg.\n") << "the edge runs through the middle pixel";
+    GLint matrices = 0;
+    glGetIntegeri_v(GL_UNIFORM_BUFFER_BINDING, 0, &matrices);
+    EXPECT_NE(matrices, 0) << "a program's uniform block has a buffer also where it is not read";
 }
 
 } // namespace
