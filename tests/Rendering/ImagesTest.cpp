@@ -14,7 +14,7 @@ using testing::HasSubstr;
 
 /// The pixels that a bitmap of another size has afterwards.
 std::vector<std::uint32_t> PixelsOf(cairo_surface_t* surface) {
-    MemBitmap target(7, 7);
+    Rendering::MemBitmap target(7, 7);
     Rendering::FromCairoSurface(target, surface);
     return {target.Pixels().begin(), target.Pixels().end()};
 }
