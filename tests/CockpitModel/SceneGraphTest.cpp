@@ -1,5 +1,6 @@
 #include "CockpitModel/SceneGraph.h"
 
+#include "CockpitModel/Picking/PartTree.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "Rendering/Memory/NullContext.h"
 #include "Support/ModelBuilder.h"
@@ -224,7 +225,7 @@ TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
     }
 }
 
-TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
+TEST(ScenePartBuilderTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
     const std::vector<Support::Corner> corners = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}};
     struct Row {
         std::uint32_t type;
@@ -254,7 +255,7 @@ TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
     }
 }
 
-TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
+TEST(ScenePartBuilderTest, PartsKnowTheirPlaceTextureAndRectangle) {
     ModelBuilder builder;
     const int texture = builder.Texture("second.png");
     builder.Part(0, TriangleAt(0));

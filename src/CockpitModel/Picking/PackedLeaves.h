@@ -40,7 +40,7 @@ private:
     struct Leaf {
         Utils::Vector3 centre;
         float radius;
-        float smallK; ///< how far hits drift off small triangles, see LargeLeaf.cpp
+        float smallK; ///< how far hits drift off small triangles, see PackedLeaves.cpp
         std::uint32_t firstGroup, groupCount;
         std::uint32_t firstGroupBoxes;
         std::uint32_t firstNormals, largeGroupCount;
