@@ -3,7 +3,6 @@
 #include "Annotator/AircraftLoading.h"
 #include "Annotator/FailureTexts.h"
 #include "Logging/Logger.h"
-#include "Utils/Paths.h"
 #include "Utils/SaveFile.h"
 
 #include <boost/filesystem.hpp>
@@ -89,7 +88,7 @@ std::string DetectedDataFolder() {
 }
 
 std::string DetectedDataFileName(const Sim::AircraftInfo& info) {
-    return Utils::FolderStem(info.acfPath) + ".xml";
+    return Sim::FolderStem(info.acfPath) + ".xml";
 }
 
 std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph) {

@@ -1,6 +1,6 @@
 #include "Batch/DetectedData.h"
 
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 #include "Utils/Text.h"
 
 #include <charconv>

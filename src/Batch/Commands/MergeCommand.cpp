@@ -1,7 +1,7 @@
 #include "Batch/Commands.h"
 #include "Batch/Reports/Json.h"
 #include "Batch/Reports/ReportOptions.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
