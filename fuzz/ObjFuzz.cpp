@@ -1,6 +1,6 @@
 #include "FuzzInput.h"
 
-#include "Annotator/DetectedDataExport.h"
+#include "Annotator/DetectedDataFile.h"
 #include "CockpitModel/Picking/PartTree.h"
 #include "CockpitModel/SceneGraph.h"
 #include "CockpitModel/Touch/InteractionDetector.h"

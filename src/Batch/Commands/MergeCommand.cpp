@@ -1,6 +1,6 @@
 #include "Batch/Commands.h"
 #include "Batch/Reports/Json.h"
-#include "Batch/Reports/ReportOptions.h"
+#include "Batch/Reports/PublishReport.h"
 #include "Utils/Files.h"
 
 #include <CLI/CLI.hpp>
