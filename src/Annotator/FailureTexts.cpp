@@ -59,11 +59,9 @@ std::string DataFilesFailureText(const std::string& folder, const std::string& r
     return "The program's own files cannot all be put into " + folder + ": " + reason;
 }
 
-std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error){
-    return info.displayName + " cannot be loaded:
-                              " + info.acfPath + "
-
-                              " + ReasonText(info, error) + LogEnded(error);
+std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error) {
+    return info.displayName + " cannot be loaded:\n" + info.acfPath + "\n\n" + ReasonText(info, error) +
+           LogEnded(error);
 }
 
 std::string ExportFailureText(const std::exception& error) {

@@ -282,6 +282,7 @@ void SceneGraph::VisitNodes(const Utils::Matrix4& view, const Utils::Matrix4& pr
 }
 
 void SceneGraph::SetYokePrimary(NodePart& part) {
+    yokePrimary = &part;
     for (const Node* node = part.node; node; node = node->parent)
         if (node->animation)
             node->animation->enabled = true;

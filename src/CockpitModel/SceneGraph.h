@@ -60,7 +60,7 @@ public:
     /// last finished update. A visitor must not start a visit.
     void VisitNodes(const Utils::Matrix4& view, const Utils::Matrix4& projection, Visitor visitor);
 
-    /// Enables the animations above the primary yoke.
+    /// Stores the primary yoke and enables the animations above it.
     void SetYokePrimary(NodePart& part);
 
 private:
@@ -97,6 +97,7 @@ private:
     ModelData model;
     std::string textureFolder;
     const PanelSet* panels;
+    NodePart* yokePrimary = nullptr; ///< what detection chose
     bool gpuResourcesStale = true;
     bool firstRefreshDone = false;
 };
