@@ -16,7 +16,6 @@ TEST(Files, ReadsWholeFiles) {
     const Support::TemporaryFolder folder;
     const std::string bytes = std::string("a\0\r\n\x1A", 5) + std::string(300000, 'x');
     EXPECT_EQ(ReadFile(folder.Write("file", bytes)), bytes);
-    EXPECT_EQ(ReadFile(folder.Write("empty", "")), "");
 
     // What would keep a reader waiting or fill the memory is not opened.
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
@@ -28,8 +27,7 @@ TEST(Files, ReadsWholeFiles) {
     }
 
     std::istringstream stream(bytes);
-    stream.seekg(5);
-    EXPECT_EQ(ReadAll(stream), std::string(300000, 'x'));
+    EXPECT_EQ(ReadAll(stream.seekg(5)), std::string(300000, 'x'));
     for (const std::string& nothing : {folder / "missing", folder.path.string()}) {
         std::ifstream file(nothing);
         EXPECT_EQ(ReadAll(file), "") << nothing;
@@ -57,9 +55,7 @@ TEST(Files, ReadsStreamsThatDoNotKnowTheirSize) {
         using std::stringbuf::basic_stringbuf;
         pos_type seekoff(off_type, std::ios::seekdir, std::ios::openmode) override { return -1; }
     };
-    std::string text;
-    for (int i = 0; i < 70'000; ++i)
-        text += std::to_string(i);
+    const std::string text = std::string(300'000, 'x') + "end";
     Pipe pipe(text);
     std::istream stream(&pipe);
     EXPECT_EQ(ReadAll(stream), text);
