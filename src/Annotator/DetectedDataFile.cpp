@@ -1,5 +1,7 @@
 #include "Annotator/DetectedDataFile.h"
 
+#include "CockpitModel/SceneGraph.h"
+#include "Sim/AircraftInfo.h"
 #include "Utils/Files.h"
 #include "Utils/Text.h"
 

@@ -1,12 +1,18 @@
 #pragma once
 
-#include "CockpitModel/SceneGraph.h"
-#include "Sim/AircraftInfo.h"
+#include "CockpitModel/Touch/TouchTypes.h"
 
 #include <cstdint>
 #include <map>
 #include <string>
 #include <utility>
+
+namespace CockpitModel {
+class SceneGraph;
+}
+namespace Sim {
+struct AircraftInfo;
+}
 
 namespace Annotator {
 

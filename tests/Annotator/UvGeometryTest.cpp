@@ -16,8 +16,8 @@ TEST(UvGeometry, FillsASquareWithTheTextureSpace) {
     part.vertices[0].texture = {0.255f, 1.0f};
     part.vertices[1].texture = {-0.019f, 0.5f}; // truncated, not rounded down
     part.vertices[2].texture = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()};
-    EXPECT_THAT(UvTriangles(part, 100), ElementsAre(ElementsAre(FieldsAre(25, 100), FieldsAre(-1, 50),
-                                                                FieldsAre(0, testing::Ge(100000)))));
+    EXPECT_THAT(UvTriangles(part, 100),
+                ElementsAre(ElementsAre(FieldsAre(25, 100), FieldsAre(-1, 50), FieldsAre(0, testing::Ge(100000)))));
 
     EXPECT_TRUE(UvPanelRectangles(part, 100).empty());
     CockpitModel::Panel panel;
