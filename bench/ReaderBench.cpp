@@ -5,7 +5,7 @@
 #include "Compare.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/ModelBuilder.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 #include "Utils/RangeCheck.h"
 #include "Utils/Text.h"
 

@@ -1,6 +1,7 @@
 #include "FuzzInput.h"
 
-#include "Annotator/DetectedDataExport.h"
+#include "Annotator/DetectedDataFile.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "CockpitModel/SceneGraph.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "CockpitModel/XPlane/XPObjConverter.h"

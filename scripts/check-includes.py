@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """check-includes.py: holds the arrows of ARCHITECTURE.md. A file of src includes only from its own library and from those
-below it, and the headers of toolkit, devices, command line and JSON only where they belong."""
+below it, and the headers of toolkit, devices, command line and JSON, and the devices' names, stay where they belong."""
 import pathlib
 import re
 import sys
@@ -26,6 +26,11 @@ SYSTEM_HEADERS = {
     r"CLI/|nlohmann/": ["batch"],
     r"cairo": ["rendering"],
 }
+# Names of the devices' own interfaces, which other headers can bring along: the library that may use them.
+DEVICE_NAMES = {
+    re.compile(r"\b(?:gl[A-Z]\w*(?=\()|GL_[A-Z]\w*|epoxy\w*|egl[A-Z]\w*|EGL_?[A-Z]\w*|glX\w+)"): "opengl",
+    re.compile(r"\b(?:ID3D11\w*|IDXGI\w*|D3D11?_\w+|DXGI_\w+|D3D11Create\w+|CreateDXGI\w+)"): "d3d11",
+}
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)', re.M)
 FOLDERS = sorted(((folder, name) for name, (folders, _) in LIBRARIES.items() for folder in folders),
                  key=lambda row: -len(row[0]))
@@ -38,9 +43,10 @@ def library_of(path):
 def faults_of(path):
     own = library_of(path)
     text = (ROOT / path).read_text()
+    line_of = lambda match: text.count("\n", 0, match.start()) + 1
     for match in INCLUDE.finditer(text):
         quote, header = match.groups()
-        line = text.count("\n", 0, match.start()) + 1
+        line = line_of(match)
         if quote == '"':
             other = library_of(header)
             if other != own and other not in LIBRARIES[own][1]:
@@ -48,9 +54,12 @@ def faults_of(path):
         for pattern, allowed in SYSTEM_HEADERS.items():
             if quote == "<" and re.match(pattern, header) and own not in allowed:
                 yield f"src/{path}:{line}: <{header}> belongs into {' or '.join(allowed)}, not into {own}"
+    for pattern, allowed in DEVICE_NAMES.items():
+        for match in pattern.finditer(text) if own != allowed else ():
+            yield f"src/{path}:{line_of(match)}: {match[0]} belongs into {allowed}, not into {own}"
 
 
 paths = sorted(str(path.relative_to(ROOT)) for path in ROOT.rglob("*") if path.suffix in (".h", ".cpp"))
 faults = [fault for path in paths for fault in faults_of(path)]
-print("\n".join(faults + [f"{len(paths)} files, {len(faults)} includes that point the wrong way"]))
+print("\n".join(faults + [f"{len(paths)} files, {len(faults)} faults"]))
 sys.exit(1 if faults else 0)

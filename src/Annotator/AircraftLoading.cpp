@@ -1,7 +1,7 @@
 #include "Annotator/AircraftLoading.h"
 
 #include "CockpitModel/Touch/InteractionDetector.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <fstream>
 

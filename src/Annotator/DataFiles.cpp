@@ -1,7 +1,7 @@
 #include "Annotator/DataFiles.h"
 
 #include "Annotator/FailureTexts.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 #include "Utils/Platform.h"
 #include "Utils/SaveFile.h"
 

@@ -1,13 +1,12 @@
 #include "Annotator/DetectedDataExport.h"
 
 #include "Annotator/AircraftLoading.h"
+#include "Annotator/DetectedDataFile.h"
 #include "Annotator/FailureTexts.h"
 #include "Logging/Logger.h"
-#include "Utils/Paths.h"
 #include "Utils/SaveFile.h"
 
 #include <boost/filesystem.hpp>
-#include <tinyxml2.h>
 
 namespace Annotator {
 
@@ -15,40 +14,9 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-constexpr int kBuildNumber = 1389;
-constexpr const char* kBuildId = "2a5530b";
 constexpr const char* kPlace = "Annotator\\AnnotatorWindow.cpp";
 constexpr std::int32_t kLoadingLine = 368;
 constexpr std::int32_t kSkippingLine = 410;
-
-class PartListWriter {
-public:
-    PartListWriter() { printer.OpenElement("NodePartList"); }
-
-    void Add(std::size_t nodeId, std::size_t partId, const CockpitModel::NodePart& part) {
-        printer.OpenElement("Part");
-        AddText("NodeId", std::to_string(nodeId));
-        AddText("PartId", std::to_string(partId));
-        AddText("InteractionType", TouchInteractionTypeToText(part.InteractionType));
-        AddText("EventType", TouchEventTypeToText(part.EventType));
-        AddText("Reverse", part.Reverse ? "1" : "0");
-        printer.CloseElement();
-    }
-
-    std::string Finish() {
-        printer.CloseElement();
-        return {printer.CStr(), static_cast<std::size_t>(printer.CStrSize() - 1)};
-    }
-
-private:
-    void AddText(const char* element, const std::string& text) {
-        printer.OpenElement(element);
-        printer.PushText(text.c_str());
-        printer.CloseElement();
-    }
-
-    tinyxml2::XMLPrinter printer;
-};
 
 std::string FailedText(const Sim::AircraftInfo& info, const std::string& reason) {
     return info.displayName + " (" + info.acfPath + "): " + reason;
@@ -83,23 +51,6 @@ void SaveOne(const Sim::AircraftInfo& info, const fs::path& folder, CockpitModel
 }
 
 } // namespace
-
-std::string DetectedDataFolder() {
-    return "QVRA/AirLogs/" + std::to_string(kBuildNumber) + "-" + kBuildId + "-4";
-}
-
-std::string DetectedDataFileName(const Sim::AircraftInfo& info) {
-    return Utils::FolderStem(info.acfPath) + ".xml";
-}
-
-std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph) {
-    PartListWriter writer;
-    const auto& nodes = sceneGraph.Nodes();
-    for (std::size_t node = 0; node < nodes.size(); ++node)
-        for (std::size_t part = 0; part < nodes[node]->parts.size(); ++part)
-            writer.Add(node, part, *nodes[node]->parts[part]);
-    return writer.Finish();
-}
 
 ExportResult SaveDetectedData(Sim::AircraftListLoader& loader) {
     const fs::path folder = DetectedDataFolder();

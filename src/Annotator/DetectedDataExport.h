@@ -1,20 +1,13 @@
 #pragma once
 
-#include "CockpitModel/SceneGraph.h"
 #include "Sim/AircraftListLoader.h"
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace Annotator {
-
-/// The folder of the detected-data files of this build, relative to the installation.
-std::string DetectedDataFolder();
-/// The name of an aircraft's detected-data file in that folder.
-std::string DetectedDataFileName(const Sim::AircraftInfo& info);
-/// One XML document with the detected types of all parts, as it stands in the file.
-std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph);
 
 /// An aircraft that ended the export; what() names it and says why.
 struct AircraftExportError : std::runtime_error {

@@ -1,5 +1,6 @@
 #include "Annotator/FailureTexts.h"
 
+#include "Annotator/DetectedDataFile.h"
 #include "Utils/FatalError.h"
 #include "Utils/RangeCheck.h"
 

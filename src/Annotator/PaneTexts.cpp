@@ -1,11 +1,8 @@
 #include "Annotator/PaneTexts.h"
 
-#include "CockpitModel/Panels/PanelSet.h"
 #include "CockpitModel/SceneGraph.h"
 #include "Utils/RangeCheck.h"
 
-#include <algorithm>
-#include <cmath>
 #include <iomanip>
 #include <sstream>
 
@@ -43,16 +40,6 @@ std::string AnimationText(const ModelAnimation& animation) {
     return text.str();
 }
 
-/// Truncated towards zero. Files may hold any float, a texture coordinate that is no number included.
-int Truncated(float value) {
-    constexpr float kLimit = 1e6f;
-    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -kLimit, kLimit));
-}
-
-UvPoint Scaled(float u, float v, int side) {
-    return {Truncated(static_cast<float>(side) * u), Truncated(static_cast<float>(side) * v)};
-}
-
 } // namespace
 
 std::vector<AnimData> AnimationRows(const NodePart& part, ModelData& model) {
@@ -65,17 +52,6 @@ std::vector<AnimData> AnimationRows(const NodePart& part, ModelData& model) {
 std::string AnimationRowText(const AnimData& row) {
     return row.animation ? AnimationText(*row.animation)
                          : "Node Local Matrix:\n" + MatrixText(row.node->localMatrix) + "\n";
-}
-
-int SliderPercent(const ModelAnimation& animation) {
-    return Truncated(animation.position * 100.0f);
-}
-
-void MoveAnimations(ModelData& model, const ModelAnimation& selected, int percent) {
-    for (ModelAnimation& animation : model.animations) {
-        if (animation.name == selected.name)
-            animation.position = static_cast<float>(percent) / 100.0f * animation.length / 100.0f;
-    }
 }
 
 std::string MatrixText(const Utils::Matrix4& matrix) {
@@ -118,26 +94,6 @@ std::string PartInfoText(const NodePart& part) {
 
 std::string DetectedTooltipText(const NodePart& part) {
     return part.Rect() ? "Detected: " + part.Rect()->Tooltip : "Detected:";
-}
-
-std::vector<std::array<UvPoint, 3>> UvTriangles(const NodePart& part, int side) {
-    std::vector<std::array<UvPoint, 3>> triangles;
-    triangles.reserve(part.vertices.size() / 3);
-    const auto point = [&](std::size_t i) {
-        return Scaled(part.vertices[i].texture.x(), part.vertices[i].texture.y(), side);
-    };
-    for (std::size_t i = 0; i + 2 < part.vertices.size(); i += 3)
-        triangles.push_back({{point(i), point(i + 1), point(i + 2)}});
-    return triangles;
-}
-
-std::vector<UvRectangle> UvPanelRectangles(const NodePart& part, int side) {
-    std::vector<UvRectangle> rectangles;
-    if (!part.panel)
-        return rectangles;
-    for (const auto& entry : part.panel->Entries)
-        rectangles.push_back({Scaled(entry.U, entry.V, side), Scaled(entry.Width, entry.Height, side)});
-    return rectangles;
 }
 
 } // namespace Annotator

@@ -5,13 +5,12 @@
 #include "CockpitModel/NodePart.h"
 #include "Utils/LinearAlgebra.h"
 
-#include <array>
 #include <string>
 #include <vector>
 
 namespace Annotator {
 
-/// What the notebook's pages show of a part, as text and figures without a toolkit. Nothing here is kept; the pointers
+/// What the notebook's pages show of a part, as text without a toolkit. Nothing here is kept; the pointers
 /// are those of the loaded scene.
 
 /// A row of the page "Animations": a node on the way from a part up to the root.
@@ -26,11 +25,6 @@ std::vector<AnimData> AnimationRows(const CockpitModel::NodePart& part, CockpitM
 /// The animation's tracks and keys, or the node's local matrix if it has no animation.
 std::string AnimationRowText(const AnimData& row);
 
-/// Percent of the position's range, from 0 to 100 for a slider.
-int SliderPercent(const CockpitModel::ModelAnimation& animation);
-/// Moves every animation of the model that has the name of the selected one: they follow the same dataref.
-void MoveAnimations(CockpitModel::ModelData& model, const CockpitModel::ModelAnimation& selected, int percent);
-
 std::string MatrixText(const Utils::Matrix4& matrix);
 std::string PartIdText(const CockpitModel::NodePart& part);
 std::string FileOffsetText(const CockpitModel::NodePart& part);
@@ -38,17 +32,5 @@ std::string MaterialText(const CockpitModel::NodePart& part);
 /// Motion, placement and mouse rectangle of a part that can be clicked, else empty.
 std::string PartInfoText(const CockpitModel::NodePart& part);
 std::string DetectedTooltipText(const CockpitModel::NodePart& part);
-
-/// Pixels from the top left corner of a square that shows the texture space from (0, 0) to (1, 1).
-struct UvPoint {
-    int x = 0, y = 0;
-};
-struct UvRectangle {
-    UvPoint corner;
-    UvPoint size;
-};
-std::vector<std::array<UvPoint, 3>> UvTriangles(const CockpitModel::NodePart& part, int side);
-/// The clickable rectangles of the panel on the part's texture.
-std::vector<UvRectangle> UvPanelRectangles(const CockpitModel::NodePart& part, int side);
 
 } // namespace Annotator

@@ -150,10 +150,6 @@ ExitCode RunAction(const CommandLine& line, Session& session) {
 
 } // namespace
 
-std::string Session::ResolveArgument(const std::string& path) const {
-    return boost::filesystem::absolute(path, startFolder).string();
-}
-
 int Run(std::vector<std::string> words) {
     std::ios::sync_with_stdio(false);
 #ifdef SIGPIPE

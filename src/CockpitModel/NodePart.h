@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CockpitModel/Blocks/ModelBlocks.h"
-#include "CockpitModel/Picking/PartTree.h"
 #include "CockpitModel/Touch/MouseRect.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 #include "Rendering/Context.h"
@@ -18,11 +17,13 @@ namespace CockpitModel {
 
 struct Node;
 struct Panel;
+class PartTree;
 
 /// What a person sees, picks and annotates: the triangles of one draw call, in the space of its node. Owned by its
 /// node and alive as long as the scene graph, so that plain pointers to it serve everywhere else.
 struct NodePart : Utils::NonAssignable {
-    NodePart() = default;
+    NodePart();
+    ~NodePart();
 
     std::int32_t id = -1; ///< place in its node's parts
     Node* node = nullptr;
@@ -55,7 +56,7 @@ struct NodePart : Utils::NonAssignable {
 
 private:
     mutable std::once_flag treeBuilt; ///< guards `tree`
-    mutable PartTree tree;
+    mutable std::unique_ptr<const PartTree> tree;
 };
 
 } // namespace CockpitModel

@@ -1,11 +1,15 @@
 #include "CockpitModel/SceneGraph.h"
 
 #include "CockpitModel/PartMotion.h"
+#include "CockpitModel/ScenePartBuilder.h"
 #include "Logging/Logger.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 
 #include <algorithm>
+#include <atomic>
+#include <future>
+#include <thread>
 
 namespace CockpitModel {
 
@@ -32,13 +36,12 @@ SceneGraph::SceneGraph(const ModelData& source, const AircraftCockpit& cockpit, 
     Logging::Logger::Get().Log(HERE, "Model has " + std::to_string(model.parts.size()) + " parts, " +
                                          std::to_string(indexCount) + " total drawn vertices, stored in array size " +
                                          std::to_string(model.vertexBlocks.size()));
-    CheckSize();
+    CheckPartSizes(model);
     MakeNodes();
     CheckForRings();
     LinkParents();
     PrepareUpdate();
-    for (const RiffBlockPART& block : model.parts)
-        BuildParts(block);
+    BuildParts(model, panels, nodes);
     SetAllPositions(0.0f);
     for (const auto& node : nodes)
         for (const auto& part : node->parts)
@@ -193,6 +196,27 @@ void SceneGraph::AdoptPublished() {
 
 Rendering::GPUBitmap* SceneGraph::Texture(std::int32_t index) const {
     return Utils::At(textures, index).get();
+}
+
+void SceneGraph::BuildPartTrees() {
+    std::vector<const NodePart*> parts;
+    for (const auto& node : nodes)
+        for (const auto& part : node->parts)
+            parts.push_back(part.get());
+    // The largest first, so that none is left over for one core at the end.
+    std::ranges::stable_sort(parts, std::ranges::greater(), [](const NodePart* part) { return part->vertices.size(); });
+    std::atomic<std::size_t> next = 0;
+    const auto build = [&] {
+        for (std::size_t i = next++; i < parts.size(); i = next++)
+            parts[i]->Tree();
+    };
+    // Deferred where the system has no thread left: then this thread has built everything before it waits.
+    std::vector<std::future<void>> helpers;
+    for (unsigned core = 1; core < std::thread::hardware_concurrency(); ++core)
+        helpers.push_back(std::async(std::launch::async | std::launch::deferred, build));
+    build();
+    for (std::future<void>& helper : helpers)
+        helper.get();
 }
 
 void SceneGraph::PrepareGpuResources(Rendering::Context& context) {

@@ -78,8 +78,6 @@ private:
     void CheckForRings() const;
     void LinkParents();
     void PrepareUpdate();
-    void CheckSize() const;
-    void BuildParts(const RiffBlockPART& block);
     void SetAllPositions(float position);
     void UpdateTransforms();
     void AdoptPublished();

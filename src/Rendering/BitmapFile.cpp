@@ -4,7 +4,7 @@
 #include "Rendering/DdsFile.h"
 #include "Rendering/Images.h"
 #include "Utils/FatalError.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 #include "Utils/Text.h"
 
 #include <array>

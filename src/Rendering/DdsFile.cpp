@@ -1,6 +1,6 @@
 #include "Rendering/DdsFile.h"
 
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <algorithm>
 #include <span>

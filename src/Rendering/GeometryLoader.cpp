@@ -2,7 +2,7 @@
 
 #include "Logging/Logger.h"
 #include "Utils/FatalError.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 #include "Utils/RangeCheck.h"
 
 #include <boost/filesystem/operations.hpp>

@@ -1,9 +1,15 @@
 #include "Sim/AircraftInfo.h"
 
+#include <boost/filesystem/path.hpp>
+
 namespace Sim {
 
 bool AircraftInfo::operator!=(const AircraftInfo& other) const {
     return acfPath != other.acfPath || displayName != other.displayName;
+}
+
+std::string FolderStem(const std::string& filePath) {
+    return boost::filesystem::path(filePath).parent_path().stem().string();
 }
 
 } // namespace Sim

@@ -20,4 +20,8 @@ struct AircraftInfo {
     std::string displayName; ///< as the file gives it, byte for byte
 };
 
+/// The name of the folder that holds a file, up to that name's last dot: "A/Big.Jet 1.2/x.acf" gives "Big.Jet 1".
+/// It names an aircraft's annotation and detected-data files.
+std::string FolderStem(const std::string& filePath);
+
 } // namespace Sim

@@ -2,8 +2,8 @@
 
 #include "Sim/AcfFile.h"
 #include "Sim/XPAircraftInfo.h"
+#include "Utils/Files.h"
 #include "Utils/LineBlocks.h"
-#include "Utils/Paths.h"
 #include "Utils/Text.h"
 
 #include <boost/filesystem/operations.hpp>

@@ -1,14 +1,11 @@
 #include "Utils/Paths.h"
 
-#include "Logging/Logger.h"
 #include "Utils/Platform.h"
 #include "Utils/Text.h"
 
-#include <algorithm>
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/split.hpp>
 #include <boost/filesystem/operations.hpp>
-#include <fstream>
 #include <vector>
 
 namespace fs = boost::filesystem;
@@ -16,11 +13,6 @@ namespace fs = boost::filesystem;
 namespace Utils {
 
 namespace {
-
-/// What is read at once from a stream that does not know its size.
-constexpr std::size_t kFirstRead = 64 << 10;
-/// A size above is no file's: the end of a folder opened as a file, for one.
-constexpr std::streamoff kGreatestSize = std::streamoff{4} << 30;
 
 bool Exists(const fs::path& path) {
     boost::system::error_code error;
@@ -108,62 +100,6 @@ fs::path UserDataFolder() {
 
 std::filesystem::path StreamPath(const fs::path& path) {
     return path.native();
-}
-
-std::string FolderStem(const std::string& filePath) {
-    return fs::path(filePath).parent_path().stem().string();
-}
-
-std::string TooLargeText(const fs::path& path) {
-    boost::system::error_code error;
-    const std::uintmax_t size = fs::is_regular_file(path, error) ? fs::file_size(path, error) : 0;
-    if (error || size <= kLargestFile)
-        return {};
-    return path.string() + " has " + std::to_string(size) + " bytes; a file of more than " +
-           std::to_string(kLargestFile) + " bytes is not read";
-}
-
-bool IsReadableFile(const fs::path& path) {
-    const std::string tooLarge = TooLargeText(path);
-    if (!tooLarge.empty())
-        Logging::Logger::Get().Log(HERE, tooLarge);
-    boost::system::error_code error;
-    return tooLarge.empty() && fs::is_regular_file(path, error);
-}
-
-std::ifstream OpenFile(const fs::path& path) {
-    return IsReadableFile(path) ? std::ifstream(StreamPath(path), std::ios::binary) : std::ifstream();
-}
-
-std::string ReadFile(const fs::path& path) {
-    std::ifstream file = OpenFile(path);
-    return file.is_open() ? ReadAll(file) : std::string();
-}
-
-std::size_t SizeLeft(std::istream& stream) {
-    if (!stream.rdbuf())
-        return 0;
-    std::streambuf& buffer = *stream.rdbuf();
-    const std::streamoff here = buffer.pubseekoff(0, std::ios::cur, std::ios::in);
-    if (here < 0)
-        return 0;
-    const std::streamoff end = buffer.pubseekoff(0, std::ios::end, std::ios::in);
-    buffer.pubseekpos(here, std::ios::in);
-    return end < here || end - here > kGreatestSize ? 0 : static_cast<std::size_t>(end - here);
-}
-
-std::string ReadAll(std::istream& stream) {
-    std::string text;
-    const std::size_t size = SizeLeft(stream);
-    std::size_t room = size == 0 ? kFirstRead : size + 1; // so that the first read meets the end
-    while (stream && text.size() < kLargestFile) {
-        const std::size_t had = text.size();
-        text.resize(had + room);
-        stream.read(text.data() + had, static_cast<std::streamsize>(room));
-        text.resize(had + static_cast<std::size_t>(stream.gcount()));
-        room = std::max(kFirstRead, text.size());
-    }
-    return text;
 }
 
 } // namespace Utils

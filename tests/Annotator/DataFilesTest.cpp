@@ -1,6 +1,6 @@
 #include "Annotator/DataFiles.h"
 #include "Support/TemporaryFolder.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <gmock/gmock.h>
 #include <map>

@@ -1,12 +1,9 @@
 #include "Annotator/PaneTexts.h"
 
-#include "CockpitModel/Panels/PanelSet.h"
 #include "CockpitModel/SceneGraph.h"
 #include "Support/ModelBuilder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <limits>
 
 namespace {
 
@@ -72,22 +69,6 @@ TEST(PaneTexts, WritesAMatrixWithASignBeforeEachNumber) {
               "Node Local Matrix:\n" + text + "\n");
 }
 
-TEST(PaneTexts, MovesAllAnimationsOfOneDataref) {
-    ModelData model;
-    for (const char* name : {"sim/a", "sim/b", "sim/a"})
-        model.animations.push_back(Support::Animation(name, {}));
-    model.animations[2].length = 50.0f;
-    MoveAnimations(model, model.animations[0], 25);
-    EXPECT_FLOAT_EQ(model.animations[0].position, 0.25f);
-    EXPECT_FLOAT_EQ(model.animations[1].position, 0.0f);
-    EXPECT_FLOAT_EQ(model.animations[2].position, 0.125f);
-    EXPECT_EQ(SliderPercent(model.animations[0]), 25);
-    model.animations[0].position = 0.259f;
-    EXPECT_EQ(SliderPercent(model.animations[0]), 25) << "truncated";
-    model.animations[0].position = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_EQ(SliderPercent(model.animations[0]), 0);
-}
-
 TEST(PaneTexts, TellsOfAPartWhatItHas) {
     Chain chain("sim/a");
     NodePart& part = chain.Part();
@@ -116,34 +97,6 @@ TEST(PaneTexts, TellsOfAPartWhatItHas) {
     EXPECT_EQ(MaterialText(part), "MaterialTexId: -1 TexId: 5 Tex: a&b.png");
     part.material = nullptr;
     EXPECT_EQ(MaterialText(part), "Material:");
-}
-
-TEST(PaneTexts, LaysTheTextureOutOnASquare) {
-    NodePart part;
-    part.vertices.resize(5); // a triangle and a rest that is none
-    part.vertices[0].texture = {0.255f, 1.0f};
-    part.vertices[1].texture = {-0.019f, 0.5f};
-    part.vertices[2].texture = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()};
-    const auto triangles = UvTriangles(part, 100);
-    ASSERT_EQ(triangles.size(), 1u);
-    EXPECT_EQ(triangles[0][0].x, 25);
-    EXPECT_EQ(triangles[0][0].y, 100);
-    EXPECT_EQ(triangles[0][1].x, -1) << "truncated, not rounded down";
-    EXPECT_EQ(triangles[0][2].x, 0);
-    EXPECT_GE(triangles[0][2].y, 100000) << "far outside, but a number";
-
-    EXPECT_TRUE(UvPanelRectangles(part, 100).empty());
-    Panel panel;
-    panel.Entries.resize(1);
-    PanelEntry& entry = panel.Entries[0];
-    entry.U = 0.1f, entry.V = 0.25f, entry.Width = 0.5f, entry.Height = 0.125f;
-    part.panel = &panel;
-    const auto rectangles = UvPanelRectangles(part, 200);
-    ASSERT_EQ(rectangles.size(), 1u);
-    EXPECT_EQ(rectangles[0].corner.x, 20);
-    EXPECT_EQ(rectangles[0].corner.y, 50);
-    EXPECT_EQ(rectangles[0].size.x, 100);
-    EXPECT_EQ(rectangles[0].size.y, 25);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "CockpitModel/SceneGraph.h"
 
+#include "CockpitModel/Picking/PartTree.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "Rendering/Memory/NullContext.h"
 #include "Support/ModelBuilder.h"
@@ -224,25 +225,22 @@ TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
     }
 }
 
-TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
+TEST(ScenePartBuilderTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
     const std::vector<Support::Corner> corners = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}};
-    struct Row {
+    const struct {
         std::uint32_t type;
         std::size_t count;
         std::vector<float> soup;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {1, 4, {0, 1, 2, 3}},
-        {1, 3, {0, 1, 2}},
         {2, 5, {0, 1, 2, 0, 2, 3, 0, 3, 4}},
         {3, 5, {0, 1, 2, 1, 2, 3, 2, 3, 4}},
         {1, 2, {}},
         {2, 2, {}},
-        {3, 0, {}},
         {0, 5, {}},
         {4, 5, {}},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         ModelBuilder builder;
         builder.Part(0, {corners.begin(), corners.begin() + static_cast<std::ptrdiff_t>(row.count)}, row.type);
         SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
@@ -254,7 +252,7 @@ TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
     }
 }
 
-TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
+TEST(ScenePartBuilderTest, PartsKnowTheirPlaceTextureAndRectangle) {
     ModelBuilder builder;
     const int texture = builder.Texture("second.png");
     builder.Part(0, TriangleAt(0));

@@ -1,4 +1,5 @@
 #include "Support/TemporaryFolder.h"
+#include "Utils/Files.h"
 #include "Utils/Paths.h"
 #include "Utils/Platform.h"
 #include "Utils/SaveFile.h"

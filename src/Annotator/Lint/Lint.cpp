@@ -7,6 +7,7 @@
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "CockpitModel/XPlane/XPObjData.h"
+#include "Utils/Files.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 #include "Utils/Text.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CockpitModel/Picking/PartTree.h"
+#include "CockpitModel/Picking/PartRay.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "Annotator/Preview/CockpitPreview.h"
 
 #include "CockpitModel/PartTransformCalculator.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "Rendering/GeometryLoader.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "Annotator/Preview/PreviewPicture.h"
 
+#include "Annotator/AnimationPosition.h"
 #include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Preview/Framing.h"
@@ -13,18 +14,6 @@ namespace {
 
 /// Late enough for the pulse of the selection to rest.
 constexpr double kPictureTime = 1.0; // seconds
-
-void ApplyPosition(CockpitModel::ModelData& model, const PictureRequest::Position& position) {
-    bool found = false;
-    for (CockpitModel::ModelAnimation& animation : model.animations) {
-        if (animation.name != position.dataref)
-            continue;
-        animation.position = position.fraction * animation.length / 100.0f;
-        found = true;
-    }
-    if (!found)
-        throw std::invalid_argument("no animation of the cockpit follows " + position.dataref);
-}
 
 CockpitModel::NodePart* FindPart(const CockpitModel::SceneGraph& sceneGraph, const PictureRequest::PartPlace& place) {
     const auto& nodes = sceneGraph.Nodes();
@@ -69,7 +58,8 @@ CanvasControl PlaceCamera(const PictureRequest& request, const CockpitModel::Air
 void DrawPreviewPicture(Rendering::Context& context, const PictureRequest& request, const OpenedAircraft& opened,
                         const BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations) {
     for (const PictureRequest::Position& position : request.positions)
-        ApplyPosition(*built.model, position);
+        if (!MoveAnimations(*built.model, position.dataref, position.fraction))
+            throw std::invalid_argument("no animation of the cockpit follows " + position.dataref);
     CockpitPreview preview;
     preview.StopClock(kPictureTime);
     preview.ShowTransparent(request.showTransparent);

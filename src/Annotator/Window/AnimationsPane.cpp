@@ -1,5 +1,6 @@
 #include "Annotator/Window/AnimationsPane.h"
 
+#include "Annotator/AnimationPosition.h"
 #include "Annotator/FailureTexts.h"
 #include "Annotator/Window/AccessibleName.h"
 #include "Annotator/Window/ProblemBox.h"
@@ -49,7 +50,7 @@ void AnimationsPane::OnAnimationChosen() {
 
 void AnimationsPane::OnSliderMoved() {
     if (selectedAnimation && model && part)
-        MoveAnimations(*model, *selectedAnimation, positionSlider->GetValue());
+        MoveAnimations(*model, selectedAnimation->name, static_cast<float>(positionSlider->GetValue()) / 100.0f);
 }
 
 } // namespace Annotator

@@ -6,7 +6,7 @@
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Logging/Logger.h"
 #include "Utils/FatalError.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <stdexcept>
 

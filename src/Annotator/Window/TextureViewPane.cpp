@@ -1,6 +1,6 @@
 #include "Annotator/Window/TextureViewPane.h"
 
-#include "Annotator/PaneTexts.h"
+#include "Annotator/UvGeometry.h"
 #include "Annotator/Window/AccessibleName.h"
 
 #include <algorithm>

@@ -6,7 +6,7 @@
 #include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/operations.hpp>

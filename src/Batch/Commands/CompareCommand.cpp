@@ -1,5 +1,5 @@
+#include "Annotator/DetectedDataFile.h"
 #include "Batch/Commands.h"
-#include "Batch/DetectedData.h"
 #include "Batch/Reports/Json.h"
 
 #include <CLI/CLI.hpp>
@@ -15,6 +15,8 @@ namespace {
 
 namespace fs = boost::filesystem;
 
+using Annotator::DetectedPart;
+using Annotator::DetectedParts;
 using CockpitModel::TouchEventTypeToText;
 using CockpitModel::TouchInteractionTypeToText;
 
@@ -72,7 +74,7 @@ std::vector<PartDifference> Differences(const DetectedParts& a, const DetectedPa
 std::optional<DetectedParts> ReadOrTell(const std::string& folder, const std::string& name, Console& console) {
     const std::string path = (fs::path(folder) / name).string();
     try {
-        return ReadDetectedData(path);
+        return Annotator::ReadDetectedData(path);
     } catch (const std::exception& error) {
         console.Message(path + ": " + error.what());
         return std::nullopt;

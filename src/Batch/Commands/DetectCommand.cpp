@@ -1,6 +1,6 @@
 #include "Annotator/AircraftLoading.h"
 #include "Annotator/DataFiles.h"
-#include "Annotator/DetectedDataExport.h"
+#include "Annotator/DetectedDataFile.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"

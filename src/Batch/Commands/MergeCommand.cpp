@@ -1,7 +1,7 @@
 #include "Batch/Commands.h"
 #include "Batch/Reports/Json.h"
-#include "Batch/Reports/ReportOptions.h"
-#include "Utils/Paths.h"
+#include "Batch/Reports/PublishReport.h"
+#include "Utils/Files.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,13 +1,14 @@
 #include "Annotator/DataFiles.h"
+#include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Preview/PreviewPicture.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"
 #include "Batch/Jobs/ScopedSignalBlock.h"
-#include "Batch/OffScreen.h"
 #include "Rendering/GeometryLoader.h"
 #include "Rendering/Images.h"
+#include "Rendering/OffScreen.h"
 #include "Utils/Platform.h"
 
 #include <CLI/CLI.hpp>
@@ -127,9 +128,10 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
     annotations.Read(CockpitModel::AnnotationFile(info));
     try {
-        const Rendering::MemBitmap picture = DrawOffScreen(options.picture.size, [&](Rendering::Context& context) {
-            Annotator::DrawPreviewPicture(context, options.picture, opened, built, annotations);
-        });
+        const Rendering::MemBitmap picture =
+            Rendering::DrawOffScreen(options.picture.size, Annotator::kCanvasColour, [&](Rendering::Context& context) {
+                Annotator::DrawPreviewPicture(context, options.picture, opened, built, annotations);
+            });
         return char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Rendering::ToPng(picture);
     } catch (const std::invalid_argument& error) {
         return char{kWrongRequest} + std::string(error.what());

@@ -1,7 +1,7 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"
-#include "Batch/Reports/ReportOptions.h"
+#include "Batch/Reports/PublishReport.h"
 #include "Utils/Text.h"
 
 #include <CLI/CLI.hpp>

@@ -27,6 +27,8 @@ struct JobResult {
 ///
 /// Where the system cannot copy a process, each one is this program started once more with the same words and its
 /// aircraft's path (JobAircraft), and comes as far as this call: what stands ahead of it is done in each of them.
+///
+/// Defined in JobPoolLinux.cpp and JobPoolWindows.cpp.
 void RunJobs(const AircraftSelection& aircraft, std::size_t processes, const Job& job,
              const std::function<void(JobResult&&)>& use);
 

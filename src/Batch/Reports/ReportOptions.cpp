@@ -1,76 +1,13 @@
 #include "Batch/Reports/ReportOptions.h"
 
-#include "Batch/Jobs/ScopedSignalBlock.h"
-
 #include <CLI/CLI.hpp>
 
 namespace Batch {
-
-namespace {
-
-/// A report that the program can write, and the option that asks for it.
-struct ReportForm {
-    const char* option;
-    const char* description;
-    std::string (*make)(const TestReport& report);
-};
-
-constexpr ReportForm kReportForms[] = {
-    {"--junit", "Writes the results as JUnit XML, a suite per aircraft", JUnitReport},
-    {"--json", "Writes the results as JSON", JsonReport},
-    {"--csv", "Writes the results as a table for a spreadsheet", CsvReport},
-    {"--html", "Writes the results as one page for a browser", HtmlReport},
-};
-static_assert(std::size(kReportForms) == std::tuple_size_v<decltype(ReportOptions::files)>);
-
-void PrintProblems(const TestReport& report, Console& console) {
-    for (const auto& [tests, problems] : report)
-        for (const std::string& problem : problems)
-            console.Message(Shown(tests.displayName + " (" + tests.acfPath + "): " + problem));
-}
-
-/// False when one could not be written.
-bool WriteReports(const TestReport& report, const ReportOptions& options, Session& session) {
-    bool written = true;
-    for (std::size_t i = 0; i < options.files.size(); ++i) {
-        if (options.files[i].empty())
-            continue;
-        const std::string path = session.ResolveArgument(options.files[i]);
-        if (const auto saved = SaveWithSignalsHeld(path, kReportForms[i].make(report)); !saved) {
-            session.console.Message(saved.error);
-            written = false;
-        }
-    }
-    return written;
-}
-
-ExitCode Outcome(const TestTotals& totals, const ReportOptions& options, Console& console) {
-    console.Message(Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed");
-    // An expectation that was not tested weighs more than one that failed.
-    if (totals.withProblems > 0)
-        return kAircraftFailed;
-    if (totals.Tests() > 0)
-        return totals.failed > 0 ? kTestFailed : kDone;
-    console.Message(
-        "no test found: no annotation file of these aircraft in QVRA/Annotations has an InteractionTypeTest");
-    return options.requireTests ? kTestFailed : kDone;
-}
-
-} // namespace
 
 void AddReportOptions(CLI::App& app, ReportOptions& options) {
     for (std::size_t i = 0; i < options.files.size(); ++i)
         app.add_option(kReportForms[i].option, options.files[i], kReportForms[i].description)->type_name("FILE");
     app.add_flag("--require-tests", options.requireTests, "Fails when there is no test at all");
-}
-
-ExitCode PublishReport(const TestReport& report, const ReportOptions& options, Session& session) {
-    Print(TableText(report));
-    FlushPrinted();
-    PrintProblems(report, session.console);
-    const bool written = WriteReports(report, options, session);
-    const ExitCode outcome = Outcome(Totals(report), options, session.console);
-    return written ? outcome : kNotWritten;
 }
 
 } // namespace Batch

@@ -4,7 +4,7 @@
 #include "CockpitModel/SceneGraph.h"
 #include "Logging/Logger.h"
 #include "Sim/AircraftInfo.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 #include "Utils/RangeCheck.h"
 
 #include <algorithm>
@@ -41,7 +41,7 @@ bool SaysMore(const std::string& xml, std::vector<AnnotationRecord> records) {
 } // namespace
 
 std::string AnnotationFile(const Sim::AircraftInfo& info) {
-    return std::string(kFolder) + "/" + Utils::FolderStem(info.acfPath) + ".xml";
+    return std::string(kFolder) + "/" + Sim::FolderStem(info.acfPath) + ".xml";
 }
 
 std::string AnnotationPath(const Sim::AircraftInfo& info) {

@@ -1,6 +1,6 @@
 #include "CockpitModel/Annotations/AnnotationXml.h"
 
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <algorithm>
 #include <bitset>

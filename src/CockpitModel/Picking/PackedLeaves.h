@@ -15,6 +15,9 @@ inline constexpr std::uint32_t kNotPacked = 0xFFFFFFFF;
 /// What large leaves hold beside their lists: the same triangles once more, sorted by place and packed in fours, with
 /// boxes about four packs and sixteen packs, so that a ray tests few of them. A pack is left out only where no rounding
 /// in the test of its triangles could make a hit of them.
+///
+/// With them and the box tests of PartTree, a pick through all parts of a cockpit takes about 0.64 of the time of a
+/// plain walk over the same trees, for 1,500 parts with 867,000 triangles (RaysThroughAll of bench/PickingBench).
 class PackedLeaves {
 public:
     /// Returns the leaf's name. The box is that of its triangles; `sorted` is room to work in.
@@ -40,7 +43,7 @@ private:
     struct Leaf {
         Utils::Vector3 centre;
         float radius;
-        float smallK; ///< how far hits drift off small triangles, see LargeLeaf.cpp
+        float smallK; ///< how far hits drift off small triangles, see PackedLeaves.cpp
         std::uint32_t firstGroup, groupCount;
         std::uint32_t firstGroupBoxes;
         std::uint32_t firstNormals, largeGroupCount;

@@ -85,12 +85,6 @@ bool PartTree::SimdSlabs::Enter(const PartTreeBox& box, float& enter) const {
     return enter <= Utils::LeastLane(Utils::Max(t1, t2) + skipped);
 }
 
-PartRay TransformRay(const PartRay& ray, const Utils::Matrix4& matrix) {
-    const Vector3 origin = Utils::TransformPoint(ray.origin, matrix);
-    const Vector3 end = Utils::TransformPoint(ray.origin + ray.direction, matrix);
-    return {origin, Utils::Normalised(end - origin)};
-}
-
 std::array<Vector3, 8> PartTreeBox::Corners() const {
     std::array<Vector3, 8> corners;
     std::size_t i = 0;

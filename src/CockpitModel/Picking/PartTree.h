@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CockpitModel/Picking/PackedLeaves.h"
+#include "CockpitModel/Picking/PartRay.h"
 #include "Rendering/GeometryVertex.h"
 #include "Utils/LinearAlgebra.h"
 
@@ -12,20 +13,11 @@
 
 namespace CockpitModel {
 
-/// Unit direction; both in the space of whatever it is tested against.
-struct PartRay {
-    Utils::Vector3 origin = Utils::Vector3::Zero();
-    Utils::Vector3 direction = Utils::Vector3::Zero();
-};
-
 struct PartHit {
     Utils::Vector3 position = Utils::Vector3::Zero();
     Utils::Vector2 texture = Utils::Vector2::Zero(); ///< zero unless the tree keeps texture coordinates
     float distance = 0;                              ///< along the ray
 };
-
-/// The ray with both its ends moved by the matrix and its direction made a unit again; a zero direction stays zero.
-PartRay TransformRay(const PartRay& ray, const Utils::Matrix4& matrix);
 
 /// Axis-aligned bounds of some triangles; coordinates that are no numbers are not counted. Zero without triangles.
 struct PartTreeBox {

@@ -6,6 +6,9 @@
 #include <cstring>
 
 /// Numbers in text, as a stream reads them: the longest number at a place, an optional sign first.
+///
+/// With them, reading a whole object takes about 0.6 of the time in which std::from_chars alone reads the numbers of
+/// the same text (BesideFromChars of bench/ReaderBench).
 namespace CockpitModel {
 
 /// So many bytes must be readable from the end of the text on, which stands behind a byte that belongs to no number.

@@ -5,6 +5,7 @@
 #include "Logging/Logger.h"
 #include "Sim/AcfFile.h"
 #include "Sim/AircraftInfo.h"
+#include "Utils/Files.h"
 #include "Utils/Paths.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "CockpitModel/XPlane/XPObjReader.h"
 
 #include "CockpitModel/XPlane/NumberText.h"
+#include "Utils/Files.h"
 #include "Utils/LineBlocks.h"
-#include "Utils/Paths.h"
 #include "Utils/Text.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "Logging/Logger.h"
 #include "Rendering/DdsFile.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <algorithm>
 #include <d3dcompiler.h>

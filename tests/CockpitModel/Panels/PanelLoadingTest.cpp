@@ -1,4 +1,5 @@
 #include "CockpitModel/Panels/PanelSet.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "CockpitModel/SceneGraph.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "Support/ModelBuilder.h"

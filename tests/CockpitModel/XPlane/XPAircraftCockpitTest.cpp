@@ -2,7 +2,7 @@
 
 #include "Sim/XPAircraftInfo.h"
 #include "Support/TemporaryFolder.h"
-#include "Utils/Paths.h"
+#include "Utils/Files.h"
 
 #include <boost/lexical_cast.hpp>
 #include <cmath>

@@ -7,7 +7,21 @@
 #include <string>
 #include <utility>
 
-namespace Batch {
+namespace CockpitModel {
+class SceneGraph;
+}
+namespace Sim {
+struct AircraftInfo;
+}
+
+namespace Annotator {
+
+/// The folder of the detected-data files of this build, relative to the installation.
+std::string DetectedDataFolder();
+/// The name of an aircraft's detected-data file in that folder.
+std::string DetectedDataFileName(const Sim::AircraftInfo& info);
+/// One XML document with the detected types of all parts, as it stands in the file.
+std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph);
 
 /// What a detected-data file says of one part.
 struct DetectedPart {
@@ -25,4 +39,4 @@ using DetectedParts = std::map<std::pair<std::int32_t, std::int32_t>, DetectedPa
 /// stands there and what is needed.
 DetectedParts ReadDetectedData(const std::string& path);
 
-} // namespace Batch
+} // namespace Annotator

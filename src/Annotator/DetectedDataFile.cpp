@@ -1,15 +1,49 @@
-#include "Batch/DetectedData.h"
+#include "Annotator/DetectedDataFile.h"
 
-#include "Utils/Paths.h"
+#include "CockpitModel/SceneGraph.h"
+#include "Sim/AircraftInfo.h"
+#include "Utils/Files.h"
 #include "Utils/Text.h"
 
 #include <charconv>
 #include <stdexcept>
 #include <tinyxml2.h>
 
-namespace Batch {
+namespace Annotator {
 
 namespace {
+
+constexpr int kBuildNumber = 1389;
+constexpr const char* kBuildId = "2a5530b";
+
+class PartListWriter {
+public:
+    PartListWriter() { printer.OpenElement("NodePartList"); }
+
+    void Add(std::size_t nodeId, std::size_t partId, const CockpitModel::NodePart& part) {
+        printer.OpenElement("Part");
+        AddText("NodeId", std::to_string(nodeId));
+        AddText("PartId", std::to_string(partId));
+        AddText("InteractionType", TouchInteractionTypeToText(part.InteractionType));
+        AddText("EventType", TouchEventTypeToText(part.EventType));
+        AddText("Reverse", part.Reverse ? "1" : "0");
+        printer.CloseElement();
+    }
+
+    std::string Finish() {
+        printer.CloseElement();
+        return {printer.CStr(), static_cast<std::size_t>(printer.CStrSize() - 1)};
+    }
+
+private:
+    void AddText(const char* element, const std::string& text) {
+        printer.OpenElement(element);
+        printer.PushText(text.c_str());
+        printer.CloseElement();
+    }
+
+    tinyxml2::XMLPrinter printer;
+};
 
 using tinyxml2::XMLElement;
 
@@ -47,6 +81,23 @@ bool FlagFromText(const std::string& text) {
 
 } // namespace
 
+std::string DetectedDataFolder() {
+    return "QVRA/AirLogs/" + std::to_string(kBuildNumber) + "-" + kBuildId + "-4";
+}
+
+std::string DetectedDataFileName(const Sim::AircraftInfo& info) {
+    return Sim::FolderStem(info.acfPath) + ".xml";
+}
+
+std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph) {
+    PartListWriter writer;
+    const auto& nodes = sceneGraph.Nodes();
+    for (std::size_t node = 0; node < nodes.size(); ++node)
+        for (std::size_t part = 0; part < nodes[node]->parts.size(); ++part)
+            writer.Add(node, part, *nodes[node]->parts[part]);
+    return writer.Finish();
+}
+
 DetectedParts ReadDetectedData(const std::string& path) {
     const std::string xml = Utils::ReadFile(path);
     tinyxml2::XMLDocument document;
@@ -72,4 +123,4 @@ DetectedParts ReadDetectedData(const std::string& path) {
     return parts;
 }
 
-} // namespace Batch
+} // namespace Annotator

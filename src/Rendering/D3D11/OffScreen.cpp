@@ -1,17 +1,16 @@
-#include "Batch/OffScreen.h"
+#include "Rendering/OffScreen.h"
 
-#include "Annotator/Preview/CanvasControl.h"
 #include "Rendering/D3D11/D3D11FrameTarget.h"
 
 #include <stdexcept>
 
-namespace Batch {
+namespace Rendering {
 
 namespace {
 
 /// The software device serves machines without a graphics card.
-Rendering::D3D11::ComPtr<ID3D11Device> MakeDevice() {
-    Rendering::D3D11::ComPtr<ID3D11Device> device;
+D3D11::ComPtr<ID3D11Device> MakeDevice() {
+    D3D11::ComPtr<ID3D11Device> device;
     for (const D3D_DRIVER_TYPE driver : {D3D_DRIVER_TYPE_HARDWARE, D3D_DRIVER_TYPE_WARP})
         if (SUCCEEDED(D3D11CreateDevice(nullptr, driver, nullptr, 0, nullptr, 0, D3D11_SDK_VERSION, &device, nullptr,
                                         nullptr)))
@@ -21,15 +20,15 @@ Rendering::D3D11::ComPtr<ID3D11Device> MakeDevice() {
 
 } // namespace
 
-Rendering::MemBitmap DrawOffScreen(Rendering::Size size, const std::function<void(Rendering::Context&)>& draw) {
+MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
     const auto device = MakeDevice();
-    const Rendering::Camera camera; // gives the eye matrices alone
-    Rendering::D3D11::D3D11Context context(device.Get(), camera);
-    Rendering::D3D11::D3D11FrameTarget target(context, device.Get(), kSamples);
+    const Camera camera; // gives the eye matrices alone
+    D3D11::D3D11Context context(device.Get(), camera);
+    D3D11::D3D11FrameTarget target(context, device.Get(), kOffScreenSamples);
     target.Resize(size);
-    target.Begin(Annotator::kCanvasColour);
+    target.Begin(background);
     draw(context);
     return target.Read();
 }
 
-} // namespace Batch
+} // namespace Rendering

@@ -1,15 +1,12 @@
+#include "CockpitModel/ScenePartBuilder.h"
+
 #include "CockpitModel/NoMaterial.h"
 #include "CockpitModel/NodePart.h"
 #include "CockpitModel/Panels/PanelParts.h"
 #include "CockpitModel/Panels/PanelSet.h"
-#include "CockpitModel/SceneGraph.h"
 #include "Utils/RangeCheck.h"
 
-#include <algorithm>
-#include <atomic>
-#include <future>
 #include <string_view>
-#include <thread>
 
 namespace CockpitModel {
 
@@ -17,8 +14,8 @@ namespace {
 
 using Rendering::GeometryVertex;
 using Soup = std::vector<GeometryVertex>;
+using Nodes = std::vector<std::unique_ptr<Node>>;
 
-constexpr float kOpaqueAlpha = 0.9f;
 /// Draw calls may draw the same vertices and name the same texture over and over, so that a small file could fill the
 /// memory with copies. Cockpits draw up to a few million vertices.
 constexpr std::uint64_t kMostVertices = 1 << 24;
@@ -140,19 +137,28 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
     }
 }
 
+/// None for a draw call that makes no triangle.
+void AddParts(const ModelData& model, const RiffBlockPART& block, const PanelSet* panels, const Nodes& nodes) {
+    Node& node = *NamedEntry(nodes, block.Node, model, block, "node");
+    Soup soup = MakeTriangles(ExpandIndices(model, block), block.Type);
+    if (soup.size() < 3)
+        return;
+    auto part = std::make_unique<NodePart>();
+    part->vertices = std::move(soup);
+    part->block = block;
+    part->material = &FindMaterial(model, block);
+    if (part->material->TextureDiffuse >= 0) {
+        part->textureIndex = part->material->TextureDiffuse;
+        part->textureName =
+            NamedEntry(model.textures.Children, std::uint32_t(*part->textureIndex), model, block, "texture");
+        AddPanelParts(node, *part, panels);
+    }
+    AddToNode(node, std::move(part));
+}
+
 } // namespace
 
-bool NodePart::IsTransparent() const {
-    return material && !(material->BlendKind == kOpaqueBlend && material->Alpha >= kOpaqueAlpha);
-}
-
-const PartTree& NodePart::Tree() const {
-    std::call_once(treeBuilt, [this] { tree = PartTree(vertices); });
-    return tree;
-}
-
-/// Before the building, so that what is too large fails before it has taken its time.
-void SceneGraph::CheckSize() const {
+void CheckPartSizes(const ModelData& model) {
     const std::uint64_t poolSize = model.indexBlocks.empty() ? 0 : model.indexBlocks[0].Children.size();
     std::uint64_t vertices = 0, nameBytes = 0;
     for (const RiffBlockPART& block : model.parts) {
@@ -172,43 +178,9 @@ void SceneGraph::CheckSize() const {
     }
 }
 
-void SceneGraph::BuildParts(const RiffBlockPART& block) {
-    Node& node = *NamedEntry(nodes, block.Node, model, block, "node");
-    Soup soup = MakeTriangles(ExpandIndices(model, block), block.Type);
-    if (soup.size() < 3)
-        return;
-    auto part = std::make_unique<NodePart>();
-    part->vertices = std::move(soup);
-    part->block = block;
-    part->material = &FindMaterial(model, block);
-    if (part->material->TextureDiffuse >= 0) {
-        part->textureIndex = part->material->TextureDiffuse;
-        part->textureName =
-            NamedEntry(model.textures.Children, std::uint32_t(*part->textureIndex), model, block, "texture");
-        AddPanelParts(node, *part, panels);
-    }
-    AddToNode(node, std::move(part));
-}
-
-void SceneGraph::BuildPartTrees() {
-    std::vector<const NodePart*> parts;
-    for (const auto& node : nodes)
-        for (const auto& part : node->parts)
-            parts.push_back(part.get());
-    // The largest first, so that none is left over for one core at the end.
-    std::ranges::stable_sort(parts, std::ranges::greater(), [](const NodePart* part) { return part->vertices.size(); });
-    std::atomic<std::size_t> next = 0;
-    const auto build = [&] {
-        for (std::size_t i = next++; i < parts.size(); i = next++)
-            parts[i]->Tree();
-    };
-    // Deferred where the system has no thread left: then this thread has built everything before it waits.
-    std::vector<std::future<void>> helpers;
-    for (unsigned core = 1; core < std::thread::hardware_concurrency(); ++core)
-        helpers.push_back(std::async(std::launch::async | std::launch::deferred, build));
-    build();
-    for (std::future<void>& helper : helpers)
-        helper.get();
+void BuildParts(const ModelData& model, const PanelSet* panels, const Nodes& nodes) {
+    for (const RiffBlockPART& block : model.parts)
+        AddParts(model, block, panels, nodes);
 }
 
 } // namespace CockpitModel

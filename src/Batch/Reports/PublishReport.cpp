@@ -1,0 +1,53 @@
+#include "Batch/Reports/PublishReport.h"
+
+#include "Batch/Jobs/ScopedSignalBlock.h"
+
+namespace Batch {
+
+namespace {
+
+void PrintProblems(const TestReport& report, Console& console) {
+    for (const auto& [tests, problems] : report)
+        for (const std::string& problem : problems)
+            console.Message(Shown(tests.displayName + " (" + tests.acfPath + "): " + problem));
+}
+
+/// False when one could not be written.
+bool WriteReports(const TestReport& report, const ReportOptions& options, Session& session) {
+    bool written = true;
+    for (std::size_t i = 0; i < options.files.size(); ++i) {
+        if (options.files[i].empty())
+            continue;
+        const std::string path = session.ResolveArgument(options.files[i]);
+        if (const auto saved = SaveWithSignalsHeld(path, kReportForms[i].make(report)); !saved) {
+            session.console.Message(saved.error);
+            written = false;
+        }
+    }
+    return written;
+}
+
+ExitCode Outcome(const TestTotals& totals, const ReportOptions& options, Console& console) {
+    console.Message(Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed");
+    // An expectation that was not tested weighs more than one that failed.
+    if (totals.withProblems > 0)
+        return kAircraftFailed;
+    if (totals.Tests() > 0)
+        return totals.failed > 0 ? kTestFailed : kDone;
+    console.Message(
+        "no test found: no annotation file of these aircraft in QVRA/Annotations has an InteractionTypeTest");
+    return options.requireTests ? kTestFailed : kDone;
+}
+
+} // namespace
+
+ExitCode PublishReport(const TestReport& report, const ReportOptions& options, Session& session) {
+    Print(TableText(report));
+    FlushPrinted();
+    PrintProblems(report, session.console);
+    const bool written = WriteReports(report, options, session);
+    const ExitCode outcome = Outcome(Totals(report), options, session.console);
+    return written ? outcome : kNotWritten;
+}
+
+} // namespace Batch
