@@ -7,12 +7,12 @@
 
 namespace Batch {
 
-/// A picture that `draw` makes on a graphics device without a window: red, green, blue, alpha, top row first. The
-/// context's target has this size, smooth edges, and is cleared to the canvas's colour. Throws std::runtime_error where
-/// the system has no device to give.
+/// An image that `draw` renders on a graphics device without a window: red, green, blue, alpha, top row first. The
+/// context's target has this size, is multisampled and is cleared to the canvas's colour. Throws std::runtime_error if
+/// the system offers no device.
 Rendering::MemBitmap DrawOffScreen(Rendering::Size size, const std::function<void(Rendering::Context&)>& draw);
 
-/// Samples a pixel.
+/// Samples per pixel.
 inline constexpr std::uint32_t kSamples = 4;
 
 } // namespace Batch

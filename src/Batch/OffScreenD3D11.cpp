@@ -9,7 +9,7 @@ namespace Batch {
 
 namespace {
 
-/// The software device serves machines without a graphics card.
+/// Machines without a graphics card use the software device.
 Rendering::D3D11::ComPtr<ID3D11Device> MakeDevice() {
     Rendering::D3D11::ComPtr<ID3D11Device> device;
     for (const D3D_DRIVER_TYPE driver : {D3D_DRIVER_TYPE_HARDWARE, D3D_DRIVER_TYPE_WARP})
@@ -23,7 +23,7 @@ Rendering::D3D11::ComPtr<ID3D11Device> MakeDevice() {
 
 Rendering::MemBitmap DrawOffScreen(Rendering::Size size, const std::function<void(Rendering::Context&)>& draw) {
     const auto device = MakeDevice();
-    const Rendering::Camera camera; // gives the eye matrices alone
+    const Rendering::Camera camera; // only supplies the eye matrices
     Rendering::D3D11::D3D11Context context(device.Get(), camera);
     Rendering::D3D11::D3D11FrameTarget target(context, device.Get(), kSamples);
     target.Resize(size);

@@ -8,7 +8,7 @@ namespace Batch {
 
 Rendering::MemBitmap DrawOffScreen(Rendering::Size size, const std::function<void(Rendering::Context&)>& draw) {
     const Rendering::OpenGL::EglContext device;
-    const Rendering::Camera camera; // gives the eye matrices alone
+    const Rendering::Camera camera; // only supplies the eye matrices
     Rendering::OpenGL::GLContext context(camera);
     Rendering::OpenGL::GLFrameTarget target(context, kSamples);
     target.Resize(size);

@@ -8,7 +8,7 @@ namespace Batch {
 
 namespace {
 
-/// A report that the program can write, and the option that asks for it.
+/// A report format and its option.
 struct ReportForm {
     const char* option;
     const char* description;
@@ -16,10 +16,10 @@ struct ReportForm {
 };
 
 constexpr ReportForm kReportForms[] = {
-    {"--junit", "Writes the results as JUnit XML, a suite per aircraft", JUnitReport},
-    {"--json", "Writes the results as JSON", JsonReport},
-    {"--csv", "Writes the results as a table for a spreadsheet", CsvReport},
-    {"--html", "Writes the results as one page for a browser", HtmlReport},
+    {"--junit", "Write the results as JUnit XML, one suite per aircraft", JUnitReport},
+    {"--json", "Write the results as JSON", JsonReport},
+    {"--csv", "Write the results as a table for spreadsheets", CsvReport},
+    {"--html", "Write the results as an HTML page", HtmlReport},
 };
 static_assert(std::size(kReportForms) == std::tuple_size_v<decltype(ReportOptions::files)>);
 
@@ -29,7 +29,7 @@ void PrintProblems(const TestReport& report, Console& console) {
             console.Message(Shown(tests.displayName + " (" + tests.acfPath + "): " + problem));
 }
 
-/// False when one could not be written.
+/// False if a report could not be written.
 bool WriteReports(const TestReport& report, const ReportOptions& options, Session& session) {
     bool written = true;
     for (std::size_t i = 0; i < options.files.size(); ++i) {
@@ -46,13 +46,13 @@ bool WriteReports(const TestReport& report, const ReportOptions& options, Sessio
 
 ExitCode Outcome(const TestTotals& totals, const ReportOptions& options, Console& console) {
     console.Message(Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed");
-    // An expectation that was not tested weighs more than one that failed.
+    // An untested expectation is worse than a failed one.
     if (totals.withProblems > 0)
         return kAircraftFailed;
     if (totals.Tests() > 0)
         return totals.failed > 0 ? kTestFailed : kDone;
     console.Message(
-        "no test found: no annotation file of these aircraft in QVRA/Annotations has an InteractionTypeTest");
+        "no tests found: no annotation file of these aircraft in QVRA/Annotations contains an InteractionTypeTest");
     return options.requireTests ? kTestFailed : kDone;
 }
 
@@ -61,7 +61,7 @@ ExitCode Outcome(const TestTotals& totals, const ReportOptions& options, Console
 void AddReportOptions(CLI::App& app, ReportOptions& options) {
     for (std::size_t i = 0; i < options.files.size(); ++i)
         app.add_option(kReportForms[i].option, options.files[i], kReportForms[i].description)->type_name("FILE");
-    app.add_flag("--require-tests", options.requireTests, "Fails when there is no test at all");
+    app.add_flag("--require-tests", options.requireTests, "Fail if there are no tests");
 }
 
 ExitCode PublishReport(const TestReport& report, const ReportOptions& options, Session& session) {

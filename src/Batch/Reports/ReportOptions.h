@@ -8,15 +8,15 @@
 
 namespace Batch {
 
-/// What a person asks of a test report: a file for each form, and whether a run without a test is a failure.
+/// Options of a test report: a file per format, and whether a run without tests fails.
 struct ReportOptions {
-    std::array<std::string, 4> files; ///< by form; empty where it was not asked for
+    std::array<std::string, 4> files; ///< by format; empty if not requested
     bool requireTests = false;
 };
 
 void AddReportOptions(CLI::App& app, ReportOptions& options);
 
-/// Prints the table, tells the problems, writes the files that were asked for, and says how the tests came out.
+/// Prints the table and the problems, writes the requested files and prints the outcome.
 ExitCode PublishReport(const TestReport& report, const ReportOptions& options, Session& session);
 
 } // namespace Batch
