@@ -11,10 +11,10 @@
 
 namespace Annotator {
 
-/// What the notebook's pages show of a part, as text and figures without a toolkit. Nothing here is kept; the pointers
-/// are those of the loaded scene.
+/// The texts and values that the notebook's pages show for a part, without a toolkit. The pointers belong to the loaded
+/// scene.
 
-/// A row of the page "Animations": a node on the way from a part up to the root.
+/// A row of the page "Animations": a node on the path from a part up to the root.
 struct AnimData {
     CockpitModel::ModelAnimation* animation = nullptr; ///< in the source model; null when the node has none
     const CockpitModel::Node* node = nullptr;
@@ -28,14 +28,14 @@ std::string AnimationRowText(const AnimData& row);
 
 /// Percent of the position's range, from 0 to 100 for a slider.
 int SliderPercent(const CockpitModel::ModelAnimation& animation);
-/// Moves every animation of the model that has the name of the selected one: they follow the same dataref.
+/// Moves every animation of the model with the name of the selected one: they follow the same dataref.
 void MoveAnimations(CockpitModel::ModelData& model, const CockpitModel::ModelAnimation& selected, int percent);
 
 std::string MatrixText(const Utils::Matrix4& matrix);
 std::string PartIdText(const CockpitModel::NodePart& part);
 std::string FileOffsetText(const CockpitModel::NodePart& part);
 std::string MaterialText(const CockpitModel::NodePart& part);
-/// Motion, placement and mouse rectangle of a part that can be clicked, else empty.
+/// Motion, placement and mouse rectangle of a clickable part; otherwise empty.
 std::string PartInfoText(const CockpitModel::NodePart& part);
 std::string DetectedTooltipText(const CockpitModel::NodePart& part);
 

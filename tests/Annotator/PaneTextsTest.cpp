@@ -15,7 +15,7 @@ using namespace CockpitModel;
 using testing::ElementsAre;
 using testing::Field;
 
-/// A root whose first child is animated, with a part two levels further down.
+/// A root whose first child is animated, with a part two levels below it.
 struct Chain {
     explicit Chain(const std::string& name) {
         Support::ModelBuilder builder;
@@ -88,12 +88,12 @@ TEST(PaneTexts, MovesAllAnimationsOfOneDataref) {
     EXPECT_EQ(SliderPercent(model.animations[0]), 0);
 }
 
-TEST(PaneTexts, TellsOfAPartWhatItHas) {
+TEST(PaneTexts, DescribesAPart) {
     Chain chain("sim/a");
     NodePart& part = chain.Part();
     EXPECT_EQ(PartIdText(part), "ID: (3,0)");
     EXPECT_EQ(FileOffsetText(part), "File Offset: 0");
-    EXPECT_EQ(PartInfoText(part), "") << "it cannot be clicked";
+    EXPECT_EQ(PartInfoText(part), "") << "it is not clickable";
     EXPECT_EQ(DetectedTooltipText(part), "Detected:");
 
     MouseRect rect;
@@ -118,9 +118,9 @@ TEST(PaneTexts, TellsOfAPartWhatItHas) {
     EXPECT_EQ(MaterialText(part), "Material:");
 }
 
-TEST(PaneTexts, LaysTheTextureOutOnASquare) {
+TEST(PaneTexts, MapsTheTextureToASquare) {
     NodePart part;
-    part.vertices.resize(5); // a triangle and a rest that is none
+    part.vertices.resize(5); // a triangle and an incomplete one
     part.vertices[0].texture = {0.255f, 1.0f};
     part.vertices[1].texture = {-0.019f, 0.5f};
     part.vertices[2].texture = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()};

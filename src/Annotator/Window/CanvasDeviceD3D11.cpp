@@ -13,7 +13,7 @@ namespace {
 using Rendering::D3D11::Check;
 using Rendering::D3D11::ComPtr;
 
-// The places of the canvas's fatal errors, which people are told of, stay what they are wherever the code stands.
+// Fatal errors of the canvas report these fixed locations, independent of where the code is.
 constexpr const char* kPlace = "Annotator\\DXCanvas.cpp";
 enum Line : std::int32_t {
     kDevice = 280,
@@ -138,7 +138,7 @@ private:
 CanvasBase::CanvasBase(wxWindow* parent, wxWindowID id) : wxWindow(parent, id, wxDefaultPosition, wxDefaultSize, 0) {}
 
 WXLRESULT CanvasBase::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) {
-    // The toolkit asks before it takes arrow keys to move the focus and letters as shortcuts.
+    // The toolkit asks before it uses arrow keys to move the focus and letters as shortcuts.
     if (message == WM_GETDLGCODE)
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
     return CanvasToolkitBase::MSWWindowProc(message, wParam, lParam);
