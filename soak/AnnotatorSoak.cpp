@@ -1,7 +1,7 @@
 // annotator_soak SECONDS [SEED]: drives the real window with random input in the installation in the working directory
 // and monitors memory, textures, handles and threads. It fails if they grow, if the window shows an unexpected message,
 // or if an annotation file does not contain what was saved.
-#include <epoxy/gl.h> // ahead of the header of GL that the toolkit brings
+#include <epoxy/gl.h> // before the GL header that the toolkit includes
 
 #include "Annotator/Window/AnnotatorApp.h"
 #include "Annotator/Window/AnnotatorWindow.h"

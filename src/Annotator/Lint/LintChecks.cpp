@@ -76,7 +76,7 @@ void CheckBlocks(const LintOutline& outline, LintFindings& findings) {
 void CheckSteps(const LintOutline& outline, LintFindings& findings) {
     const char* moved = "nothing"; // by the root's first step
     for (const LintStep& step : outline.steps) {
-        const std::string keyword = step.turns ? "ANIM_rotate" : "ANIM_trans";
+        const std::string keyword = step.rotates ? "ANIM_rotate" : "ANIM_trans";
         if (step.block == 0) {
             findings.Add(step.moves ? Warning : Note, "step-outside", step.line,
                          keyword + " outside any ANIM_begin, which moves " + std::exchange(moved, "the whole cockpit"),

@@ -22,7 +22,7 @@ struct LintManipulator {
 struct LintStep {
     std::uint32_t line = 0;
     std::uint32_t block = 0; ///< 0 outside any ANIM_begin
-    bool turns = false;      ///< ANIM_rotate
+    bool rotates = false;    ///< ANIM_rotate
     bool zeroAxis = false;   ///< of a rotation by a nonzero angle
     bool moves = false;      ///< its two values differ
     std::string dataref;

@@ -112,9 +112,8 @@ std::string NumberCell(std::size_t number, const char* style = "") {
     return Element("td", std::to_string(number), std::string("class=\"number ") + (number > 0 ? style : "") + "\"");
 }
 
-std::string Tile(const std::string& figure, const std::string& label, const char* style = "") {
-    return Element("div", Element("b", figure, std::string("class=\"") + style + "\"") + label, "class=\"tile\"") +
-           "\n";
+std::string Tile(const std::string& value, const std::string& label, const char* style = "") {
+    return Element("div", Element("b", value, std::string("class=\"") + style + "\"") + label, "class=\"tile\"") + "\n";
 }
 
 /// Rounded down, so that only all tests give 100 %.
