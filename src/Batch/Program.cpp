@@ -31,7 +31,7 @@ constexpr std::array kCommands{
             "  vorelle-batch -C X-Plane inspect Trainer >trainer.json",
             PrepareInspect},
     Command{"render", "Draw a cockpit into a PNG file, as the desktop tool shows it",
-            "First installs the program's data files into the installation's folder QVRA if they are missing.\n"
+            "Data files missing from the installation's folder QVRA are read from the program's own folder.\n"
             "Example:\n"
             "  vorelle-batch -C X-Plane render Trainer --look 0,25 --select 71,0 --out selector.png",
             PrepareRender},

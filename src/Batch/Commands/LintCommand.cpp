@@ -56,7 +56,8 @@ Json ToJson(const std::vector<LintFinding>& findings) {
 
 std::vector<LintFinding> FindingsFromJson(const Json& list) {
     std::vector<LintFinding> findings;
-    std::ranges::transform(list, std::back_inserter(findings), FindingFromJson);
+    for (const Json& finding : list)
+        findings.push_back(FindingFromJson(finding));
     return findings;
 }
 

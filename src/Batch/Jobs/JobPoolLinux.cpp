@@ -108,7 +108,7 @@ private:
 
     bool Start(std::size_t index) {
         // The parent closes its copy of the writing end right after the fork: no other child gets one, so the
-        // end of the answer is the end of the pipe.
+        // end of the pipe is the end of the result.
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0)
             return false;
