@@ -79,8 +79,7 @@ TEST_F(DataFiles, ThatCannotBeWrittenAreReported) {
     {
         ASSERT_EQ(chmod(installation.path.c_str(), 0555), 0);
         const AsNobody nobody;
-        EXPECT_THAT(Install(),
-                    testing::AllOf(HasSubstr((installation.path / "QVRA").string()), HasSubstr("ermission")));
+        EXPECT_THAT(Install(), testing::AllOf(HasSubstr(installation / "QVRA"), HasSubstr("ermission")));
     }
     ASSERT_EQ(chmod(installation.path.c_str(), 0755), 0);
     EXPECT_FALSE(fs::exists(installation / "QVRA"));

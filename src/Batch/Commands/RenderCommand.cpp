@@ -37,7 +37,7 @@ struct RenderOptions {
     std::string aircraft;
 };
 
-/// Exactly N numbers with a separator between them.
+/// Exactly `count` numbers with a separator between them.
 template <typename Number, std::size_t count>
 std::array<Number, count> ParseNumbers(const std::string& option, const std::string& text, char separator,
                                        const char* form) {

@@ -146,8 +146,7 @@ TEST(FramePacerTest, LimitsALoopToSixtyIterationsPerSecondIfPresentsDoNotWait) {
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 3; ++i)
         pacer.Wait();
-    EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(47))
-        << "three iterations, each at most 1 ms short";
+    EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(47)) << "three times at most 1 ms short";
 }
 
 TEST_F(DXCanvasTest, RunsNoFrameWhileHiddenAndLimitsThatLoopToo) {

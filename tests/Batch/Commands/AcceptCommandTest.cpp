@@ -83,9 +83,7 @@ TEST(AcceptCommand, KeepsTheFirstOfTwoAircraftWithOneFile) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.errors, HasSubstr("belongs to both"));
     EXPECT_THAT(result.errors, HasSubstr("2 expectations added to 1 annotation file"));
-    const std::string type = result.output.starts_with("Ours (")
-                                 ? "Tap"
-                                 : "Twist"; // depends on the order in which the system lists the folders
+    const std::string type = result.output.starts_with("Ours (") ? "Tap" : "Twist"; // in the system's order of folders
     EXPECT_THAT(installation.Read(kCub), HasSubstr(Record(0, 1, Expects(type) + "        <Reverse>0</Reverse>\n")));
 }
 

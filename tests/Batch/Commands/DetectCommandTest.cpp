@@ -85,8 +85,7 @@ TEST(DetectCommand, KeepsTheLaterOfTwoAircraftWithOneFile) {
     EXPECT_THAT(result.errors, HasSubstr("1 detected-data file"));
     std::ofstream(rivals.Cockpit(rivals.second)) << NoMaterial().Text();
     EXPECT_EQ(RunBatch(rivals.installation, {"detect", "--out", "out"}).exitCode, 3);
-    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None")))
-        << "the later one does not load";
+    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None"))) << "the later fails to load";
 }
 
 TEST(DetectCommand, EndsItsProcessesWhenASignalEndsIt) {

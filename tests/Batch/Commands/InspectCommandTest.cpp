@@ -55,8 +55,7 @@ TEST(InspectCommand, DescribesTheLoadedCockpit) {
     EXPECT_EQ(cockpit["nodes"].size(), 4u);
     EXPECT_EQ(cockpit["parts"].size(), 3u);
     EXPECT_EQ(cockpit["pilotEye"][2].get<float>(), 10.0f * -0.3048f);
-    // By hand for the quarter turn: the corner at (1, 0, 0) has the weight 0.6924, and the corners add up to sqrt(2) of
-    // that.
+    // By hand for the quarter turn: the corner at (1, 0, 0) has weight 0.6924, and the corners add up to sqrt(2) of it.
     EXPECT_NEAR(cockpit["parts"][1]["sweepRadius"].get<float>(), 0.6924, 1e-4);
     EXPECT_NEAR(cockpit["parts"][1]["balanceFactor"].get<float>(), 0.9792, 1e-4);
 }
