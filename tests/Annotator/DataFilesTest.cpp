@@ -24,7 +24,7 @@ Files FilesBelow(const fs::path& folder) {
     return files;
 }
 
-/// Drops the right to write everywhere, if the user of the tests has it.
+/// Drops root's right to write everywhere if the tests run as root.
 struct AsNobody {
     AsNobody() { EXPECT_EQ(before == 0 ? seteuid(65534) : 0, 0); }
     ~AsNobody() { EXPECT_EQ(seteuid(before), 0); }
