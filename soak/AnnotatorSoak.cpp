@@ -1,7 +1,7 @@
-// annotator_soak SECONDS [SEED]: drives the real window in the installation that is the working directory, as a person
-// without aim would, and watches memory, textures, handles and threads. It fails when they grow, when the window has
-// anything to complain of, or when an annotation file does not hold what was saved.
-#include <epoxy/gl.h> // ahead of the header of GL that the toolkit brings
+// annotator_soak SECONDS [SEED]: drives the real window with random input in the installation in the working directory
+// and monitors memory, textures, handles and threads. It fails if they grow, if the window shows an unexpected message,
+// or if an annotation file does not contain what was saved.
+#include <epoxy/gl.h> // before the GL header that the toolkit includes
 
 #include "Annotator/Window/AnnotatorApp.h"
 #include "Annotator/Window/AnnotatorWindow.h"
@@ -27,19 +27,19 @@ namespace {
 
 using CockpitModel::AnnotationRecord;
 using Clock = std::chrono::steady_clock;
-using Place = std::pair<std::int32_t, std::int32_t>; ///< node and part
+using PartId = std::pair<std::int32_t, std::int32_t>; ///< node and part
 using namespace Annotator;
 
 constexpr double kSampleSeconds = 15;
-/// Until all aircraft have been loaded a few times, caches of the driver and the toolkit fill.
+/// Caches of the driver and the toolkit grow until all aircraft have been loaded a few times.
 constexpr double kWarmUpShare = 0.2;
-/// By how much more memory the last third may have at most than the first third after the warm-up.
+/// Maximum growth of memory from the first third after the warm-up to the last third.
 constexpr double kMostGrowth = 0.05;
-/// What the window may say: an aircraft of the sample has no texture, and its annotations have a record without a
-/// place.
-constexpr const char* kExpected[] = {"cannot be loaded", "it is kept in"};
+/// Messages that the window may show: one aircraft of the sample has no texture, and its annotations have a record
+/// without a part.
+constexpr const char* kExpected[] = {"cannot be loaded", "It was kept unchanged as"};
 constexpr long kMostHandles = 4, kMostThreads = 1;
-/// More textures than this are not looked for. A driver gives the name of a texture that is gone to the next one.
+/// Texture names are checked up to this number. Drivers reuse the names of deleted textures.
 constexpr GLuint kMostTextures = 4096;
 
 double SecondsSince(Clock::time_point start) {
@@ -50,7 +50,7 @@ long CountEntries(const char* folder) {
     return std::distance(boost::filesystem::directory_iterator(folder), boost::filesystem::directory_iterator());
 }
 
-/// Those of the context that the last frame has left current.
+/// Textures of the context that the last frame left current.
 long CountTextures() {
     long count = 0;
     for (GLuint name = 1; name <= kMostTextures; ++name)
@@ -84,9 +84,9 @@ public:
         for (double now = 0; now < seconds; now = SecondsSince(start)) {
             Step();
             if (now >= nextSample) {
-                // Aircraft differ in size by far, so that only samples with the same one can be compared.
+                // Aircraft differ greatly in size, so only samples of the same one are comparable.
                 Load(0);
-                Support::PumpFrames(10); // the driver is done with what the load handed it
+                Support::PumpFrames(10); // the driver has processed the load
                 malloc_trim(0);
                 samples.push_back(TakeSample(now));
                 const Sample& sample = samples.back();
@@ -103,9 +103,9 @@ public:
         const bool steady = IsSteady(), found = AllIsFound();
         bool quiet = true;
         for (const std::string& text : dialogs.texts) {
-            if (std::ranges::any_of(kExpected, [&](const char* words) { return text.find(words) != text.npos; }))
+            if (std::ranges::any_of(kExpected, [&](const char* part) { return text.find(part) != text.npos; }))
                 continue;
-            std::cout << "FAILED: the window said: " << text << '\n';
+            std::cout << "FAILED: the window showed: " << text << '\n';
             quiet = false;
         }
         std::cout << steps << " steps, " << loads << " loads, " << saves << " saves, " << windows << " windows"
@@ -114,7 +114,7 @@ public:
     }
 
 private:
-    /// 0 for a count of 0, as of the lines of a choice without a part.
+    /// 0 for a count of 0, for example of the lines of a choice without a part.
     int Below(int count) { return std::uniform_int_distribution<int>(0, std::max(count - 1, 0))(random); }
     template <typename Type>
     Type& Child() {
@@ -178,7 +178,7 @@ private:
             Support::PumpFrames(1);
         }
         mouse.MouseUp();
-        // The pilot looks ahead again, or most clicks would go through the cabin's roof.
+        // Resets the view, because otherwise most clicks would go through the cabin roof.
         if (Below(4) == 0)
             canvas->control.camera.SetRotation({0, 0, 0});
     }
@@ -232,14 +232,14 @@ private:
         Open();
     }
 
-    std::optional<Place> Selected() {
+    std::optional<PartId> Selected() {
         const std::string label = Support::Labels<wxStaticText>(Child<PartInfoPane>()).at(0);
-        Place place;
-        return std::sscanf(label.c_str(), "ID: (%d,%d)", &place.first, &place.second) == 2 ? std::optional(place)
-                                                                                           : std::nullopt;
+        PartId part;
+        return std::sscanf(label.c_str(), "ID: (%d,%d)", &part.first, &part.second) == 2 ? std::optional(part)
+                                                                                         : std::nullopt;
     }
 
-    /// The value that the text of a choice's line means; none for its first line.
+    /// The value of the text of a choice's line; none for its first line.
     template <typename FromText>
     auto Chosen(wxChoice& choice, FromText fromText) {
         choice.SetSelection(Below(static_cast<int>(choice.GetCount())));
@@ -249,8 +249,8 @@ private:
     }
 
     void EditSave() {
-        const auto place = Selected();
-        if (!place || loaded < 0)
+        const auto part = Selected();
+        if (!part || loaded < 0)
             return;
         auto& pane = Child<InteractionPane>();
         std::vector<wxChoice*> choices;
@@ -259,7 +259,7 @@ private:
                 choices.push_back(choice);
         static const std::vector<std::string> kTooltips = {"", "Throttle", "a < b & \"c\"", "Gr\xC3\xBC\xC3\x9F",
                                                            std::string(3000, 'x')};
-        AnnotationRecord record{.NodeId = place->first, .PartId = place->second};
+        AnnotationRecord record{.NodeId = part->first, .PartId = part->second};
         record.InteractionType = Chosen(*choices.at(0), CockpitModel::TouchInteractionTypeFromText);
         record.EventType = Chosen(*choices.at(1), CockpitModel::TouchEventTypeFromText);
         record.InteractionTypeTest =
@@ -271,19 +271,19 @@ private:
         Support::Find<wxCheckBox>(pane)->SetValue(record.Reverse);
         Support::Find<wxTextCtrl>(pane)->SetValue(wxString::FromUTF8(tooltip));
         Support::Fire(*Support::FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
-        saved[paths[static_cast<std::size_t>(loaded)]][*place] = record;
+        saved[paths[static_cast<std::size_t>(loaded)]][*part] = record;
         ++saves;
     }
 
     bool AllIsFound() const {
         bool all = true;
         for (const auto& [path, records] : saved) {
-            std::map<Place, AnnotationRecord> found;
+            std::map<PartId, AnnotationRecord> found;
             for (const AnnotationRecord& record : CockpitModel::ReadAnnotations(path))
                 found[{record.NodeId, record.PartId}] = record;
             std::size_t lost = 0;
-            for (const auto& [place, record] : records)
-                lost += !found.contains(place) || found[place] != record;
+            for (const auto& [part, record] : records)
+                lost += !found.contains(part) || found[part] != record;
             std::cout << path << ": " << records.size() << " records saved, " << lost << " lost\n";
             all &= lost == 0;
         }
@@ -294,7 +294,7 @@ private:
         const auto first = static_cast<std::size_t>(kWarmUpShare * static_cast<double>(samples.size()));
         const std::size_t third = (samples.size() - first) / 3;
         if (third < 2)
-            return true; // too short to tell
+            return true; // too short to judge
         const auto most = [&](std::size_t from, long Sample::*field) {
             const auto begin = samples.begin() + static_cast<std::ptrdiff_t>(from);
             return std::ranges::max(std::ranges::subrange(begin, begin + static_cast<std::ptrdiff_t>(third)), {},
@@ -308,8 +308,8 @@ private:
                       << " more are allowed\n";
             return after - before > allowed;
         };
-        const auto room = static_cast<long>(kMostGrowth * static_cast<double>(most(first, &Sample::kilobytes)));
-        const bool memory = grew("memory in kB", &Sample::kilobytes, room);
+        const auto allowance = static_cast<long>(kMostGrowth * static_cast<double>(most(first, &Sample::kilobytes)));
+        const bool memory = grew("memory in kB", &Sample::kilobytes, allowance);
         const bool textures = grew("textures", &Sample::textures, 0);
         const bool handles = grew("handles", &Sample::handles, kMostHandles);
         const bool threads = grew("threads", &Sample::threads, kMostThreads);
@@ -318,7 +318,7 @@ private:
 
     std::mt19937 random;
     Sim::XPAircraftListLoader loader;
-    std::vector<std::string> paths; ///< of annotation files, by the aircraft's place in the list
+    std::vector<std::string> paths; ///< of annotation files, by the aircraft's index in the list
     Support::DialogRecorder dialogs;
     AnnotatorWindow* window = nullptr;
     DXCanvas* canvas = nullptr;
@@ -326,7 +326,7 @@ private:
     int loaded = -1;
     long steps = 0, loads = 0, saves = 0, windows = 0;
     std::vector<Sample> samples;
-    std::map<std::string, std::map<Place, AnnotationRecord>> saved;
+    std::map<std::string, std::map<PartId, AnnotationRecord>> saved;
 };
 
 class SoakApp : public wxApp {
@@ -346,9 +346,9 @@ int Run(double seconds, unsigned seed) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv, argv + argc);
-    if (words.size() < 2 || words.size() > 3) {
-        std::cerr << "usage: annotator_soak SECONDS [SEED], in a folder with aircraft\n";
+    const std::vector<std::string> arguments(argv, argv + argc);
+    if (arguments.size() < 2 || arguments.size() > 3) {
+        std::cerr << "usage: annotator_soak SECONDS [SEED], run in an installation with aircraft\n";
         return EXIT_FAILURE;
     }
     Logging::Logger::Create();
@@ -360,7 +360,8 @@ int main(int argc, char** argv) {
     if (!wxEntryStart(argumentCount, static_cast<char**>(nullptr)) || !wxTheApp->CallOnInit())
         return EXIT_FAILURE;
     wxTheApp->SetExitOnFrameDelete(false);
-    const int result = Run(std::stod(words[1]), words.size() > 2 ? static_cast<unsigned>(std::stoul(words[2])) : 1);
+    const int result =
+        Run(std::stod(arguments[1]), arguments.size() > 2 ? static_cast<unsigned>(std::stoul(arguments[2])) : 1);
     wxEntryCleanup();
     return result;
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int32_t kNoTexture = -1;
 
-/// The plain material stands behind all others, so that the rest of the model stays as it was read.
+/// The plain material is added after all others, so the rest of the model does not change.
 void GivePlainMaterial(CockpitModel::ModelData& model) {
     auto& materials = model.materials.Children;
     const auto plain = static_cast<std::uint32_t>(materials.size());

@@ -10,32 +10,32 @@
 
 namespace Annotator {
 
-/// Loading an aircraft takes two operations; the window, the export and the checks put their own questions and guards
-/// between and around them.
+/// Loading an aircraft takes two operations, so that the window, the export and the checks can add their own checks and
+/// error handling between them.
 
-/// An aircraft with its files found and its panel configuration read; no model yet.
+/// An aircraft whose files are located and whose panel configuration is read. It has no model yet.
 struct OpenedAircraft {
     std::unique_ptr<CockpitModel::AircraftCockpit> cockpit;
-    std::unique_ptr<CockpitModel::PanelSet> panels; ///< keeps its address as long as a scene graph points to it
+    std::unique_ptr<CockpitModel::PanelSet> panels; ///< must not move while a scene graph points to it
 };
 
-/// A cockpit with its parts' types detected. The scene graph points into the panel set of the opened aircraft.
+/// A cockpit with detected part types. The scene graph points into the panel set of the opened aircraft.
 struct BuiltAircraft {
     std::unique_ptr<CockpitModel::ModelData> model;
     std::shared_ptr<CockpitModel::SceneGraph> sceneGraph;
 };
 
-/// How loading differs from what the desktop tool does.
+/// Differences from how the desktop tool loads.
 struct LoadOptions {
-    bool untextured = false; ///< gives parts without a material a plain one, where their cockpit could not be built
+    bool untextured = false; ///< give parts without a material a plain one, without which the cockpit cannot be built
 };
 
-/// A panel configuration that cannot be read leaves the set empty. A pilot's eye that is no number throws
+/// If the panel configuration cannot be read, the set is empty. A pilot's eye that is not a number throws
 /// boost::bad_lexical_cast.
 OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository);
 
-/// Loads the model, makes its scene graph and runs the detection. A model that does not hold together throws
-/// Utils::OutOfRange with its reason.
+/// Loads the model, builds its scene graph and runs the detection. An inconsistent model throws Utils::OutOfRange with
+/// the reason.
 BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const LoadOptions& options = {});
 
 } // namespace Annotator

@@ -13,15 +13,15 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-constexpr const char* kPlaces[] = {"../share/vorelle-annotator/QVRA", "../data/QVRA", "QVRA"};
+constexpr const char* kDataFolders[] = {"../share/vorelle-annotator/QVRA", "../data/QVRA", "QVRA"};
 
-/// A link counts as an entry though what it points to may be gone: it is a person's.
+/// A broken link counts as an entry too, because the user made it.
 bool HasEntry(const fs::path& path) {
     boost::system::error_code error;
     return fs::exists(fs::symlink_status(path, error));
 }
 
-void LayFile(const fs::path& from, const fs::path& to) {
+void InstallFile(const fs::path& from, const fs::path& to) {
     const std::string bytes = Utils::ReadFile(from);
     if (bytes.empty())
         throw std::runtime_error("Cannot read " + from.string());
@@ -30,15 +30,15 @@ void LayFile(const fs::path& from, const fs::path& to) {
         throw std::runtime_error(saved.error);
 }
 
-/// A file that fails keeps none of the others away. Returns the first failure.
-std::string LayMissing(const fs::path& data, const fs::path& target) {
+/// Installs the other files even if one fails. Returns the first failure.
+std::string InstallMissing(const fs::path& data, const fs::path& target) {
     std::string failure;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(data)) {
         const fs::path to = target / entry.path().lexically_relative(data);
         if (!fs::is_regular_file(entry.path()) || HasEntry(to))
             continue;
         try {
-            LayFile(entry.path(), to);
+            InstallFile(entry.path(), to);
         } catch (const std::exception& error) {
             failure = failure.empty() ? ReasonText(error) : failure;
         }
@@ -52,8 +52,8 @@ fs::path ProgramDataFolder(const fs::path& program) {
     if (program.empty())
         return {};
     boost::system::error_code error;
-    for (const char* place : kPlaces)
-        if (const fs::path folder = program.parent_path() / place; fs::is_directory(folder, error))
+    for (const char* relative : kDataFolders)
+        if (const fs::path folder = program.parent_path() / relative; fs::is_directory(folder, error))
             return fs::canonical(folder);
     return {};
 }
@@ -64,7 +64,7 @@ std::string InstallDataFiles(const fs::path& data, const fs::path& installation)
         return {};
     std::string failure;
     try {
-        failure = LayMissing(data, installation / "QVRA");
+        failure = InstallMissing(data, installation / "QVRA");
     } catch (const std::exception& unlisted) { // the program's own folder
         failure = ReasonText(unlisted);
     }

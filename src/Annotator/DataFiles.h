@@ -5,17 +5,16 @@
 
 namespace Annotator {
 
-/// Where the program's own data files stand: in "share/vorelle-annotator/QVRA" beside the folder of an installed
-/// program, in "data/QVRA" there for one in its build tree, or in "QVRA" in the program's folder. Empty where there are
-/// none.
+/// The folder of the program's data files, relative to the program's folder: "../share/vorelle-annotator/QVRA" for an
+/// installed program, "../data/QVRA" in a build tree, or "QVRA". Empty if none of them exists.
 boost::filesystem::path ProgramDataFolder(const boost::filesystem::path& program);
 
-/// Puts each of the files of `data` that the installation's folder "QVRA" has no entry for there, whole or not at all;
-/// nothing is ever overwritten. A folder without "Aircraft" is no installation and gets none. Returns what failed in
-/// words for a person; empty when all is well.
+/// Copies the files of `data` that are missing into the installation's folder "QVRA", each completely or not at all,
+/// and never overwrites anything. Does nothing in a folder without "Aircraft", which is not an installation. Returns an
+/// error message for the user; empty on success.
 std::string InstallDataFiles(const boost::filesystem::path& data, const boost::filesystem::path& installation);
 
-/// Both for the running program and its working directory.
+/// The same for the running program's data and the working directory.
 std::string InstallDataFiles();
 
 } // namespace Annotator

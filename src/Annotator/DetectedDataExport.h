@@ -9,7 +9,7 @@
 
 namespace Annotator {
 
-/// An aircraft that ended the export; what() names it and says why.
+/// An aircraft that ended the export; what() contains its name and the reason.
 struct AircraftExportError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -19,9 +19,9 @@ struct ExportResult {
     std::vector<std::string> failed; ///< the aircraft without a file, each with the reason
 };
 
-/// Writes the detected-data files of all aircraft, one aircraft in memory at a time. One whose model cannot be loaded
-/// is logged and skipped, a file that cannot be written is passed over. A folder that cannot be made ends the run with
-/// the exception, a pilot's eye that is no number with an AircraftExportError.
+/// Writes the detected-data files of all aircraft, with one aircraft in memory at a time. An aircraft whose model
+/// cannot be loaded is logged and skipped; a file that cannot be written is skipped. If the folder cannot be created,
+/// the exception ends the run; a pilot's eye that is not a number ends it with an AircraftExportError.
 ExportResult SaveDetectedData(Sim::AircraftListLoader& loader);
 
 } // namespace Annotator

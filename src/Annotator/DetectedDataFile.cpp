@@ -51,7 +51,7 @@ using tinyxml2::XMLElement;
     throw std::runtime_error("line " + std::to_string(at.GetLineNum()) + ": " + why);
 }
 
-/// A field's text and its element, where a complaint about it points to.
+/// A field's text, and its element for error messages.
 template <typename FromText>
 auto Field(const XMLElement& part, const char* name, const char* needed, FromText fromText) {
     const XMLElement* element = part.FirstChildElement(name);
@@ -103,22 +103,22 @@ DetectedParts ReadDetectedData(const std::string& path) {
     tinyxml2::XMLDocument document;
     if (document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS)
         throw std::runtime_error(xml.empty()
-                                     ? "it is empty or cannot be read"
+                                     ? "the file is empty or cannot be read"
                                      : "line " + std::to_string(document.ErrorLineNum()) + ": not well-formed XML");
     const XMLElement* root = document.RootElement();
     if (!root || root->Name() != std::string("NodePartList"))
-        throw std::runtime_error("its root element is not NodePartList, so that it is no detected-data file");
+        throw std::runtime_error("not a detected-data file: the root element is not NodePartList");
     DetectedParts parts;
     for (const XMLElement* part = root->FirstChildElement("Part"); part; part = part->NextSiblingElement("Part")) {
-        const std::pair place{Field(*part, "NodeId", "a number from 0 up", IdFromText),
-                              Field(*part, "PartId", "a number from 0 up", IdFromText)};
+        const std::pair place{Field(*part, "NodeId", "a number of at least 0", IdFromText),
+                              Field(*part, "PartId", "a number of at least 0", IdFromText)};
         const DetectedPart detected{
             Field(*part, "InteractionType", "an interaction type", CockpitModel::TouchInteractionTypeFromText),
             Field(*part, "EventType", "an event type", CockpitModel::TouchEventTypeFromText),
             Field(*part, "Reverse", "0 or 1", FlagFromText)};
         if (!parts.emplace(place, detected).second)
             Refuse(*part, "node " + std::to_string(place.first) + " part " + std::to_string(place.second) +
-                              " stands in the file twice");
+                              " is in the file twice");
     }
     return parts;
 }

@@ -23,7 +23,7 @@ std::string DetectedDataFileName(const Sim::AircraftInfo& info);
 /// One XML document with the detected types of all parts, as it stands in the file.
 std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph);
 
-/// What a detected-data file says of one part.
+/// One part of a detected-data file.
 struct DetectedPart {
     CockpitModel::TouchInteractionType interactionType = CockpitModel::TouchInteractionType::None;
     CockpitModel::TouchEventType eventType = CockpitModel::TouchEventType::Wheel;
@@ -35,8 +35,8 @@ struct DetectedPart {
 /// By node and part.
 using DetectedParts = std::map<std::pair<std::int32_t, std::int32_t>, DetectedPart>;
 
-/// The parts of a detected-data file. One that is not as it has to be throws std::runtime_error with the line, what
-/// stands there and what is needed.
+/// The parts of a detected-data file. An invalid file throws std::runtime_error with the line, its content and what is
+/// expected.
 DetectedParts ReadDetectedData(const std::string& path);
 
 } // namespace Annotator

@@ -43,7 +43,7 @@ std::size_t CountClickable(const SceneGraph& sceneGraph) {
     return count;
 }
 
-/// The expectations that the store dropped, as it keeps no record without a place in the scene.
+/// The expectations that the store dropped because the scene has no such part.
 std::vector<AnnotationRecord> UnplacedExpectations(const std::string& path, const SceneGraph& sceneGraph) {
     const auto& nodes = sceneGraph.Nodes();
     std::vector<AnnotationRecord> records = CockpitModel::ReadAnnotations(path);
@@ -98,7 +98,7 @@ std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     std::vector<AircraftResult> results;
     for (const auto& info : loader.LoadAircraftList()) {
-        CockpitModel::AnnotationPath(*info); // makes the folder, as each use of the window does
+        CockpitModel::AnnotationPath(*info); // creates the folder, as every use in the window does
         if (std::optional<AircraftResult> tests = CheckAircraft(*info, repository))
             results.push_back(std::move(*tests));
     }

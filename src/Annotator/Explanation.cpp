@@ -21,8 +21,8 @@ using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
 using CockpitModel::TouchInteractionType;
 
-constexpr std::size_t kMostCandidates = 10; ///< for the primary yoke, that are listed
-/// Below this, what rounding left of a zero.
+constexpr std::size_t kMostCandidates = 10; ///< for the primary yoke, to list
+/// A smaller value is a zero with a rounding error.
 constexpr float kNothing = 1e-6f;
 
 std::string FormatNumber(float number, int digits = 6) {
@@ -40,7 +40,7 @@ std::string Id(const NodePart& part) {
     return std::to_string(part.node->index) + "," + std::to_string(part.id);
 }
 
-/// With as many digits as it takes to see that it is above.
+/// With enough digits to show that the value is above the limit.
 std::string AboveText(const char* measure, float value, float limit) {
     constexpr int allDigits = 9;
     const std::string shown =
@@ -52,23 +52,23 @@ std::string TwistText(const NodePart& part) {
     const std::string balance = "BalanceFactor " + FormatNumber(part.BalanceFactor) + " is not above " +
                                 FormatNumber(CockpitModel::kBalancedTwist);
     if (!part.node->animation)
-        return "its node has no animation, and " + balance + ", so Twist";
-    return "it turns, " + balance + " and SweepRadius " + FormatNumber(part.SweepRadius) + " is not above " +
+        return "its node has no animation and " + balance + ", so Twist";
+    return "it rotates, " + balance + " and SweepRadius " + FormatNumber(part.SweepRadius) + " is not above " +
            FormatNumber(CockpitModel::kTwistRadius) + ", so Twist";
 }
 
 std::string TwistChangeText(const NodePart& part) {
     if (!part.node->animation)
-        return "an animation block of its own; in one that does not turn it is Move";
+        return "an animation block of its own that does not rotate makes it Move";
     return "a SweepRadius above " + FormatNumber(CockpitModel::kTwistRadius) + ", a BalanceFactor above " +
-           FormatNumber(CockpitModel::kBalancedTwist) + " or an animation that does not turn makes it Move";
+           FormatNumber(CockpitModel::kBalancedTwist) + " or an animation that does not rotate makes it Move";
 }
 
-/// The rule behind the one that decides says no as well.
+/// The next rule after the deciding one also prevents Twist.
 std::string WideToo(const NodePart& part) {
     if (!part.node->animation || !(part.SweepRadius > CockpitModel::kTwistRadius))
         return {};
-    return ", if its SweepRadius comes down to " + FormatNumber(CockpitModel::kTwistRadius) + " as well";
+    return ", if its SweepRadius is also reduced to " + FormatNumber(CockpitModel::kTwistRadius);
 }
 
 std::vector<const NodePart*> YokeCandidates(const SceneGraph& sceneGraph) {
@@ -85,22 +85,22 @@ std::vector<const NodePart*> YokeCandidates(const SceneGraph& sceneGraph) {
 }
 
 std::string YokeChangeText(const NodePart& part) {
-    const std::string none = "a manipulator ahead of its TRIS makes it no yoke";
+    const std::string none = "with a manipulator before its TRIS it is not a yoke";
     const std::vector<const NodePart*> candidates = YokeCandidates(*part.node->graph);
     const auto rival = std::ranges::find_if(candidates, [&](const NodePart* other) { return other != &part; });
     if (rival == candidates.end())
         return none;
     const std::string score = FormatNumber(InteractionDetector().YokeScore(**rival)) + ", that of part " + Id(**rival);
     if (part.InteractionType == TouchInteractionType::YokePrimary)
-        return none + ", a score below " + score + ", YokePart";
-    return none + ", a score above " + score + ", YokePrimary";
+        return none + "; a score below " + score + ", makes it YokePart";
+    return none + "; a score above " + score + ", makes it YokePrimary";
 }
 
 struct RuleTexts {
     std::string why, change;
 };
 
-/// A part without a manipulator that is no yoke may hang under one of a yoke's two animations.
+/// A part without a manipulator that is not a yoke may be below only one of a yoke's two animations.
 RuleTexts NoRectangleTexts(const NodePart& part) {
     bool roll = false, pitch = false;
     for (const Node* node = part.node; node; node = node->parent) {
@@ -108,12 +108,12 @@ RuleTexts NoRectangleTexts(const NodePart& part) {
         pitch |= node->animation && CockpitModel::IsYokePitchName(node->animation->name);
     }
     const std::string manipulator =
-        "a manipulator ahead of its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move";
+        "a manipulator before its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move";
     if (!roll && !pitch)
-        return {"it has no manipulator, and no animation of a yoke at or above it, so None", manipulator};
-    return {std::string("it has no manipulator, and a yoke's ") +
-                (roll ? "roll but not its pitch" : "pitch but not its roll") + " at or above it, so None",
-            manipulator + "; an animation by sim/cockpit2/controls/yoke_" + (roll ? "pitch" : "roll") +
+        return {"it has no manipulator and no yoke animation at or above it, so None", manipulator};
+    return {std::string("it has no manipulator and only the ") + (roll ? "roll" : "pitch") +
+                " animation of a yoke at or above it, so None",
+            manipulator + "; an animation with sim/cockpit2/controls/yoke_" + (roll ? "pitch" : "roll") +
                 "_ratio at or above it makes it a yoke"};
 }
 
@@ -122,34 +122,34 @@ RuleTexts TextsOf(DetectionRule rule, const NodePart& part) {
     case DetectionRule::NoRectangle:
         return NoRectangleTexts(part);
     case DetectionRule::YokeAnimations:
-        return {"it has no manipulator, and animations of a yoke's roll and pitch at or above it, so a yoke",
+        return {"it has no manipulator, but roll and pitch animations of a yoke at or above it, so a yoke",
                 YokeChangeText(part)};
     case DetectionRule::FiresEvent:
         return {"its manipulator fires an event when clicked, so Tap",
-                "ATTR_manip_drag_axis in the place of its toggle makes it Twist or Move"};
+                "ATTR_manip_drag_axis instead of its toggle makes it Twist or Move"};
     case DetectionRule::NoCallback:
         return {"its rectangle does nothing when clicked, so None",
-                "a rectangle that fires an event makes it Tap, one that takes a value Twist or Move"};
+                "a rectangle that fires an event makes it Tap, a rectangle that sets a value makes it Twist or Move"};
     case DetectionRule::NoTurn:
-        return {"it is dragged, and the animation of its own node never turns, so Move, not Twist",
-                "an ANIM_rotate as the last step of its block, with the part balanced on its axis and near it, makes "
-                "it Twist"};
+        return {"it is dragged, and the animation of its node does not rotate, so Move, not Twist",
+                "an ANIM_rotate as the last step of its block makes it Twist, if the part is centred on the axis and "
+                "near it"};
     case DetectionRule::Unbalanced:
         return {AboveText("BalanceFactor", part.BalanceFactor, CockpitModel::kBalancedTwist),
-                "an origin of its node in the middle of the part, so that its corners lie evenly about the axis, makes "
-                "it Twist" +
+                "a node origin at the centre of the part, so that its corners are distributed evenly around the axis, "
+                "makes it Twist" +
                     WideToo(part)};
     case DetectionRule::WideSweep:
         return {AboveText("SweepRadius", part.SweepRadius, CockpitModel::kTwistRadius),
                 "a part that stays within " + FormatNumber(CockpitModel::kTwistRadius) +
-                    " m of its axis, or an origin of its node that is nearer, makes it Twist"};
+                    " m of its axis, or a node origin nearer to it, makes it Twist"};
     case DetectionRule::Twist:
         return {TwistText(part), TwistChangeText(part)};
     }
     return {};
 }
 
-/// As compilers name a line, for editors that go there.
+/// In the format of compilers, so that editors can open the line.
 std::string SourceText(const NodePart& part) {
     if (part.block.SourceLine == 0)
         return "  source:      a panel, not the cockpit object\n";
@@ -160,7 +160,7 @@ std::string SourceText(const NodePart& part) {
     return text;
 }
 
-bool HoldsTurn(const ModelAnimation& animation) {
+bool HasRotation(const ModelAnimation& animation) {
     return std::ranges::any_of(animation.tracks, [](const auto& track) {
         return std::ranges::any_of(track, [](const auto& key) { return !key.IsTranslation; });
     });
@@ -172,8 +172,8 @@ std::string AnimationText(const Node& node) {
     if (node.animation->name == CockpitModel::kDummyAnimationName)
         return "a block without ANIM_trans or ANIM_rotate";
     if (CockpitModel::NamesNoDataref(node.animation->name))
-        return HoldsTurn(*node.animation) ? "a fixed turn, by no dataref" : "a fixed offset, by no dataref";
-    return (HoldsTurn(*node.animation) ? "rotation by " : "translation by ") + node.animation->name + " from " +
+        return HasRotation(*node.animation) ? "a fixed rotation without a dataref" : "a fixed offset without a dataref";
+    return (HasRotation(*node.animation) ? "rotation by " : "translation by ") + node.animation->name + " from " +
            FormatNumber(node.animation->rangeLow) + " to " + FormatNumber(node.animation->rangeHigh);
 }
 
@@ -184,7 +184,7 @@ std::string ChainText(const NodePart& part) {
     return text;
 }
 
-/// The best of them, and the part itself wherever it comes.
+/// The best candidates, and the part itself even if it is not among them.
 std::string CandidatesText(const SceneGraph& sceneGraph, const NodePart& asked) {
     const InteractionDetector detector;
     const std::vector<const NodePart*> candidates = YokeCandidates(sceneGraph);
@@ -196,7 +196,7 @@ std::string CandidatesText(const SceneGraph& sceneGraph, const NodePart& asked) 
                     (part.InteractionType == TouchInteractionType::YokePrimary ? ", the primary yoke" : "") + "\n";
     }
     if (candidates.size() > kMostCandidates)
-        text += "    of " + std::to_string(candidates.size()) + " in all\n";
+        text += "    of " + std::to_string(candidates.size()) + " in total\n";
     return text;
 }
 
@@ -208,9 +208,9 @@ std::string ExplanationText(const SceneGraph& sceneGraph, const NodePart& part) 
     std::string text = "part " + Id(part) + " is " + TouchInteractionTypeToText(part.InteractionType) + "\n";
     text += "  because:     " + texts.why + "\n";
     text += SourceText(part);
-    text += "  figures:     BalanceFactor " + FormatNumber(part.BalanceFactor) + ", SweepRadius " +
+    text += "  values:      BalanceFactor " + FormatNumber(part.BalanceFactor) + ", SweepRadius " +
             FormatNumber(part.SweepRadius) + " m, " + TriangleCount(part) + "\n";
-    text += "  animations, from the part's own up to the root:\n" + ChainText(part);
+    text += "  animations, from the part's node up to the root:\n" + ChainText(part);
     if (rule == DetectionRule::YokeAnimations)
         text += CandidatesText(sceneGraph, part);
     return text + "  what would change it: " + texts.change + "\n";

@@ -19,7 +19,7 @@ std::string Absolute(const std::string& path) {
     return (folder / path).string();
 }
 
-/// A line more after a fatal error, which has stopped the log.
+/// An additional line after a fatal error, which has stopped the log.
 std::string LogEnded(const std::exception& error) {
     return WasFatalError(error) ? std::string("\n") + kLogEndedText : "";
 }
@@ -31,7 +31,7 @@ std::string WindowReasonText(const std::exception& error) {
 } // namespace
 
 bool WasFatalError(const std::exception& error) {
-    // It throws the base class itself, as conversions of texts do.
+    // Fatal errors throw std::exception itself, but so do failed text conversions.
     return Utils::FatalErrorReported() && typeid(error) == typeid(std::exception);
 }
 
@@ -51,12 +51,12 @@ std::string ReasonText(const Sim::AircraftInfo& info, const std::exception& erro
 }
 
 std::string ScanFailureText(const std::exception& error) {
-    return "The aircraft of this folder cannot be listed:\n" + Absolute("Aircraft") + "\n\n" + ReasonText(error) +
+    return "The aircraft in this folder cannot be listed:\n" + Absolute("Aircraft") + "\n\n" + ReasonText(error) +
            "\n\nStart the program in the folder of an X-Plane installation.";
 }
 
 std::string DataFilesFailureText(const std::string& folder, const std::string& reason) {
-    return "The program's own files cannot all be put into " + folder + ": " + reason;
+    return "Not all of the program's data files can be installed into " + folder + ": " + reason;
 }
 
 std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception& error) {
@@ -66,14 +66,15 @@ std::string LoadFailureText(const Sim::AircraftInfo& info, const std::exception&
 
 std::string ExportFailureText(const std::exception& error) {
     if (const auto* stopped = dynamic_cast<const AircraftExportError*>(&error))
-        return std::string("The export stopped at this aircraft; those after it are not saved:\n") + stopped->what();
-    return "The detected data cannot be saved into this folder:\n" + Absolute(DetectedDataFolder()) + "\n\n" +
+        return std::string("The export stopped at this aircraft. The aircraft after it were not saved:\n") +
+               stopped->what();
+    return "The detected data cannot be saved in this folder:\n" + Absolute(DetectedDataFolder()) + "\n\n" +
            WindowReasonText(error);
 }
 
 std::string ExportDoneText(const ExportResult& result) {
-    std::string text = std::to_string(result.files) + (result.files == 1 ? " file is" : " files are") +
-                       " saved into this folder:\n" + Absolute(DetectedDataFolder());
+    std::string text = std::to_string(result.files) + (result.files == 1 ? " file was" : " files were") +
+                       " saved in this folder:\n" + Absolute(DetectedDataFolder());
     if (!result.failed.empty())
         text += "\n\nNot saved:";
     for (const std::string& aircraft : result.failed)
@@ -82,7 +83,7 @@ std::string ExportDoneText(const ExportResult& result) {
 }
 
 std::string TestRunFailureText(const std::exception& error) {
-    return "The tests cannot be run to their end:\n\n" + WindowReasonText(error);
+    return "The test run stopped:\n\n" + WindowReasonText(error);
 }
 
 std::string SaveFailureText(const std::string& path, const std::string& reason) {
@@ -90,8 +91,8 @@ std::string SaveFailureText(const std::string& path, const std::string& reason) 
 }
 
 std::string KeptCopyText(const std::string& path, const std::string& copy) {
-    return "The annotations are saved:\n" + Absolute(path) +
-           "\n\nThe existing file was not a readable annotation file. It was kept unchanged as\n" + Absolute(copy);
+    return "The annotations were saved:\n" + Absolute(path) +
+           "\n\nThe existing file was not a readable annotation file. It was kept unchanged as:\n" + Absolute(copy);
 }
 
 std::string SelectionFailureText(const std::exception& error) {

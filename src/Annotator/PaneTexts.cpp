@@ -59,7 +59,7 @@ std::string MatrixText(const Utils::Matrix4& matrix) {
     text << std::fixed << std::setprecision(2) << std::setfill('0');
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 4; ++column) {
-            const float value = matrix(row, column) + 0.0f; // a negative zero reads as zero
+            const float value = matrix(row, column) + 0.0f; // prints negative zero as zero
             text << (value < 0 ? "" : "+") << std::setw(4) << value << ' ';
         }
         text << '\n';

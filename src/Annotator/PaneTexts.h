@@ -10,10 +10,10 @@
 
 namespace Annotator {
 
-/// What the notebook's pages show of a part, as text without a toolkit. Nothing here is kept; the pointers
-/// are those of the loaded scene.
+/// The texts and values that the notebook's pages show for a part, without a toolkit. The pointers belong to the loaded
+/// scene.
 
-/// A row of the page "Animations": a node on the way from a part up to the root.
+/// A row of the page "Animations": a node on the path from a part up to the root.
 struct AnimData {
     CockpitModel::ModelAnimation* animation = nullptr; ///< in the source model; null when the node has none
     const CockpitModel::Node* node = nullptr;
@@ -29,7 +29,7 @@ std::string MatrixText(const Utils::Matrix4& matrix);
 std::string PartIdText(const CockpitModel::NodePart& part);
 std::string FileOffsetText(const CockpitModel::NodePart& part);
 std::string MaterialText(const CockpitModel::NodePart& part);
-/// Motion, placement and mouse rectangle of a part that can be clicked, else empty.
+/// Motion, placement and mouse rectangle of a clickable part; otherwise empty.
 std::string PartInfoText(const CockpitModel::NodePart& part);
 std::string DetectedTooltipText(const CockpitModel::NodePart& part);
 

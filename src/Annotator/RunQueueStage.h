@@ -5,7 +5,7 @@
 
 namespace Threading {
 
-/// Drains a queue, which must outlive it, in a frame.
+/// Drains a queue in each frame. The queue must outlive the stage.
 class RunQueueStage : public Rendering::Stage {
 public:
     explicit RunQueueStage(RunQueue& runQueue) : queue(&runQueue) {}

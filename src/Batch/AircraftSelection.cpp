@@ -15,22 +15,22 @@ namespace Batch {
 
 namespace {
 
-/// So many aircraft are offered where a word means none.
+/// Aircraft that are listed when an argument matches none.
 constexpr std::size_t kOffered = 40;
 constexpr std::size_t kMostJobs = 1024;
 
-bool Contains(const std::string& text, const std::string& lowerWord) {
-    return Utils::ToLowerAscii(text).find(lowerWord) != std::string::npos;
+bool Contains(const std::string& text, const std::string& lowerName) {
+    return Utils::ToLowerAscii(text).find(lowerName) != std::string::npos;
 }
 
-/// Names are compared as they are shown, too: a person types what they see.
-bool Matches(const Sim::AircraftInfo& info, const std::string& lowerWord) {
-    return !lowerWord.empty() &&
-           (Contains(info.acfPath, lowerWord) || Contains(info.displayName, lowerWord) ||
-            Contains(Shown(info.acfPath), lowerWord) || Contains(Shown(info.displayName), lowerWord));
+/// Names are also compared as they are printed, because the user types what they see.
+bool Matches(const Sim::AircraftInfo& info, const std::string& lowerName) {
+    return !lowerName.empty() &&
+           (Contains(info.acfPath, lowerName) || Contains(info.displayName, lowerName) ||
+            Contains(Shown(info.acfPath), lowerName) || Contains(Shown(info.displayName), lowerName));
 }
 
-/// A line each, so many as a person may want to read.
+/// One line per aircraft, at most kOffered.
 std::string Listed(const AircraftSelection& aircraft) {
     std::string text;
     for (std::size_t i = 0; i < std::min(aircraft.size(), kOffered); ++i)
@@ -57,47 +57,47 @@ Sim::AircraftList LoadInstallation(Console& console) {
     }
     const std::string folder = boost::filesystem::current_path().string();
     try {
-        // A wrong folder in a script must not look like an installation in which all is well.
+        // A wrong folder in a script must not pass as an installation without problems.
         if (!boost::filesystem::exists("Aircraft"))
-            throw CommandError(kWrongUsage, folder + " is no X-Plane installation: there is no folder Aircraft in it");
+            throw CommandError(kWrongUsage, folder + " is not an X-Plane installation: it has no folder Aircraft");
         Sim::AircraftList aircraft = Sim::XPAircraftListLoader().LoadAircraftList();
         if (aircraft.empty())
-            console.Message("no aircraft below " + folder + "/Aircraft");
+            console.Message("no aircraft found in " + folder + "/Aircraft");
         return aircraft;
     } catch (const boost::filesystem::filesystem_error& error) {
         throw CommandError(kAircraftFailed, "cannot list the aircraft: " + Annotator::ReasonText(error));
     }
 }
 
-const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& word) {
+const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& name) {
     AircraftSelection matches;
     for (const auto& info : aircraft) {
-        // A whole path means its aircraft, though it may be a part of another's name.
-        if (info->acfPath == word || Shown(info->acfPath) == word)
+        // A complete path selects its aircraft even if another path or name contains it.
+        if (info->acfPath == name || Shown(info->acfPath) == name)
             return *info;
-        if (Matches(*info, Utils::ToLowerAscii(word)))
+        if (Matches(*info, Utils::ToLowerAscii(name)))
             matches.push_back(info.get());
     }
     if (matches.size() > 1)
-        throw CommandError(kWrongUsage, "'" + word + "' means several aircraft:" + Listed(matches));
+        throw CommandError(kWrongUsage, "several aircraft match '" + name + "':" + Listed(matches));
     if (matches.empty())
-        throw CommandError(kWrongUsage, "'" + word + "' means no aircraft; there are:" + Listed(All(aircraft)));
+        throw CommandError(kWrongUsage, "no aircraft matches '" + name + "'; available:" + Listed(All(aircraft)));
     return *matches.front();
 }
 
-AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& words) {
+AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& names) {
     AircraftSelection selection = All(aircraft);
-    if (words.empty() || JobAircraft())
+    if (names.empty() || JobAircraft())
         return selection;
     std::set<const Sim::AircraftInfo*> wanted;
-    for (const std::string& word : words)
-        wanted.insert(&SelectAircraft(aircraft, word));
+    for (const std::string& name : names)
+        wanted.insert(&SelectAircraft(aircraft, name));
     std::erase_if(selection, [&](const Sim::AircraftInfo* info) { return !wanted.contains(info); });
     return selection;
 }
 
-void AddAircraftOption(CLI::App& app, std::vector<std::string>& words) {
-    app.add_option("AIRCRAFT", words, "Only these aircraft")->type_name("");
+void AddAircraftOption(CLI::App& app, std::vector<std::string>& names) {
+    app.add_option("AIRCRAFT", names, "Only these aircraft")->type_name("");
 }
 
 void AddJobsOption(CLI::App& app, std::size_t& jobs) {
@@ -115,7 +115,7 @@ void AddJobsOption(CLI::App& app, std::size_t& jobs) {
 
 void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load) {
     app.add_flag("--untextured", load.untextured,
-                 "Loads cockpits with parts that have no TEXTURE too, giving such parts a plain material");
+                 "Also load cockpits that have parts without TEXTURE; they get a plain material");
 }
 
 std::string NameOf(const Sim::AircraftInfo& info) {

@@ -11,23 +11,23 @@ namespace Batch {
 
 using AircraftSelection = std::vector<const Sim::AircraftInfo*>;
 
-/// The aircraft of the installation in the working directory, in the order of the desktop tool's list; says so where
-/// there is none. A folder that is no installation or cannot be scanned ends the command. In a
-/// process for one job (JobAircraft), its aircraft alone.
+/// The aircraft of the installation in the working directory, in the order of the desktop tool's list; prints a message
+/// if there are none. A folder that is not an installation or cannot be scanned ends the command. In a process for one
+/// job (JobAircraft), only that job's aircraft.
 Sim::AircraftList LoadInstallation(Console& console);
 
-/// The aircraft that each word means, in list order and once each; all of them without a word. A word is an acfPath or
-/// a part of a path or display name, in any case. One that means none or several ends the command with what it could
-/// mean.
-AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& words);
-const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& word);
+/// The aircraft that the names match, in list order and once each; all aircraft if there are no names. A name is an
+/// acfPath or a part of a path or display name, in upper or lower case. One that matches none or several aircraft ends
+/// the command with a list of candidates.
+AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& names);
+const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& name);
 
 /// The options that commands share: AIRCRAFT..., --jobs N and --untextured.
-void AddAircraftOption(CLI::App& app, std::vector<std::string>& words);
+void AddAircraftOption(CLI::App& app, std::vector<std::string>& names);
 void AddJobsOption(CLI::App& app, std::size_t& jobs);
 void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load);
 
-/// An aircraft in a message: its name and its path, as Shown gives them.
+/// An aircraft in a message: its name and its path, through Shown.
 std::string NameOf(const Sim::AircraftInfo& info);
 
 } // namespace Batch

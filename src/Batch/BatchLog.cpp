@@ -18,7 +18,7 @@ void BeginLog() {
     Logging::Logger::Create();
     if (JobAircraft())
         return;
-    // Whoever loads an aircraft appends, so that an older log has to go first.
+    // Every process that loads an aircraft appends, so an older log must be removed first.
     const boost::filesystem::path data = Utils::UserDataFolder();
     boost::system::error_code ignored;
     if (!data.empty())

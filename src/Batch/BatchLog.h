@@ -2,10 +2,10 @@
 
 namespace Batch {
 
-/// The program's log, "batch-log.txt" beside the desktop tool's. Aircraft are loaded in processes of their own, which
-/// all append to it; the starting process logs nothing, as each of the others would write its queued lines again.
+/// The program's log, "batch-log.txt" in the folder of the desktop tool's log. Each aircraft is loaded in a separate
+/// process that appends to it. The parent process logs nothing, because every child would write its queued lines again.
 
-/// Empties the log for this run, unless this process is one for a job of a run.
+/// Empties the log for this run, unless this process was started for one job.
 void BeginLog();
 /// Starts the logger of a process that loads an aircraft.
 void JoinLog();

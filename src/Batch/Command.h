@@ -13,14 +13,14 @@ class App;
 
 namespace Batch {
 
-/// What the program's exit codes say. Where several hold, the greatest is given.
+/// The program's exit codes. If several apply, the greatest is returned.
 enum ExitCode : int {
     kDone = 0,
-    kTestFailed = 1, ///< or what was compared differs
+    kTestFailed = 1, ///< or compared files differ
     kWrongUsage = 2,
-    kAircraftFailed = 3, ///< an aircraft could not be loaded or drawn, or not be tested as its annotations have it,
-                         ///< or a file or folder to read is missing or not as it has to be
-    kNotWritten = 4,     ///< a file or the standard output could not be written
+    kAircraftFailed = 3, ///< an aircraft could not be loaded, drawn or tested against its annotations, or an input
+                         ///< file or folder is missing or invalid
+    kNotWritten = 4,     ///< a file or stdout could not be written
 };
 
 /// Ends a command with an exit code and a message.
@@ -30,12 +30,12 @@ struct CommandError : std::runtime_error {
     ExitCode code;
 };
 
-/// What a command gets. The working directory is the installation while it runs.
+/// The context of a command. The working directory is the installation while it runs.
 struct Session {
     Console console;
-    boost::filesystem::path startFolder; ///< where the caller stands
+    boost::filesystem::path startFolder; ///< the caller's working directory
 
-    /// A path of the command line, as the caller means it.
+    /// A path argument, relative to the caller's working directory.
     std::string ResolveArgument(const std::string& path) const;
 };
 
@@ -45,9 +45,9 @@ using Action = std::function<ExitCode(Session&)>;
 /// table of Program.cpp.
 struct Command {
     const char* name;
-    const char* description; ///< a line
-    const char* help;        ///< what --help tells below the options: more, and examples
-    /// Adds the command's options to `app`, which outlives the action, and returns what runs once they are read.
+    const char* description; ///< one line
+    const char* help;        ///< printed by --help below the options: details and examples
+    /// Adds the command's options to `app`, which outlives the action, and returns the action to run after parsing.
     Action (*prepare)(CLI::App& app);
 };
 

@@ -16,7 +16,7 @@ namespace Batch {
 namespace {
 
 constexpr std::size_t kBarWidth = 30;
-/// To the line's start, and what stood there gone, in the language of every present terminal.
+/// Moves to the start of the line and clears it; every common terminal supports this sequence.
 constexpr const char* kEraseLine = "\r\033[K";
 
 std::string MinutesAndSeconds(double seconds) {
@@ -26,8 +26,8 @@ std::string MinutesAndSeconds(double seconds) {
     return text.str();
 }
 
-/// The length of the control character that the text begins with: U+0000 to U+001F, or U+007F to U+009F, which
-/// terminals obey as well. 0 when it is none.
+/// The length of the control character at the start of the text: U+0000 to U+001F, or U+007F to U+009F, which
+/// terminals also interpret. 0 if there is none.
 std::size_t ControlLength(std::string_view text) {
     const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
     if (byte(0) < 0x20 || byte(0) == 0x7F)
@@ -35,7 +35,7 @@ std::size_t ControlLength(std::string_view text) {
     return byte(0) == 0xC2 && text.size() > 1 && byte(1) < 0xA0 ? 2 : 0;
 }
 
-/// With a back-slash, the letter and as many hexadecimal digits for each control character.
+/// Control characters become a backslash, the letter and hexadecimal digits.
 std::string Escaped(std::string_view text, char letter, int digits, bool lines) {
     const std::string readable = Utils::ToValidUtf8(text);
     std::string shown;
@@ -55,7 +55,7 @@ std::string Escaped(std::string_view text, char letter, int digits, bool lines) 
     return shown.append(readable, begin);
 }
 
-int outputError = 0; ///< of the first write to the standard output that failed
+int outputError = 0; ///< of the first failed write to stdout
 
 void Write(const std::string& text) {
     errno = 0;

@@ -11,27 +11,25 @@ namespace Batch {
 /// "1 test", "2 tests".
 std::string Counted(std::size_t count, const std::string& noun);
 
-/// Text of a file as UTF-8 for a terminal: control characters are shown as \x1b is, so that none is obeyed. ShownLines
-/// keeps line feeds.
+/// Text of a file as UTF-8 for a terminal: control characters are escaped, for example as \x1b, so that the terminal
+/// does not interpret them. ShownLines keeps line feeds.
 std::string Shown(std::string_view text);
 std::string ShownLines(std::string_view text);
 
-/// Print to the standard output: lines of text as ShownLines gives them, or JSON, in which control characters are
-/// written as \u001b.
+/// Print to stdout: lines of text through ShownLines, or JSON with control characters written like \u001b.
 void Print(std::string_view text);
 void PrintJson(std::string_view json);
-/// Before a message, so that both come in this order where both streams go to one terminal.
+/// Call before a message, so that the order is right if both streams go to one terminal.
 void FlushPrinted();
-/// Why what was printed, to its last byte, could not be written; nothing where it could.
+/// Why printed text could not be written; empty if all of it was.
 std::optional<std::string> OutputFailure();
 
-/// The standard error stream of a run: messages, each on a line of its own, and on a terminal a progress bar below
-/// them.
+/// The stderr stream of a run: messages, one per line, and on a terminal a progress bar below them.
 class Console {
 public:
     Console();
 
-    /// A message with the program's name in front, as ShownLines gives it.
+    /// Prints a message with the program's name in front, through ShownLines.
     void Message(std::string_view text);
 
     void BeginProgress(std::size_t steps);

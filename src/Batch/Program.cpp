@@ -17,57 +17,57 @@ namespace Batch {
 namespace {
 
 constexpr std::array kCommands{
-    Command{"list", "Lists the aircraft: path, a tab, name",
+    Command{"list", "List the aircraft: path, tab, name",
             "Example:\n"
             "  vorelle-batch -C X-Plane list | cut -f 1",
             PrepareList},
-    Command{"detect", "Writes what detection finds, one XML file per aircraft",
+    Command{"detect", "Write the detected types, one XML file per aircraft",
             "Examples:\n"
-            "  vorelle-batch -C X-Plane detect --out detected          every aircraft\n"
-            "  vorelle-batch -C X-Plane detect --out detected Trainer  one of them",
+            "  vorelle-batch -C X-Plane detect --out detected          all aircraft\n"
+            "  vorelle-batch -C X-Plane detect --out detected Trainer  one aircraft",
             PrepareDetect},
-    Command{"inspect", "Prints a cockpit's nodes and parts as JSON",
+    Command{"inspect", "Print a cockpit's nodes and parts as JSON",
             "Example:\n"
             "  vorelle-batch -C X-Plane inspect Trainer >trainer.json",
             PrepareInspect},
-    Command{"render", "Draws a cockpit as the desktop tool shows it, into a PNG file",
-            "Puts the program's own files into the installation's folder QVRA first, where they are missing.\n"
+    Command{"render", "Draw a cockpit into a PNG file, as the desktop tool shows it",
+            "Data files missing from the installation's folder QVRA are read from the program's own folder.\n"
             "Example:\n"
             "  vorelle-batch -C X-Plane render Trainer --look 0,25 --select 71,0 --out selector.png",
             PrepareRender},
-    Command{"explain", "Tells why a part got its type",
-            "'manips' lists the parts that can be clicked, 'inspect' all parts.\n"
+    Command{"explain", "Explain why a part has its type",
+            "'manips' lists the clickable parts, 'inspect' lists all parts.\n"
             "Example:\n"
             "  vorelle-batch -C X-Plane explain Trainer 71,0",
             PrepareExplain},
-    Command{"lint", "Tells an aircraft's author what is wrong in a cockpit object",
-            "Ends with 0 where there is nothing but notes, with 1 for errors or warnings.\n"
+    Command{"lint", "Check cockpit objects and annotations for mistakes",
+            "The exit code is 0 if there are only notes, 1 for errors or warnings.\n"
             "Example:\n"
             "  vorelle-batch -C X-Plane lint Trainer",
             PrepareLint},
-    Command{"manips", "Prints a line for each part that can be clicked",
+    Command{"manips", "Print one line per clickable part",
             "Example:\n"
             "  vorelle-batch -C X-Plane manips --csv Trainer >parts.csv",
             PrepareManips},
-    Command{"test", "Holds detection against the expectations of the annotation files",
+    Command{"test", "Test detection against the expectations in the annotation files",
             "Example:\n"
             "  vorelle-batch -C X-Plane test --require-tests --junit tests.xml Trainer",
             PrepareTest},
-    Command{"merge", "Makes one report of the JSON reports of several test runs",
-            "The report is that of a single run over the same aircraft in the same order. Table, files and exit\n"
-            "code are those of 'test'.\n"
+    Command{"merge", "Merge the JSON reports of several test runs into one report",
+            "The result is the report of a single run over the same aircraft in the same order. Table, files and\n"
+            "exit code are the same as those of 'test'.\n"
             "Example:\n"
             "  vorelle-batch merge --junit tests.xml parts",
             PrepareMerge},
-    Command{"accept", "Records what detection finds as the expectations of the annotation files",
-            "A part that has a mouse rectangle and no expectation yet gets its detected type as one. What the\n"
-            "annotation files hold already stays.\n"
+    Command{"accept", "Record detected types as expectations in the annotation files",
+            "Parts that have a mouse rectangle and no expectation get their detected type as expectation. Existing\n"
+            "content of the annotation files is kept.\n"
             "Example:\n"
             "  vorelle-batch -C X-Plane accept --dry-run Trainer && vorelle-batch -C X-Plane accept Trainer",
             PrepareAccept},
-    Command{"compare", "Tells how two folders of detected-data files differ",
-            "Tells which parts changed their type, appeared or vanished between two folders that 'detect' wrote,\n"
-            "and which files only one of them has. Ends with 1 where they differ.\n"
+    Command{"compare", "Compare two folders of detected-data files",
+            "Prints which parts changed, appeared or vanished between two folders written by 'detect', and which\n"
+            "files are in only one of them. The exit code is 1 if they differ.\n"
             "Example:\n"
             "  vorelle-batch compare before after",
             PrepareCompare},
@@ -75,38 +75,40 @@ constexpr std::array kCommands{
 
 constexpr const char* kCompletion = "--completion";
 constexpr const char* kAircraft =
-    "AIRCRAFT is a path as 'list' prints it, or a part of a path or name that no other aircraft has.\n";
+    "AIRCRAFT is a path printed by 'list', or a part of a path or name that matches only one aircraft.\n";
 constexpr const char* kExitCodes =
-    "Exit codes: 0 done, 1 a test failed, compared files differ or lint warns, 2 wrong usage,\n"
-    "3 an aircraft could not be loaded, tested or drawn or a file not be read, 4 a file could not be written.";
+    "Exit codes: 0 success; 1 a test failed, compared files differ or lint found errors or warnings;\n"
+    "2 wrong usage; 3 an aircraft could not be loaded, tested or drawn, or a file could not be read;\n"
+    "4 a file could not be written.";
 
 std::string Footer(const Command& command, const CLI::App& app) {
     const bool takesAircraft = app.get_option_no_throw("AIRCRAFT") != nullptr;
     return std::string(command.help) + "\n\n" + (takesAircraft ? kAircraft : "") + kExitCodes;
 }
 
-/// The options that all commands share, and the action of the chosen one. Only a command that the arguments may name
-/// gets its options, as making those of all commands takes longer than listing the aircraft.
+/// The options that all commands share, and the action of the chosen command. Only commands named by the arguments get
+/// their options, because creating those of all commands takes longer than listing the aircraft.
 struct CommandLine {
-    explicit CommandLine(const std::vector<std::string>& words);
+    explicit CommandLine(const std::vector<std::string>& arguments);
 
-    CLI::App app{"Works out how a hand in virtual reality touches the cockpits of an X-Plane installation.",
+    CLI::App app{"Detects how a hand in virtual reality touches the cockpits of an X-Plane installation.",
                  "vorelle-batch"};
     std::string installation = ".";
     bool completion = false;
     Action action;
 };
 
-CommandLine::CommandLine(const std::vector<std::string>& words) {
-    app.footer("'vorelle-batch COMMAND --help' tells of a command.\n\n" + std::string(kAircraft) + kExitCodes);
-    app.set_help_flag("-h,--help", "Prints this and ends");
-    app.set_version_flag("--version", "vorelle-batch " VORELLE_VERSION, "Prints the version and ends");
-    app.add_option("-C", installation, "The X-Plane installation; the working directory without it")
+CommandLine::CommandLine(const std::vector<std::string>& arguments) {
+    app.footer("Run 'vorelle-batch COMMAND --help' for details of a command.\n\n" + std::string(kAircraft) +
+               kExitCodes);
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.set_version_flag("--version", "vorelle-batch " VORELLE_VERSION, "Print the version and exit");
+    app.add_option("-C", installation, "X-Plane installation (default: the working directory)")
         ->type_name("DIR")
         ->take_last();
-    app.add_flag(kCompletion, completion)->group(""); // read by the shell's completion, not shown by --help
-    app.fallthrough();                                // -C may stand behind the command as well
-    const auto named = [&words](const std::string& word) { return std::ranges::find(words, word) != words.end(); };
+    app.add_flag(kCompletion, completion)->group(""); // for shell completion, not shown by --help
+    app.fallthrough();                                // -C may also follow the command
+    const auto named = [&](const std::string& name) { return std::ranges::find(arguments, name) != arguments.end(); };
     const bool all = named(kCompletion);
     for (const Command& command : kCommands) {
         CLI::App* subcommand = app.add_subcommand(command.name, command.description);
@@ -121,14 +123,13 @@ void EnterInstallation(const std::string& folder) {
     boost::system::error_code error;
     boost::filesystem::current_path(folder, error);
     if (error)
-        throw CommandError(kWrongUsage, "cannot enter " + folder + ": " + error.message());
+        throw CommandError(kWrongUsage, "cannot open the folder " + folder + ": " + error.message());
 }
 
-/// A full disk behind the standard output shows at the latest when its buffer is emptied.
+/// A full disk is reported at the latest when the buffer of stdout is flushed.
 void FlushOutput() {
     if (const std::optional<std::string> reason = OutputFailure())
-        throw CommandError(kNotWritten,
-                           "cannot write to the standard output" + (reason->empty() ? "" : ": " + *reason));
+        throw CommandError(kNotWritten, "cannot write to stdout" + (reason->empty() ? "" : ": " + *reason));
 }
 
 ExitCode RunAction(const CommandLine& line, Session& session) {
@@ -150,17 +151,17 @@ ExitCode RunAction(const CommandLine& line, Session& session) {
 
 } // namespace
 
-int Run(std::vector<std::string> words) {
+int Run(std::vector<std::string> arguments) {
     std::ios::sync_with_stdio(false);
 #ifdef SIGPIPE
-    // A reader that has seen enough ends the program in silence, also below a program that ignores this signal.
+    // A closed pipe ends the program silently, even if the parent ignores this signal.
     std::signal(SIGPIPE, SIG_DFL);
 #endif
-    CommandLine line(words);
+    CommandLine line(arguments);
     Session session;
     try {
-        std::ranges::reverse(words); // as the parser takes them
-        line.app.parse(std::move(words));
+        std::ranges::reverse(arguments); // the parser expects them in reverse order
+        line.app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return line.app.exit(error); // help or version
@@ -172,7 +173,7 @@ int Run(std::vector<std::string> words) {
         return kDone;
     }
     if (!line.action) {
-        session.console.Message("a command is required; --help lists them");
+        session.console.Message("a command is required; run 'vorelle-batch --help' for a list");
         return kWrongUsage;
     }
     return RunAction(line, session);

@@ -5,7 +5,7 @@
 
 namespace Batch {
 
-/// The whole program behind its entry. Returns the exit code.
-int Run(std::vector<std::string> words);
+/// The whole program after its entry point. Returns the exit code.
+int Run(std::vector<std::string> arguments);
 
 } // namespace Batch

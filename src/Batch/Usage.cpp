@@ -8,10 +8,10 @@ namespace Batch {
 
 namespace {
 
-/// Letters that may be wrong in a word that is still taken for another.
-constexpr std::size_t kMostWrong = 2;
+/// Typing errors up to which a name is suggested.
+constexpr std::size_t kMostErrors = 2;
 
-/// How many letters have to be put in, left out or changed to make one word of the other.
+/// The edit distance: insertions, deletions and substitutions of one letter.
 std::size_t Difference(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -26,13 +26,13 @@ std::size_t Difference(const std::string& a, const std::string& b) {
     return row.back();
 }
 
-/// A beginning of a word means it, too.
-std::string DidYouMean(const std::string& word, const std::vector<std::string>& words) {
-    const auto wrong = [&](const std::string& candidate) {
-        return word.size() > 2 && candidate.starts_with(word) ? 0 : Difference(word, candidate);
+/// The beginning of a name also suggests it.
+std::string DidYouMean(const std::string& argument, const std::vector<std::string>& names) {
+    const auto errors = [&](const std::string& candidate) {
+        return argument.size() > 2 && candidate.starts_with(argument) ? 0 : Difference(argument, candidate);
     };
-    const auto nearest = std::ranges::min_element(words, {}, wrong);
-    if (nearest == words.end() || wrong(*nearest) > std::min(kMostWrong, word.size() / 2))
+    const auto nearest = std::ranges::min_element(names, {}, errors);
+    if (nearest == names.end() || errors(*nearest) > std::min(kMostErrors, argument.size() / 2))
         return {};
     return "; did you mean '" + *nearest + "'?";
 }
@@ -56,16 +56,16 @@ std::vector<std::string> OptionNames(const CLI::App& command) {
     return names;
 }
 
-std::string UnexpectedText(const CLI::App& app, const CLI::App* command, const std::string& word) {
-    if (word.starts_with('-'))
-        return "there is no option " + word +
-               DidYouMean(word.substr(0, word.find('=')), OptionNames(command ? *command : app));
+std::string UnexpectedText(const CLI::App& app, const CLI::App* command, const std::string& argument) {
+    if (argument.starts_with('-'))
+        return "unknown option " + argument +
+               DidYouMean(argument.substr(0, argument.find('=')), OptionNames(command ? *command : app));
     if (command)
-        return "'" + word + "' is one word too many; a name with blanks needs quotes";
-    return "there is no command '" + word + "'" + DidYouMean(word, CommandNames(app));
+        return "unexpected argument '" + argument + "'; put quotes around a name that contains spaces";
+    return "unknown command '" + argument + "'" + DidYouMean(argument, CommandNames(app));
 }
 
-/// A line for each name of each option that help shows, and for each command-line argument under its own name.
+/// One line per name of each option shown by help, and per positional argument.
 std::string OptionLines(const CLI::App& command, const std::string& commandName) {
     std::string lines;
     for (const CLI::Option* option : command.get_options()) {
@@ -103,7 +103,7 @@ std::string UsageText(const CLI::App& app, const CLI::Error& error) {
         text += UnexpectedText(app, command, unexpected.front());
     else
         text += error.what();
-    return text + "\n'" + app.get_name() + (command ? " " + command->get_name() : "") + " --help' tells its usage";
+    return text + "\nRun '" + app.get_name() + (command ? " " + command->get_name() : "") + " --help' for usage";
 }
 
 } // namespace Batch

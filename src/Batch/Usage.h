@@ -9,13 +9,13 @@ class Error;
 
 namespace Batch {
 
-/// What is wrong with a command line that could not be read, in a sentence or two: which word, in which command, what
-/// may have been meant and where to read on.
+/// Describes the error in a command line that could not be parsed: the argument, the command, a suggestion and the help
+/// to run.
 std::string UsageText(const CLI::App& app, const CLI::Error& error);
 
-/// The command line for shell completion, one line each with three fields between tabs: the command, empty for options
-/// of the program itself; an option or argument, empty for the command's own line; the kind of its value, empty for a
-/// flag.
+/// The command line for shell completion: lines with three tab-separated fields. The first is the command, empty for
+/// options of the program itself; the second an option or argument, empty for the command's own line; the third the
+/// kind of its value, empty for a flag.
 std::string CompletionText(const CLI::App& app);
 
 } // namespace Batch

@@ -24,7 +24,7 @@ Files FilesBelow(const fs::path& folder) {
     return files;
 }
 
-/// The rights of a person who may not write everywhere, whoever runs the tests.
+/// Drops root's right to write everywhere if the tests run as root.
 struct AsNobody {
     AsNobody() { EXPECT_EQ(before == 0 ? seteuid(65534) : 0, 0); }
     ~AsNobody() { EXPECT_EQ(seteuid(before), 0); }
@@ -35,29 +35,29 @@ struct DataFiles : testing::Test {
     DataFiles() {
         data.Write("Images/checker.png", "png\n");
         data.Write("Models/Sphere.obj", "ball\r\n");
-        data.Write("readme", "words");
+        data.Write("readme", "text");
         fs::create_directories(installation / "Aircraft");
     }
 
-    std::string Lay() const { return InstallDataFiles(data.path, installation.path); }
+    std::string Install() const { return InstallDataFiles(data.path, installation.path); }
 
     const TemporaryFolder data, installation;
-    const Files all{{"Images/checker.png", "png\n"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "words"}};
+    const Files all{{"Images/checker.png", "png\n"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "text"}};
 };
 
-TEST_F(DataFiles, AreLaidWholeAndLeaveNothingElseBehind) {
-    EXPECT_EQ(Lay(), "");
+TEST_F(DataFiles, AreInstalledCompletelyWithoutOtherFiles) {
+    EXPECT_EQ(Install(), "");
     EXPECT_EQ(FilesBelow(installation / "QVRA"), all);
     fs::remove(installation / "QVRA/Models/Sphere.obj");
-    EXPECT_EQ(Lay(), "");
-    EXPECT_EQ(FilesBelow(installation / "QVRA"), all) << "a file that went missing comes back";
+    EXPECT_EQ(Install(), "");
+    EXPECT_EQ(FilesBelow(installation / "QVRA"), all) << "a missing file is installed again";
 }
 
-TEST_F(DataFiles, NeverTakeThePlaceOfWhatStandsThere) {
+TEST_F(DataFiles, NeverReplaceExistingEntries) {
     installation.Write("QVRA/Models/Sphere.obj", "mine");
     installation.Write("QVRA/Annotations/Cub.xml", "mine too");
     fs::create_symlink("gone", installation / "QVRA/readme");
-    EXPECT_EQ(Lay(), "");
+    EXPECT_EQ(Install(), "");
     EXPECT_EQ(fs::read_symlink(installation / "QVRA/readme"), "gone");
     EXPECT_FALSE(fs::exists(installation / "QVRA/gone"));
     EXPECT_EQ(FilesBelow(installation / "QVRA"), (Files{{"Annotations/Cub.xml", "mine too"},
@@ -66,29 +66,29 @@ TEST_F(DataFiles, NeverTakeThePlaceOfWhatStandsThere) {
                                                         {"readme", ""}}));
 }
 
-TEST_F(DataFiles, AreLaidInInstallationsOnly) {
+TEST_F(DataFiles, AreInstalledInInstallationsOnly) {
     const TemporaryFolder home;
-    home.Write("Aircraft", "a file of that name makes no installation");
+    home.Write("Aircraft", "a file, so not an installation");
     EXPECT_EQ(InstallDataFiles(data.path, home.path), "");
     EXPECT_EQ(FilesBelow(home.path).size(), 1u);
-    EXPECT_EQ(InstallDataFiles({}, installation.path), "") << "a program without data of its own lays none";
+    EXPECT_EQ(InstallDataFiles({}, installation.path), "") << "a program without data files installs none";
     EXPECT_FALSE(fs::exists(installation / "QVRA"));
 }
 
-TEST_F(DataFiles, ThatCannotBeWrittenAreTold) {
+TEST_F(DataFiles, ThatCannotBeWrittenAreReported) {
     {
         ASSERT_EQ(chmod(installation.path.c_str(), 0555), 0);
         const AsNobody nobody;
-        EXPECT_THAT(Lay(), testing::AllOf(HasSubstr((installation.path / "QVRA").string()), HasSubstr("ermission")));
+        EXPECT_THAT(Install(), testing::AllOf(HasSubstr(installation / "QVRA"), HasSubstr("ermission")));
     }
     ASSERT_EQ(chmod(installation.path.c_str(), 0755), 0);
     EXPECT_FALSE(fs::exists(installation / "QVRA"));
 
-    // A folder that is in the way of one file keeps no other away, nor does a file in the way of a folder.
+    // A file instead of a folder does not prevent the installation of the other files.
     installation.Write("QVRA/Images", "a file");
-    EXPECT_THAT(Lay(), HasSubstr("QVRA/Images"));
+    EXPECT_THAT(Install(), HasSubstr("QVRA/Images"));
     EXPECT_EQ(FilesBelow(installation / "QVRA"),
-              (Files{{"Images", "a file"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "words"}}));
+              (Files{{"Images", "a file"}, {"Models/Sphere.obj", "ball\r\n"}, {"readme", "text"}}));
 }
 
 TEST(ProgramDataFolder, IsFoundByTheProgramsPath) {
@@ -105,10 +105,10 @@ TEST(ProgramDataFolder, IsFoundByTheProgramsPath) {
     for (const auto& [program, data] : rows)
         EXPECT_EQ(ProgramDataFolder(folder / program), fs::canonical(folder.path) / data) << program;
     EXPECT_EQ(ProgramDataFolder(folder / "alone/vorelle-batch"), "") << "a file of that name";
-    EXPECT_EQ(ProgramDataFolder({}), "") << "a program whose place is not known";
+    EXPECT_EQ(ProgramDataFolder({}), "") << "a program with unknown path";
 }
 
-TEST(OwnDataFiles, OfTheBuildTreeAreLaidInTheWorkingDirectory) {
+TEST(OwnDataFiles, OfTheBuildTreeAreInstalledInTheWorkingDirectory) {
     const TemporaryFolder installation;
     fs::create_directories(installation / "Aircraft");
     const Support::WorkingDirectory inside(installation.path);

@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::MatchesRegex;
 
-/// A list in an order of the test's making; a cockpit is made as the real record makes it.
+/// A list in an order chosen by the test; cockpits are created by the real record.
 struct FixedList : Sim::AircraftListLoader {
     explicit FixedList(std::vector<std::string> paths) : acfPaths(std::move(paths)) {}
     Sim::AircraftList LoadAircraftList() override {
@@ -73,14 +73,14 @@ TEST(DetectedDataExportTest, WritesEveryPartOfEachAircraftInOrderAndSkipsOneThat
         EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"),
                   ListXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move")))
             << run;
-        EXPECT_EQ(folder.Read(kFolder + "Plane.xml"), ListXml(PartXml(0, 0, "Tap"))) << "the later of two stems";
+        EXPECT_EQ(folder.Read(kFolder + "Plane.xml"), ListXml(PartXml(0, 0, "Tap"))) << "the later of two equal stems";
         EXPECT_EQ(folder.Read(kFolder + "Broken.xml"), "of an earlier run");
         EXPECT_EQ(folder.Read(kFolder + "Bare.xml"), "<NodePartList/>\n") << "without a cockpit object";
     }
 }
 
-/// In a process of its own, as the log is one for a process.
-TEST(DetectedDataExportTest, LogsEachAircraftAndWhatItSkips) {
+/// In a separate process, because there is one log per process.
+TEST(DetectedDataExportTest, LogsEachAircraftAndEachSkippedOne) {
     const Support::TemporaryFolder folder;
     folder.Write("A/Fine/a_cockpit.obj", "TEXTURE a.png\n" + kTriangle + "TRIS 0 3\nTRIS 0 3\n");
     folder.Write("A/Broken/b_cockpit.obj", kTriangle + "TRIS 0 3\n");
@@ -102,7 +102,7 @@ TEST(DetectedDataExportTest, LogsEachAircraftAndWhatItSkips) {
     for (std::string line; std::getline(log, line);)
         lines.push_back(line);
     ASSERT_GE(lines.size(), 7u);
-    lines.erase(lines.begin(), lines.end() - 7); // what earlier tests of this program have queued
+    lines.erase(lines.begin(), lines.end() - 7); // queued by earlier tests of this program
     EXPECT_THAT(lines,
                 ElementsAre(EndsWith(own + "368\t\tLoading aircraft for output: A/Fine/a.acf - A/Fine/a.acf"), cockpit,
                             EndsWith("\t\tModel has 2 parts, 6 total drawn vertices, stored in array size 1"),
@@ -111,22 +111,22 @@ TEST(DetectedDataExportTest, LogsEachAircraftAndWhatItSkips) {
                             EndsWith(own + "410\t\tFailed to load model.  Skipping...")));
 }
 
-TEST(DetectedDataExportTest, WhatEndsTheRunAndWhatDoesNot) {
+TEST(DetectedDataExportTest, SomeFailuresEndTheRun) {
     Support::TemporaryFolder folder;
     const Support::WorkingDirectory here(folder.path);
     folder.Write("Aircraft/A/Plane/a.acf", "");
     fs::create_directories(folder.path / (kFolder + "Plane.xml"));
     FixedList list({"Aircraft/A/Plane/a.acf"});
-    EXPECT_EQ(Annotator::SaveDetectedData(list).failed.size(), 1u)
-        << "a folder where the file should be is passed over";
+    EXPECT_EQ(Annotator::SaveDetectedData(list).failed.size(), 1u) << "a folder instead of the file is skipped";
 
     folder.Write("Aircraft/A/Bad/b.acf", "P acf/_pe_xyz/0 far\n");
     FixedList bad({"Aircraft/A/Bad/b.acf"});
-    EXPECT_THROW(Annotator::SaveDetectedData(bad), Annotator::AircraftExportError) << "a pilot's eye that is no number";
+    EXPECT_THROW(Annotator::SaveDetectedData(bad), Annotator::AircraftExportError)
+        << "a pilot's eye that is not a number";
 
     Support::TemporaryFolder blocked;
     const Support::WorkingDirectory there(blocked.path);
-    blocked.Write("QVRA", "a file where the folder should be");
+    blocked.Write("QVRA", "a file instead of the folder");
     EXPECT_THROW(Annotator::SaveDetectedData(list), fs::filesystem_error);
 }
 

@@ -20,7 +20,7 @@ std::string Saying(int node, int part, const std::string& children) {
 }
 
 struct BatchTests : testing::Test {
-    /// An aircraft with three parts on its root: a mere shape, one to tap and one to twist.
+    /// An aircraft with three parts on its root: without manipulator, to tap and to twist.
     void Aircraft(const std::string& name) {
         Support::ModelBuilder builder;
         builder.Part(0, Support::TriangleAt(1));
@@ -46,9 +46,9 @@ struct BatchTests : testing::Test {
     Support::MadeAircraftList fleet;
 };
 
-TEST_F(BatchTests, HoldsExpectationsAgainstTheDetectedTypes) {
+TEST_F(BatchTests, ComparesExpectationsWithTheDetectedTypes) {
     Aircraft("Jet");
-    // In file order: a failing part whose override says what is expected, a passing one, one without a test.
+    // In file order: a failing part whose override equals the expectation, a passing one, one without a test.
     folder.Annotations(
         "Jet",
         Saying(0, 1, "<InteractionType>Twist</InteractionType><InteractionTypeTest>Twist</InteractionTypeTest>") +
@@ -70,12 +70,12 @@ TEST_F(BatchTests, HoldsExpectationsAgainstTheDetectedTypes) {
     EXPECT_EQ(failed.detected, TouchInteractionType::Tap);
     EXPECT_FALSE(failed.passed);
     EXPECT_EQ(tests.clickable, 2u);
-    EXPECT_EQ(tests.covered, 1u) << "the shape has a test, but nothing to click";
+    EXPECT_EQ(tests.covered, 1u) << "the first part has a test, but is not clickable";
     EXPECT_TRUE(tests.hasCockpitObject);
     EXPECT_TRUE(tests.unplaced.empty());
 }
 
-TEST_F(BatchTests, NamesExpectationsWithoutAPlaceInTheScene) {
+TEST_F(BatchTests, ListsExpectationsWithoutAPartInTheScene) {
     Aircraft("Jet");
     folder.Annotations("Jet", Expectation(1, 0, "Tap") + Expectation(0, 3, "Move") +
                                   "<Override><InteractionTypeTest>Twist</InteractionTypeTest></Override>" +
@@ -123,7 +123,7 @@ TEST_F(BatchTests, AnAircraftThatCannotBeLoadedEndsTheRunByName) {
     };
     try {
         CheckAllAircraft(fleet);
-        ADD_FAILURE() << "it went on";
+        ADD_FAILURE() << "the run continued";
     } catch (const AircraftCheckError& error) {
         EXPECT_STREQ(error.what(), "Bad of the fleet (Aircraft/Group/Bad/plane.acf): "
                                    "Bad_cockpit.obj(12): TRIS reaches beyond the indices");

@@ -14,9 +14,8 @@ using CockpitModel::NodePart;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 
-/// A cockpit of these lines behind a pool that each row may add to: vertices 3 to 5 lie about the origin, 6 to 8 do so
-/// but for two that are 0.2 m away, 9 to 11 lie on one side of it, and IDX brings them in that order behind 0 1 2, the
-/// last three times over. TEXTURE is in line 22.
+/// A cockpit of these lines after a pool: vertices 3 to 5 are around the origin, 6 to 8 too but two of them 0.2 m away,
+/// 9 to 11 on one side of it. IDX lists them in order after 0 1 2, the last three 3 times. TEXTURE is in line 22.
 struct Cockpit {
     explicit Cockpit(const std::string& lines) {
         const Support::WorkingDirectory inside(installation.path);
@@ -46,52 +45,50 @@ const std::string kRoll = "ANIM_rotate 0 0 1 0 90 0 1 sim/cockpit2/controls/yoke
 const std::string kPitch = "ANIM_trans 0 0 0 0 0 0 0 1 sim/cockpit2/controls/yoke_pitch_ratio\n";
 
 // A quarter turn about z has the vector sin(45) along z: the mask (1, 1, 0.29289) over its length 1.44423 is (0.69241,
-// 0.69241, 0.20280), by which corners count. Vertices 3 to 5 sum to 0.02 x 0.69241 = 0.01385 and reach as far. 6 to 8
-// sum to 0.05 x 0.69241 = 0.03462 and reach 0.2 x 0.69241 = 0.13848. 9 to 11, three times, sum to 3 x (0.29, 0.01) x
+// 0.69241, 0.20280), which weights the corners. Vertices 3 to 5 sum to 0.02 x 0.69241 = 0.01385 and reach as far. 6 to
+// 8 sum to 0.05 x 0.69241 = 0.03462 and reach 0.2 x 0.69241 = 0.13848. 9 to 11, three times, sum to 3 x (0.29, 0.01) x
 // 0.69241 = (0.60240, 0.02077), which is 0.60276 long. 0 to 2 sum to (0.69241, 0.69241), which is 0.97922 long, and
 // reach 0.69241.
-TEST(ExplanationTest, TellsTheRuleItsFiguresAndWhatWouldChangeIt) {
+TEST(ExplanationTest, StatesTheRuleItsValuesAndWhatWouldChangeIt) {
     const struct {
         const char* name;
         std::string lines;
         std::size_t node;
         const char* type;
-        const char* because; ///< expressions
+        const char* because; ///< regular expressions
         const char* change;
     } rows[] = {
-        {"nothing to click", "TRIS 0 3", 0, "None",
-         "no manipulator, and no animation of a yoke at or above it, so None",
+        {"nothing to click", "TRIS 0 3", 0, "None", "no manipulator and no yoke animation at or above it, so None",
          "ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move$"},
         {"roll alone", "ANIM_begin\n" + kRoll + "TRIS 0 3\nANIM_end", 1, "None",
-         "a yoke's roll but not its pitch at or above it, so None",
+         "only the roll animation of a yoke at or above it, so None",
          "controls/yoke_pitch_ratio at or above it makes it a yoke$"},
         {"pitch alone, above it", "ANIM_begin\n" + kPitch + "ANIM_begin\n" + kTurn + "TRIS 0 3\nANIM_end\nANIM_end", 2,
-         "None", "a yoke's pitch but not its roll at or above it, so None",
+         "None", "only the pitch animation of a yoke at or above it, so None",
          "controls/yoke_roll_ratio at or above it makes it a yoke$"},
         {"a toggle", "ANIM_begin\n" + kTurn + "ATTR_manip_toggle hand 0 1 sim/x\nTRIS 0 3\nANIM_end", 1, "Tap",
-         "fires an event when clicked, so Tap",
-         "ATTR_manip_drag_axis in the place of its toggle makes it Twist or Move"},
+         "fires an event when clicked, so Tap", "ATTR_manip_drag_axis instead of its toggle makes it Twist or Move"},
         {"a drag on the root", kDrag + "TRIS 0 3", 0, "Twist",
-         "its node has no animation, and BalanceFactor 0 is not above 0.3, so Twist",
-         "an animation block of its own; in one that does not turn it is Move"},
+         "its node has no animation and BalanceFactor 0 is not above 0.3, so Twist",
+         "an animation block of its own that does not rotate makes it Move"},
         {"a knob", "ANIM_begin\n" + kTurn + kDrag + "TRIS 3 3\nANIM_end", 1, "Twist",
-         "it turns, BalanceFactor 0.01384[0-9]* is not above 0.3 and SweepRadius 0.01384[0-9]* is not above 0.1, so "
+         "it rotates, BalanceFactor 0.01384[0-9]* is not above 0.3 and SweepRadius 0.01384[0-9]* is not above 0.1, so "
          "Twist",
-         "a SweepRadius above 0.1, a BalanceFactor above 0.3 or an animation that does not turn makes it Move"},
+         "a SweepRadius above 0.1, a BalanceFactor above 0.3 or an animation that does not rotate makes it Move"},
         {"a slider", "ANIM_begin\nANIM_trans 0 0 0 0 0 1 0 1 sim/x\n" + kDrag + "TRIS 3 3\nANIM_end", 1, "Move",
-         "the animation of its own node never turns, so Move, not Twist", "an ANIM_rotate as the last step"},
-        {"a block without steps", "ANIM_begin\n" + kDrag + "TRIS 3 3\nANIM_end", 1, "Move", "never turns, so Move",
+         "the animation of its node does not rotate, so Move, not Twist", "an ANIM_rotate as the last step"},
+        {"a block without steps", "ANIM_begin\n" + kDrag + "TRIS 3 3\nANIM_end", 1, "Move", "does not rotate, so Move",
          "an ANIM_rotate as the last step"},
         {"a lever", "ANIM_begin\n" + kTurn + kDrag + "TRIS 9 9\nANIM_end", 1, "Move",
-         "BalanceFactor 0.6027[0-9]* is above 0.3, so Move, not Twist", "lie evenly about the axis, makes it Twist$"},
-        {"a lever that is wide, too", "ANIM_begin\n" + kTurn + kDrag + "TRIS 0 3\nANIM_end", 1, "Move",
+         "BalanceFactor 0.6027[0-9]* is above 0.3, so Move, not Twist", "evenly around the axis, makes it Twist$"},
+        {"a lever that is also wide", "ANIM_begin\n" + kTurn + kDrag + "TRIS 0 3\nANIM_end", 1, "Move",
          "BalanceFactor 0.979[0-9]* is above 0.3, so Move, not Twist",
-         "makes it Twist, if its SweepRadius comes down to 0.1 as well$"},
+         "makes it Twist, if its SweepRadius is also reduced to 0.1$"},
         {"a wide wheel", "ANIM_begin\n" + kTurn + kDrag + "TRIS 6 3\nANIM_end", 1, "Move",
          "SweepRadius 0.1384[0-9]* is above 0.1, so Move, not Twist", "stays within 0.1 m of its axis"},
         {"the only yoke", "ANIM_begin\n" + kRoll + kPitch + "TRIS 3 3\nANIM_end", 2, "YokePrimary",
-         "no manipulator, and animations of a yoke's roll and pitch at or above it, so a yoke",
-         "a manipulator ahead of its TRIS makes it no yoke$"},
+         "no manipulator, but roll and pitch animations of a yoke at or above it, so a yoke",
+         "with a manipulator before its TRIS it is not a yoke$"},
     };
     for (const auto& row : rows) {
         const std::string text = Cockpit(row.lines).Text(row.node);
@@ -105,7 +102,7 @@ TEST(ExplanationTest, TellsTheRuleItsFiguresAndWhatWouldChangeIt) {
     }
 }
 
-TEST(ExplanationTest, TellsLinesAnimationsAndFigures) {
+TEST(ExplanationTest, ListsLinesAnimationsAndValues) {
     const Cockpit cockpit(
         "ANIM_begin\nANIM_trans 1 0 0 1 0 0 0 0 no_ref\nANIM_begin\nANIM_trans 0 0 0 0 0 1 0 5 sim/slide\n"
         "ANIM_begin\n" +
@@ -117,17 +114,17 @@ TEST(ExplanationTest, TellsLinesAnimationsAndFigures) {
     EXPECT_THAT(text, ContainsRegex("BalanceFactor 0.0346[0-9]*, SweepRadius 0.1384[0-9]* m, 1 triangle\n"));
     EXPECT_THAT(text, HasSubstr("    node 3: rotation by sim/turn from 0 to 1\n"
                                 "    node 2: translation by sim/slide from 0 to 5\n"
-                                "    node 1: a fixed offset, by no dataref\n"
+                                "    node 1: a fixed offset without a dataref\n"
                                 "    node 0: no animation\n"));
 }
 
-TEST(ExplanationTest, ShowsAFigureThatIsBarelyAboveItsLimitWithAllItsDigits) {
+TEST(ExplanationTest, ShowsAValueThatIsBarelyAboveItsLimitWithAllDigits) {
     const Cockpit cockpit("ANIM_begin\n" + kTurn + kDrag + "TRIS 3 3\nANIM_end");
     NodePart& part = cockpit.Part(1);
     part.BalanceFactor = 0.3f;
     part.SweepRadius = 0.1f;
     EXPECT_THAT(cockpit.Text(1), HasSubstr("BalanceFactor 0.3 is not above 0.3 and SweepRadius 0.1 is not above 0.1"));
-    // The 32-bit floats nearest to 0.3 lie 2^-25 apart: 0.300000012 and 0.300000042.
+    // The 32-bit floats nearest to 0.3 are 2^-25 apart: 0.300000012 and 0.300000042.
     part.BalanceFactor = std::nextafter(0.3f, 1.0f);
     EXPECT_THAT(cockpit.Text(1), HasSubstr("BalanceFactor 0.300000042 is above 0.3"));
     part.BalanceFactor = 1e-9f;
@@ -135,32 +132,32 @@ TEST(ExplanationTest, ShowsAFigureThatIsBarelyAboveItsLimitWithAllItsDigits) {
     EXPECT_THAT(cockpit.Text(1), HasSubstr("BalanceFactor 0 is not above 0.3 and SweepRadius nan is not above 0.1"));
 }
 
-TEST(ExplanationTest, TellsTheScoresOfAllYokesOrOfTheBestOfManyAndThePartItself) {
+TEST(ExplanationTest, ListsTheScoresOfAllYokesOrOfTheBestAndThePartItself) {
     const auto yokeAt = [](int right) {
         const std::string x = std::to_string(right) + " 0 0 ";
         return "ANIM_begin\nANIM_trans " + x + x + "0 1 sim/cockpit2/controls/yoke_roll_ratio\n" + kPitch +
                "TRIS 0 3\nANIM_end\n";
     };
-    // Neither turns nor travels: a corner at 1 sweeps 1 / sqrt(3), and the axis tip is the node's origin. The parts
-    // hang on the nodes of the second steps, behind those of the first.
+    // Without motion a corner at 1 sweeps 1 / sqrt(3), and the axis tip is the node's origin. The parts belong to the
+    // nodes of the second steps, after those of the first.
     const Cockpit two(yokeAt(2) + yokeAt(0));
     EXPECT_THAT(two.Text(3), HasSubstr("    5.7735  part 4,0, the primary yoke\n    3.7735  part 3,0\n"));
-    EXPECT_THAT(two.Text(3), HasSubstr("makes it no yoke, a score above 5.7735, that of part 4,0, YokePrimary\n"));
-    EXPECT_THAT(two.Text(4), HasSubstr("makes it no yoke, a score below 3.7735, that of part 3,0, YokePart\n"));
+    EXPECT_THAT(two.Text(3), HasSubstr("a yoke; a score above 5.7735, that of part 4,0, makes it YokePrimary\n"));
+    EXPECT_THAT(two.Text(4), HasSubstr("a yoke; a score below 3.7735, that of part 3,0, makes it YokePart\n"));
     std::string yokes;
     for (int i = 0; i < 12; ++i)
         yokes += yokeAt(i);
     const std::string text = Cockpit(yokes).Text(24);
-    for (const char* shown : {"part 13,0, the primary yoke\n", "part 22,0\n", "part 24,0\n    of 12 in all\n"})
+    for (const char* shown : {"part 13,0, the primary yoke\n", "part 22,0\n", "part 24,0\n    of 12 in total\n"})
         EXPECT_THAT(text, HasSubstr(shown));
     EXPECT_THAT(text, testing::Not(HasSubstr("part 23,0\n")));
 }
 
-TEST(ExplanationTest, TellsOfARectangleThatDoesNothing) {
+TEST(ExplanationTest, DescribesARectangleThatDoesNothing) {
     const Cockpit cockpit(kDrag + "TRIS 0 3");
     cockpit.Part(0).Rect()->CallbackType = 0;
     EXPECT_THAT(cockpit.Text(0), HasSubstr("does nothing when clicked, so None\n"));
-    EXPECT_THAT(cockpit.Text(0), HasSubstr("fires an event makes it Tap, one that takes a value Twist or Move\n"));
+    EXPECT_THAT(cockpit.Text(0), HasSubstr("makes it Tap, a rectangle that sets a value makes it Twist or Move\n"));
 }
 
 } // namespace

@@ -14,7 +14,7 @@ namespace {
 using testing::AllOf;
 using testing::HasSubstr;
 
-TEST(FailureTexts, NameTheReasonOfEachKindOfError) {
+TEST(FailureTexts, ContainTheReasonOfEachKindOfError) {
     const boost::filesystem::filesystem_error noRight("opening", "Aircraft/Props",
                                                       make_error_code(boost::system::errc::permission_denied));
     EXPECT_EQ(Annotator::ReasonText(noRight), "Aircraft/Props: Permission denied");
@@ -26,7 +26,7 @@ TEST(FailureTexts, NameTheReasonOfEachKindOfError) {
     EXPECT_THAT(Annotator::ReasonText(std::exception()), HasSubstr("fatal error"));
 }
 
-TEST(FailureTexts, NameTheFolderOrFile) {
+TEST(FailureTexts, ContainTheFolderOrFile) {
     const Support::TemporaryFolder folder;
     const Support::WorkingDirectory inside(folder.path);
     const std::runtime_error error("why");
@@ -36,7 +36,7 @@ TEST(FailureTexts, NameTheFolderOrFile) {
     EXPECT_THAT(Annotator::ExportFailureText(Annotator::AircraftExportError("Cub (cub.acf): why")),
                 AllOf(HasSubstr("\nCub (cub.acf): why"), testing::Not(HasSubstr(folder / "QVRA"))));
     EXPECT_EQ(Annotator::ExportDoneText({.files = 1, .failed = {"Cub (cub.acf): why"}}),
-              "1 file is saved into this folder:\n" + folder / "QVRA/AirLogs/1389-2a5530b-4" +
+              "1 file was saved in this folder:\n" + folder / "QVRA/AirLogs/1389-2a5530b-4" +
                   "\n\nNot saved:\nCub (cub.acf): why");
     EXPECT_THAT(Annotator::SaveFailureText("QVRA/Annotations/A.xml", "disk full"),
                 AllOf(HasSubstr(folder / "QVRA/Annotations/A.xml"), HasSubstr("disk full")));

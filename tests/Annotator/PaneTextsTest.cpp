@@ -12,7 +12,7 @@ using namespace CockpitModel;
 using testing::ElementsAre;
 using testing::Field;
 
-/// A root whose first child is animated, with a part two levels further down.
+/// A root whose first child is animated, with a part two levels below it.
 struct Chain {
     explicit Chain(const std::string& name) {
         Support::ModelBuilder builder;
@@ -74,7 +74,7 @@ TEST(PaneTexts, TellsOfAPartWhatItHas) {
     NodePart& part = chain.Part();
     EXPECT_EQ(PartIdText(part), "ID: (3,0)");
     EXPECT_EQ(FileOffsetText(part), "File Offset: 0");
-    EXPECT_EQ(PartInfoText(part), "") << "it cannot be clicked";
+    EXPECT_EQ(PartInfoText(part), "") << "it is not clickable";
     EXPECT_EQ(DetectedTooltipText(part), "Detected:");
 
     MouseRect rect;

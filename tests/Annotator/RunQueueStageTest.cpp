@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using Utils::Matrix4;
 
-/// Notes what it is given and what it sees.
+/// Records its arguments and what it sees.
 struct NotingStage : Rendering::Stage {
     NotingStage(const int& watched, std::vector<int>& seen) : watched(watched), seen(seen) {}
     void Render(Rendering::Context& context, const Matrix4& view, const Matrix4& projection) override {
@@ -37,7 +37,7 @@ TEST(StageListTest, RunsStagesInOrderSoThatALaterOneSeesWhatAnEarlierOneChanged)
     queue.Post([&] { throw std::runtime_error("in a frame"); });
     EXPECT_THROW(stages.Run(context, view, projection), std::runtime_error);
     queue.Post([&] { scene = 2; });
-    stages.Run(context, view, projection); // whose lock the exception has left free
+    stages.Run(context, view, projection); // the exception must have released the lock
     EXPECT_THAT(seen, ElementsAre(1, 1, 2));
     EXPECT_EQ(before->given, std::tuple(&context, view, projection));
     EXPECT_EQ(after->given, before->given);

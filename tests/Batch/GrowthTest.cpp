@@ -18,17 +18,17 @@ std::string Repeated(const std::string& text, int count) {
     return all;
 }
 
-/// The words of a command that runs with so much address space. The sanitizers take all of it for their own ends.
-std::vector<std::string> WithMemory(int megabytes, std::vector<std::string> words) {
+/// A command line with limited address space. The sanitizers need all of it, so there is no limit under them.
+std::vector<std::string> WithMemory(int megabytes, std::vector<std::string> arguments) {
     const std::string limit = "ulimit -v " + std::to_string(megabytes * 1024) + " && exec \"$@\"";
     if (!Support::kSanitized)
-        words.insert(words.begin(), {"/bin/sh", "-c", limit, "sh"});
-    return words;
+        arguments.insert(arguments.begin(), {"/bin/sh", "-c", limit, "sh"});
+    return arguments;
 }
 
-/// Objects that ask for far more memory, time or stack than they are large: each is read or refused within one
-/// gigabyte, and the person reads why.
-TEST(Growth, StaysWithinTheMemoryOfAMachineForAnyObject) {
+/// Objects that need far more memory, time or stack than their size suggests: each is read, or refused with a reason,
+/// within one gigabyte.
+TEST(Growth, StaysWithinOneGigabyteForAnyObject) {
     const std::string vertex = "TEXTURE a.png\nVT 0 0 0 0 0 1 0 0\n",
                       index = Repeated("IDX10 0 0 0 0 0 0 0 0 0 0\n", 3000);
     const struct {
@@ -67,11 +67,11 @@ TEST(Growth, StaysWithinTheMemoryOfAMachineForAnyObject) {
     const Support::ProgramResult result = program.Wait();
     EXPECT_EQ(result.exitCode, 3);
     for (const auto& row : rows) {
-        const std::string name = row.name, place = name + " (Aircraft/A/" + name + "/plane.acf): ";
+        const std::string name = row.name, prefix = name + " (Aircraft/A/" + name + "/plane.acf): ";
         if (row.reason.empty())
-            EXPECT_THAT(result.errors, Not(HasSubstr(place)));
+            EXPECT_THAT(result.errors, Not(HasSubstr(prefix)));
         else
-            EXPECT_THAT(result.errors, AllOf(HasSubstr(place), HasSubstr(row.reason)));
+            EXPECT_THAT(result.errors, AllOf(HasSubstr(prefix), HasSubstr(row.reason)));
         EXPECT_EQ(boost::filesystem::exists(installation / ("out/" + name + ".xml")), row.reason.empty()) << name;
     }
 }

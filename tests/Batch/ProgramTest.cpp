@@ -12,7 +12,7 @@ using Support::ProgramResult;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-TEST(Program, TellsUsageFromHelp) {
+TEST(Program, PrintsHelpAndUsageErrors) {
     const Installation installation;
     const struct {
         std::vector<std::string> arguments;
@@ -24,17 +24,17 @@ TEST(Program, TellsUsageFromHelp) {
         {{"detect", "--help"}, 0, "--jobs", ""},
         {{"--version"}, 0, "vorelle-batch 1", ""},
         {{}, 2, "", "required"},
-        {{"fly"}, 2, "", "there is no command 'fly'\n'vorelle-batch --help'"},
-        {{"lits"}, 2, "", "there is no command 'lits'; did you mean 'list'?"},
-        {{"list", "--fast"}, 2, "", "list: there is no option --fast\n'vorelle-batch list --help'"},
-        {{"detect", "--job=3"}, 2, "", "there is no option --job=3; did you mean '--jobs'?"},
+        {{"fly"}, 2, "", "unknown command 'fly'\nRun 'vorelle-batch --help'"},
+        {{"lits"}, 2, "", "unknown command 'lits'; did you mean 'list'?"},
+        {{"list", "--fast"}, 2, "", "list: unknown option --fast\nRun 'vorelle-batch list --help'"},
+        {{"detect", "--job=3"}, 2, "", "unknown option --job=3; did you mean '--jobs'?"},
         {{"detect", "--un"}, 2, "", "did you mean '--untextured'?"},
-        {{"explain", "Vorelle", "Trainer", "1,0"}, 2, "", "explain: '1,0' is one word too many"},
+        {{"explain", "Vorelle", "Trainer", "1,0"}, 2, "", "explain: unexpected argument '1,0'"},
         {{"inspect"}, 2, "", "inspect: AIRCRAFT is required"},
         {{"detect", "--jobs", "0"}, 2, "", "detect: --jobs: '0' is not a number from 1 to 1024"},
         {{"accept", "--jobs", "1x"}, 2, "", "accept: --jobs: '1x' is not a number"},
         {{"-C", "nowhere", "list"}, 2, "", "nowhere: No such file or directory"},
-        {{"lint"}, 2, "", "is no X-Plane installation: there is no folder Aircraft in it"},
+        {{"lint"}, 2, "", "is not an X-Plane installation: it has no folder Aircraft"},
     };
     for (const auto& row : rows) {
         const ProgramResult result = RunBatch(installation, row.arguments);
@@ -45,19 +45,19 @@ TEST(Program, TellsUsageFromHelp) {
     }
 }
 
-TEST(Program, TellsOfUntexturedWhereAPartLacksATexture) {
+TEST(Program, SuggestsUntexturedIfAPartHasNoTexture) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
     installation.Annotations("Piper", Support::Expectation(0, 0, "None"));
     for (const char* command : {"detect", "inspect", "explain", "manips", "test", "accept"}) {
-        std::vector<std::string> words{command, "Piper"};
-        if (words[0] == "explain")
-            words.push_back("0,0");
-        const ProgramResult refused = RunBatch(installation, words);
+        std::vector<std::string> arguments{command, "Piper"};
+        if (arguments[0] == "explain")
+            arguments.push_back("0,0");
+        const ProgramResult refused = RunBatch(installation, arguments);
         EXPECT_EQ(refused.exitCode, 3) << command;
-        EXPECT_THAT(refused.errors, HasSubstr("; --untextured loads it with a plain material\n")) << command;
-        words.push_back("--untextured");
-        EXPECT_EQ(RunBatch(installation, words).exitCode, 0) << command;
+        EXPECT_THAT(refused.errors, HasSubstr("; use --untextured to load it with a plain material\n")) << command;
+        arguments.push_back("--untextured");
+        EXPECT_EQ(RunBatch(installation, arguments).exitCode, 0) << command;
     }
 }
 
@@ -72,7 +72,7 @@ TEST(Program, RemovesTheLogOfTheRunBeforeAndFailsInARemovedFolder) {
         3);
 }
 
-TEST(Program, EndsInSilenceWhenNobodyReadsOn) {
+TEST(Program, EndsSilentlyWhenItsOutputIsClosed) {
     const Installation installation;
     ObjText object = ObjText().Texture();
     for (int i = 0; i < 300; ++i) // more JSON than a pipe holds
@@ -82,7 +82,7 @@ TEST(Program, EndsInSilenceWhenNobodyReadsOn) {
     const ProgramResult result =
         Support::Program({"/bin/sh", "-c", line, VORELLE_BATCH_PROGRAM}, installation.path.string()).Wait();
     EXPECT_EQ(result.output, "{");
-    EXPECT_EQ(result.errors, "141\n") << "as a shell tells that a closed pipe has ended a program";
+    EXPECT_EQ(result.errors, "141\n") << "the exit code of a program ended by a closed pipe";
     const ProgramResult full =
         Support::Program(BatchWords({"inspect", "Cub"}), installation.path.string(), "/dev/full").Wait();
     EXPECT_EQ(full.exitCode, 4);
@@ -111,20 +111,21 @@ TEST(Program, ListsPathsAndNamesInTheOrderOfTheSystemsLists) {
     EXPECT_THAT(unlisted.errors, HasSubstr("Aircraft: Not a directory"));
 }
 
-TEST(Program, TakesAWordForTheOneAircraftThatItMeans) {
+TEST(Program, SelectsTheOnlyAircraftThatANameMatches) {
     const Installation installation;
     const std::string cub = installation.Aircraft("Aircraft/Props/Cub", "Carbon", ThreeParts());
     installation.Aircraft("Aircraft/Props/Copy", "Copy of " + cub);
     installation.Aircraft("Aircraft/Props/Super", "Carbon Two", ThreeParts());
-    // The whole path, a part of a name in another case, a part of a path.
-    for (const auto& [word, name] : {std::pair(cub, "Carbon"), {"bon TWO", "Carbon Two"}, {"props/sup", "Carbon Two"}})
-        EXPECT_THAT(RunBatch(installation, {"explain", word, "0,0"}).output, StartsWith(std::string(name) + " ("));
-    for (const auto& [word, fault] :
-         {std::pair("Carbon", "several"), {"Boeing", "means no aircraft"}, {"", "means no aircraft"}}) {
-        const ProgramResult result = RunBatch(installation, {"explain", word, "0,0"});
-        EXPECT_EQ(result.exitCode, 2) << word;
-        for (const char* told : {fault, "Carbon (", "Carbon Two ("})
-            EXPECT_THAT(result.errors, HasSubstr(told)) << word;
+    // The complete path, a part of a name in other case, a part of a path.
+    for (const auto& [argument, name] :
+         {std::pair(cub, "Carbon"), {"bon TWO", "Carbon Two"}, {"props/sup", "Carbon Two"}})
+        EXPECT_THAT(RunBatch(installation, {"explain", argument, "0,0"}).output, StartsWith(std::string(name) + " ("));
+    for (const auto& [argument, fault] :
+         {std::pair("Carbon", "several"), {"Boeing", "no aircraft matches"}, {"", "no aircraft matches"}}) {
+        const ProgramResult result = RunBatch(installation, {"explain", argument, "0,0"});
+        EXPECT_EQ(result.exitCode, 2) << argument;
+        for (const char* text : {fault, "Carbon (", "Carbon Two ("})
+            EXPECT_THAT(result.errors, HasSubstr(text)) << argument;
     }
 }
 

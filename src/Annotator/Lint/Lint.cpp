@@ -28,13 +28,12 @@ using CockpitModel::TouchInteractionType;
 
 constexpr std::size_t kMostOtherYokes = 4;
 
-/// The name that a file bears on the disk, also where the system finds it by another spelling; empty when there is
-/// none.
+/// The name of a file on disk, even if the system also finds it in other upper or lower case; empty if there is none.
 path CockpitFileOnDisk(const path& file) {
     return Utils::OnDiskCase(Utils::FindIgnoringCase(file));
 }
 
-/// X-Plane takes a texture of either kind for the other.
+/// X-Plane loads a texture of either format in place of the other.
 std::string WithOtherExtension(const path& texture) {
     for (const char* extension : {".png", ".dds"})
         if (const path found = Utils::FindIgnoringCase(path(texture).replace_extension(extension)); !found.empty())
@@ -51,31 +50,32 @@ void CheckTextureFiles(const LintOutline& outline, const path& folder, LintFindi
         if (!found.empty())
             findings.Add(Warning, "texture-case", texture.line,
                          "TEXTURE " + texture.path + " differs in case from the file " + found.string(),
-                         "write it as the file is named: Linux tells them apart");
+                         "use the same upper and lower case as the file name: Linux file names are case-sensitive");
         else if (const std::string other = WithOtherExtension(file); !other.empty())
             findings.Add(Note, "texture-missing", texture.line,
-                         "there is no " + file.string() + ", but " + other + ", which X-Plane takes instead",
-                         "name the file that is there");
+                         file.string() + " does not exist; X-Plane uses " + other + " instead",
+                         "write the name of the existing file");
         else
-            findings.Add(Warning, "texture-missing", texture.line, "there is no " + file.string(),
-                         "add the file, or name one that is there");
+            findings.Add(Warning, "texture-missing", texture.line, file.string() + " does not exist",
+                         "add the file, or write the name of an existing one");
     }
 }
 
-/// Where an aircraft has no 3D panel, X-Plane shows its 2D panel under ATTR_cockpit; this program does not.
+/// If an aircraft has no 3D panel, X-Plane shows its 2D panel under ATTR_cockpit; this program does not.
 void CheckPanel(const LintOutline& outline, const path& folder, LintFindings& findings) {
     const auto first = std::ranges::find(outline.draws, true, &LintDraw::panel);
     if (first == outline.draws.end() || !Utils::FindIgnoringCase(folder / CockpitModel::kPanelTexture).empty())
         return;
     const auto count = static_cast<std::size_t>(std::ranges::count(outline.draws, true, &LintDraw::panel));
-    const std::string wrong = "there is no " + (folder / CockpitModel::kPanelTexture).string() + ", which " +
-                              Times(count, "part under ATTR_cockpit shows", "parts under ATTR_cockpit show");
+    const std::string message = (folder / CockpitModel::kPanelTexture).string() + " does not exist, but " +
+                                Times(count, "part under ATTR_cockpit shows it", "parts under ATTR_cockpit show it");
     if (const path flat = Utils::FindIgnoringCase(folder / "cockpit/-PANELS-/Panel.png"); !flat.empty())
-        findings.Add(Note, "panel-missing", first->line, wrong,
-                     "nothing for X-Plane, which takes " + flat.string() + " instead; pictures here stay without it");
+        findings.Add(Note, "panel-missing", first->line, message,
+                     "none needed for X-Plane, which uses " + flat.string() +
+                         " instead; this program shows no panel image");
     else
-        findings.Add(Warning, "panel-missing", first->line, wrong,
-                     "add the picture of the panel, or give these parts a TEXTURE by ATTR_no_cockpit");
+        findings.Add(Warning, "panel-missing", first->line, message,
+                     "add the panel image, or use ATTR_no_cockpit so that these parts show TEXTURE");
 }
 
 void CheckAcf(const path& acf, std::vector<LintFinding>& all) {
@@ -84,8 +84,9 @@ void CheckAcf(const path& acf, std::vector<LintFinding>& all) {
     Utils::OpenFile(acf).read(start.data(), looked);
     if (start.find('\0') != start.npos)
         LintFindings(acf.string(), all)
-            .Add(Warning, "acf-binary", 0, "it is binary, so that the aircraft's name and pilot's eye are not read",
-                 "open the aircraft in Plane Maker of X-Plane 10 or 11 and save it, which makes it text");
+            .Add(Warning, "acf-binary", 0,
+                 "the file is binary, so the aircraft's name and the pilot's eye cannot be read",
+                 "open the aircraft in Plane Maker of X-Plane 10 or 11 and save it as text");
 }
 
 std::string ScoreText(const CockpitModel::NodePart& part) {
@@ -96,7 +97,7 @@ std::string ScoreText(const CockpitModel::NodePart& part) {
            (part.InteractionType == TouchInteractionType::YokePrimary ? " (chosen)" : "");
 }
 
-/// The datarefs of animations that look like a yoke's and are not taken for one.
+/// Datarefs of animations that look like a yoke's but are not recognized as one.
 std::string OtherYokes(const LintOutline& outline) {
     std::string text;
     std::set<std::string> seen;
@@ -107,7 +108,7 @@ std::string OtherYokes(const LintOutline& outline) {
         if (like && !known && seen.size() < kMostOtherYokes && seen.insert(name).second)
             text += (text.empty() ? " (" : ", ") + step.dataref + " in line " + std::to_string(step.line);
     }
-    return text.empty() ? text : text + (seen.size() == 1 ? " does not count)" : " do not count)");
+    return text.empty() ? text : text + (seen.size() == 1 ? " is not recognized)" : " are not recognized)");
 }
 
 void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& outline, LintFindings& findings) {
@@ -120,8 +121,8 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& o
     if (candidates.empty()) {
         findings.Add(Note, "no-yoke", 0,
                      "no part without a manipulator moves with both axes of a yoke" + OtherYokes(outline),
-                     "animate it by sim/cockpit2/controls/yoke_roll_ratio and .../yoke_pitch_ratio with ANIM_rotate or "
-                     "ANIM_trans lines");
+                     "animate the yoke with ANIM_rotate or ANIM_trans lines that use the datarefs "
+                     "sim/cockpit2/controls/yoke_roll_ratio and .../yoke_pitch_ratio");
         return;
     }
     if (candidates.size() == 1)
@@ -133,7 +134,8 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& o
     findings.Add(Note, "several-yokes", 0,
                  std::to_string(candidates.size()) + " parts could be the primary yoke: " + scores +
                      (candidates.size() > most ? ", ..." : ""),
-                 "nothing, if the chosen one belongs to the pilot's yoke; the widest sweep farthest left wins");
+                 "none needed if the chosen part belongs to the pilot's yoke; a wider sweep and a position farther "
+                 "left score higher");
 }
 
 void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGraph& sceneGraph,
@@ -144,12 +146,12 @@ void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGr
         LintAnnotations(Utils::ReadFile(file), sceneGraph, target);
 }
 
-/// Yokes and what annotations name show only in the built cockpit. What keeps it from being built is among the findings
-/// of its text, except for limits of the model.
+/// Yokes and annotated parts can only be checked in the built cockpit. If it cannot be built, the findings in its text
+/// say why, except for limits of the model.
 void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline, std::vector<LintFinding>& all,
                        LintFindings& findings) {
     if (outline.doubledReturns.count > 0)
-        return; // what is built then has little to do with the file
+        return; // the built cockpit would not match the file
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
         const OpenedAircraft opened = OpenAircraft(info, repository);
@@ -158,11 +160,11 @@ void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline
         CheckAnnotations(info, *built.sceneGraph, all);
     } catch (const std::exception& error) {
         if (std::ranges::find(all, Error, &LintFinding::severity) == all.end())
-            findings.Add(Error, "not-loaded", 0, Utils::Describe(error), "mend what it names");
+            findings.Add(Error, "not-loaded", 0, Utils::Describe(error), "fix what the message names");
     }
 }
 
-/// The worst first, each kind of severity by file and line; the cockpit object comes ahead of the annotations.
+/// Most severe first, then by file and line; the cockpit object comes before the annotations.
 void Sort(std::vector<LintFinding>& findings) {
     std::ranges::stable_sort(findings, [](const LintFinding& a, const LintFinding& b) {
         return std::tie(b.severity, a.file, a.line) < std::tie(a.severity, b.file, b.line);
@@ -181,6 +183,10 @@ const char* LintSeverityText(LintSeverity severity) {
     return severity == Error ? "error" : severity == Warning ? "warning" : "note";
 }
 
+LintSeverity LintSeverityFromText(std::string_view text) {
+    return text == LintSeverityText(Error) ? Error : text == LintSeverityText(Warning) ? Warning : Note;
+}
+
 std::vector<LintFinding> LintObject(const std::string& file, std::string_view text) {
     std::vector<LintFinding> findings;
     RunChecks(ReadLintOutline(text), file, findings);
@@ -193,14 +199,15 @@ std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
     const path expected = acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
     const path object = CockpitFileOnDisk(expected);
     if (object.empty())
-        throw std::runtime_error("there is no cockpit object " + expected.string());
+        throw std::runtime_error("cannot find the cockpit object " + expected.string());
     const LintOutline outline = ReadLintOutline(Utils::ReadFile(object));
     std::vector<LintFinding> findings;
     RunChecks(outline, object.string(), findings);
     LintFindings target(object.string(), findings);
     if (object != expected)
-        target.Add(Warning, "object-case", 0, "the cockpit object differs in case from " + expected.string(),
-                   "rename it: Linux tells them apart");
+        target.Add(Warning, "object-case", 0,
+                   "the name of the cockpit object differs in case from " + expected.string(),
+                   "rename the file: Linux file names are case-sensitive");
     CheckAcf(acf, findings);
     CheckTextureFiles(outline, acf.parent_path(), target);
     CheckPanel(outline, acf.parent_path(), target);

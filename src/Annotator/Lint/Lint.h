@@ -11,23 +11,24 @@ namespace Annotator {
 
 enum class LintSeverity { Note, Warning, Error };
 
-/// What an aircraft's author would want to know of a cockpit object.
+/// A possible mistake in an aircraft's cockpit object, in a file used by it or in its annotations.
 struct LintFinding {
     LintSeverity severity = LintSeverity::Warning;
-    std::string check; ///< name of the kind, for machines
+    std::string check; ///< identifier of the check
     std::string file;
-    std::uint32_t line = 0; ///< 0 where it is about the file as a whole
-    std::string wrong;      ///< what is wrong
-    std::string mend;       ///< what to do
+    std::uint32_t line = 0; ///< 0 if it is about the whole file
+    std::string message;
+    std::string fix; ///< what to do about it
 };
 
 const char* LintSeverityText(LintSeverity severity);
+LintSeverity LintSeverityFromText(std::string_view text);
 
-/// The findings in the text of a cockpit object, the worst first, and by line.
+/// The findings in the text of a cockpit object, most severe first, then by line.
 std::vector<LintFinding> LintObject(const std::string& file, std::string_view text);
 
-/// The findings of an aircraft: those of its cockpit object, of the files around it, of its yokes and of its annotation
-/// file. An aircraft that cannot be read throws.
+/// The findings of an aircraft: in its cockpit object, the files around it, its yokes and its annotation file. Throws
+/// if the aircraft cannot be read.
 std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info);
 
 } // namespace Annotator

@@ -16,8 +16,8 @@ using enum LintSeverity;
 using CockpitModel::AnnotationElement;
 using Place = std::pair<std::int32_t, std::int32_t>; ///< node and part
 
-constexpr const char* kNumbers = "write a number from 0";
-constexpr const char* kTypes = "write None, Tap, Twist, Move or Radio; in a test, also YokePart or YokePrimary";
+constexpr const char* kNumbers = "write a number of at least 0";
+constexpr const char* kTypes = "write None, Tap, Twist, Move or Radio; in a test also YokePart or YokePrimary";
 constexpr std::pair<std::string_view, const char*> kAdvice[] = {
     {"NodeId", kNumbers},
     {"PartId", kNumbers},
@@ -32,7 +32,7 @@ void CheckValues(const AnnotationElement& element, LintFindings& findings) {
         const auto* advice = std::ranges::find(kAdvice, value.name, &std::pair<std::string_view, const char*>::first);
         findings.Add(Warning, "annotation-word", value.line,
                      std::string(value.inPart ? "only the beginning of " : "") + value.name + " '" +
-                         Utils::ToValidUtf8(value.text) + "' is " + (value.inPart ? "read" : "not read"),
+                         Utils::ToValidUtf8(value.text) + "' is " + (value.inPart ? "used" : "ignored"),
                      advice->second);
     }
 }
@@ -48,15 +48,16 @@ void CheckPlace(const AnnotationElement& element, const CockpitModel::SceneGraph
     const Place place{element.record.NodeId, element.record.PartId};
     const std::string name = "part " + std::to_string(place.first) + "," + std::to_string(place.second);
     if (place.first < 0 || place.second < 0)
-        findings.Add(Warning, "annotation-place", element.line, "an Override that names no part",
-                     "give it a NodeId and a PartId, numbers from 0, or take it out");
+        findings.Add(Warning, "annotation-place", element.line, "the Override does not identify a part",
+                     "add a NodeId and a PartId of at least 0, or remove the Override");
     else if (!IsThere(place, sceneGraph))
         findings.Add(Warning, "annotation-place", element.line, "the cockpit has no " + name,
-                     "take it out, or name the part that it was meant for; 'inspect' lists all parts");
+                     "remove the Override, or correct its NodeId and PartId; run 'inspect' to list all parts");
     else if (const auto [first, isNew] = seen.emplace(place, element.line); !isNew)
         findings.Add(Warning, "annotation-place", first->second,
-                     "line " + std::to_string(element.line) + " annotates " + name + " once more and takes its place",
-                     "leave one of the two");
+                     "line " + std::to_string(element.line) + " annotates " + name +
+                         " again and replaces this Override",
+                     "remove one of the two");
 }
 
 } // namespace
@@ -64,9 +65,9 @@ void CheckPlace(const AnnotationElement& element, const CockpitModel::SceneGraph
 void LintAnnotations(const std::string& xml, const CockpitModel::SceneGraph& sceneGraph, LintFindings& findings) {
     const CockpitModel::AnnotationText text = CockpitModel::ParseAnnotations(xml);
     if (!text.isXml)
-        findings.Add(Error, "annotation-xml", text.errorLine,
-                     "no well-formed XML, so that none of the annotations is read", "correct it, or take the file out");
-    std::map<Place, std::uint32_t> seen; // with the line
+        findings.Add(Error, "annotation-xml", text.errorLine, "not well-formed XML, so no annotations are read",
+                     "correct the XML, or remove the file");
+    std::map<Place, std::uint32_t> seen; // and its line
     for (const AnnotationElement& element : text.elements) {
         CheckPlace(element, sceneGraph, seen, findings);
         CheckValues(element, findings);

@@ -7,8 +7,7 @@
 
 namespace Annotator {
 
-/// What the reader of an annotation file ignores in silence: values that it does not know and parts that are not
-/// there.
+/// Finds what the reader of annotation files ignores silently: unknown values and parts that do not exist.
 void LintAnnotations(const std::string& xml, const CockpitModel::SceneGraph& sceneGraph, LintFindings& findings);
 
 } // namespace Annotator

@@ -7,13 +7,13 @@
 
 namespace Annotator {
 
-/// Where a check puts what it finds.
+/// Collects the findings of the checks on one file.
 class LintFindings {
 public:
     LintFindings(std::string file, std::vector<LintFinding>& target) : path(std::move(file)), findings(target) {}
 
-    void Add(LintSeverity severity, const char* check, std::uint32_t line, std::string wrong, std::string mend) {
-        findings.push_back({severity, check, path, line, std::move(wrong), std::move(mend)});
+    void Add(LintSeverity severity, const char* check, std::uint32_t line, std::string message, std::string fix) {
+        findings.push_back({severity, check, path, line, std::move(message), std::move(fix)});
     }
 
 private:
@@ -24,7 +24,7 @@ private:
 /// "1 part", "2 parts".
 std::string Times(std::size_t count, const std::string& one, const std::string& many);
 
-/// To add a check: a function in LintChecks.cpp and its row in the table there.
+/// To add a check, write a function in LintChecks.cpp and add it to the table there.
 using LintCheck = void (*)(const LintOutline& outline, LintFindings& findings);
 std::span<const LintCheck> LintChecks();
 

@@ -4,8 +4,8 @@
 
 namespace Annotator {
 
-/// The keywords of the OBJ8 format as of X-Plane 12.2, with the shading directives that objects share with terrain and
-/// those that exporters and X-Plane's own objects have beyond its description, in byte order.
+/// The keywords of the OBJ8 format of X-Plane 12.2, including shading directives shared with terrain and undocumented
+/// keywords used by exporters and X-Plane's own objects. In byte order.
 inline constexpr std::string_view kObjKeywords[] = {
     "ANIM_begin",
     "ANIM_end",

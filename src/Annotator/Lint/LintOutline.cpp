@@ -11,31 +11,31 @@ namespace Annotator {
 
 namespace {
 
-/// "I", a version and "OBJ" stand in the first lines, in front of all keywords.
+/// "I", a version and "OBJ" are in the first lines, before all keywords.
 constexpr std::uint32_t kHeaderLines = 8;
-/// A draw call copies the name, which must not fill the memory.
+/// Every draw call copies the name, so its length is limited.
 constexpr std::size_t kLongestKeyword = 64;
 
 using WordSpan = std::span<const std::string_view>;
 
 template <typename Number>
-Number NumberAt(WordSpan words, std::size_t place) {
+Number NumberAt(WordSpan words, std::size_t index) {
     Number number = 0;
-    if (place >= words.size())
+    if (index >= words.size())
         return number;
-    std::string_view word = words[place];
+    std::string_view word = words[index];
     if (word.starts_with('+'))
         word.remove_prefix(1);
     std::from_chars(word.data(), word.data() + word.size(), number);
     return number;
 }
 
-float FloatAt(WordSpan words, std::size_t place) {
-    return NumberAt<float>(words, place);
+float FloatAt(WordSpan words, std::size_t index) {
+    return NumberAt<float>(words, index);
 }
 
-std::string WordAt(WordSpan words, std::size_t place) {
-    return place < words.size() ? std::string(words[place]) : std::string();
+std::string WordAt(WordSpan words, std::size_t index) {
+    return index < words.size() ? std::string(words[index]) : std::string();
 }
 
 class OutlineReader {
@@ -119,7 +119,7 @@ void OutlineReader::Line(std::string_view text) {
         Other(words.front());
 }
 
-/// Further CRs in front of the line's end are counted and left out, so that they do not spoil every other check.
+/// Counts and removes extra CRs at the end of the line, so that they do not affect the other checks.
 std::string_view OutlineReader::WithoutReturns(std::string_view text) {
     if (!text.ends_with('\r'))
         return text;
@@ -154,7 +154,7 @@ void OutlineReader::End(WordSpan) {
         block = outline.blocks[block].parent;
 }
 
-/// The root keeps its first step and does not move by it; further ones move all that the file draws.
+/// The first step outside all blocks moves nothing; later ones move everything that the file draws.
 void OutlineReader::Step() {
     outline.blocks[block].steps = block != 0 || outside;
     outside |= block == 0;
@@ -198,7 +198,7 @@ void OutlineReader::Take(WordSpan words, std::size_t values) {
 }
 
 void OutlineReader::Other(std::string_view keyword) {
-    // Lines that add to the manipulator before them leave it what it is.
+    // These lines add to the manipulator before them and do not replace it.
     const bool addition = keyword == "ATTR_manip_wheel" || keyword == "ATTR_manip_keyframe";
     if (keyword.starts_with("ATTR_manip_") && !addition && manipulator >= 0 && unreadLine == 0) {
         unreadLine = line;
@@ -210,8 +210,8 @@ void OutlineReader::Other(std::string_view keyword) {
                                                  keyword.find_first_not_of("0123456789") == std::string_view::npos);
     if (header)
         return;
-    const auto [place, isNew] = outline.unknown.try_emplace(std::string(keyword), LintUnknown{line, 0});
-    ++place->second.count;
+    const auto [entry, isNew] = outline.unknown.try_emplace(std::string(keyword), LintUnknown{line, 0});
+    ++entry->second.count;
 }
 
 } // namespace

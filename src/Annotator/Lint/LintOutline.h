@@ -8,8 +8,8 @@
 
 namespace Annotator {
 
-/// What the checks look at in the text of a cockpit object: a second, plain reading that keeps lines and also what the
-/// model's reader skips in silence. Lines count from 1.
+/// The text of a cockpit object as the checks need it: with line numbers, counted from 1, and with content that the
+/// model's reader skips silently.
 
 struct LintManipulator {
     std::uint32_t line = 0;
@@ -22,9 +22,9 @@ struct LintManipulator {
 struct LintStep {
     std::uint32_t line = 0;
     std::uint32_t block = 0; ///< 0 outside any ANIM_begin
-    bool turns = false;      ///< ANIM_rotate
-    bool zeroAxis = false;   ///< of a turn that has an angle
-    bool moves = false;      ///< its two ends differ
+    bool rotates = false;    ///< ANIM_rotate
+    bool zeroAxis = false;   ///< of a rotation by a nonzero angle
+    bool moves = false;      ///< its two values differ
     std::string dataref;
 };
 
@@ -38,17 +38,17 @@ struct LintDraw {
     std::uint32_t line = 0;
     std::uint32_t block = 0;
     std::int64_t offset = 0, count = 0;
-    bool panel = false; ///< under ATTR_cockpit, which shows the panel's picture
+    bool panel = false; ///< under ATTR_cockpit, which shows the panel texture
     bool textured = false;
     int manipulator = -1;         ///< in LintOutline::manipulators: the one in force; negative for none
-    std::uint32_t unreadLine = 0; ///< of a manipulator behind that one that is not read; 0 for none
+    std::uint32_t unreadLine = 0; ///< of an unsupported manipulator after that one; 0 for none
     std::string unreadKeyword;
 };
 
 struct LintTexture {
     std::uint32_t line = 0;
     std::string path;
-    bool blank = false; ///< more words follow, so that the path is cut short
+    bool truncated = false; ///< at a space, with more text after it
 };
 
 struct LintUnknown {
@@ -64,7 +64,7 @@ struct LintOutline {
     std::vector<LintTexture> textures;
     std::vector<std::int64_t> indices;
     std::int64_t vertices = 0;
-    std::map<std::string, LintUnknown, std::less<>> unknown; ///< keywords that are none of the format
+    std::map<std::string, LintUnknown, std::less<>> unknown; ///< keywords that the format does not have
     std::uint32_t emptyTexture = 0;                          ///< line of the first TEXTURE without a path; 0 for none
     LintUnknown doubledReturns;                              ///< lines that end in CR CR LF
     std::vector<std::uint32_t> endsWithoutBegin, beginsWithoutEnd;
@@ -72,7 +72,7 @@ struct LintOutline {
 
 LintOutline ReadLintOutline(std::string_view text);
 
-/// The keyword of the format that a word is but for its case; empty where it is none.
+/// The keyword of the format that differs from the word only in case; empty if there is none.
 std::string_view KeywordLike(std::string_view word);
 
 } // namespace Annotator

@@ -13,10 +13,10 @@ constexpr float kMetresPerSecond = 1.0f;
 constexpr float kRadiansPerDrag = 2.0f; // across the whole canvas
 constexpr float kHalfTurn = 3.1415927f, kQuarterTurn = 1.5707964f;
 
-// The toolkit's codes of the arrow keys; letters have the code of their capital.
+// The toolkit's key codes of the arrow keys; a letter's code is its capital letter.
 constexpr int kLeftKey = 314, kUpKey = 315, kRightKey = 316, kDownKey = 317;
 
-/// Rz(roll) x Rx(pitch) x Ry(yaw) as column vectors have it, where an angle turns the other way round.
+/// Rz(roll) x Rx(pitch) x Ry(yaw) for column vectors, with the opposite sense of rotation.
 Utils::Matrix4 ColumnTurn(float pitch, float roll, float yaw) {
     return Utils::RotationZ(-roll) * Utils::RotationX(-pitch) * Utils::RotationY(-yaw);
 }
@@ -24,8 +24,8 @@ Utils::Matrix4 ColumnTurn(float pitch, float roll, float yaw) {
 } // namespace
 
 Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit) {
-    const Utils::Vector3 place = cockpit.modelOffset + cockpit.pilotEye;
-    return {place.x(), place.y(), -place.z()};
+    const Utils::Vector3 eye = cockpit.modelOffset + cockpit.pilotEye;
+    return {eye.x(), eye.y(), -eye.z()};
 }
 
 void CanvasControl::Resize(CanvasPoint newSize) {
@@ -76,12 +76,12 @@ void CanvasControl::MoveCamera(float dt) {
 
 void CanvasControl::StepCamera(float yawOffset, float pitchOffset, float dt) {
     const Utils::Vector3& rotation = camera.Rotation();
-    const Utils::Matrix4 turn =
+    const Utils::Matrix4 rotation =
         ColumnTurn(pitchOffset, 0.0f, yawOffset) * ColumnTurn(rotation.x(), rotation.y(), rotation.z());
-    // A camera with the Euler angles of this turn, whatever they are, looks along (-m20, -m21, m22): roll keeps the
-    // view axis. Reading it off the matrix spares the way through angles, which are not unique when it looks straight
-    // up. The camera's position counts z the other way round.
-    const Utils::Vector3 direction = -turn.row(2).head<3>();
+    // A camera with the Euler angles of this rotation looks along (-m20, -m21, m22), because roll keeps the view axis.
+    // Reading the direction from the matrix avoids the angles, which are not unique when it looks straight up. The
+    // camera's position has the opposite z axis.
+    const Utils::Vector3 direction = -rotation.row(2).head<3>();
     camera.SetPosition(camera.Position() + direction * (kMetresPerSecond * dt));
 }
 
@@ -98,8 +98,8 @@ void CanvasControl::Motion(CanvasPoint pointer, bool dragging) {
     clickArmed = false;
     const float dx = static_cast<float>(pointer.x - lastMouse.x), dy = static_cast<float>(pointer.y - lastMouse.y);
     lastMouse = pointer;
-    const Utils::Vector3 turn(dy / static_cast<float>(clientSize.y), 0.0f, dx / static_cast<float>(clientSize.x));
-    camera.SetRotation(camera.Rotation() + turn * kRadiansPerDrag);
+    const Utils::Vector3 rotation(dy / static_cast<float>(clientSize.y), 0.0f, dx / static_cast<float>(clientSize.x));
+    camera.SetRotation(camera.Rotation() + rotation * kRadiansPerDrag);
 }
 
 void CanvasControl::Release(CanvasPoint pointer) {

@@ -22,25 +22,25 @@ struct CanvasPoint {
 inline constexpr float kFieldOfView = 1.0f;
 inline constexpr float kNearPlane = 0.05f, kFarPlane = 30.0f;
 
-/// What a frame is cleared to: red, green, blue, alpha.
+/// The colour a frame is cleared to: red, green, blue, alpha.
 inline const Utils::Vector4 kCanvasColour{0.5f, 0.5f, 0.5f, 1.0f};
 
-/// Where the camera stands when a cockpit opens: at the pilot's eye, in the camera's axes.
+/// The camera position when a cockpit opens: the pilot's eye, in the camera's axes.
 Utils::Vector3 CameraPlace(const CockpitModel::AircraftCockpit& cockpit);
 
-/// What the canvas does with mouse and keys, without a toolkit: it moves the camera, and turns the pointer into a ray
-/// for its clickables. User interface thread.
+/// Mouse and key handling of the canvas, without a toolkit: it moves the camera and converts the pointer position into
+/// a ray for its clickables. User interface thread.
 class CanvasControl {
 public:
     /// Sets the projection for a client size; a size of zero pixels counts as one.
     void Resize(CanvasPoint newSize);
-    /// How far the camera sees, metres, from now on.
+    /// Sets the distance of the far plane, metres.
     void SetFarPlane(float distance);
     float Aspect() const { return static_cast<float>(clientSize.x) / static_cast<float>(clientSize.y); }
 
-    /// Sets or clears the flag of a key, by the toolkit's code; false for a key without a use.
+    /// Sets or clears the flag of a key, by the toolkit's key code; false for an unused key.
     bool SetKey(int keyCode, bool down);
-    /// All keys up, as when the focus leaves.
+    /// Releases all keys, for example when the focus leaves.
     void ReleaseKeys();
     /// Moves the camera for a frame of dt seconds.
     void MoveCamera(float dt);

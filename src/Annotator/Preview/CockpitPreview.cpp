@@ -22,7 +22,7 @@ constexpr const char* kCheckerFile = "QVRA/Images/checker.png";
 constexpr float kMarkerScale = 0.1f;
 constexpr float kPathStep = 0.05f;
 
-/// Sets a flag for the length of a scope.
+/// Sets a flag for the duration of a scope.
 class FlagScope : public Utils::NonAssignable {
 public:
     explicit FlagScope(bool& scopedFlag) : flag(scopedFlag) { flag = true; }
@@ -42,8 +42,8 @@ GeometryDrawParams SingleViewParams() {
 
 } // namespace
 
-/// What the draws of one frame share. One record of parameters serves them all: it holds a list and a text, which a
-/// new record would allocate for each part.
+/// State shared by the draws of one frame. They share one record of parameters because its list and text would
+/// otherwise be allocated for each part.
 struct CockpitPreview::Frame {
     Rendering::Context& context;
     const Matrix4& view;
@@ -167,8 +167,8 @@ void CockpitPreview::DrawMarkers(Frame& frame, const Matrix4& world, const NodeP
         DrawSphere(frame, Matrix4::Identity(), Utils::TransformPoint(part.FarthestVertex, path->TransformAt(t)));
 }
 
-void CockpitPreview::DrawSphere(const Frame& frame, const Matrix4& turn, const Vector3& position) const {
-    const Matrix4 world = Utils::Scaling(kMarkerScale) * turn * Utils::Translation(position);
+void CockpitPreview::DrawSphere(const Frame& frame, const Matrix4& rotation, const Vector3& position) const {
+    const Matrix4 world = Utils::Scaling(kMarkerScale) * rotation * Utils::Translation(position);
     frame.context.DrawGeometry(world, frame.view, frame.projection, *sphereGeometry, checkerBitmap.get(), nullptr,
                                frame.params);
 }

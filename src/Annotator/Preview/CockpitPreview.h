@@ -12,33 +12,33 @@
 
 namespace Annotator {
 
-/// The mesh of the markers, relative to the installation; a preview cannot do without it.
+/// The mesh of the markers, relative to the installation; a preview requires it.
 inline constexpr const char* kMarkerMeshFile = "QVRA/Models/Sphere.obj";
 
-/// Blue of the selected part, from 0 to 1, some seconds after it was selected: a dip and a partial return.
+/// Blue component of the selected part, from 0 to 1, by seconds since its selection: a dip and a partial return.
 float SelectionBlue(double seconds);
 
-/// Draws the loaded cockpit part by part, tints each part by what is known of it, marks the selected part with its
-/// motion, and answers clicks with the part under the pointer. User interface thread. A frame or a pointer event that
-/// arrives while one of them is under way, from a dialog's own event loop, returns at once.
+/// Draws the loaded cockpit part by part, tints each part by its state, marks the selected part and its motion, and
+/// signals the part under the pointer on a click. User interface thread. A frame or a pointer event that a dialog's
+/// event loop delivers during another one returns immediately.
 class CockpitPreview : public Rendering::Stage, public Clickable {
 public:
     void Render(Rendering::Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection) override;
     void OnMouseEvent(const CanvasMouseEvent& event) override;
 
-    /// Model and store are not owned and must live until the next call. Null in all three empties the preview.
+    /// Model and store are not owned and must live until the next call. Three null pointers empty the preview.
     void SetScene(std::shared_ptr<CockpitModel::SceneGraph> scene, CockpitModel::ModelData* source,
                   const CockpitModel::AnnotationStore* store);
     /// Restarts the pulse of the selection.
     void SetSelectedPart(CockpitModel::NodePart* part);
     void ShowTransparent(bool show) { showTransparent = show; }
-    /// From now on pulse and spin stand where they are after so many seconds: a picture comes out the same each time.
+    /// Stops pulse and spin at their state after this number of seconds, so that an image is the same each time.
     void StopClock(double seconds) { stoppedAt = seconds; }
     const CockpitModel::NodePart* HoveredPart() const { return hoveredPart; }
-    /// Lets go of what belongs to the device, while it is current.
+    /// Releases the device's objects; its context must be current.
     void ReleaseGpuResources();
 
-    boost::signals2::signal<void(CockpitModel::NodePart*)> partSignal; ///< a click that hit a part
+    boost::signals2::signal<void(CockpitModel::NodePart*)> partSignal; ///< emitted for a click on a part
 
 private:
     struct Frame;
@@ -48,7 +48,7 @@ private:
     void LoadOwnResources(Rendering::Context& context);
     void DrawNode(Frame& frame, const Utils::Matrix4& world, const CockpitModel::Node& node);
     void DrawMarkers(Frame& frame, const Utils::Matrix4& world, const CockpitModel::NodePart& part);
-    void DrawSphere(const Frame& frame, const Utils::Matrix4& turn, const Utils::Vector3& position) const;
+    void DrawSphere(const Frame& frame, const Utils::Matrix4& rotation, const Utils::Vector3& position) const;
     void TintPart(Rendering::GeometryDrawParams& params, const CockpitModel::NodePart& part);
     void TintByAnnotation(Rendering::GeometryDrawParams& params, const CockpitModel::NodePart& part) const;
     void FindHoveredPart(const CanvasMouseEvent& event);
@@ -63,8 +63,8 @@ private:
     const CockpitModel::AnnotationStore* annotationStore = nullptr;
     Utils::Timer selectionTimer;     ///< since the last SetSelectedPart
     Utils::Timer spinTimer;          ///< since construction
-    std::optional<double> stoppedAt; ///< what both timers show instead; seconds
-    bool busy = false;               ///< a frame or a pointer event is under way
+    std::optional<double> stoppedAt; ///< replaces both timers; seconds
+    bool busy = false;               ///< during a frame or a pointer event
 };
 
 } // namespace Annotator

@@ -12,9 +12,9 @@ namespace {
 using Utils::Matrix4;
 using Utils::Vector3;
 
-constexpr float kFilled = 0.95f;           // of the picture's width or height
+constexpr float kFilled = 0.95f;           // of the image's width or height
 constexpr float kLeastDistance = 0.1f;     // metres from the camera to the nearest point
-constexpr float kFarPlaneMargin = 1.0001f; // keeps the farthest point on the near side of it, whatever is rounded
+constexpr float kFarPlaneMargin = 1.0001f; // keeps the farthest point in front of it despite rounding
 
 /// The points' extent along some axes.
 struct Extent {
@@ -60,13 +60,13 @@ Vector3 RotationTowards(const std::vector<Vector3>& points, const Rendering::Cam
 std::optional<Framing> FramePoints(const std::vector<Vector3>& points, const Rendering::Camera& camera, float aspect) {
     if (points.empty())
         return std::nullopt;
-    const Eigen::Matrix3f turn = camera.ViewMatrix().topLeftCorner<3, 3>();
+    const Eigen::Matrix3f rotation = camera.ViewMatrix().topLeftCorner<3, 3>();
     const float height = kFilled * std::tan(kFieldOfView / 2.0f), width = height * aspect;
-    // A point p of the turned axes is within the sides of a picture taken from c if |p.x - c.x| <= width (p.z - c.z).
-    // So each side is a plane that moves with c, and the point that lies farthest out along it decides.
+    // In the rotated axes, a point p is inside the image of a camera at c if |p.x - c.x| <= width (p.z - c.z). Each
+    // side is therefore a plane that moves with c, and the outermost point along its normal decides.
     Extent turned, rising, falling;
     for (const Vector3& point : points) {
-        const Vector3 p = point * turn;
+        const Vector3 p = point * rotation;
         turned.Add(p);
         rising.Add({p.x() / width - p.z(), p.y() / height - p.z(), 0.0f});
         falling.Add({-p.x() / width - p.z(), -p.y() / height - p.z(), 0.0f});
@@ -74,7 +74,7 @@ std::optional<Framing> FramePoints(const std::vector<Vector3>& points, const Ren
     const Vector3 middle = (rising.greatest - falling.greatest) / 2.0f;
     const Vector3 distance = (rising.greatest + falling.greatest) / 2.0f;
     const float back = std::max({distance.x(), distance.y(), kLeastDistance - turned.least.z()});
-    const Vector3 eye = Vector3(middle.x() * width, middle.y() * height, -back) * turn.transpose();
+    const Vector3 eye = Vector3(middle.x() * width, middle.y() * height, -back) * rotation.transpose();
     return Framing{{eye.x(), eye.y(), -eye.z()}, (turned.greatest.z() + back) * kFarPlaneMargin};
 }
 

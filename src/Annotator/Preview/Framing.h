@@ -9,12 +9,12 @@
 
 namespace Annotator {
 
-/// The corners of some parts in the world, at the last positions of their animations. Corners that are not finite are
-/// left out. `wanted` must not start a visit of the scene graph.
+/// The corners of the wanted parts in world space, at the current positions of their animations. Corners that are not
+/// finite are left out. `wanted` must not visit the scene graph.
 std::vector<Utils::Vector3> WorldCorners(CockpitModel::SceneGraph& sceneGraph,
                                          const std::function<bool(const CockpitModel::NodePart&)>& wanted);
 
-/// The rotation that turns a camera towards the middle of the points' bounding box, without roll.
+/// The rotation of a camera that looks at the centre of the points' bounding box, without roll.
 Utils::Vector3 RotationTowards(const std::vector<Utils::Vector3>& points, const Rendering::Camera& camera);
 
 struct Framing {
@@ -22,8 +22,8 @@ struct Framing {
     float farPlane = 0;      ///< metres; just beyond the farthest point
 };
 
-/// Where a camera of the canvas has to stand for the points to fill its picture, in the direction in which it looks
-/// already. It keeps a hand's breadth away from small things. Empty without a point.
+/// The camera position from which the points fill the image, with unchanged view direction. It keeps a minimum distance
+/// from small parts. Empty if there are no points.
 std::optional<Framing> FramePoints(const std::vector<Utils::Vector3>& points, const Rendering::Camera& camera,
                                    float aspect);
 

@@ -12,23 +12,23 @@ namespace Annotator {
 
 namespace {
 
-/// Late enough for the pulse of the selection to rest.
+/// After the end of the selection's pulse.
 constexpr double kPictureTime = 1.0; // seconds
 
 CockpitModel::NodePart* FindPart(const CockpitModel::SceneGraph& sceneGraph, const PictureRequest::PartPlace& place) {
     const auto& nodes = sceneGraph.Nodes();
     if (place.NodeId < 0 || std::cmp_greater_equal(place.NodeId, nodes.size()))
-        throw std::invalid_argument("the cockpit has no node " + std::to_string(place.NodeId) + ", but " +
-                                    std::to_string(nodes.size()) + " nodes from 0 on");
+        throw std::invalid_argument("the cockpit has no node " + std::to_string(place.NodeId) + "; it has " +
+                                    std::to_string(nodes.size()) + " nodes, numbered from 0");
     const auto& parts = nodes[static_cast<std::size_t>(place.NodeId)]->parts;
     if (place.PartId < 0 || std::cmp_greater_equal(place.PartId, parts.size()))
         throw std::invalid_argument("node " + std::to_string(place.NodeId) + " has no part " +
-                                    std::to_string(place.PartId) + ", but " + std::to_string(parts.size()) +
-                                    " parts from 0 on");
+                                    std::to_string(place.PartId) + "; it has " + std::to_string(parts.size()) +
+                                    " parts, numbered from 0");
     return parts[static_cast<std::size_t>(place.PartId)].get();
 }
 
-/// Moves the camera to where the part, or without one all that is shown, fills the picture.
+/// Moves the camera so that the part, or everything shown if there is none, fills the image.
 void Fit(CanvasControl& control, const PictureRequest& request, const BuiltAircraft& built,
          const CockpitModel::NodePart* selected) {
     built.sceneGraph->SyncFromModel(*built.model);

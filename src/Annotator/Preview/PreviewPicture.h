@@ -11,10 +11,10 @@
 
 namespace Annotator {
 
-/// The preview as one picture, without a window.
+/// A single image of the preview, without a window.
 struct PictureRequest {
     struct Position {
-        std::string dataref; ///< moves all animations of this name
+        std::string dataref; ///< applies to all animations of this name
         float fraction = 0;  ///< of their time axis
     };
     struct PartPlace {
@@ -22,18 +22,18 @@ struct PictureRequest {
     };
 
     Rendering::Size size{1280, 800};
-    std::optional<Utils::Vector3> eye; ///< metres, in the camera's axes; the pilot's eye where empty
-    /// Radians to the right and down. Where empty, straight ahead, or towards a selected part that is to be fitted.
+    std::optional<Utils::Vector3> eye; ///< metres, in the camera's axes; empty for the pilot's eye
+    /// Radians to the right and down. Empty for straight ahead, or towards the selected part if `fit` is set.
     std::optional<Utils::Vector2> look;
-    bool fit = false; ///< from where the selected part, or the whole cockpit without one, fills the picture
+    bool fit = false; ///< move the camera so that the selected part, or else the cockpit, fills the image
     std::vector<Position> positions;
     std::optional<PartPlace> selected;
     bool showTransparent = true;
 };
 
-/// Draws an aircraft into the context's present target, which the caller has cleared, and moves the animations of its
-/// model. The same request gives the same picture each time. A dataref or a part that the aircraft does not have throws
-/// std::invalid_argument, which says so, ahead of any draw.
+/// Draws an aircraft into the context's current target, which the caller has cleared, and moves the animations of its
+/// model. The same request always gives the same image. An unknown dataref or part throws std::invalid_argument before
+/// anything is drawn.
 void DrawPreviewPicture(Rendering::Context& context, const PictureRequest& request, const OpenedAircraft& opened,
                         const BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations);
 

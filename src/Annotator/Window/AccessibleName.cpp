@@ -9,8 +9,8 @@ namespace Annotator {
 namespace {
 
 #ifdef __WXGTK__
-// The toolkit has no call for accessible names on GTK, but has loaded the libraries that do. They are asked by symbol,
-// so that building needs no GTK headers.
+// The toolkit cannot set accessible names on GTK, but the libraries that can are already loaded. Their functions are
+// looked up by symbol so that the build needs no GTK headers.
 template <typename Function>
 Function* Loaded(const char* symbol) {
     return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, symbol));

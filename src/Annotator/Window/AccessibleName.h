@@ -4,7 +4,7 @@
 
 namespace Annotator {
 
-/// Gives a control the name by which a screen reader speaks of it, for controls that carry no text of their own.
+/// Sets the name that a screen reader announces, for controls without text of their own.
 void SetAccessibleName(wxWindow& control, const char* name);
 
 } // namespace Annotator

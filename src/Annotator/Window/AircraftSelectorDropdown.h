@@ -8,11 +8,11 @@
 
 namespace Annotator {
 
-/// The line above the window's content in which a person picks an aircraft. It reads the list once, at construction,
-/// and keeps it, so that a record that was signalled stays valid as long as the selector.
+/// The row at the top of the window in which the user picks an aircraft. It reads the list once, at construction, so a
+/// signalled record is valid as long as the selector.
 class AircraftSelectorDropdown : public wxPanel {
 public:
-    /// What the scan throws passes through.
+    /// Exceptions of the scan are not caught.
     AircraftSelectorDropdown(Sim::AircraftListLoader* loader, wxWindow* parent, wxWindowID id);
 
     boost::signals2::signal<void(const Sim::AircraftInfo&)> aircraftSelectedSignal;

@@ -8,13 +8,13 @@
 
 namespace Annotator {
 
-/// The page "Animations": the animations above the part on show, and a slider that moves all animations of the
-/// source model which follow the dataref of the chosen one.
+/// The page "Animations": the animations above the selected part, and a slider that moves all animations of the source
+/// model that use the dataref of the chosen one.
 class AnimationsPane : public Page {
 public:
     AnimationsPane(wxWindow* parent, wxWindowID id);
 
-    /// Part and model stay valid until the next call; without a part the model is not kept.
+    /// Part and model must be valid until the next call; without a part the model is not stored.
     void SetPart(CockpitModel::NodePart* newPart, CockpitModel::ModelData* newModel);
 
 private:
@@ -26,7 +26,7 @@ private:
     wxStaticText* infoText;
     wxSlider* positionSlider;
     ItemDropDown<AnimData>* dropDown;
-    CockpitModel::ModelAnimation* selectedAnimation = nullptr; ///< the slider acts on it
+    CockpitModel::ModelAnimation* selectedAnimation = nullptr; ///< moved by the slider
 };
 
 } // namespace Annotator

@@ -23,13 +23,13 @@ namespace {
 
 void LogAssert(const wxString& file, int line, const wxString& function, const wxString& condition,
                const wxString& message) {
-    const wxString text = "The toolkit asserts " + condition + " in " + function + ": " + message;
+    const wxString text = "Toolkit assertion failed: " + condition + " in " + function + ": " + message;
     Logging::Logger::Get().Log(file.utf8_str(), line, ToNarrow(text));
 }
 
 #ifdef __WXGTK__
-/// Asks the X library that the toolkit has loaded. The connection stays open: a server whose last client leaves starts
-/// anew, and would drop the toolkit's own connection if that came in the midst of it.
+/// Uses the X library that the toolkit has loaded. The connection stays open: an X server resets when its last client
+/// disconnects, which could race with the toolkit's own connection.
 bool HasDisplay() {
     auto* const open = reinterpret_cast<void* (*)(const char*)>(dlsym(RTLD_DEFAULT, "XOpenDisplay"));
     static void* const display = open ? open(nullptr) : nullptr;
@@ -47,21 +47,21 @@ bool PrepareToolkit() {
     InstallFatalErrorBox();
     wxSetAssertHandler(LogAssert);
 #ifdef __WXGTK__
-    // The canvas gets its OpenGL through GLX, which a Wayland window does not have.
+    // The canvas uses OpenGL through GLX, which Wayland windows do not support.
     setenv("GDK_BACKEND", "x11", 1);
 #endif
     if (HasDisplay())
         return true;
-    std::cerr << "The Vorelle Aircraft Annotator needs a display, and DISPLAY names none that can be opened.\n"
-                 "vorelle-batch does its work without one."
+    std::cerr << "The Vorelle Aircraft Annotator needs a display, but the one in DISPLAY cannot be opened.\n"
+                 "Use vorelle-batch on a machine without a display."
               << std::endl;
     return false;
 }
 
 bool AnnotatorApp::OnInit() {
-    // Outlives the window, which the toolkit destroys after the application's last word.
+    // Outlives the window, which the toolkit destroys after OnExit.
     static const auto loader = std::make_unique<Sim::XPAircraftListLoader>();
-    // A person may still look at aircraft where the files cannot be laid.
+    // The user can still view aircraft if the files cannot be installed.
     if (const std::string problem = InstallDataFiles(); !problem.empty())
         ShowProblem(nullptr, problem);
     try {

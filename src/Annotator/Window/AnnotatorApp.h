@@ -4,13 +4,13 @@
 
 namespace Annotator {
 
-/// To be called by the process entry before the toolkit starts. False, after a message on the standard error stream,
-/// where there is no display.
+/// Must be called by the process entry before the toolkit starts. Returns false after a message on stderr if there is
+/// no display.
 bool PrepareToolkit();
 
 class AnnotatorApp : public wxApp {
 public:
-    /// False, after a message, when the aircraft cannot be listed.
+    /// Returns false after a message if the aircraft cannot be listed.
     bool OnInit() override;
 };
 

@@ -21,7 +21,7 @@ namespace Annotator {
 
 namespace {
 
-constexpr int kTabPadding = 36; ///< around a tab's title, so that all tabs show
+constexpr int kTabPadding = 36; ///< around a tab's title, so that all tabs are visible
 
 wxPanel* MakePanel(wxWindow* parent, int direction) {
     auto* panel = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxNO_BORDER);
@@ -58,7 +58,7 @@ AnnotatorWindow::AnnotatorWindow(Sim::AircraftListLoader* loader)
 }
 
 AnnotatorWindow::~AnnotatorWindow() {
-    // The canvas outlives this destructor, as a child of the frame, and would let go of the scene's textures too late.
+    // As a child of the frame, the canvas outlives this destructor and would release the scene's textures too late.
     canvas->ReleaseDevice([this] {
         ShowEmptyState();
         preview->ReleaseGpuResources();
@@ -89,7 +89,7 @@ void AnnotatorWindow::MakeStatusBar() {
 void AnnotatorWindow::MakeTree(wxPanel* parent) {
     partTree =
         new wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT);
-    // The items are black and blue, which could not be read on the ground of a dark theme.
+    // The items are black and blue, which is unreadable on the background of a dark theme.
     partTree->SetBackgroundColour(*wxWHITE);
     partTree->SetForegroundColour(*wxBLACK);
     SetAccessibleName(*partTree, "Nodes and parts of the cockpit");
@@ -163,7 +163,7 @@ void AnnotatorWindow::OnSaveDetectedData(wxCommandEvent&) {
         this,
         [this] {
             const ExportResult result = SaveDetectedData(*aircraftListLoader);
-            // What failed stands in the log alone, as long as there is one.
+            // While the log is running, failures are only logged.
             if (Utils::FatalErrorReported())
                 ShowProblem(this, ExportDoneText(result));
         },
@@ -189,7 +189,7 @@ void AnnotatorWindow::OnCanvasFailure(const std::exception& error) {
     const bool hadScene = sceneGraph != nullptr;
     ShowEmptyState();
     ShowProblem(this, FrameFailureText(error));
-    // Without a scene it is the device that fails, and each further frame would fail in the same way.
+    // Without a scene the device itself has failed, and every further frame would fail too.
     if (!hadScene)
         EndProgram(EXIT_FAILURE);
 }

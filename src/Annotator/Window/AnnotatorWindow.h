@@ -25,16 +25,16 @@
 
 namespace Annotator {
 
-/// The main window, from the pick of an aircraft to a saved correction. It owns the loaded aircraft and shares its
-/// scene graph with the preview. Without an aircraft, at start and after a load that failed, tree, panes and preview
-/// are empty. User interface thread.
+/// The main window, from the choice of an aircraft to a saved annotation. It owns the loaded aircraft and shares its
+/// scene graph with the preview. Without an aircraft, that is at startup and after a failed load, tree, panes and
+/// preview are empty. User interface thread.
 class AnnotatorWindow : public wxFrame {
 public:
-    /// The loader is not owned. What the scan of the aircraft throws passes through.
+    /// The loader is not owned. Exceptions of the scan are not caught.
     explicit AnnotatorWindow(Sim::AircraftListLoader* loader);
     ~AnnotatorWindow() override;
 
-    /// Runs in a frame, from the run queue. What stops the load passes through and leaves no aircraft loaded.
+    /// Runs in a frame, from the run queue. A failure throws and leaves no aircraft loaded.
     void LoadAircraft(const Sim::AircraftInfo& info);
     /// Shows a part of the loaded scene, or none, in tree, preview and panes.
     void SelectPart(CockpitModel::NodePart* part);

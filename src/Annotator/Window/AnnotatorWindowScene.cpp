@@ -1,4 +1,4 @@
-// The window's scene: the load of an aircraft, the tree of its nodes and parts, the selection and Save.
+// The window's scene: loading an aircraft, the tree of its nodes and parts, the selection and Save.
 #include "Annotator/AircraftLoading.h"
 #include "Annotator/FailureTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
@@ -25,11 +25,11 @@ public:
     NodePart* part; ///< of the loaded scene
 };
 
-/// The fatal error's text is fixed and its exception empty, so the reason is logged before it and thrown after it.
+/// A fatal error has a fixed text and an empty exception, so the reason is logged before it and thrown after it.
 void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCockpit& cockpit) {
     if (cockpit.IsValid())
         return;
-    const std::string reason = "There is no cockpit object beside " + info.acfPath;
+    const std::string reason = "No cockpit object found for " + info.acfPath;
     Logging::Logger::Get().Log(HERE, reason);
     try {
         Utils::FatalError("Annotator\\AnnotatorWindow.cpp", 158);
@@ -52,13 +52,13 @@ void AnnotatorWindow::LoadGuarded(const Sim::AircraftInfo& info) {
         LoadAircraft(info);
     } catch (const std::exception& error) {
         ShowEmptyState();
-        // The load runs inside a frame, which has to end before the box opens.
+        // The load runs inside a frame, which must end before the box opens.
         CallAfter([this, text = LoadFailureText(info, error)] { ShowProblem(this, text); });
     }
 }
 
 void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
-    // The old scene goes first: memory then holds one aircraft, and a load that fails leaves nothing half replaced.
+    // Clears the old scene first, so that only one aircraft is in memory and a failed load leaves no partial scene.
     EmptyTree();
     SelectPart(nullptr);
     ReleaseScene();
@@ -80,7 +80,7 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     canvas->SetFocus();
 }
 
-/// The items point into the scene, so they go before it does.
+/// The items point into the scene, so they are deleted before it.
 void AnnotatorWindow::EmptyTree() {
     partTree->DeleteAllItems();
     highlightedItem.reset();
@@ -89,7 +89,7 @@ void AnnotatorWindow::EmptyTree() {
 }
 
 void AnnotatorWindow::ReleaseScene() {
-    // From the pointing to the pointed at: the graph keeps a pointer to the panels, the store one to the graph.
+    // Pointers before their targets: the graph points to the panels, the store to the graph.
     preview->SetScene(nullptr, nullptr, nullptr);
     annotationStore.reset();
     sceneGraph.reset();
@@ -137,14 +137,14 @@ void AnnotatorWindow::SelectGuarded(NodePart* part) {
     try {
         SelectPart(part);
     } catch (const std::exception& error) {
-        // A part that is shown by halves must not be saved.
+        // A partially shown part must not be saved.
         SelectPart(nullptr);
         ShowProblem(this, SelectionFailureText(error));
     }
 }
 
 void AnnotatorWindow::SelectPart(NodePart* part) {
-    // Selecting the part's item below comes back here at once, as a change of the tree's selection.
+    // Selecting the part's item below calls this function again, through the tree's selection event.
     if (part == selectedPart)
         return;
     selectedPart = part;
@@ -169,7 +169,7 @@ const wxTreeItemId& AnnotatorWindow::ItemOf(const NodePart& part) const {
 }
 
 void AnnotatorWindow::HighlightItem(const wxTreeItemId& item) {
-    // Where the tree itself tells of its selection, the toolkit forbids to change it.
+    // The toolkit forbids changing the selection during the tree's own selection event.
     if (partTree->GetSelection() != item)
         partTree->SelectItem(item, true);
     if (partTree->GetFocusedItem() != item)

@@ -19,7 +19,7 @@ using CanvasToolkitBase = wxWindow;
 using CanvasToolkitBase = wxGLCanvas;
 #endif
 
-/// The toolkit's window that a device of this platform can draw on.
+/// The toolkit's window class that this platform's device can draw on.
 class CanvasBase : public CanvasToolkitBase {
 protected:
     CanvasBase(wxWindow* parent, wxWindowID id);
@@ -29,21 +29,21 @@ protected:
 #endif
 };
 
-/// A graphics device with its targets on a canvas. Objects of its context must go before it does. User interface
-/// thread; a failing call is a fatal error.
+/// A graphics device with its targets on a canvas. Objects of its context must be destroyed before it. User interface
+/// thread; a failed call is a fatal error.
 class CanvasDevice : public Utils::NonAssignable {
 public:
     virtual ~CanvasDevice() = default;
 
     virtual Rendering::Context& Context() = 0;
-    /// To be called before everything that makes, uses or releases objects outside a frame. False, with a line in the
-    /// log, where the driver refuses.
+    /// Must be called before objects are created, used or released outside a frame. Returns false and logs a line if
+    /// the driver refuses.
     [[nodiscard]] virtual bool MakeCurrent() = 0;
-    /// Remakes the targets, in pixels of the screen.
+    /// Recreates the targets with a size in screen pixels.
     virtual void Resize(Rendering::Size size) = 0;
-    /// Sets the viewport to the whole target and clears it to mid grey and the farthest depth.
+    /// Sets the viewport to the whole target and clears it to mid grey and maximum depth.
     virtual void BeginFrame() = 0;
-    /// Shows the frame and waits for the display. False where nothing waited, as when the window is out of sight.
+    /// Shows the frame and waits for the display. Returns false if it did not wait, for example for a hidden window.
     virtual bool Present() = 0;
 };
 

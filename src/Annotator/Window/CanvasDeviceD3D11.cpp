@@ -32,7 +32,7 @@ private:
 CanvasBase::CanvasBase(wxWindow* parent, wxWindowID id) : wxWindow(parent, id, wxDefaultPosition, wxDefaultSize, 0) {}
 
 WXLRESULT CanvasBase::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) {
-    // The toolkit asks before it takes arrow keys to move the focus and letters as shortcuts.
+    // The toolkit asks before it uses arrow keys to move the focus and letters as shortcuts.
     if (message == WM_GETDLGCODE)
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
     return CanvasToolkitBase::MSWWindowProc(message, wParam, lParam);

@@ -1,4 +1,4 @@
-// The toolkit's header brings the platform's GL in, which libepoxy's must come ahead of.
+// libepoxy's header must come before the toolkit's, which includes the platform's GL.
 #include "Rendering/OpenGL/GLContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
 #include "Rendering/OpenGL/SwapInterval.h"
@@ -20,7 +20,7 @@ constexpr const char* kPlace = "Annotator\\DXCanvas.cpp";
 constexpr std::int32_t kMakingDevice = 280;
 
 wxGLAttributes SurfaceAttributes() {
-    // Without a depth buffer: frames are drawn to a target of their own.
+    // Without a depth buffer: frames are drawn to a separate target.
     wxGLAttributes attributes;
     attributes.PlatformDefaults().MinRGBA(8, 8, 8, 0).DoubleBuffer().EndList();
     return attributes;
@@ -33,7 +33,7 @@ wxGLContextAttrs ContextAttributes() {
 }
 
 [[noreturn]] void FailWithoutOpenGL() {
-    Logging::Logger::Get().Log(HERE, "The display offers no OpenGL 3.3 core context");
+    Logging::Logger::Get().Log(HERE, "The display does not support an OpenGL 3.3 core context");
     Utils::FatalError(kPlace, kMakingDevice);
 }
 
@@ -59,7 +59,7 @@ public:
         target->Present();
         const auto start = std::chrono::steady_clock::now();
         if (!canvas->SwapBuffers()) {
-            Logging::Logger::Get().Log(HERE, "The frame cannot be shown");
+            Logging::Logger::Get().Log(HERE, "Cannot show the frame");
             Utils::FatalError(HERE);
         }
         const bool waits = watch.Waits(std::chrono::steady_clock::now() - start);
@@ -71,7 +71,7 @@ private:
     bool IsMadeCurrent() {
         const bool current = glContext->SetCurrent(*canvas);
         if (!current)
-            Logging::Logger::Get().Log(HERE, "The canvas's OpenGL context cannot be made current");
+            Logging::Logger::Get().Log(HERE, "Cannot make the canvas's OpenGL context current");
         return current;
     }
 

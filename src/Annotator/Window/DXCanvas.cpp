@@ -24,7 +24,7 @@ DXCanvas::~DXCanvas() {
 }
 
 void DXCanvas::ReleaseDevice(const std::function<void()>& releaseObjects) {
-    // Should the driver refuse, its calls do nothing, and its objects go with the window.
+    // If the driver refuses, the calls do nothing and the objects are freed with the window.
     if (device)
         static_cast<void>(device->MakeCurrent());
     releaseObjects();
@@ -44,12 +44,12 @@ void DXCanvas::OnPaint(wxPaintEvent&) {
     RunGuarded([this] { MakeDevice(); });
 }
 
-// An erased ground would flicker between frames.
+// Erasing the background would flicker between frames.
 void DXCanvas::OnEraseBackground(wxEraseEvent&) {}
 
 void DXCanvas::OnIdle(wxIdleEvent& event) {
     event.RequestMore(true);
-    // A window that is hidden has no surface to draw on, though it gets idle events.
+    // A hidden window has no surface to draw on, but still gets idle events.
     bool waited = false; // for the display
     if (device && IsShownOnScreen() && !FatalErrorBoxIsUp())
         RunGuarded([&] { waited = Frame(); });
@@ -80,11 +80,11 @@ void DXCanvas::OnMotion(wxMouseEvent& event) {
     RunGuarded([&] { control.Motion(PointerOf(event), event.Dragging()); });
 }
 
-// The toolkit insists on a handler; the drag then ends with the next motion that has no button down.
+// The toolkit requires a handler; the drag ends with the next motion without a pressed button.
 void DXCanvas::OnCaptureLost(wxMouseCaptureLostEvent&) {}
 
 void DXCanvas::OnKeyDown(wxKeyEvent& event) {
-    // Keys are not passed on, or the toolkit would let the arrow keys move the focus; Tab alone has to leave.
+    // Keys are not passed on, because the toolkit would move the focus with arrow keys. Only Tab must move it.
     if (event.GetKeyCode() == WXK_TAB)
         Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
     else
@@ -96,7 +96,7 @@ void DXCanvas::OnKeyUp(wxKeyEvent& event) {
 }
 
 void DXCanvas::OnKillFocus(wxFocusEvent& event) {
-    // The key's release will go to another window.
+    // Another window will get the key's release.
     control.ReleaseKeys();
     event.Skip();
 }
@@ -121,7 +121,7 @@ void DXCanvas::Resize() {
 
 bool DXCanvas::Frame() {
     control.MoveCamera(static_cast<float>(frameTimer.ElapsedAndRestart()));
-    // A window that moves to a display of another scale gets no size event.
+    // A window that moves to a display with another scale gets no size event.
     if (PixelSize() != targetSize)
         Resize();
     MakeCurrent();

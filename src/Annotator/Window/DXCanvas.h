@@ -13,21 +13,21 @@
 
 namespace Annotator {
 
-/// The window with the 3D view. It owns the graphics device, which the first paint makes, and runs a frame on each idle
-/// event; mouse and keys go to its control. User interface thread.
+/// The window with the 3D view. It owns the graphics device, which the first paint creates, and runs a frame on each
+/// idle event; its control handles mouse and keys. User interface thread.
 class DXCanvas : public CanvasBase {
 public:
     DXCanvas(wxWindow* parent, wxWindowID id);
     ~DXCanvas() override;
 
-    /// Lets go of the device for good. `releaseObjects` lets go of everything made on it, while it is current.
+    /// Releases the device permanently. `releaseObjects` must release all its objects; the device is current meanwhile.
     void ReleaseDevice(const std::function<void()>& releaseObjects);
 
     CanvasControl control;       ///< camera, projection and clickables
     Rendering::StageList stages; ///< run in each frame
-    /// What a frame, the making of the device or a move of the pointer threw. No frame runs while it is told.
+    /// Emitted with an exception of a frame, of the device's creation or of a pointer move. No frame runs meanwhile.
     boost::signals2::signal<void(const std::exception&)> failureSignal;
-    boost::signals2::signal<void(const std::exception&)> clickFailureSignal; ///< what a click threw
+    boost::signals2::signal<void(const std::exception&)> clickFailureSignal; ///< emitted with an exception of a click
 
 private:
     void OnSize(wxSizeEvent& event);

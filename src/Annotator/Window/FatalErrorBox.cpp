@@ -22,7 +22,7 @@ std::thread::id uiThread;
 int boxesUp = 0; // user interface thread only
 
 void ShowBox(const std::string& caption, const std::string& text) {
-    // A grab of the pointer, as in the middle of a drag, would keep every click from the box.
+    // While the pointer is grabbed, for example during a drag, the box would get no clicks.
     if (wxWindow* grabbing = wxWindow::GetCapture())
         grabbing->ReleaseMouse();
     ++boxesUp;
@@ -41,7 +41,7 @@ void ShowFromOtherThread(const std::string& caption, const std::string& text) {
 #else
 constexpr std::chrono::seconds kPatience{3};
 
-/// A box that another thread asks for.
+/// A box requested by another thread.
 struct BoxRequest {
     std::promise<void> shown, dismissed;
 };

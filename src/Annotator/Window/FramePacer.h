@@ -4,8 +4,8 @@
 
 namespace Annotator {
 
-/// Tells from the length of each present whether the driver waits for the display in it: not once eight in a row took
-/// at most 4 ms each, until one takes longer.
+/// Detects from the duration of each present whether the driver waits for the display: it does not after eight in a row
+/// of at most 4 ms each, until one takes longer.
 class PresentWatch {
 public:
     bool Waits(std::chrono::steady_clock::duration present);
@@ -14,11 +14,11 @@ private:
     int quickInARow = 0;
 };
 
-/// Holds a loop to 60 rounds a second where nothing else does.
+/// Limits a loop to 60 iterations per second if nothing else does.
 class FramePacer {
 public:
-    /// Sleeps until 1/60 s after the last return. A remainder so short that a display of that rate may have caused it
-    /// is left, or the loop would miss every other of the display's frames.
+    /// Sleeps until 1/60 s after the last return. It skips a remainder so short that a 60 Hz display may have caused
+    /// it, because otherwise the loop would miss every second frame.
     void Wait();
 
 private:

@@ -10,12 +10,12 @@
 
 namespace Annotator {
 
-/// The page "VR Interaction": what was detected for the part on show, and what a person says instead.
+/// The page "VR Interaction": the detected types of the selected part and the user's overrides.
 class InteractionPane : public Page {
 public:
     InteractionPane(wxWindow* parent, wxWindowID id);
 
-    /// Both are null, or both are set and stay valid until the next call.
+    /// Both are null, or both are set and must be valid until the next call.
     void SetPart(CockpitModel::NodePart* newPart, CockpitModel::AnnotationRecord* newAnnotation);
     /// Copies the controls into the annotation; always true. Needs an annotation.
     bool Commit();

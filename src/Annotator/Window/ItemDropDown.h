@@ -17,8 +17,8 @@
 
 namespace Annotator {
 
-/// A choice whose lines are values of type T, below a first line that stands for no value. It has no line until
-/// SetItems. It sends wxEVT_CHOICE for each line that is picked from its list, the shown one included.
+/// A choice of values of type T, with a first line for no value. It has no lines before SetItems. It sends wxEVT_CHOICE
+/// for every line picked from its list, including the current one.
 template <typename T>
 class ItemDropDown : public wxChoice {
 public:
@@ -27,7 +27,7 @@ public:
         Bind(wxEVT_CHOICE, &ItemDropDown::OnChoice, this);
     }
 
-    /// Shows the values and selects the first line; no signal comes of it.
+    /// Shows the values and selects the first line, without a signal.
     void SetItems(const std::vector<T>& values) {
         items = values;
         wxArrayString lines;
@@ -54,7 +54,7 @@ public:
         return item ? std::optional<T>(*item) : std::nullopt;
     }
 
-    /// Selects the line of a value, or the first line for none. A value that has no line leaves the selection alone.
+    /// Selects the line of a value, or the first line for none. A value without a line does not change the selection.
     void SelectItem(const std::optional<T>& value) {
         const auto found = value ? std::find(items.begin(), items.end(), *value) : items.end();
         if (found != items.end())

@@ -9,7 +9,7 @@ namespace Annotator {
 
 namespace {
 
-/// On a page that is not on show GTK measures a text in the font that its control was made with.
+/// On a hidden page GTK measures a text in the font that its control was created with.
 void MeasureBold(wxStaticText& control) {
     control.SetMinSize(control.GetTextExtent(control.GetLabelText()));
 }

@@ -6,7 +6,7 @@
 
 namespace Annotator {
 
-/// A page of the notebook: a column of controls, which scrolls when the page is smaller than they are.
+/// A page of the notebook: a column of controls, which scrolls if the page is too small.
 class Page : public wxScrolledWindow {
 protected:
     Page(wxWindow* parent, wxWindowID id);
@@ -14,12 +14,12 @@ protected:
     void AddControl(wxWindow* control, int sizerFlags = 0);
     wxStaticText* AddText(const char* text);
     wxStaticText* AddHeading(const char* text); ///< bold
-    /// Fits the scrolled area to the controls after their texts have changed.
+    /// Fits the scrolled area to the controls after a change of their texts.
     void ContentChanged();
 };
 
-/// Shows a text that may be longer than its page is wide: whole in the control's tooltip as well. An ampersand of the
-/// text is shown, not taken for the mark of an access key.
+/// Shows a text that may be wider than its page, and also sets it as the control's tooltip. Ampersands are shown and do
+/// not mark access keys.
 void ShowText(wxStaticText& control, std::string text);
 
 } // namespace Annotator

@@ -5,12 +5,12 @@
 
 namespace Annotator {
 
-/// The page "Info": what the files and the detection say of the part on show.
+/// The page "Info": data of the selected part from the files and the detection.
 class PartInfoPane : public Page {
 public:
     PartInfoPane(wxWindow* parent, wxWindowID id);
 
-    /// The part, which may be null, is not kept.
+    /// The part may be null and is not stored.
     void SetPart(const CockpitModel::NodePart* part);
 
 private:

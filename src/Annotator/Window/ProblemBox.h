@@ -6,11 +6,11 @@
 
 namespace Annotator {
 
-/// Tells the user what went wrong, and waits until it is dismissed.
+/// Shows an error to the user and waits until it is dismissed.
 void ShowProblem(wxWindow* parent, const std::string& text);
 
-/// Runs the work of an event handler, which must not throw into the toolkit: what the work throws is told to the user
-/// in the words of `textOf`.
+/// Runs the work of an event handler, which must not throw into the toolkit. An exception is shown to the user with the
+/// text that `textOf` returns.
 void RunGuarded(wxWindow* parent, const std::function<void()>& work,
                 const std::function<std::string(const std::exception&)>& textOf);
 

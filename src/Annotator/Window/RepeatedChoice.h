@@ -7,8 +7,8 @@
 
 namespace Annotator {
 
-/// Tells when the user picks the line that a choice shows already, which the toolkit's wxEVT_CHOICE leaves out on GTK.
-/// A list that is closed in another way, by Escape or a click beside it, tells nothing. To be owned by the choice.
+/// Detects that the user picks the current line of a choice again, for which GTK sends no wxEVT_CHOICE. Closing the
+/// list in another way, by Escape or a click outside, is ignored. Must be owned by the choice.
 class RepeatedChoice : public Utils::NonAssignable {
 public:
     RepeatedChoice(wxChoice& watched, std::function<void()> listener);

@@ -9,7 +9,7 @@ namespace {
 
 using Callback = void (*)();
 
-/// The functions of GTK that the toolkit has loaded, by their names, so that building needs no GTK headers.
+/// Functions of the GTK that the toolkit has loaded, looked up by name so that the build needs no GTK headers.
 struct GtkFunctions {
     void* (*gtk_combo_box_get_popup_accessible)(void* combo) = nullptr;
     void* (*gtk_accessible_get_widget)(void* accessible) = nullptr;
@@ -49,7 +49,7 @@ void DisconnectAll(void* instance, void* data) {
     Gtk().g_signal_handlers_disconnect_matched(instance, kMatchData, 0, 0, nullptr, nullptr, data);
 }
 
-/// The menu that a combo box shows its lines in; null while it has none, or shows them in another way.
+/// The menu in which a combo box shows its lines; null if it has none or shows them in another way.
 void* MenuOf(void* combo) {
     void* const accessible = Gtk().gtk_combo_box_get_popup_accessible(combo);
     void* const popup = accessible ? Gtk().gtk_accessible_get_widget(accessible) : nullptr;
@@ -68,7 +68,7 @@ void OnPopupShown(void* combo, void*, void* watcher) {
     if (!shown)
         return;
     static_cast<RepeatedChoice*>(watcher)->OnListShown();
-    // A change of the theme makes another menu.
+    // A theme change creates a new menu.
     if (void* const menu = MenuOf(combo)) {
         DisconnectAll(menu, watcher);
         Gtk().g_signal_connect_data(menu, "menu-activate", reinterpret_cast<Callback>(OnMenuActivate), watcher, nullptr,

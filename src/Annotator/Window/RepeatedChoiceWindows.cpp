@@ -2,7 +2,7 @@
 
 namespace Annotator {
 
-// On Windows the toolkit sends wxEVT_CHOICE for every line that is picked from the list.
+// On Windows the toolkit sends wxEVT_CHOICE for every line picked from the list.
 RepeatedChoice::RepeatedChoice(wxChoice& watched, std::function<void()> listener)
     : choice(watched), onRepeated(std::move(listener)) {}
 

@@ -7,14 +7,14 @@
 
 namespace Annotator {
 
-/// The page "Tests": which type detection should find for the part on show.
+/// The page "Tests": the type that detection should find for the selected part.
 class TestPane : public Page {
 public:
     TestPane(wxWindow* parent, wxWindowID id);
 
-    /// Both are null, or both are set and stay valid until the next call.
+    /// Both are null, or both are set and must be valid until the next call.
     void SetPart(const CockpitModel::NodePart* part, CockpitModel::AnnotationRecord* newAnnotation);
-    /// Copies the choice into the annotation; true when it expects a type now. Needs an annotation.
+    /// Copies the choice into the annotation; true if it now expects a type. Needs an annotation.
     bool Commit();
 
 private:

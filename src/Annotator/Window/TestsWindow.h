@@ -7,10 +7,10 @@
 
 namespace Annotator {
 
-/// The result of one run of all tests, a row for each aircraft that has any.
+/// The result of one run of all tests, one row per aircraft with tests.
 class TestsWindow : public wxFrame {
 public:
-    /// Runs the tests before it returns; what stops the run passes through. The loader is not kept.
+    /// Runs the tests before it returns; exceptions are not caught. The loader is not stored.
     explicit TestsWindow(Sim::AircraftListLoader* loader);
 
 private:

@@ -39,7 +39,7 @@ TextureViewPane::TextureViewPane(wxWindow* parent, wxWindowID id)
     : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxNO_BORDER) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetAccessibleName(*this, "The part's triangles on its texture");
-    // Another size scales the whole picture, so the part that was there before is drawn anew as well.
+    // A new size scales the whole image, so the part that was already visible is redrawn too.
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         Refresh();
         event.Skip();

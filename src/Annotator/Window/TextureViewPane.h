@@ -6,12 +6,12 @@
 
 namespace Annotator {
 
-/// The page "UVs": where the part on show lies on its texture. Texture space is the largest square at the top left.
+/// The page "UVs": the selected part on its texture. Texture space is the largest square at the top left.
 class TextureViewPane : public wxPanel {
 public:
     TextureViewPane(wxWindow* parent, wxWindowID id);
 
-    /// The part, which may be null, stays valid until the next call.
+    /// The part may be null and must be valid until the next call.
     void SetPart(const CockpitModel::NodePart* newPart);
 
 private:

@@ -8,14 +8,14 @@
 
 namespace Annotator {
 
-/// A narrow text as the toolkit shows it. Names come from files as they stand: bytes that are no UTF-8 are shown as
-/// replacement characters, so that such a name is seen and not lost.
+/// A narrow text as a toolkit string. Names come unchanged from files: bytes that are not UTF-8 become replacement
+/// characters, so that such a name stays visible.
 inline wxString ToWide(std::string_view text) {
     const std::string readable = Utils::ToValidUtf8(text);
     return wxString::FromUTF8(readable.data(), readable.size());
 }
 
-/// What a person typed, as UTF-8.
+/// Text typed by the user, as UTF-8.
 inline std::string ToNarrow(const wxString& text) {
     return text.ToStdString(wxConvUTF8);
 }

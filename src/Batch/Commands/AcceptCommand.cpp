@@ -36,7 +36,7 @@ bool NeedsExpectation(const NodePart& part, bool yoke) {
                                     part.InteractionType == TouchInteractionType::YokePrimary));
 }
 
-/// The parts that are to get an expectation, on their way to the parent.
+/// The parts that need an expectation, encoded for the parent process.
 std::string FindNew(const Sim::AircraftInfo& info, const AcceptOptions& options) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
@@ -54,16 +54,16 @@ std::string FindNew(const Sim::AircraftInfo& info, const AcceptOptions& options)
     return found.dump();
 }
 
-/// Empty where there is none yet.
+/// Empty if there is no file yet.
 std::string ReadAnnotationFile(const std::string& path) {
     std::string xml = Utils::ReadFile(path);
     boost::system::error_code error;
     if (xml.empty() && boost::filesystem::exists(path, error) && boost::filesystem::file_size(path, error) > 0)
-        throw std::runtime_error("it cannot be read");
+        throw std::runtime_error("cannot be read");
     return xml;
 }
 
-/// Gathers expectations by annotation file, which aircraft in folders of one name share, and saves them.
+/// Collects expectations per annotation file and saves them. Aircraft in folders of the same name share a file.
 class ExpectationWriter {
 public:
     explicit ExpectationWriter(Console& messages) : console(messages) {}
@@ -77,8 +77,8 @@ public:
         const std::string path = CockpitModel::AnnotationFile(info);
         File& file = files[path];
         if (!file.ofAircraft.empty())
-            console.Message(path + " is of both " + file.ofAircraft + " and " + NameOf(info) +
-                            "; what it has for the former stands");
+            console.Message(path + " belongs to both " + file.ofAircraft + " and " + NameOf(info) +
+                            "; the expectations of the former are kept");
         file.ofAircraft = NameOf(info);
         const Json parts = Json::parse(result.output);
         std::cout << NameOf(info) << ": " << Counted(parts.size(), "new expectation") << " for " << Shown(path) << '\n';
@@ -86,7 +86,7 @@ public:
             Add(file, part);
     }
 
-    /// A file that cannot be taken up stays as it is; the others are saved all the same.
+    /// A file that cannot be read is left unchanged; the others are still saved.
     ExitCode Finish(bool dryRun) {
         std::size_t added = 0, changed = 0;
         for (const auto& [path, file] : files) {
@@ -130,7 +130,7 @@ private:
     }
 
     bool Write(const std::string& path, const std::string& xml) {
-        boost::system::error_code error; // whose reason the save gives as well
+        boost::system::error_code error; // the save reports the reason too
         boost::filesystem::create_directories(boost::filesystem::path(path).parent_path(), error);
         const Utils::SaveResult saved = SaveWithSignalsHeld(path, xml);
         if (!saved)
@@ -159,11 +159,11 @@ ExitCode Accept(const AcceptOptions& options, Session& session) {
 
 Action PrepareAccept(CLI::App& app) {
     auto options = std::make_shared<AcceptOptions>();
-    app.add_flag("--dry-run", options->dryRun, "Only shows what would be added");
-    app.add_flag("--yoke", options->yoke, "Records yoke parts too, which have no mouse rectangle");
+    app.add_flag("--dry-run", options->dryRun, "Print what would be added, without saving");
+    app.add_flag("--yoke", options->yoke, "Also record yoke parts, which have no mouse rectangle");
     AddUntexturedOption(app, options->load);
     AddJobsOption(app, options->jobs);
-    app.add_option("AIRCRAFT", options->aircraft, "These aircraft")->type_name("")->required();
+    app.add_option("AIRCRAFT", options->aircraft, "Aircraft to record")->type_name("")->required();
     return [options](Session& session) { return Accept(*options, session); };
 }
 

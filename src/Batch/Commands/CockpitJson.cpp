@@ -37,7 +37,7 @@ Json ToJson(const RiffBlockXANK& key) {
     return json;
 }
 
-/// The keys of all tracks, which are one in X-Plane cockpits.
+/// The keys of all tracks; X-Plane cockpits have one track.
 Json KeysToJson(const ModelAnimation* animation) {
     Json keys = Json::array();
     if (!animation)
@@ -89,7 +89,7 @@ Json ToJson(const Panel& panel) {
     return {{"texture", JsonText(panel.Texture)}, {"entries", std::move(entries)}};
 }
 
-/// Writes the members of the outermost object as they come, so that no cockpit is in memory as JSON.
+/// Streams the members of the outermost object, so a cockpit is never in memory as JSON.
 class MemberWriter {
 public:
     explicit MemberWriter(std::ostream& target) : stream(target) { stream << '{'; }

@@ -9,8 +9,8 @@
 
 namespace Batch {
 
-/// One JSON object with all that the program made of a cockpit: a line per node and part. `sceneGraph` has just been
-/// made, so that the world matrices show every animation at 1. `panels` are shown where they are not null.
+/// One JSON object that describes a loaded cockpit, with one line per node and part. `sceneGraph` must be newly built,
+/// so that the world matrices show every animation at 1. `panels` may be null and are then left out.
 void WriteCockpitJson(std::ostream& stream, const Sim::AircraftInfo& info, const CockpitModel::AircraftCockpit& cockpit,
                       const CockpitModel::SceneGraph& sceneGraph, const CockpitModel::PanelSet* panels);
 

@@ -25,13 +25,13 @@ struct CompareOptions {
     bool json = false;
 };
 
-/// A part of one file or of both that is not the same in both.
+/// A part that differs between the files or is in only one of them.
 struct PartDifference {
     std::int32_t nodeId = 0, partId = 0;
     std::optional<DetectedPart> a, b;
 };
 
-/// The files of one name. One that stands in one folder alone is not looked into.
+/// The files of one name. A file that is in only one folder is not read.
 struct FileDifference {
     std::string name;
     bool inA = true, inB = true;
@@ -70,7 +70,7 @@ std::vector<PartDifference> Differences(const DetectedParts& a, const DetectedPa
     return differences;
 }
 
-/// Every file that cannot be read is told.
+/// Prints a message for every file that cannot be read.
 std::optional<DetectedParts> ReadOrTell(const std::string& folder, const std::string& name, Console& console) {
     const std::string path = (fs::path(folder) / name).string();
     try {
@@ -86,7 +86,7 @@ Comparison CompareFolders(const std::string& folderA, const std::string& folderB
     std::set<std::string> all = namesA;
     all.insert(namesB.begin(), namesB.end());
     if (all.empty())
-        throw CommandError(kAircraftFailed, "neither folder has a detected-data file (*.xml)");
+        throw CommandError(kAircraftFailed, "neither folder contains a detected-data file (*.xml)");
     Comparison comparison;
     for (const std::string& name : all) {
         FileDifference file{name, namesA.contains(name), namesB.contains(name), {}};
@@ -177,7 +177,7 @@ ExitCode Compare(const CompareOptions& options, Session& session) {
         Counted(comparison.compared, "file") + " compared, " + Counted(parts, "part") +
         (parts == 1 ? " differs, " : " differ, ") +
         std::to_string(std::ranges::count_if(comparison.files, [](const auto& file) { return file.inA != file.inB; })) +
-        " in one folder only");
+        " in only one folder");
     return comparison.unreadable > 0 ? kAircraftFailed : comparison.files.empty() ? kDone : kTestFailed;
 }
 
@@ -185,9 +185,9 @@ ExitCode Compare(const CompareOptions& options, Session& session) {
 
 Action PrepareCompare(CLI::App& app) {
     auto options = std::make_shared<CompareOptions>();
-    app.add_option("A", options->a, "The earlier folder")->type_name("")->required();
-    app.add_option("B", options->b, "The later folder")->type_name("")->required();
-    app.add_flag("--json", options->json, "Prints the differences as JSON");
+    app.add_option("A", options->a, "Folder with the older files")->type_name("")->required();
+    app.add_option("B", options->b, "Folder with the newer files")->type_name("")->required();
+    app.add_flag("--json", options->json, "Print the differences as JSON");
     return [options](Session& session) { return Compare(*options, session); };
 }
 

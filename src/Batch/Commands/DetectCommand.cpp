@@ -17,7 +17,7 @@ namespace Batch {
 namespace {
 
 struct DetectOptions {
-    std::string folder; ///< empty for the one of the desktop tool's menu entry
+    std::string folder; ///< empty for the desktop tool's export folder
     std::size_t jobs = DefaultProcesses();
     Annotator::LoadOptions load;
     std::vector<std::string> aircraft;
@@ -31,22 +31,22 @@ std::string DetectOne(const Sim::AircraftInfo& info, const Annotator::LoadOption
         const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
         return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened, load).sceneGraph);
     } catch (const std::exception&) {
-        // As the desktop tool logs it; the reason goes to whoever called the program.
+        // The same line as in the desktop tool's log; the reason goes to the caller of the program.
         log.Log(HERE, "Failed to load model.  Skipping...");
         throw;
     }
 }
 
-/// Writes results, which come in list order: where two aircraft have the same file, the later one stands.
+/// Writes results in list order: if two aircraft have the same file name, the later one overwrites the file.
 class DetectedDataWriter {
 public:
-    /// `shownFolder` is what the caller calls it.
+    /// `shownFolder` is the folder as the caller wrote it.
     DetectedDataWriter(std::string outputFolder, std::string shownFolder, Console& messages)
         : folder(std::move(outputFolder)), shown(std::move(shownFolder)), console(messages) {
         boost::system::error_code error;
         boost::filesystem::create_directories(folder, error);
         if (error)
-            throw CommandError(kNotWritten, "cannot make the folder " + folder + ": " + error.message());
+            throw CommandError(kNotWritten, "cannot create the folder " + folder + ": " + error.message());
     }
 
     void Take(const JobResult& result) {
@@ -75,14 +75,14 @@ private:
         }
         const auto [earlier, isNew] = files.try_emplace(name, &info);
         if (!isNew)
-            console.Message(path + " is of both " + NameOf(*earlier->second) + " and " + NameOf(info) +
-                            "; the latter stands");
+            console.Message(path + " belongs to both " + NameOf(*earlier->second) + " and " + NameOf(info) +
+                            "; it now contains the data of the latter");
         earlier->second = &info;
     }
 
     std::string folder, shown;
     Console& console;
-    std::map<std::string, const Sim::AircraftInfo*> files; ///< by name, whose they are
+    std::map<std::string, const Sim::AircraftInfo*> files; ///< the aircraft of each file, by file name
     std::size_t failed = 0;
     bool notWritten = false;
 };
@@ -91,7 +91,7 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     const std::string folder = options.folder.empty() ? Annotator::DetectedDataFolder() : options.folder;
-    // What writes into QVRA leaves it whole, so that the desktop tool finds its own there.
+    // A command that writes into QVRA also installs the data files that the desktop tool needs there.
     if (const std::string problem = options.folder.empty() ? Annotator::InstallDataFiles() : ""; !problem.empty())
         session.console.Message(problem);
     DetectedDataWriter writer(options.folder.empty() ? folder : session.ResolveArgument(folder), folder,
@@ -111,7 +111,7 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
 
 Action PrepareDetect(CLI::App& app) {
     auto options = std::make_shared<DetectOptions>();
-    app.add_option("--out", options->folder, "Where the files go; QVRA/AirLogs/... of the installation without it")
+    app.add_option("--out", options->folder, "Folder for the files (default: QVRA/AirLogs/... in the installation)")
         ->type_name("DIR");
     AddUntexturedOption(app, options->load);
     AddJobsOption(app, options->jobs);

@@ -37,22 +37,21 @@ PartPlace ReadPlace(const std::string& text) {
     const std::size_t comma = text.find(',');
     if (comma == std::string::npos || !ReadIndex(std::string_view(text).substr(0, comma), place.node) ||
         !ReadIndex(std::string_view(text).substr(comma + 1), place.part))
-        throw CommandError(kWrongUsage, "'" + text + "' names no part; it takes NODE,PART, such as 12,0");
+        throw CommandError(kWrongUsage, "'" + text + "' is not a part; write NODE,PART, for example 12,0");
     return place;
 }
 
-/// Empty where a person has said nothing of the type.
+/// Empty if the annotations do not set or expect a type.
 std::string AnnotationText(const std::optional<CockpitModel::AnnotationRecord>& record) {
     std::string text;
     if (record && record->InteractionType)
-        text +=
-            std::string("  annotated:   ") + TouchInteractionTypeToText(*record->InteractionType) + " in its place\n";
+        text += std::string("  annotated:   ") + TouchInteractionTypeToText(*record->InteractionType) + " instead\n";
     if (record && record->InteractionTypeTest)
         text += std::string("  expected:    ") + TouchInteractionTypeToText(*record->InteractionTypeTest) + "\n";
     return text;
 }
 
-/// Empty for a part that is not there.
+/// Null if the cockpit has no such part.
 std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
@@ -74,7 +73,7 @@ ExitCode Explain(const ExplainOptions& options, Session& session) {
         RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, place, options.load); });
     if (text.empty())
         throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
-                                            "; 'inspect' lists all parts, 'manips' those that can be clicked");
+                                            "; run 'inspect' to list all parts, 'manips' to list clickable parts");
     Print(NameOf(info) + ", " + text);
     return kDone;
 }
@@ -83,8 +82,8 @@ ExitCode Explain(const ExplainOptions& options, Session& session) {
 
 Action PrepareExplain(CLI::App& app) {
     auto options = std::make_shared<ExplainOptions>();
-    app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
-    app.add_option("PART", options->part, "The part, as NODE,PART: 12,0")->type_name("")->required();
+    app.add_option("AIRCRAFT", options->aircraft, "Aircraft")->type_name("")->required();
+    app.add_option("PART", options->part, "Part as NODE,PART, for example 12,0")->type_name("")->required();
     AddUntexturedOption(app, options->load);
     return [options](Session& session) { return Explain(*options, session); };
 }

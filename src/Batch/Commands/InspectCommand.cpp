@@ -19,12 +19,12 @@ namespace Batch {
 namespace {
 
 struct InspectOptions {
-    std::string panel; ///< a panel configuration in place of the aircraft's own
+    std::string panel; ///< a panel configuration to use instead of the aircraft's own
     Annotator::LoadOptions load;
     std::string aircraft;
 };
 
-/// The configuration's text. A folder opens like a file and fails at its first read.
+/// The configuration's text. Opening a folder succeeds; its first read fails.
 std::string ReadPanel(const std::string& path) {
     std::ifstream file(Utils::StreamPath(path), std::ios::binary);
     std::ostringstream text;
@@ -53,7 +53,7 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
     std::optional<std::string> panel;
     if (!options.panel.empty()) {
         panel = ReadPanel(session.ResolveArgument(options.panel));
-        session.console.Message("there is no source of gauges, so that panels have no entries");
+        session.console.Message("no gauges are available, so the panels have no entries");
     }
     PrintJson(RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.load); }));
     return kDone;
@@ -63,10 +63,10 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
 
 Action PrepareInspect(CLI::App& app) {
     auto options = std::make_shared<InspectOptions>();
-    app.add_option("--panel", options->panel, "Reads this panel configuration for the aircraft and shows what it gave")
+    app.add_option("--panel", options->panel, "Read this panel configuration for the aircraft and include its panels")
         ->type_name("FILE");
     AddUntexturedOption(app, options->load);
-    app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
+    app.add_option("AIRCRAFT", options->aircraft, "Aircraft")->type_name("")->required();
     return [options](Session& session) { return Inspect(*options, session); };
 }
 

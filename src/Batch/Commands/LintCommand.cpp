@@ -18,9 +18,9 @@ namespace {
 using Annotator::LintFinding;
 using Annotator::LintSeverity;
 
-/// So many findings of a kind a person reads before the rest is but counted.
+/// Findings of one check printed in full; the rest are only counted.
 constexpr std::size_t kShown = 3;
-constexpr std::size_t kLinesOfRest = 12;
+constexpr std::size_t kRestLines = 12;
 
 struct LintOptions {
     bool json = false, all = false;
@@ -28,62 +28,82 @@ struct LintOptions {
     std::vector<std::string> aircraft;
 };
 
-/// The findings on their way to the parent, and as --json prints them.
-std::string LintOne(const Sim::AircraftInfo& info) {
+Json ToJson(const LintFinding& finding) {
+    return {{"severity", LintSeverityText(finding.severity)},
+            {"check", finding.check},
+            {"file", JsonText(finding.file)},
+            {"line", finding.line == 0 ? Json() : Json(finding.line)},
+            {"message", JsonText(finding.message)},
+            {"fix", JsonText(finding.fix)}};
+}
+
+LintFinding FindingFromJson(const Json& json) {
+    const Json& line = json.at("line");
+    return {.severity = Annotator::LintSeverityFromText(json.at("severity").get<std::string>()),
+            .check = json.at("check"),
+            .file = json.at("file"),
+            .line = line.is_null() ? 0 : line.get<std::uint32_t>(),
+            .message = json.at("message"),
+            .fix = json.at("fix")};
+}
+
+Json ToJson(const std::vector<LintFinding>& findings) {
     Json list = Json::array();
-    for (const LintFinding& finding : Annotator::LintAircraft(info))
-        list.push_back({{"severity", LintSeverityText(finding.severity)},
-                        {"check", finding.check},
-                        {"file", JsonText(finding.file)},
-                        {"line", finding.line == 0 ? Json() : Json(finding.line)},
-                        {"wrong", JsonText(finding.wrong)},
-                        {"mend", JsonText(finding.mend)}});
-    return list.dump();
+    for (const LintFinding& finding : findings)
+        list.push_back(ToJson(finding));
+    return list;
 }
 
-std::string Place(const Json& finding) {
-    const Json& line = finding["line"];
-    return Shown(finding["file"].get<std::string>()) + (line.is_null() ? "" : ":" + line.dump());
+std::vector<LintFinding> FindingsFromJson(const Json& list) {
+    std::vector<LintFinding> findings;
+    for (const Json& finding : list)
+        findings.push_back(FindingFromJson(finding));
+    return findings;
 }
 
-/// As compilers write it.
-std::string FindingText(const Json& finding) {
-    const auto text = [&](const char* name) { return Shown(finding[name].get<std::string>()); };
-    return Place(finding) + ": " + text("severity") + ": " + text("wrong") + " [" + text("check") + "]\n";
+/// The findings, encoded for the parent process.
+std::string LintOne(const Sim::AircraftInfo& info) {
+    return ToJson(Annotator::LintAircraft(info)).dump();
 }
 
-std::string RestText(std::span<const Json> rest) {
+/// In the format of compilers.
+std::string FindingText(const LintFinding& finding) {
+    return Shown(finding.file) + (finding.line == 0 ? "" : ":" + std::to_string(finding.line)) + ": " +
+           LintSeverityText(finding.severity) + ": " + Shown(finding.message) + " [" + finding.check + "]\n";
+}
+
+std::string RestText(std::span<const LintFinding> rest) {
     std::string text = "    and " + std::to_string(rest.size()) + " more like these, in lines ";
-    for (std::size_t i = 0; i < std::min(rest.size(), kLinesOfRest); ++i)
-        text += (i > 0 ? ", " : "") + rest[i]["line"].dump();
-    return text + (rest.size() > kLinesOfRest ? ", ...; --all prints each\n" : "; --all prints each\n");
+    for (std::size_t i = 0; i < std::min(rest.size(), kRestLines); ++i)
+        text += (i > 0 ? ", " : "") + std::to_string(rest[i].line);
+    return text + (rest.size() > kRestLines ? ", ...; use --all to print them\n" : "; use --all to print them\n");
 }
 
-/// Those of one check and severity, and below them what to do: once where it is the same for all.
-std::string GroupText(std::span<const Json> group, bool all) {
-    // One line in the place of one finding would save nobody any reading.
+/// The findings of one check and severity, each followed by its fix unless the next finding has the same one.
+std::string GroupText(std::span<const LintFinding> group, bool all) {
+    // Replacing a single finding by a line that counts it would save nothing.
     const std::size_t shown = all || group.size() <= kShown + 1 ? group.size() : kShown;
     std::string text;
     for (std::size_t i = 0; i < shown; ++i) {
         text += FindingText(group[i]);
         if (i + 1 == shown && shown < group.size())
             text += RestText(group.subspan(shown));
-        if (i + 1 == shown || group[i]["mend"] != group[i + 1]["mend"])
-            text += "    " + Shown(group[i]["mend"].get<std::string>()) + '\n';
+        if (i + 1 == shown || group[i].fix != group[i + 1].fix)
+            text += "    " + Shown(group[i].fix) + '\n';
     }
     return text;
 }
 
-std::string FindingsText(std::vector<Json> findings, bool all) {
-    const auto kind = [](const Json& finding) { return std::pair(finding["severity"], finding["check"]); };
-    // By the first of each kind, as the worst come first.
-    std::vector<decltype(kind(Json()))> kinds;
-    for (const Json& finding : findings)
+std::string FindingsText(std::vector<LintFinding> findings, bool all) {
+    const auto kind = [](const LintFinding& finding) { return std::pair(finding.severity, finding.check); };
+    // Ordered by the first finding of each kind: the most severe findings come first.
+    std::vector<std::pair<LintSeverity, std::string>> kinds;
+    for (const LintFinding& finding : findings)
         if (std::ranges::find(kinds, kind(finding)) == kinds.end())
             kinds.push_back(kind(finding));
     std::ranges::stable_sort(findings, {},
-                             [&](const Json& finding) { return std::ranges::find(kinds, kind(finding)); });
-    const std::span<const Json> sorted = findings;
+                             [&](const LintFinding& finding) { return std::ranges::find(kinds, kind(finding)); });
+    const std::span<const LintFinding> sorted = findings;
     std::string text;
     for (std::size_t first = 0, next = 0; first < sorted.size(); first = next) {
         while (next < sorted.size() && kind(sorted[next]) == kind(sorted[first]))
@@ -93,12 +113,9 @@ std::string FindingsText(std::vector<Json> findings, bool all) {
     return text;
 }
 
-/// Counts by severity, worst first: "1 error, 2 warnings and 1 note".
-std::string Totals(const std::map<std::string, std::size_t>& counts) {
-    const auto count = [&](LintSeverity severity) {
-        const auto found = counts.find(LintSeverityText(severity));
-        return Counted(found == counts.end() ? 0 : found->second, LintSeverityText(severity));
-    };
+/// Counts, most severe first: "1 error, 2 warnings and 1 note".
+std::string Totals(std::map<LintSeverity, std::size_t>& counts) {
+    const auto count = [&](LintSeverity severity) { return Counted(counts[severity], LintSeverityText(severity)); };
     return count(LintSeverity::Error) + ", " + count(LintSeverity::Warning) + " and " + count(LintSeverity::Note);
 }
 
@@ -106,7 +123,7 @@ ExitCode Lint(const LintOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
     Json everything = Json::array();
-    std::map<std::string, std::size_t> counts; // by severity
+    std::map<LintSeverity, std::size_t> counts;
     std::size_t failed = 0;
     const auto take = [&](const JobResult& result) {
         if (result.failure) {
@@ -114,11 +131,12 @@ ExitCode Lint(const LintOptions& options, Session& session) {
             ++failed;
             return;
         }
-        const auto findings = Json::parse(result.output).get<std::vector<Json>>();
-        for (const Json& finding : findings)
-            ++counts[finding["severity"].get<std::string>()];
+        const std::vector<LintFinding> findings = FindingsFromJson(Json::parse(result.output));
+        for (const LintFinding& finding : findings)
+            ++counts[finding.severity];
         if (options.json)
-            std::ranges::copy(findings, std::back_inserter(everything));
+            std::ranges::transform(findings, std::back_inserter(everything),
+                                   [](const LintFinding& finding) { return ToJson(finding); });
         else
             Print(FindingsText(findings, options.all));
     };
@@ -128,8 +146,7 @@ ExitCode Lint(const LintOptions& options, Session& session) {
     FlushPrinted();
     session.console.Message(Totals(counts) + " in " + std::to_string(aircraft.size() - failed) + " aircraft" +
                             (failed > 0 ? ", " + std::to_string(failed) + " more could not be read" : ""));
-    const bool clean =
-        counts[LintSeverityText(LintSeverity::Error)] + counts[LintSeverityText(LintSeverity::Warning)] == 0;
+    const bool clean = counts[LintSeverity::Error] + counts[LintSeverity::Warning] == 0;
     return failed > 0 ? kAircraftFailed : clean ? kDone : kTestFailed;
 }
 
@@ -137,8 +154,8 @@ ExitCode Lint(const LintOptions& options, Session& session) {
 
 Action PrepareLint(CLI::App& app) {
     auto options = std::make_shared<LintOptions>();
-    app.add_flag("--all", options->all, "Prints every finding, however often it repeats itself");
-    app.add_flag("--json", options->json, "A list of objects, with every finding");
+    app.add_flag("--all", options->all, "Print every finding, including repeated ones");
+    app.add_flag("--json", options->json, "Print all findings as a list of JSON objects");
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);
     return [options](Session& session) { return Lint(*options, session); };

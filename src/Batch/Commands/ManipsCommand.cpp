@@ -30,7 +30,7 @@ struct ManipulatorOptions {
 constexpr std::array kColumns{"node", "part", "line",     "manipulator", "from",
                               "to",   "type", "override", "expected",    "dataref"};
 
-/// The values of a line, by column. A dataref comes last, as it is the only one of any length.
+/// The values of a line, by column. The dataref is last because only its length is unlimited.
 using Row = std::array<Json, kColumns.size()>;
 
 struct Manipulator {
@@ -78,7 +78,7 @@ std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::LoadOpti
     return rows;
 }
 
-/// A value as it stands in a table: nothing for what is not there.
+/// A value as a table cell; empty for null.
 std::string Plain(const Json& value) {
     if (value.is_null())
         return {};
@@ -175,8 +175,8 @@ ExitCode Manips(const ManipulatorOptions& options, Session& session) {
 
 Action PrepareManips(CLI::App& app) {
     auto options = std::make_shared<ManipulatorOptions>();
-    CLI::Option* const csv = app.add_flag("--csv", options->csv, "A table for a spreadsheet");
-    app.add_flag("--json", options->json, "A list of objects")->excludes(csv);
+    CLI::Option* const csv = app.add_flag("--csv", options->csv, "Print a table for spreadsheets");
+    app.add_flag("--json", options->json, "Print a list of JSON objects")->excludes(csv);
     AddUntexturedOption(app, options->load);
     AddJobsOption(app, options->jobs);
     AddAircraftOption(app, options->aircraft);

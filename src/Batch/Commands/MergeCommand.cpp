@@ -20,7 +20,7 @@ struct MergeOptions {
     std::vector<std::string> parts;
 };
 
-/// The JSON reports of a folder by name, so that numbered ones keep the order of their numbers.
+/// The JSON reports of a folder, sorted by name, so that numbered reports keep their order.
 std::vector<std::string> PartsOf(const std::string& path) {
     boost::system::error_code error;
     if (!fs::is_directory(path, error))
@@ -32,7 +32,7 @@ std::vector<std::string> PartsOf(const std::string& path) {
     if (error)
         throw CommandError(kAircraftFailed, path + ": " + error.message());
     if (parts.empty())
-        throw CommandError(kAircraftFailed, path + ": no JSON report (*.json) is in this folder");
+        throw CommandError(kAircraftFailed, path + ": the folder contains no JSON report (*.json)");
     std::ranges::sort(parts);
     return parts;
 }
@@ -40,7 +40,7 @@ std::vector<std::string> PartsOf(const std::string& path) {
 TestReport ReadPart(const std::string& path) {
     const std::string json = Utils::ReadFile(path);
     if (json.empty())
-        throw CommandError(kAircraftFailed, path + ": there is no such file, or nothing in it that can be read");
+        throw CommandError(kAircraftFailed, path + ": the file is missing, empty or unreadable");
     try {
         return ParseReport(json);
     } catch (const Json::exception& error) {
@@ -50,15 +50,15 @@ TestReport ReadPart(const std::string& path) {
     }
 }
 
-/// Gathers parts. An aircraft that is in two of them would be counted twice.
+/// Collects parts. An aircraft in two of them would be counted twice.
 class Merger {
 public:
     void Add(const std::string& path) {
         for (AircraftReport& aircraft : ReadPart(path)) {
             const std::string& acf = aircraft.tests.acfPath;
             if (const auto [other, isNew] = partOf.try_emplace(acf, path); !isNew)
-                throw CommandError(kWrongUsage, acf + " is both in " + other->second + " and in " + path +
-                                                    "; leave one of them out, so that its tests count once");
+                throw CommandError(kWrongUsage, acf + " is in both " + other->second + " and " + path +
+                                                    "; leave one of them out so that its tests are counted once");
             report.push_back(std::move(aircraft));
         }
     }
@@ -69,7 +69,7 @@ private:
     std::map<std::string, std::string> partOf; ///< by acfPath
 };
 
-/// One part that cannot be read ends it: a report that lacks an aircraft would look like a good one.
+/// A part that cannot be read ends the command: a report without its aircraft would look complete.
 ExitCode Merge(const MergeOptions& options, Session& session) {
     Merger merger;
     for (const std::string& word : options.parts)
@@ -83,7 +83,7 @@ ExitCode Merge(const MergeOptions& options, Session& session) {
 Action PrepareMerge(CLI::App& app) {
     auto options = std::make_shared<MergeOptions>();
     AddReportOptions(app, options->reports);
-    app.add_option("PART", options->parts, "JSON reports, or folders of them, which are taken in the order of names")
+    app.add_option("PART", options->parts, "JSON reports, or folders of reports, which are read in order of file name")
         ->type_name("")
         ->required();
     return [options](Session& session) { return Merge(*options, session); };

@@ -38,7 +38,7 @@ struct RenderOptions {
     std::string aircraft;
 };
 
-/// Exactly so many numbers with a separator between them.
+/// Exactly `count` numbers with a separator between them.
 template <typename Number, std::size_t count>
 std::array<Number, count> ParseNumbers(const std::string& option, const std::string& text, char separator,
                                        const char* form) {
@@ -48,7 +48,7 @@ std::array<Number, count> ParseNumbers(const std::string& option, const std::str
         const auto [next, error] = std::from_chars(at, end, numbers[i]);
         const bool complete = i + 1 == count ? next == end : next != end && *next == separator;
         if (error != std::errc() || !complete || !std::isfinite(static_cast<double>(numbers[i])))
-            throw CLI::ValidationError(option, "'" + text + "' is not of the form " + form);
+            throw CLI::ValidationError(option, "'" + text + "' does not have the form " + form);
         at = next + 1;
     }
     return numbers;
@@ -63,9 +63,9 @@ Rendering::Size ParseSize(const std::string& text) {
 }
 
 PictureRequest::Position ParsePosition(const std::string& text) {
-    const std::size_t equals = text.rfind('='); // a dataref may hold one, a number does not
+    const std::size_t equals = text.rfind('='); // a dataref may contain one, a number does not
     if (equals == std::string::npos || equals == 0)
-        throw CLI::ValidationError("--position", "'" + text + "' is not of the form DATAREF=VALUE");
+        throw CLI::ValidationError("--position", "'" + text + "' does not have the form DATAREF=VALUE");
     const auto [fraction] = ParseNumbers<float, 1>("--position", text.substr(equals + 1), ',', "a number from 0 to 1");
     if (fraction < 0.0f || fraction > 1.0f)
         throw CLI::ValidationError("--position", "'" + text + "' is not from 0 to 1");
@@ -76,19 +76,19 @@ void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
     const auto add = [&app](const char* name, const char* type, const char* description, auto use) {
         return app.add_option_function<std::string>(name, use, description)->type_name(type);
     };
-    add("--size", "WxH", "Pixels; 1280x800 without it",
+    add("--size", "WxH", "Image size in pixels (default: 1280x800)",
         [&picture](const std::string& text) { picture.size = ParseSize(text); });
-    add("--eye", "X,Y,Z", "Where the camera stands, metres, with z backwards; the pilot's eye without it",
+    add("--eye", "X,Y,Z", "Camera position in metres, z towards the tail (default: the pilot's eye)",
         [&picture](const std::string& text) {
             const auto [x, y, z] = ParseNumbers<float, 3>("--eye", text, ',', "X,Y,Z");
             picture.eye = Utils::Vector3(x, y, z);
         });
-    add("--look", "YAW,PITCH", "Degrees to the right and down; straight ahead without it",
+    add("--look", "YAW,PITCH", "Degrees to the right and down (default: straight ahead)",
         [&picture](const std::string& text) {
             const auto [yaw, pitch] = ParseNumbers<float, 2>("--look", text, ',', "YAW,PITCH");
             picture.look = Utils::Vector2(yaw, pitch) * kRadiansPerDegree;
         });
-    add("--select", "NODE,PART", "Marks a part as the selected one", [&picture](const std::string& text) {
+    add("--select", "NODE,PART", "Show this part as selected", [&picture](const std::string& text) {
         const auto [node, part] = ParseNumbers<std::int32_t, 2>("--select", text, ',', "NODE,PART");
         picture.selected = PictureRequest::PartPlace{node, part};
     });
@@ -98,20 +98,19 @@ void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
                for (const std::string& text : texts)
                    picture.positions.push_back(ParsePosition(text));
            },
-           "Moves the animations of a dataref, from 0 to 1; may be given again")
+           "Set the animations of a dataref to a position from 0 to 1; may be repeated")
         ->type_name("DATAREF=VALUE")
         ->allow_extra_args(false);
-    app.add_flag("--fit", picture.fit, "Looks from where the whole cockpit, or the part of --select, fills the picture")
+    app.add_flag("--fit", picture.fit, "Move the camera so that the cockpit, or the part of --select, fills the image")
         ->excludes(app.get_option("--eye"));
     app.add_flag_callback(
-        "--hide-transparent", [&picture] { picture.showTransparent = false; }, "Leaves transparent parts out");
+        "--hide-transparent", [&picture] { picture.showTransparent = false; }, "Leave out transparent parts");
 }
 
-/// The first byte of what the process that draws tells; behind it are the bytes of the picture, or what is wrong with
-/// the request.
+/// The first byte of the drawing process's result; after it come the bytes of the image, or an error in the request.
 enum AnswerKind : char { kPicture = 'P', kEmptyPicture = 'E', kWrongRequest = 'W' };
 
-/// True for a picture that shows nothing but the canvas, whose colour devices round up or down.
+/// True for an image that shows only the background, whose colour devices round up or down.
 bool IsEmpty(const Rendering::MemBitmap& picture) {
     const auto& pixels = picture.Pixels();
     const std::uint32_t red = pixels.front() & 255;
@@ -123,7 +122,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     if (!opened.cockpit->IsValid())
-        throw std::runtime_error("there is no cockpit object beside the .acf file");
+        throw std::runtime_error("the folder of the .acf file contains no cockpit object");
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.load);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
     annotations.Read(CockpitModel::AnnotationFile(info));
@@ -138,12 +137,13 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
     }
 }
 
-/// Data files that the installation lacks are read where the program has its own.
+/// Data files that the installation lacks are read from the program's own folder.
 void RequireData() {
     Rendering::SetFallbackDataFolder(Annotator::ProgramDataFolder(Utils::Platform::ProgramPath()).parent_path());
     if (!boost::filesystem::exists(Rendering::FindDataFile(Annotator::kMarkerMeshFile)))
-        throw CommandError(kWrongUsage, std::string("there is no ") + Annotator::kMarkerMeshFile +
-                                            " in the installation: the program's folder QVRA belongs beside Aircraft");
+        throw CommandError(kWrongUsage,
+                           std::string("cannot find ") + Annotator::kMarkerMeshFile +
+                               " in the installation; copy the program's folder QVRA into the installation folder");
 }
 
 ExitCode Render(const RenderOptions& options, Session& session) {
@@ -155,7 +155,7 @@ ExitCode Render(const RenderOptions& options, Session& session) {
     if (answer[0] == kWrongRequest)
         throw CommandError(kWrongUsage, NameOf(info) + ": " + std::string(bytes));
     if (answer[0] == kEmptyPicture)
-        session.console.Message(NameOf(info) + ": no part is in view" + (options.picture.fit ? "" : "; try --fit"));
+        session.console.Message(NameOf(info) + ": no part is visible" + (options.picture.fit ? "" : "; try --fit"));
     if (const auto saved = SaveWithSignalsHeld(session.ResolveArgument(options.file), bytes); !saved)
         throw CommandError(kNotWritten, saved.error);
     return kDone;
@@ -165,10 +165,10 @@ ExitCode Render(const RenderOptions& options, Session& session) {
 
 Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
-    app.add_option("--out", options->file, "The picture, a PNG")->type_name("FILE")->required();
+    app.add_option("--out", options->file, "PNG file to write")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
     AddUntexturedOption(app, options->load);
-    app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
+    app.add_option("AIRCRAFT", options->aircraft, "Aircraft")->type_name("")->required();
     return [options](Session& session) { return Render(*options, session); };
 }
 

@@ -19,14 +19,14 @@ struct TestOptions {
     std::vector<std::string> aircraft;
 };
 
-/// The tests of an aircraft on their way to the parent; empty for an aircraft without annotations.
+/// The tests of an aircraft, encoded for the parent process; empty for an aircraft without annotations.
 std::string TestOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
         std::optional<Annotator::AircraftResult> tests = Annotator::CheckAircraft(info, repository, load);
         return tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string();
     } catch (const Annotator::AircraftCheckError& error) {
-        std::rethrow_if_nested(error); // the cause does without the aircraft's name, which the parent knows
+        std::rethrow_if_nested(error); // the cause, without the aircraft's name, which the parent adds
         throw;
     }
 }

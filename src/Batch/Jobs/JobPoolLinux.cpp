@@ -42,11 +42,11 @@ bool WriteAll(int file, std::string_view bytes) {
 [[noreturn]] void RunInChild(const Job& job, const Sim::AircraftInfo& aircraft, int answer, pid_t parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != parent)
-        _exit(1); // it ended before its end could be heard of
+        _exit(1); // the parent ended before the child could ask to be notified of it
     JoinLog();
     const std::string text = EncodeResult(job, aircraft);
     Logging::Logger::Get().Stop("");
-    // The parent's buffers and objects, which this process has copies of, are not its own to flush or to destroy.
+    // This process has copies of the parent's buffers and objects and must not flush or destroy them.
     _exit(WriteAll(answer, text) ? 0 : 1);
 }
 
@@ -58,13 +58,13 @@ int Reap(pid_t id) {
     return status;
 }
 
-/// What a process left without an answer died of.
+/// Why a process ended without a result.
 std::string HowItEnded(int status) {
     if (!WIFSIGNALED(status))
-        return "its process ended with exit code " + std::to_string(WEXITSTATUS(status)) + " and no answer";
+        return "its process ended with exit code " + std::to_string(WEXITSTATUS(status)) + " without a result";
     const int signal = WTERMSIG(status);
     return "its process was ended by signal " + std::to_string(signal) + " (" + strsignal(signal) + ")" +
-           (signal == SIGKILL ? ", as the system does when memory runs out" : "");
+           (signal == SIGKILL ? ", probably by the system because memory ran out" : "");
 }
 
 class JobPool : public Utils::NonAssignable {
@@ -96,19 +96,19 @@ private:
         while (started < aircraft.size() && running.size() < limit &&
                started < delivered + kMaxPendingPerProcess * limit) {
             if (!Start(started)) {
-                // Processes or file handles have run out.
+                // The system is out of processes or file handles.
                 if (!running.empty())
-                    return; // the next one that ends makes room
+                    return; // retried when a process ends
                 const std::string reason = std::strerror(errno);
-                waiting[started] = {aircraft[started], {}, "no process could be started for it: " + reason};
+                waiting[started] = {aircraft[started], {}, "cannot start a process for it: " + reason};
             }
             ++started;
         }
     }
 
     bool Start(std::size_t index) {
-        // The parent closes its copy of the writing end right after the fork: no other child gets one, so that the
-        // end of the answer is the end of the pipe.
+        // The parent closes its copy of the writing end right after the fork: no other child gets one, so the
+        // end of the pipe is the end of the result.
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0)
             return false;
@@ -137,7 +137,7 @@ private:
             polled.push_back({process.answer, POLLIN, 0});
         if (poll(polled.data(), polled.size(), -1) < 0)
             return;
-        // From the back, as one that is finished leaves the list.
+        // From the back, because finished ones are removed from the list.
         for (std::size_t i = polled.size(); i-- > 0;) {
             if (polled[i].revents != 0 && !ReadSome(running[i])) {
                 Finish(running[i]);
@@ -146,7 +146,7 @@ private:
         }
     }
 
-    /// False at the end of the answer.
+    /// False at the end of the result.
     static bool ReadSome(Process& process) {
         const std::size_t size = process.received.size();
         process.received.resize(size + kReadSize);
@@ -159,7 +159,7 @@ private:
     void Finish(Process& process) {
         close(process.answer);
         const int status = Reap(process.id);
-        // A process may have died in the middle of its answer.
+        // A process may have died while writing its result.
         const bool answered = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !process.received.empty();
         const Sim::AircraftInfo& its = *aircraft[process.index];
         waiting[process.index] =

@@ -26,8 +26,7 @@ namespace {
 
 constexpr std::size_t kReadSize = 65536;
 
-/// Set ahead of main, before the installation becomes the working directory: relative paths of the command line are
-/// relative to it.
+/// Initialized before main, while the working directory is still the caller's: path arguments are relative to it.
 const boost::filesystem::path startFolder = boost::filesystem::current_path();
 
 class Handle : public Utils::NonAssignable {
@@ -47,7 +46,7 @@ private:
     HANDLE handle;
 };
 
-/// Processes that end when this one does, by whatever cause.
+/// Processes that end when this one does, for any reason.
 class ProcessGroup {
 public:
     ProcessGroup() : job(CreateJobObjectW(nullptr, nullptr)) {
@@ -56,7 +55,7 @@ public:
         SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
     }
 
-    /// Any thread. A process that comes after the end is ended as well.
+    /// Any thread. A process added after the end is ended too.
     void Add(HANDLE process) {
         AssignProcessToJobObject(job.Get(), process);
         if (ended)
@@ -72,7 +71,7 @@ private:
     std::atomic<bool> ended = false;
 };
 
-/// This process's command line behind the program's name, as it stands.
+/// This process's command line after the program's name, unchanged.
 std::wstring_view OwnArguments() {
     const std::wstring_view line = GetCommandLineW();
     const bool quoted = line.starts_with(L'"');
@@ -80,7 +79,7 @@ std::wstring_view OwnArguments() {
     return end == line.npos ? std::wstring_view() : line.substr(end + quoted);
 }
 
-/// A path of this system holds no quotes and ends with no back-slash: it needs no escaping.
+/// Needs no escaping: a file path on Windows contains no quotes and does not end with a backslash.
 std::wstring JobCommandLine(const std::wstring& program, const std::string& acfPath) {
     std::wstring line = L'"' + program + L"\" " + Utils::ToWideText(kJobOption) + L" \"" + Utils::ToWideText(acfPath);
     return line.append(L"\"").append(OwnArguments());
@@ -91,7 +90,7 @@ struct Process {
     DWORD error = ERROR_SUCCESS;
 };
 
-/// Only one at a time, or a process would get the writing end of another's pipe as well, and hold it open.
+/// Only one at a time: otherwise a process would inherit the writing end of another's pipe and keep it open.
 Process Start(const Sim::AircraftInfo& aircraft, ProcessGroup& group) {
     static std::mutex starting;
     const std::lock_guard lock(starting);
@@ -135,31 +134,31 @@ std::string ReadToEnd(HANDLE pipe) {
     return bytes;
 }
 
-/// What a process left without an answer died of. The system's own codes are known by their hexadecimal form.
+/// Why a process ended without a result. System codes are printed in hexadecimal, as they are documented.
 std::string HowItEnded(DWORD exitCode) {
     std::ostringstream text;
     text << "its process ended with exit code ";
     if (exitCode >= 0xC0000000)
         text << "0x" << std::hex << std::uppercase;
-    text << exitCode << " and no answer";
+    text << exitCode << " without a result";
     return text.str();
 }
 
 JobResult RunInProcess(const Sim::AircraftInfo& aircraft, ProcessGroup& group) {
     const Process started = Start(aircraft, group);
     if (!started.process.Get())
-        return {&aircraft, {}, "no process could be started for it: error " + std::to_string(started.error)};
+        return {&aircraft, {}, "cannot start a process for it: error " + std::to_string(started.error)};
     const std::string answer = ReadToEnd(started.answer.Get());
     WaitForSingleObject(started.process.Get(), INFINITE);
     DWORD exitCode = 0;
     GetExitCodeProcess(started.process.Get(), &exitCode);
-    // A process may have died in the middle of its answer.
+    // A process may have died while writing its result.
     if (exitCode == 0 && !answer.empty())
         return DecodeResult(aircraft, answer);
     return {&aircraft, {}, HowItEnded(exitCode)};
 }
 
-/// A thread for each process that may run at once, which waits for it.
+/// One thread per parallel process, which waits for it.
 class JobPool : public Utils::NonAssignable {
 public:
     JobPool(const AircraftSelection& selection, std::size_t processes)
@@ -212,7 +211,7 @@ private:
     const AircraftSelection& aircraft;
     const std::size_t limit;
     ProcessGroup group;
-    std::mutex mutex; // guards what follows
+    std::mutex mutex; // guards the members below
     std::condition_variable changed;
     std::size_t started = 0, delivered = 0;
     bool ended = false;
@@ -230,7 +229,7 @@ bool WriteAll(HANDLE file, std::string_view bytes) {
     return true;
 }
 
-/// Ends this process with the answer of the job that it was started for.
+/// Ends this process with the result of the job that it was started for.
 [[noreturn]] void RunOwnJob(const Sim::AircraftInfo& aircraft, const Job& job) {
     JoinLog();
     const std::string answer = EncodeResult(job, aircraft);

@@ -4,12 +4,12 @@
 
 namespace Batch {
 
-/// Runs a job; what it returned or threw is the answer that its process sends. Never empty.
+/// Runs a job and encodes what it returned or threw, for sending to the parent. Never empty.
 std::string EncodeResult(const Job& job, const Sim::AircraftInfo& aircraft);
-/// The result of a whole answer.
+/// Decodes a complete encoded result.
 JobResult DecodeResult(const Sim::AircraftInfo& aircraft, const std::string& answer);
 
-/// Results that may wait for a slow one ahead of them, for each process.
+/// Results per process that may wait for a slow result before them.
 inline constexpr std::size_t kMaxPendingPerProcess = 8;
 
 } // namespace Batch

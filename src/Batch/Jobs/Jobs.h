@@ -9,33 +9,33 @@
 
 namespace Batch {
 
-/// What is done for one aircraft. It runs in a process of its own, with a log and without anything to write but the
-/// string that it returns.
+/// The work for one aircraft. It runs in a separate process that has a log and whose only output is the returned
+/// string.
 using Job = std::function<std::string(const Sim::AircraftInfo&)>;
 
-/// What came of the job for one aircraft.
+/// The result of the job for one aircraft.
 struct JobResult {
     const Sim::AircraftInfo* aircraft = nullptr;
     std::string output;                 ///< what the job returned
-    std::optional<std::string> failure; ///< in words, where it threw or its process ended without an answer
+    std::optional<std::string> failure; ///< the reason, if it threw or its process ended without a result
 };
 
-/// Runs a job for each aircraft in a process of its own, up to `processes` at once, so that a crash, an abort or a kill
-/// for memory in one leaves the others. `use` gets the results in the order of the aircraft, in the calling process;
-/// few results wait for their turn, so that memory is bounded. The caller must have a single thread. When it ends,
-/// however that comes about, so do the processes.
+/// Runs a job for each aircraft in a separate process, up to `processes` in parallel, so that a crash, an abort or an
+/// out-of-memory kill does not affect the others. `use` gets the results in the order of the aircraft, in the calling
+/// process; the number of results that wait is limited, and so is their memory. The caller must have a single thread.
+/// When it ends, for any reason, the processes end too.
 ///
-/// Where the system cannot copy a process, each one is this program started once more with the same words and its
-/// aircraft's path (JobAircraft), and comes as far as this call: what stands ahead of it is done in each of them.
+/// On a system that cannot fork, each process is this program started with the same arguments and its aircraft's path
+/// (JobAircraft), and runs up to this call: whatever a command does before RunJobs also runs in every such process.
 ///
 /// Defined in JobPoolLinux.cpp and JobPoolWindows.cpp.
 void RunJobs(const AircraftSelection& aircraft, std::size_t processes, const Job& job,
              const std::function<void(JobResult&&)>& use);
 
-/// One job, whose failure ends the command with the reason behind the aircraft's name.
+/// Runs one job. A failure ends the command with the aircraft's name and the reason.
 std::string RunJob(const Sim::AircraftInfo& aircraft, const Job& job);
 
-/// As many processes as the machine has processors for this program.
+/// The number of processors available to this program.
 std::size_t DefaultProcesses();
 
 } // namespace Batch

@@ -5,20 +5,20 @@
 
 namespace Batch {
 
-/// What the program asks of the operating system for its own process; each system has a source file of its own.
+/// Operating system functions for the program's own process, with one source file per system.
 
-/// To be called first of all: prepares the standard streams, and gives the words of the command line as UTF-8 without
-/// the program's name.
+/// Must be called first: prepares the standard streams and returns the arguments as UTF-8, without the program's
+/// name.
 std::vector<std::string> StartProcess(int argc, char** argv);
 
-/// Whether the standard error stream goes to a terminal. Such a terminal takes escape sequences afterwards.
+/// Whether stderr is a terminal. Afterwards that terminal interprets escape sequences.
 bool ErrorsGoToTerminal();
 
-/// In a process that another one of this program started for one job, the path of the job's aircraft; else null. All
-/// that such a process may say is its answer, so that what it prints goes nowhere.
+/// The aircraft path of the job if this process was started by this program for one job; otherwise null. Such a process
+/// may only send its result: anything it prints is discarded.
 const std::string* JobAircraft();
 
-/// Ahead of that path on the command line of such a process, as its first word. People are not told of it.
+/// The first argument of such a process, before that path. Not documented for users.
 inline constexpr const char* kJobOption = "--job";
 
 } // namespace Batch

@@ -12,7 +12,7 @@ bool ErrorsGoToTerminal() {
     return isatty(STDERR_FILENO) != 0;
 }
 
-// Jobs run in copies of the process, which are started for none in particular.
+// Jobs run in forks of the process; none is started for a particular job.
 const std::string* JobAircraft() {
     return nullptr;
 }

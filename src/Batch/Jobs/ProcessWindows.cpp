@@ -19,18 +19,18 @@ namespace {
 
 std::optional<std::string> jobAircraft;
 
-/// The program's own arguments are in the system's code page, which has some letters only.
-std::vector<std::string> WordsOfCommandLine() {
+/// The arguments of main are in the system's code page, which lacks many characters.
+std::vector<std::string> CommandLineArguments() {
     int count = 0;
-    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> texts;
-    for (int i = 1; words && i < count; ++i)
-        texts.push_back(Utils::FromWideText(words[i]));
-    LocalFree(words);
+    for (int i = 1; arguments && i < count; ++i)
+        texts.push_back(Utils::FromWideText(arguments[i]));
+    LocalFree(arguments);
     return texts;
 }
 
-/// Text reaches a console as UTF-8, and a file or another program as the same bytes as on any system.
+/// A console gets UTF-8; a file or another program gets the same bytes as on any system.
 void PrepareStreams() {
     for (const int stream : {1, 2})
         _setmode(stream, _O_BINARY);
@@ -39,7 +39,7 @@ void PrepareStreams() {
         std::atexit([] { SetConsoleOutputCP(before); });
 }
 
-/// Nobody may sit at the screen to dismiss a box.
+/// There may be no user at the screen to dismiss a box.
 void PrepareFailures() {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     Utils::SetFatalErrorDialog([](const std::string& caption, const std::string& text) {
@@ -52,14 +52,14 @@ void PrepareFailures() {
 std::vector<std::string> StartProcess(int, char**) {
     PrepareFailures();
     PrepareStreams();
-    std::vector<std::string> words = WordsOfCommandLine();
-    if (words.size() >= 2 && words[0] == kJobOption) {
-        jobAircraft = words[1];
-        words.erase(words.begin(), words.begin() + 2);
+    std::vector<std::string> arguments = CommandLineArguments();
+    if (arguments.size() >= 2 && arguments[0] == kJobOption) {
+        jobAircraft = arguments[1];
+        arguments.erase(arguments.begin(), arguments.begin() + 2);
         std::cout.rdbuf(nullptr);
         std::cerr.rdbuf(nullptr);
     }
-    return words;
+    return arguments;
 }
 
 bool ErrorsGoToTerminal() {

@@ -9,8 +9,8 @@
 
 namespace Batch {
 
-/// While one lives, the signals by which a person or a system ends the program wait, so that what is written meanwhile
-/// is written whole. One at a time, and for no longer than a file takes: the user waits as well.
+/// While an object lives, the signals that end the program are deferred, so that a file is written completely. One
+/// object at a time, and only for the duration of one file: the user waits too.
 class ScopedSignalBlock : public Utils::NonAssignable {
 public:
     ScopedSignalBlock();
@@ -18,11 +18,11 @@ public:
 
 #ifndef _WIN32
 private:
-    sigset_t before{}; ///< what was held without this
+    sigset_t before{}; ///< the previous mask
 #endif
 };
 
-/// A signal ends the program before the file or after it.
+/// A signal ends the program either before or after the file is saved.
 inline Utils::SaveResult SaveWithSignalsHeld(const std::string& path, std::string_view bytes) {
     const ScopedSignalBlock held;
     return Utils::SaveFile(path, bytes);

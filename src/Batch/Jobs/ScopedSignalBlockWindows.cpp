@@ -9,7 +9,7 @@ namespace {
 
 std::mutex holding;
 
-/// Runs on a thread of the system's, which ends the process afterwards. From then on nothing is held any more.
+/// Runs on a system thread, which then ends the process. After that nothing is deferred any more.
 BOOL WINAPI WaitForWriting(DWORD) {
     holding.lock();
     return FALSE;

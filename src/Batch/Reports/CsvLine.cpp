@@ -16,7 +16,7 @@ bool IsNumber(const std::string& text) {
     return error == std::errc() && end == text.data() + text.size();
 }
 
-/// Spreadsheets take a field that begins in one of these ways for a formula.
+/// Spreadsheets read a field that begins with one of these as a formula.
 bool LooksLikeFormula(const std::string& text) {
     return !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos &&
            !IsNumber(text);

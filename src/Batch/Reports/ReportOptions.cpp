@@ -7,7 +7,7 @@ namespace Batch {
 void AddReportOptions(CLI::App& app, ReportOptions& options) {
     for (std::size_t i = 0; i < options.files.size(); ++i)
         app.add_option(kReportForms[i].option, options.files[i], kReportForms[i].description)->type_name("FILE");
-    app.add_flag("--require-tests", options.requireTests, "Fails when there is no test at all");
+    app.add_flag("--require-tests", options.requireTests, "Fail if there are no tests");
 }
 
 } // namespace Batch

@@ -11,7 +11,7 @@ class App;
 
 namespace Batch {
 
-/// A report that the program can write, and the option that asks for it.
+/// A report format and its option.
 struct ReportForm {
     const char* option;
     const char* description;
@@ -19,15 +19,15 @@ struct ReportForm {
 };
 
 inline constexpr std::array kReportForms{
-    ReportForm{"--junit", "Writes the results as JUnit XML, a suite per aircraft", JUnitReport},
-    ReportForm{"--json", "Writes the results as JSON", JsonReport},
-    ReportForm{"--csv", "Writes the results as a table for a spreadsheet", CsvReport},
-    ReportForm{"--html", "Writes the results as one page for a browser", HtmlReport},
+    ReportForm{"--junit", "Write the results as JUnit XML, one suite per aircraft", JUnitReport},
+    ReportForm{"--json", "Write the results as JSON", JsonReport},
+    ReportForm{"--csv", "Write the results as a table for spreadsheets", CsvReport},
+    ReportForm{"--html", "Write the results as an HTML page", HtmlReport},
 };
 
-/// What a person asks of a test report: a file for each form, and whether a run without a test is a failure.
+/// Options of a test report: a file per format, and whether a run without tests fails.
 struct ReportOptions {
-    std::array<std::string, kReportForms.size()> files; ///< by form; empty where it was not asked for
+    std::array<std::string, kReportForms.size()> files; ///< by format; empty if not requested
     bool requireTests = false;
 };
 

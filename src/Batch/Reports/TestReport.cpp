@@ -8,15 +8,15 @@ namespace Batch {
 
 namespace {
 
-/// So many expectations are named in a message.
+/// Expectations that a message lists at most.
 constexpr std::size_t kNamed = 10;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-/// U+FFFE and U+FFFF but for their last byte.
+/// U+FFFE and U+FFFF without their last byte.
 constexpr std::string_view kNoncharacters = "\xEF\xBF";
 
 std::string DescribeUnplaced(const std::vector<CockpitModel::AnnotationRecord>& records) {
-    std::string text =
-        Counted(records.size(), "expectation") + (records.size() == 1 ? " fits" : " fit") + " no part of the cockpit:";
+    std::string text = Counted(records.size(), "expectation") + (records.size() == 1 ? " has" : " have") +
+                       " no matching part in the cockpit:";
     for (std::size_t i = 0; i < std::min(records.size(), kNamed); ++i)
         text += (i == 0 ? " node " : ", node ") + std::to_string(records[i].NodeId) + " part " +
                 std::to_string(records[i].PartId);
@@ -46,7 +46,7 @@ TestTotals Totals(const TestReport& report) {
 std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests) {
     std::vector<std::string> problems;
     if (!tests.hasCockpitObject)
-        problems.push_back("it has annotations but no cockpit object");
+        problems.push_back("has annotations but no cockpit object");
     if (!tests.unplaced.empty())
         problems.push_back(DescribeUnplaced(tests.unplaced));
     return problems;

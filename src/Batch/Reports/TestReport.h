@@ -9,10 +9,10 @@
 
 namespace Batch {
 
-/// What the tests of one annotated aircraft gave. Texts are UTF-8.
+/// Test results of one annotated aircraft. Texts are UTF-8.
 struct AircraftReport {
     Annotator::AircraftResult tests;
-    std::vector<std::string> problems; ///< in words: what kept expectations of it from being tested
+    std::vector<std::string> problems; ///< why expectations could not be tested
 };
 
 /// The annotated aircraft of a run, in list order.
@@ -27,25 +27,25 @@ struct TestTotals {
 };
 
 TestTotals Totals(const TestReport& report);
-/// Every aircraft that has annotations is to have a cockpit object and a part for each expectation.
+/// An aircraft with annotations must have a cockpit object and a part for each expectation.
 std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests);
 
-/// One aircraft's report on its way between processes; the form is that of the JSON report.
+/// One aircraft's report, sent between processes in the format of the JSON report.
 std::string SerialiseAircraft(const AircraftReport& aircraft);
 AircraftReport ParseAircraft(std::string_view json);
 
-/// The table of counts, and the failing parts below it. Aircraft without a test have no row.
+/// The table of counts followed by the failed parts. Aircraft without tests have no row.
 std::string TableText(const TestReport& report);
 
-/// The reports as they stand in files; the same bytes for the same results.
+/// The contents of report files; the same bytes for the same results.
 std::string JsonReport(const TestReport& report);
-/// A JSON report again; any other text throws a Json::exception or runtime_error.
+/// Reads a JSON report; any other text throws a Json::exception or runtime_error.
 TestReport ParseReport(std::string_view json);
-std::string JUnitReport(const TestReport& report); ///< a suite per aircraft, a case per part
-std::string CsvReport(const TestReport& report);   ///< a line per expectation, and one per aircraft that failed to load
-std::string HtmlReport(const TestReport& report);  ///< one page with all that it needs
+std::string JUnitReport(const TestReport& report); ///< one suite per aircraft, one case per part
+std::string CsvReport(const TestReport& report);   ///< one line per expectation and per problem
+std::string HtmlReport(const TestReport& report);  ///< one self-contained page
 
-/// The text without characters that XML and HTML do not allow, each replaced by the replacement character.
+/// The text with each character that XML and HTML do not allow replaced by U+FFFD.
 std::string WithoutControls(std::string_view text);
 
 } // namespace Batch

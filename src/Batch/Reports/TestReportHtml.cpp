@@ -20,7 +20,7 @@ constexpr std::array kTypes{TouchInteractionType::None,       TouchInteractionTy
                             TouchInteractionType::Radio,      TouchInteractionType::YokePart,
                             TouchInteractionType::YokePrimary};
 
-/// All colours are variables, which the dark scheme replaces. Nothing is fetched from elsewhere.
+/// All colours are variables, which the dark scheme overrides. The page loads no other resources.
 constexpr const char* kHead = R"html(<!DOCTYPE html>
 <html lang="en">
 <head>
@@ -103,7 +103,7 @@ std::string Escaped(std::string_view text) {
     return escaped;
 }
 
-/// `content` and `attributes` are markup already.
+/// `content` and `attributes` must already be markup.
 std::string Element(const std::string& name, const std::string& content, const std::string& attributes = {}) {
     return "<" + name + (attributes.empty() ? "" : " " + attributes) + ">" + content + "</" + name + ">";
 }
@@ -112,12 +112,11 @@ std::string NumberCell(std::size_t number, const char* style = "") {
     return Element("td", std::to_string(number), std::string("class=\"number ") + (number > 0 ? style : "") + "\"");
 }
 
-std::string Tile(const std::string& figure, const std::string& label, const char* style = "") {
-    return Element("div", Element("b", figure, std::string("class=\"") + style + "\"") + label, "class=\"tile\"") +
-           "\n";
+std::string Tile(const std::string& value, const std::string& label, const char* style = "") {
+    return Element("div", Element("b", value, std::string("class=\"") + style + "\"") + label, "class=\"tile\"") + "\n";
 }
 
-/// Rounded down, so that 100 % means all.
+/// Rounded down, so that only all tests give 100 %.
 std::string Percent(std::size_t part, std::size_t whole) {
     return whole == 0 ? "–" : std::to_string(100 * part / whole) + " %";
 }
@@ -162,7 +161,7 @@ std::string Verdict(const TestTotals& totals) {
         return Element("p", std::to_string(totals.failed) + " of " + Counted(totals.Tests(), "test") + " failed.",
                        "class=\"bad\"");
     if (totals.Tests() == 0)
-        return Element("p", "There is no test.", "class=\"soft\"");
+        return Element("p", "There are no tests.", "class=\"soft\"");
     return Element(
         "p", totals.Tests() == 1 ? "The test passed." : "All " + std::to_string(totals.Tests()) + " tests passed.",
         "class=\"good\"");
@@ -221,7 +220,7 @@ std::string Coverage(const AircraftResult& tests) {
                              " parts");
 }
 
-/// Aircraft without a test have their row as well: their coverage is what a person wants to see grow.
+/// Aircraft without tests have a row too, which shows their missing coverage.
 std::string AircraftRows(const TestReport& report) {
     std::string rows;
     for (const auto& [tests, problems] : report) {
@@ -263,7 +262,7 @@ std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) 
 
 std::string Parts(const PartsByCell& cells, bool passed) {
     std::string html;
-    // In the order of the matrix, so that a reader finds a cell's parts without its link as well.
+    // In the order of the matrix, so that a cell's parts can be found without its link.
     for (const auto& [cell, parts] : cells)
         if ((cell.first == cell.second) == passed)
             html += PartsOfCell(cell, parts);

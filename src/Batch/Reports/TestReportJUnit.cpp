@@ -71,7 +71,7 @@ private:
         printer.CloseElement();
     }
 
-    /// A suite has no place for an error of its own, so it stands as a case.
+    /// A suite cannot have an error of its own, so the error is written as a case.
     void Error(const AircraftResult& tests, const std::string& problem) {
         OpenCase(tests, "aircraft");
         printer.OpenElement("error");

@@ -25,7 +25,7 @@ CockpitModel::TouchInteractionType TypeFromJson(const Json& json) {
     try {
         return TouchInteractionTypeFromText(text);
     } catch (const std::exception&) {
-        throw std::runtime_error("'" + text + "' is no interaction type");
+        throw std::runtime_error("'" + text + "' is not an interaction type");
     }
 }
 
@@ -113,7 +113,7 @@ TestReport ParseReport(std::string_view json) {
     return report;
 }
 
-/// Neither times nor machines: the same results are the same bytes.
+/// Contains no times or machine names: the same results give the same bytes.
 std::string JsonReport(const TestReport& report) {
     const TestTotals totals = Totals(report);
     Json aircraft = Json::array();

@@ -14,12 +14,12 @@ using CockpitModel::TouchInteractionTypeToText;
 
 using Row = std::vector<std::string>;
 
-/// Characters, not bytes: all but the continuation bytes of UTF-8.
+/// Counts characters: all bytes except UTF-8 continuation bytes.
 std::size_t Width(const std::string& text) {
     return static_cast<std::size_t>(std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));
 }
 
-/// Columns parted by two blanks, the last one without blanks behind it.
+/// Columns separated by two spaces, without trailing spaces.
 std::string Aligned(const std::vector<Row>& rows) {
     std::vector<std::size_t> widths(rows.front().size());
     for (const Row& row : rows)
@@ -45,7 +45,7 @@ std::vector<Row> CountRows(const TestReport& report) {
     return rows;
 }
 
-/// The heading, and a row for each failed part.
+/// A heading and one row per failed part.
 std::vector<Row> FailureRows(const TestReport& report) {
     std::vector<Row> rows{{"Failed part of", "NodeId", "PartId", "Mouse rectangle", "Expected", "Detected"}};
     for (const AircraftReport& aircraft : report)

@@ -24,20 +24,20 @@ std::vector<LintFinding> Lint(const ObjText& object) {
     return LintObject("plane_cockpit.obj", object.Text());
 }
 
-/// Texts start behind the ten lines of heading and pool and a TEXTURE in line 11.
-TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
+/// Texts start after ten lines of header and pool and a TEXTURE in line 11.
+TEST(LintTest, FindsWhatTheReaderSkipsSilently) {
     const struct {
         const char* name;
         const char* text;
         std::vector<std::string> places;
-        const char* wrong = ""; ///< within what the first finding says
+        const char* message = ""; ///< part of the first message
     } rows[] = {
-        {"keywords that nothing is made of are not unknown",
+        {"known keywords without effect",
          "ATTR_LOD 0 10\nANIM_rotate_key 0 1\nRAIN_scale 1\nTHERMAL_source2 0 a b\nWIPER_param a\nslung_load_weight 9",
          {}},
         {"comments", "# TRIX\n#TRIX\n####_alpha\n", {}},
-        {"an unknown keyword, once however often", "TRIX 0 3\nTRIX 0 3\n", {"unknown-keyword@12"}},
-        {"an end too many, then two too few",
+        {"a repeated unknown keyword, reported once", "TRIX 0 3\nTRIX 0 3\n", {"unknown-keyword@12"}},
+        {"one surplus end, then two missing ends",
          "ANIM_begin\nANIM_end\nANIM_end\nANIM_begin\nANIM_begin\n",
          {"unbalanced@14", "unbalanced@15", "unbalanced@16"}},
         {"equal values",
@@ -46,46 +46,46 @@ TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
         {"manipulators without a dataref",
          "ATTR_manip_toggle hand 0 1\nATTR_manip_toggle hand 0 1 no_ref",
          {"no-dataref@12", "no-dataref@13"}},
-        {"zero axes, of which the second turns nothing",
+        {"zero axes, the second without rotation",
          "ANIM_begin\nANIM_rotate 0 0.0 0 0 90 0 1 sim/x\nANIM_rotate 0 0 0 0 0 0 1 sim/x\nANIM_end",
          {"zero-axis@13"}},
-        {"steps without a dataref, of which the last only places",
+        {"steps without a dataref, the last without motion",
          "ANIM_begin\nANIM_rotate 0 1 0 0 90 0 1\nANIM_trans 0 0 0 0 0 1 0 1 none\nANIM_trans 0 0 0 0 0 1 0 1 no_ref\n"
          "ANIM_trans 1 2 3 1 2 3 0 0\nANIM_end",
          {"no-dataref@13", "no-dataref@14", "no-dataref@15"}},
-        {"steps outside all blocks, whatever else is wrong with them",
+        {"steps outside all blocks, with further mistakes",
          "ANIM_rotate 0 0 0 0 90 0 1\nANIM_rotate 0 0 0 0 90 0 1",
          {"step-outside@12", "step-outside@13"},
          "moves nothing"},
-        {"line ends that spoil keywords, datarefs and paths",
+        {"line ends that corrupt keywords, datarefs and paths",
          "ANIM_begin\r\r\nTEXTURE a.png\r\r\nATTR_manip_toggle hand 0 1\t\r\r\nTRIS 0 3\nANIM_end\r\r\r\n",
          {"line-ends@12", "no-dataref@14"},
          "4 lines end in CR CR LF"},
-        {"ranges outside the file's", "TRIS 1 3\nTRIS -3 3\n", {"index-range@12", "index-range@13"}},
-        {"a vertex beyond the file's",
+        {"ranges outside the indices", "TRIS 1 3\nTRIS -3 3\n", {"index-range@12", "index-range@13"}},
+        {"a missing vertex",
          "IDX10 0 1 3\nTRIS 0 3\nTRIS 3 3\n",
          {"index-range@14"},
          "needs vertex 3 (counted from 0), but the file has 3"},
         {"a part that is not drawn", "ATTR_draw_disable\nTRIS 1 3\n", {}},
         {"no whole triangle", "TRIS 0 2\n", {"part-triangle@12"}},
-        {"a path with a blank", "TEXTURE my panel.png\n", {"texture-blank@12"}},
-        {"a manipulator in force behind its block",
+        {"a path with a space", "TEXTURE my panel.png\n", {"texture-blank@12"}},
+        {"a manipulator that applies after its block",
          "ANIM_begin\nATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nANIM_begin\nANIM_begin\nTRIS 0 "
          "3\nANIM_end\nANIM_end\nANIM_end\n"
          "TRIS 0 3\nTRIS 0 3",
          {"left-in-force@21"},
-         "ATTR_manip_toggle of line 13 is still in force over 2 parts outside"},
+         "ATTR_manip_toggle of line 13 still applies to 2 parts outside"},
         {"one that ends in its block",
          "ANIM_begin\nATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nATTR_manip_none\nANIM_end\nTRIS 0 3",
          {}},
-        {"one that is not read and leaves the one before in force",
+        {"an unsupported one, after which the previous one still applies",
          "ATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nATTR_manip_push hand 1 0 y\nTRIS 0 3\nTRIS 0 3",
          {"unread-manipulator@14"},
          "2 parts from line 15 on"},
-        {"a command, which ends the toggle though nothing is made of it",
+        {"a command, which is ignored but ends the toggle",
          "ATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nATTR_manip_command hand y\nTRIS 0 3",
          {}},
-        {"a drag that moves nothing, once however often",
+        {"a drag without animation, reported once",
          "ATTR_manip_drag_axis hand 1 0 0 0 1 x\nTRIS 0 3\nTRIS 0 3",
          {"drag-without-animation@13"}},
         {"a drag that slides",
@@ -99,7 +99,7 @@ TEST(LintTest, FindsWhatTheReaderSkipsInSilence) {
     for (const auto& row : rows) {
         const auto findings = Lint(ObjText().Texture().Line(row.text));
         EXPECT_EQ(Places(findings), row.places) << row.name;
-        EXPECT_THAT(findings.empty() ? "" : findings[0].wrong, HasSubstr(row.wrong)) << row.name;
+        EXPECT_THAT(findings.empty() ? "" : findings[0].message, HasSubstr(row.message)) << row.name;
     }
 }
 
@@ -107,10 +107,10 @@ TEST(LintTest, FindsGeometryWithoutTexture) {
     const auto findings = Lint(ObjText().Tris().Line("ATTR_cockpit").Tris().Line("ATTR_no_cockpit").Tris());
     EXPECT_THAT(Places(findings), ElementsAre("no-texture@11"));
     EXPECT_EQ(findings.at(0).severity, LintSeverity::Error);
-    EXPECT_THAT(findings.at(0).wrong, HasSubstr("2 parts")) << "the panel's texture serves the one in line 13";
+    EXPECT_THAT(findings.at(0).message, HasSubstr("2 parts")) << "the part in line 13 has the panel's texture";
     const auto empty = Lint(ObjText().Line("TEXTURE").Line("TEXTURE").Tris());
     EXPECT_THAT(Places(empty), ElementsAre("no-texture@11"));
-    EXPECT_THAT(empty.at(0).wrong, HasSubstr("TEXTURE names no file (1 part)"));
+    EXPECT_THAT(empty.at(0).message, HasSubstr("TEXTURE without a file name (1 part)"));
 }
 
 TEST(LintTest, ReadsAnyBytes) {
@@ -121,7 +121,7 @@ TEST(LintTest, ReadsAnyBytes) {
                 ElementsAre("index-range@2"));
 }
 
-TEST(LintTest, FindsWhatAnAnnotationFileSaysInVain) {
+TEST(LintTest, FindsIgnoredAnnotations) {
     const Support::Installation installation;
     const Support::WorkingDirectory inside(installation.path.string());
     installation.Aircraft("Aircraft/Props/Cub", "Cub", ObjText().Texture().Tris().Tris());
@@ -139,26 +139,26 @@ TEST(LintTest, FindsWhatAnAnnotationFileSaysInVain) {
         std::string records;
         std::vector<std::string> places;
     } rows[] = {
-        {"all that can be said",
+        {"all fields",
          "<Override>" + first +
              "<InteractionType>Radio</InteractionType><InteractionTypeTest>YokePart</InteractionTypeTest>"
              "<EventType>LClick/RClick</EventType><Tooltip/><Reverse>1</Reverse><Mine/></Override>",
          {}},
-        {"unknown words",
+        {"unknown values",
          "<Override>" + first + "<InteractionType>tap</InteractionType>\n<EventType/>\n<Reverse>true</Reverse>\n" +
              "<InteractionTypeTest>Slide</InteractionTypeTest></Override>",
          {"annotation-word@1", "annotation-word@2", "annotation-word@3", "annotation-word@4"}},
-        {"values as the reader takes them",
+        {"values that the reader accepts",
          "<Override><NodeId>0</NodeId><PartId> +0</PartId><Reverse>01</Reverse>\n<Tooltip><!-- -->x</Tooltip>\n"
          "<InteractionType><!-- -->Tap</InteractionType></Override>\n"
          "<Override><NodeId>0</NodeId><PartId>1</PartId>\n<Reverse>1x</Reverse></Override>\n"
          "<Override><NodeId>0</NodeId>\n<PartId>0x1</PartId></Override>",
          {"annotation-place@1", "annotation-word@3", "annotation-word@5", "annotation-word@7"}},
-        {"no place", "\n<Override><NodeId>0</NodeId></Override>", {"annotation-place@2"}},
-        {"beyond the parts",
+        {"no part number", "\n<Override><NodeId>0</NodeId></Override>", {"annotation-place@2"}},
+        {"an unknown part",
          Support::Expectation(0, 1, "Tap") + "\n" + Support::Expectation(0, 2, "Tap"),
          {"annotation-place@2"}},
-        {"beyond the nodes", Support::Expectation(1, 0, "Tap"), {"annotation-place@1"}},
+        {"an unknown node", Support::Expectation(1, 0, "Tap"), {"annotation-place@1"}},
         {"a part twice",
          "\n" + Support::Expectation(0, 1, "Tap") + "\n\n" + Support::Expectation(0, 1, "Move"),
          {"annotation-place@2"}},
@@ -168,7 +168,7 @@ TEST(LintTest, FindsWhatAnAnnotationFileSaysInVain) {
         EXPECT_EQ(lint(row.records), row.places) << row.name;
 }
 
-TEST(LintTest, LooksAtTheFilesAroundACockpit) {
+TEST(LintTest, ChecksTheFilesAroundACockpit) {
     const Support::Installation installation;
     const Support::WorkingDirectory inside(installation.path.string());
     installation.Aircraft("Aircraft/Props/Cub", "Cub", std::string("i\x84\x03\0\0", 5));
@@ -185,20 +185,21 @@ TEST(LintTest, LooksAtTheFilesAroundACockpit) {
     EXPECT_THAT(Places(findings),
                 ElementsAre("object-case@0", "texture-case@11", "texture-missing@13", "panel-missing@21",
                             "acf-binary@0", "several-yokes@0", "texture-missing@12"))
-        << "the worst first: that X-Plane takes the .dds is but a note";
-    EXPECT_THAT(findings.at(3).wrong, HasSubstr("1 part under ATTR_cockpit shows"));
-    EXPECT_THAT(findings.at(5).wrong, testing::ContainsRegex("part 2,0 scores [-0-9.]+ \\(chosen\\), part 2,1 scores"));
+        << "most severe first: that X-Plane uses the .dds is only a note";
+    EXPECT_THAT(findings.at(3).message, HasSubstr("1 part under ATTR_cockpit shows"));
+    EXPECT_THAT(findings.at(5).message,
+                testing::ContainsRegex("part 2,0 scores [-0-9.]+ \\(chosen\\), part 2,1 scores"));
 
     installation.Write("Aircraft/Props/Cub/Plane_Cockpit.obj",
                        ObjText().Line("ANIM_rotate 0 0 1 0 30 0 1 sim/joystick/Yoke_roll").Line(yoke).Text());
-    EXPECT_THAT(LintAircraft(*list.front()).back().wrong,
-                HasSubstr("moves with both axes of a yoke (sim/joystick/Yoke_roll in line 11 does not count)"));
+    EXPECT_THAT(LintAircraft(*list.front()).back().message,
+                HasSubstr("moves with both axes of a yoke (sim/joystick/Yoke_roll in line 11 is not recognized)"));
 
     installation.Write("Aircraft/Props/Cub/cockpit/-panels-/panel.png", "");
     installation.Write("Aircraft/Props/Cub/Plane_Cockpit.obj", ObjText().Line("ATTR_cockpit").Tris().Text());
     EXPECT_THAT(Places(LintAircraft(*list.front())),
                 ElementsAre("object-case@0", "acf-binary@0", "no-yoke@0", "panel-missing@12"))
-        << "that X-Plane takes the 2D panel is but a note";
+        << "that X-Plane uses the 2D panel is only a note";
     boost::filesystem::remove(installation.path / "Aircraft/Props/Cub/Plane_Cockpit.obj");
     EXPECT_THROW(LintAircraft(*list.front()), std::runtime_error);
 }

@@ -29,7 +29,7 @@ void ExpectNear(const Vector3& found, const Vector3& expected, const std::string
         << what << ": found " << found << ", expected " << expected;
 }
 
-/// Where a camera at the origin gets to in a second with these keys held.
+/// The position of a camera from the origin after one second with these keys held.
 Vector3 MoveOf(const Vector3& rotation, const std::vector<int>& keys) {
     CanvasControl control;
     control.camera.SetRotation(rotation);
@@ -40,8 +40,7 @@ Vector3 MoveOf(const Vector3& rotation, const std::vector<int>& keys) {
 }
 
 TEST(CanvasControl, KeysMoveAlongTheCamerasAxes) {
-    // Positions count z backwards: -z is ahead at yaw 0. A pitch of 30 degrees looks down, and a yaw of 90 to the
-    // right.
+    // Positions have z backwards: -z is forward at yaw 0. A pitch of 30 degrees looks down, a yaw of 90 to the right.
     const float deg30 = kPi / 6, deg90 = kPi / 2, cos30 = 0.8660254f;
     const struct {
         const char* name;
@@ -114,7 +113,7 @@ struct CanvasPointer : testing::Test {
     std::shared_ptr<PointerLog> first = std::make_shared<PointerLog>(), second = std::make_shared<PointerLog>();
 };
 
-TEST_F(CanvasPointer, ADragTurnsTheViewAndTellsNobody) {
+TEST_F(CanvasPointer, ADragRotatesTheViewWithoutEvents) {
     control.camera.SetRotation({0, 0.5f, 0});
     control.Press({100, 100});
     control.Motion({300, 100}, true);
@@ -126,12 +125,12 @@ TEST_F(CanvasPointer, ADragTurnsTheViewAndTellsNobody) {
     control.Release({300, 300});
     EXPECT_TRUE(first->events.empty());
 
-    control.Press({0, 0}); // elsewhere: the way there is no drag
+    control.Press({0, 0}); // elsewhere: the motion to this point is not a drag
     control.Motion({400, 0}, true);
     ExpectNear(control.camera.Rotation(), {1.0f, 0.5f, -8.5f}, "from the new press on");
 }
 
-TEST_F(CanvasPointer, APressAndReleaseIsAClickOnceAlsoWhereItOpensADialog) {
+TEST_F(CanvasPointer, APressAndReleaseIsOneClickEvenIfItOpensADialog) {
     first->then = [this] { control.Release({1, 1}); };
     control.Release({5, 5});
     EXPECT_TRUE(first->events.empty()) << "a release without a press";
@@ -149,7 +148,7 @@ TEST_F(CanvasPointer, RaysPassThroughThePointer) {
     control.camera.SetPosition({1, 2, 3});
     const struct {
         CanvasPoint pointer;
-        float x, y; // where the ray meets the clip square, whose top is y = 1
+        float x, y; // intersection of the ray with the clip square, whose top is y = 1
     } rows[] = {{{400, 200}, 0, 0}, {{0, 0}, -1, 1}, {{800, 400}, 1, -1}, {{600, 300}, 0.5f, -0.5f}};
     for (const auto& row : rows) {
         control.Motion(row.pointer, false);
@@ -165,7 +164,7 @@ TEST_F(CanvasPointer, RaysPassThroughThePointer) {
     }
 }
 
-TEST_F(CanvasPointer, ACanvasWithoutPixelsStaysSound) {
+TEST_F(CanvasPointer, ACanvasWithoutPixelsWorks) {
     control.Resize({0, -3});
     control.Press({0, 0});
     control.Motion({1, 1}, true);

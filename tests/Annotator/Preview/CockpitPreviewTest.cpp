@@ -40,7 +40,7 @@ Vector3 PlaceOf(const DrawCall& draw) {
     return draw.world.row(3).head<3>();
 }
 
-/// "<first colour> / <second colour>", with "opacity" and "blend" where a draw is see-through.
+/// "<first colour> / <second colour>", with "opacity" and "blend" for a transparent draw.
 std::string TintOf(const DrawCall& draw) {
     const auto& params = draw.params;
     std::ostringstream text;
@@ -60,7 +60,7 @@ struct Preview : testing::Test {
         preview.partSignal.connect([this](NodePart* part) { clicked.push_back(part); });
     }
 
-    /// Makes the scene of what the builder holds.
+    /// Creates the scene from the builder's content.
     void Load() {
         cockpit.textureFolder = folder.path.string();
         source = builder.model;
@@ -152,7 +152,7 @@ TEST_F(Preview, TintsByTheFirstCaseThatHolds) {
         {"hovered, failing, glass", true, glass, Hovered, twist, tests, "0.7 0.7 1 / 0.3 0.3 0"},
         {"selected, failing, glass", true, glass, Selected, twist, tests, "0 0 0.7 / 0 0 0.1"},
     };
-    preview.StopClock(std::numbers::pi / 8); // where the pulse is at its lowest
+    preview.StopClock(std::numbers::pi / 8); // the minimum of the pulse
     builder.Part(0, Facing(3));
     builder.Rect(1);
     Load();
@@ -189,7 +189,7 @@ TEST_F(Preview, TheSelectionsPulseDipsAndRestsBelowItsStartUntilTheNextSelection
     EXPECT_GE(blue, SelectionBlue(std::min(timer.Elapsed(), std::numbers::pi / 8)));
 }
 
-/// A part that an animation carries 10 m ahead, below a node that stands 1 m to the right.
+/// A part that an animation moves 10 m forward, below a node 1 m to the right.
 struct PreviewOfLever : Preview {
     PreviewOfLever() {
         const int stand = builder.Node(0);
@@ -206,7 +206,7 @@ struct PreviewOfLever : Preview {
 };
 
 TEST_F(PreviewOfLever, MarksTheSelectedPartWithSpheres) {
-    source.animations[2].position = 0.5f; // which a frame shows at once
+    source.animations[2].position = 0.5f; // shown by the next frame
     selected->AxisTip = {0, 3, 0};
     const auto& draws = Draw();
     ASSERT_EQ(draws.size(), 1u + 2 + 20 + 1); // the part, two markers, the path, the other part
@@ -224,7 +224,7 @@ TEST_F(PreviewOfLever, MarksTheSelectedPartWithSpheres) {
         EXPECT_NEAR(PlaceOf(draws[3 + i]).z(), 0.5f * float(i), 1e-4f) << i;
     }
     EXPECT_EQ(draws[23].geometry, Part(2, 1).geometry.get());
-    EXPECT_EQ(TintOf(draws[23]), "0.3 0.3 0.3 / 0.7 0.7 0.7") << "what the markers changed does not reach it";
+    EXPECT_EQ(TintOf(draws[23]), "0.3 0.3 0.3 / 0.7 0.7 0.7") << "not affected by the markers";
 
     source.animations[2].name = "Dummy Animation";
     scene = nullptr;
@@ -235,7 +235,7 @@ TEST_F(PreviewOfLever, MarksTheSelectedPartWithSpheres) {
 }
 
 TEST_F(PreviewOfLever, SpinsTheGreenMarkerAboutTheAxis) {
-    // About z by an angle a, a row-vector turn has (cos a, sin a) in its first row.
+    // A row-vector rotation by an angle a about z has (cos a, sin a) in its first row.
     selected->RotationAxis = {0, 0, 1};
     const float start = Draw().at(1).world(0, 1);
     EXPECT_GT(start, 0.0f) << "the clock runs from the start";
@@ -270,7 +270,7 @@ TEST_F(Preview, AClickFindsTheNearestPart) {
     const int near = builder.Node(0);
     PlaceNode(near, {0, 0, 3});
     builder.Part(near, Facing(1)); // at 4
-    builder.Part(near, Facing(1)); // as far: the earlier one stays
+    builder.Part(near, Facing(1)); // same distance: the first one is hit
     const int aside = builder.Node(near);
     PlaceNode(aside, {5, 0, 0});
     builder.Part(aside, Facing(1));
@@ -282,7 +282,7 @@ TEST_F(Preview, AClickFindsTheNearestPart) {
     EXPECT_EQ(clicked, std::vector<NodePart*>{&Part(1, 0)});
 
     CanvasMouseEvent event = Pointer(0);
-    event.view = Utils::Translation({-5, 0, 0}); // the camera stands 5 m to the right
+    event.view = Utils::Translation({-5, 0, 0}); // the camera is 5 m to the right
     preview.OnMouseEvent(event);
     EXPECT_EQ(clicked.back(), &Part(2));
     event.view = Utils::RotationY(std::numbers::pi_v<float>); // and looks back
@@ -291,7 +291,7 @@ TEST_F(Preview, AClickFindsTheNearestPart) {
     EXPECT_EQ(preview.HoveredPart(), nullptr);
 }
 
-TEST_F(Preview, EventsInsideAFrameReturnAtOnceAndADrawThatThrowsLeavesThePreviewUsable) {
+TEST_F(Preview, EventsInsideAFrameReturnImmediatelyAndAFailedDrawIsRecoverable) {
     builder.Part(0, Facing(2));
     builder.Part(0, Facing(3));
     Load();
@@ -304,7 +304,7 @@ TEST_F(Preview, EventsInsideAFrameReturnAtOnceAndADrawThatThrowsLeavesThePreview
     context.duringDraw = [] { throw std::runtime_error("lost"); };
     EXPECT_THROW(Draw(), std::runtime_error);
 
-    // A listener of the signal runs after the visit, so a frame of a dialog that it opens is drawn.
+    // A listener of the signal runs after the visit, so frames of a dialog that it opens are drawn.
     context.duringDraw = nullptr;
     context.draws.clear();
     preview.partSignal.connect([this](NodePart*) { preview.Render(context, kIdentity, kIdentity); });

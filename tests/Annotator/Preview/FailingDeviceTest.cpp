@@ -11,7 +11,7 @@
 namespace Annotator {
 namespace {
 
-/// Two parts, the nearer one of which an animation moves.
+/// Two parts, the nearer one animated.
 CockpitModel::ModelData TwoParts() {
     Support::ModelBuilder builder;
     builder.Part(0, Support::TriangleAt(3));
@@ -19,9 +19,9 @@ CockpitModel::ModelData TwoParts() {
     return std::move(builder.model);
 }
 
-/// A device that fails in each of its calls in turn, once or twice in a row, through load, frames, selection and pick:
-/// every failure reaches whoever ran the frame, and the frame after it draws what an unharmed preview draws.
-TEST(FailingDevice, LeavesThePreviewWholeWhicheverCallFails) {
+/// A device that fails in each of its calls, once or twice in a row, during load, frames, selection and pick: every
+/// failure reaches the caller of the frame, and the next frame draws the same as an intact preview.
+TEST(FailingDevice, DoesNotDamageThePreviewAtAnyFailedCall) {
     Support::BindDataFolder();
     const Support::TemporaryFolder folder;
     folder.Write("panel.png", "");

@@ -16,7 +16,7 @@ using Support::DrawCall;
 using Utils::Matrix4;
 using Utils::Vector3;
 
-/// The sides of what a picture shows of the points; 1 is the picture's own side. The third is depth.
+/// The bounds of the points in an image, whose own bounds are -1 and 1. The third coordinate is depth.
 std::pair<Vector3, Vector3> Shown(const std::vector<Vector3>& points, const DrawCall& draw) {
     Vector3 least = Vector3::Constant(9), greatest = Vector3::Constant(-9);
     for (const Vector3& point : points) {
@@ -57,7 +57,7 @@ struct Picture : testing::Test {
     std::unique_ptr<CockpitModel::AnnotationStore> store;
 };
 
-TEST_F(Picture, LooksFromThePilotsEyeOrAsAsked) {
+TEST_F(Picture, LooksFromThePilotsEyeOrAsRequested) {
     const auto draws = Draw({});
     ASSERT_EQ(draws.size(), 3u);
     EXPECT_TRUE(draws[0].view.isApprox(Utils::Translation({-1, -2, -3}))) << draws[0].view;
@@ -66,7 +66,7 @@ TEST_F(Picture, LooksFromThePilotsEyeOrAsAsked) {
     PictureRequest request;
     request.size = {300, 300};
     request.eye = Vector3(0, 0, -5);
-    request.look = Utils::Vector2(std::numbers::pi_v<float> / 2, 0); // to the right: what lies at x is ahead
+    request.look = Utils::Vector2(std::numbers::pi_v<float> / 2, 0); // to the right: +x is forward
     const DrawCall aside = Draw(request).at(0);
     EXPECT_TRUE(Utils::TransformPoint({7, 0, 5}, aside.view).isApprox(Vector3(0, 0, 7), 1e-5f));
     EXPECT_TRUE(aside.projection.isApprox(Utils::PerspectiveFov(1.0f, 1.0f, 0.05f, 30.0f)));
@@ -119,13 +119,13 @@ TEST_F(Picture, FitsTheCockpitOrAPart) {
     EXPECT_TRUE(context.draws[0].view.col(2).head<3>().transpose().isApprox(Vector3(-0.5f, 2.5f, -3).normalized()));
 }
 
-TEST_F(Picture, KeepsAwayFromSmallThings) {
+TEST_F(Picture, KeepsADistanceFromSmallParts) {
     const auto framing = FramePoints({{0, 0, 5}, {0.002f, 0, 5}}, {}, 1.0f);
     EXPECT_TRUE(framing->position.isApprox(Vector3(0.001f, 0, -4.9f))) << framing->position;
     EXPECT_FALSE(FramePoints({}, {}, 1.0f));
 }
 
-TEST_F(Picture, SaysWhatTheAircraftDoesNotHave) {
+TEST_F(Picture, ReportsUnknownDatarefsAndParts) {
     const auto reason = [this](const PictureRequest& request) -> std::string {
         try {
             Draw(request);
@@ -136,7 +136,7 @@ TEST_F(Picture, SaysWhatTheAircraftDoesNotHave) {
     };
     PictureRequest request;
     request.positions = {{"sim/slide", 0.0f}, {"sim/flaps", 1.0f}};
-    EXPECT_EQ(reason(request), "no animation of the cockpit follows sim/flaps");
+    EXPECT_EQ(reason(request), "no animation of the cockpit uses the dataref sim/flaps");
     const std::pair<PictureRequest::PartPlace, const char*> rows[] = {
         {{2, 0}, "the cockpit has no node 2, but 2 nodes from 0 on"},
         {{-1, 0}, "the cockpit has no node -1, but 2 nodes from 0 on"},

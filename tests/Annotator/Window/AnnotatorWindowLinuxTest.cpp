@@ -14,7 +14,7 @@ using testing::HasSubstr;
 
 using AnnotatorWindowTest = WindowTest;
 
-/// What a screen reader is told of a control.
+/// The accessible name of a control.
 std::string AccessibleNameOf(wxWindow& control) {
     auto* const accessible = reinterpret_cast<void* (*)(void*)>(dlsym(RTLD_DEFAULT, "gtk_widget_get_accessible"));
     auto* const name = reinterpret_cast<const char* (*)(void*)>(dlsym(RTLD_DEFAULT, "atk_object_get_name"));
@@ -41,14 +41,14 @@ TEST_F(AnnotatorWindowTest, NamesEveryControlForAssistiveTools) {
     EXPECT_GE(named, 11);
 }
 
-/// Whether the list of a choice is open: it then has all events of the program.
+/// Whether the list of a choice is open: it then gets all events of the program.
 bool ListIsOpen() {
     static auto* const grabbing = reinterpret_cast<void* (*)()>(dlsym(RTLD_DEFAULT, "gtk_grab_get_current"));
     return grabbing() != nullptr;
 }
 
-/// Opens the list with the pointer on the shown line, and closes it with keys, or without any with a click further
-/// down.
+/// Opens the list with the pointer on the current line and closes it with keys, or with a click further down if there
+/// are none.
 void OpenAndCloseList(wxChoice& choice, const std::vector<int>& keys, int clickBelow = 0) {
     const wxPoint at = choice.ClientToScreen(wxPoint(30, choice.GetSize().y / 2));
     wxUIActionSimulator user;
@@ -65,7 +65,7 @@ void OpenAndCloseList(wxChoice& choice, const std::vector<int>& keys, int clickB
     PumpFrames(5);
 }
 
-TEST_F(AnnotatorWindowTest, DoesAgainWhatIsPickedAgain) {
+TEST_F(AnnotatorWindowTest, HandlesTheSameChoiceAgain) {
     int loads = 0;
     loader.aircraft[0].make = [&] {
         ++loads;
@@ -78,10 +78,10 @@ TEST_F(AnnotatorWindowTest, DoesAgainWhatIsPickedAgain) {
         const char* closing;
         std::vector<int> keys;
         int clickBelow, loads;
-    } rows[] = {{"click on the shown line", {}, 0, 1},
+    } rows[] = {{"click on the current line", {}, 0, 1},
                 {"Escape", {WXK_ESCAPE}, 0, 0},
                 {"Return", {WXK_RETURN}, 0, 1},
-                {"click beside", {}, 500, 0},
+                {"click outside", {}, 500, 0},
                 {"Down and Return", {WXK_DOWN, WXK_RETURN}, 0, 1}};
     for (const auto& row : rows) {
         loads = 0;
@@ -100,11 +100,11 @@ TEST_F(AnnotatorWindowTest, DoesAgainWhatIsPickedAgain) {
     OpenAndCloseList(*Find<wxChoice>(pane), {WXK_ESCAPE});
     EXPECT_EQ(slider.GetValue(), 40);
     OpenAndCloseList(*Find<wxChoice>(pane), {WXK_RETURN});
-    EXPECT_EQ(slider.GetValue(), 0) << "where the animation stands";
+    EXPECT_EQ(slider.GetValue(), 0) << "the position of the animation";
 }
 
-TEST_F(AnnotatorWindowTest, TellsWhereASaveKeptWhatItCouldNotReadAndWhenItFails) {
-    const std::string name = "QVRA/Annotations/Caf\xE9.xml"; // the folder's name is no UTF-8
+TEST_F(AnnotatorWindowTest, ShowsWhereASaveKeptAnUnreadableFileAndWhenItFails) {
+    const std::string name = "QVRA/Annotations/Caf\xE9.xml"; // the folder's name is not UTF-8
     loader.aircraft[0].acfPath = "Aircraft/Made/Caf\xE9/plane.acf";
     folder.Write(name, "<Overrides><Override>");
     Open();
@@ -141,8 +141,8 @@ TEST_F(AnnotatorWindowTest, KeepsThreadsAndMemorySteadyOverFiftyLoads) {
     };
     loadTimes(10);
     const std::size_t threads = ThreadCount();
-    // A scene takes more than 10 kB, so fifty that are not let go of take 500 kB each time. The toolkit and the driver
-    // take such an amount now and then, but not four times in a row.
+    // A scene takes more than 10 kB, so fifty leaked scenes take 500 kB each time. The toolkit and the driver allocate
+    // that much occasionally, but not four times in a row.
     std::ptrdiff_t leastGrowth = PTRDIFF_MAX;
     for (int round = 0; round < 4 && leastGrowth >= 250'000; ++round) {
         const std::size_t bytes = mallinfo2().uordblks;

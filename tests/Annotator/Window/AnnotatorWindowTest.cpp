@@ -105,7 +105,7 @@ TEST_F(AnnotatorWindowTest, SelectsAPartFromTheTreeAndFromThePreview) {
     EXPECT_EQ(IdLabel(), "ID: (1,1)") << "a node item changes nothing";
     EXPECT_TRUE(IsHighlighted(Item({"N: 0", "N: 1", "P: 1"})));
     const wxSize size = canvas->GetClientSize();
-    // The lever's square spans -0.1 to 0.1 metres about the view's axis at 1 metre.
+    // The lever's square spans -0.1 to 0.1 metres around the view axis at 1 metre.
     Click({size.x / 2, size.y / 2});
     EXPECT_EQ(IdLabel(), "ID: (1,0)");
     EXPECT_EQ(tree->GetSelection(), Lever());
@@ -114,7 +114,7 @@ TEST_F(AnnotatorWindowTest, SelectsAPartFromTheTreeAndFromThePreview) {
     Find<wxTextCtrl>(*window)->SetValue("not saved");
     Click({size.x / 2, size.y / 2});
     EXPECT_EQ(Find<wxTextCtrl>(*window)->GetValue(), "not saved") << "selected already";
-    // To the lower right of it there is only the large square behind.
+    // To the lower right of it there is only the large square in the background.
     Click({3 * size.x / 4, 3 * size.y / 4});
     EXPECT_EQ(IdLabel(), "ID: (0,0)");
     EXPECT_TRUE(IsHighlighted(LargeSquare()));
@@ -122,7 +122,7 @@ TEST_F(AnnotatorWindowTest, SelectsAPartFromTheTreeAndFromThePreview) {
     EXPECT_EQ(tree->GetItemTextColour(Lever()), *wxBLACK);
 }
 
-TEST_F(AnnotatorWindowTest, TellsThePreviewAndTheTexturePageOfSelectionAndSetting) {
+TEST_F(AnnotatorWindowTest, UpdatesThePreviewAndTheTexturePage) {
     CockpitModel::ModelData model = LeverModel();
     model.materials.Children.push_back(model.materials.Children[0]);
     model.materials.Children[1].Alpha = 0.5f;
@@ -202,7 +202,7 @@ TEST_F(AnnotatorWindowTest, SavesAndFindsAnAnnotationAgain) {
     EXPECT_TRUE(dialogs.texts.empty());
 }
 
-/// A cockpit that throws at one step of the road.
+/// A cockpit that throws at one step of loading.
 struct ThrowingCockpit final : CockpitModel::AircraftCockpit {
     explicit ThrowingCockpit(const char* failing) : step(failing) {}
     bool IsValid() const override {
@@ -218,8 +218,8 @@ struct ThrowingCockpit final : CockpitModel::AircraftCockpit {
     std::string step;
 };
 
-/// Each step of the load in turn: the person reads which aircraft it was and why, the window stands empty, and what was
-/// saved before stands in its file.
+/// For a failure at each step of the load: the message contains the aircraft and the reason, the window is empty, and
+/// saved annotations are still in their file.
 TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
     ModelBuilder noTrack;
     noTrack.model.animationLinks.Children.clear();
@@ -257,7 +257,7 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
         Save();
         const std::string saved = folder.Read("QVRA/Annotations/Trainer.xml");
         dialogs.texts.clear();
-        dialogs.whileUp = [&] { EXPECT_EQ(TreeText(), "") << "items of a scene that is gone"; };
+        dialogs.whileUp = [&] { EXPECT_EQ(TreeText(), "") << "items of a deleted scene"; };
         Load(++line);
         dialogs.whileUp = nullptr;
         const bool fatal = std::string(row.step) == "object";
@@ -280,7 +280,7 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
     EXPECT_EQ(IdLabel(), "ID: (1,0)");
 }
 
-TEST_F(AnnotatorWindowTest, TellsWhatAFrameThrowsAndStandsEmptyThen) {
+TEST_F(AnnotatorWindowTest, ShowsWhatAFrameThrowsAndIsThenEmpty) {
     struct ThrowingOnce final : Rendering::Stage {
         void Render(Rendering::Context&, const Utils::Matrix4&, const Utils::Matrix4&) override {
             if (std::exchange(armed, false))
@@ -301,12 +301,12 @@ TEST_F(AnnotatorWindowTest, TellsWhatAFrameThrowsAndStandsEmptyThen) {
     EXPECT_NE(TreeText(), "");
 }
 
-TEST_F(AnnotatorWindowTest, TellsWhyTheTestsOrTheExportStopped) {
+TEST_F(AnnotatorWindowTest, ShowsWhyTheTestsOrTheExportStopped) {
     loader.aircraft.emplace_back("Broken", "Made/Broken", []() -> std::unique_ptr<CockpitModel::AircraftCockpit> {
         throw std::runtime_error("no such luck");
     });
     folder.Write("QVRA/Annotations/Broken.xml", "<Overrides/>");
-    folder.Write("QVRA/AirLogs", "a file where the folder should be");
+    folder.Write("QVRA/AirLogs", "a file instead of the folder");
     Open();
     const auto windows = wxTopLevelWindows.GetCount();
     ChooseMenu(0);
@@ -319,7 +319,7 @@ TEST_F(AnnotatorWindowTest, TellsWhyTheTestsOrTheExportStopped) {
     EXPECT_THAT(dialogs.texts[1], HasSubstr(folder / "QVRA/AirLogs"));
 }
 
-TEST_F(AnnotatorWindowTest, SavesTheDetectedDataOfAllAircraftAndLeavesTheLoadedOneAlone) {
+TEST_F(AnnotatorWindowTest, SavesTheDetectedDataOfAllAircraftAndKeepsTheLoadedOne) {
     loader.aircraft.emplace_back("Second", "Made/Second.1", MakerOf(LeverModel()));
     loader.aircraft.emplace_back("Broken", "Made/Broken", [] {
         CockpitModel::ModelData model = LeverModel();
@@ -328,7 +328,7 @@ TEST_F(AnnotatorWindowTest, SavesTheDetectedDataOfAllAircraftAndLeavesTheLoadedO
         cockpit->isValid = false;
         return cockpit;
     });
-    const bool logEnded = Utils::FatalErrorReported(); // by a test before this one
+    const bool logEnded = Utils::FatalErrorReported(); // by an earlier test
     Open();
     Load();
     tree->SelectItem(LargeSquare());
@@ -339,11 +339,11 @@ TEST_F(AnnotatorWindowTest, SavesTheDetectedDataOfAllAircraftAndLeavesTheLoadedO
     EXPECT_EQ(IdLabel(), "ID: (0,0)");
     EXPECT_EQ(dialogs.texts.empty(), !logEnded);
 
-    Load(3); // without a cockpit object, which ends the log
+    Load(3); // without a cockpit object: a fatal error, which ends the log
     ChooseMenu(1);
     EXPECT_THAT(
         dialogs.texts.back(),
-        testing::AllOf(HasSubstr("2 files are saved"),
+        testing::AllOf(HasSubstr("2 files were saved"),
                        testing::EndsWith("Broken (Aircraft/Made/Broken/plane.acf): invalid vector<T> subscript")));
 }
 

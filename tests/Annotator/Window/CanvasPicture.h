@@ -6,12 +6,12 @@
 
 namespace Support {
 
-/// What the canvas shows: on Linux what stands on the screen, on Windows what the next frame draws into the back
-/// buffer, as a window inside another one stays black on the screen under Wine.
+/// The image of the canvas: on Linux read from the screen, on Windows from the back buffer of the next frame, because a
+/// child window stays black on the screen under Wine.
 wxImage CanvasPicture(Annotator::DXCanvas& canvas);
 
-/// A key goes down or up over the canvas: on Windows by a message that the toolkit's loop takes from the queue, as it
-/// filters keys there; on Linux as an event.
+/// Presses or releases a key over the canvas: on Windows by a message in the queue, where the toolkit's loop filters
+/// keys; on Linux as an event.
 void SendKey(Annotator::DXCanvas& canvas, int code, bool down);
 
 } // namespace Support

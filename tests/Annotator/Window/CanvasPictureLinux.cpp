@@ -11,7 +11,7 @@ wxImage CanvasPicture(Annotator::DXCanvas& canvas) {
     const wxSize size = canvas.GetClientSize();
     const wxPoint at = canvas.ClientToScreen(wxPoint(0, 0));
     wxScreenDC screen;
-    // The screen has changed behind cairo's back, which keeps copies of what it has read.
+    // The screen has changed without cairo's knowledge, which caches what it has read.
     cairo_surface_mark_dirty(cairo_get_target(static_cast<cairo_t*>(screen.GetImpl()->GetCairoContext())));
     wxBitmap picture(size);
     wxMemoryDC target(picture);

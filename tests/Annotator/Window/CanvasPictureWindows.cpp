@@ -10,7 +10,7 @@ namespace Support {
 
 namespace {
 
-/// Reads what the stages before it have drawn in one frame. A stage stays for good, and does nothing afterwards.
+/// Reads what the stages before it have drawn in one frame. A stage cannot be removed, so it does nothing afterwards.
 struct ReadingStage final : Rendering::Stage {
     void Render(Rendering::Context& context, const Utils::Matrix4&, const Utils::Matrix4&) override {
         if (picture.IsOk())

@@ -24,7 +24,7 @@ protected:
     wxImage Picture() { return CanvasPicture(*canvas); }
 };
 
-/// Counts frames, and runs what a test puts into the next one.
+/// Counts frames and runs a test's function in the next one.
 struct CountingStage final : Rendering::Stage {
     void Render(Rendering::Context&, const Utils::Matrix4&, const Utils::Matrix4&) override {
         ++frames;
@@ -65,12 +65,12 @@ TEST_F(DXCanvasTest, ShowsThePartAndMovesItWithTheSlider) {
     EXPECT_EQ(IdLabel(), "ID: (1,0)") << "picking follows";
 }
 
-TEST_F(DXCanvasTest, TurnsTheCameraWithADragAndSelectsNothing) {
+TEST_F(DXCanvasTest, RotatesTheCameraWithADragAndSelectsNothing) {
     Open();
     Load();
     const wxSize size = canvas->GetClientSize();
     Mouse(wxEVT_LEFT_DOWN, {size.x / 2, size.y / 2});
-    EXPECT_TRUE(canvas->HasCapture()) << "a drag that leaves the window goes on";
+    EXPECT_TRUE(canvas->HasCapture()) << "a drag that leaves the window continues";
     Mouse(wxEVT_MOTION, {size.x / 2 + size.x / 4, size.y / 2 - size.y / 8}, true);
     Mouse(wxEVT_LEFT_UP, {size.x / 2, size.y / 2});
     EXPECT_FALSE(canvas->HasCapture());
@@ -131,10 +131,10 @@ TEST_F(DXCanvasTest, RunsNoFrameAndNoPickInsideAFrame) {
     EXPECT_EQ(IdLabel(), "ID: None");
 }
 
-TEST(FramePacerTest, HoldsALoopToSixtyRoundsASecondWherePresentsDoNotWait) {
+TEST(FramePacerTest, LimitsALoopToSixtyIterationsPerSecondIfPresentsDoNotWait) {
     Annotator::PresentWatch watch;
     using std::chrono::milliseconds;
-    for (int round = 0; round < 2; ++round) { // a present that takes longer begins the count again
+    for (int round = 0; round < 2; ++round) { // a longer present restarts the count
         for (int i = 0; i < 7; ++i)
             EXPECT_TRUE(watch.Waits(milliseconds(1))) << i;
         for (int i = 0; i < 2; ++i)
@@ -146,10 +146,10 @@ TEST(FramePacerTest, HoldsALoopToSixtyRoundsASecondWherePresentsDoNotWait) {
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 3; ++i)
         pacer.Wait();
-    EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(47)) << "three rounds, each 1 ms short at most";
+    EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(47)) << "three times at most 1 ms short";
 }
 
-TEST_F(DXCanvasTest, RunsNoFrameWhileHiddenAndHoldsThatLoopToo) {
+TEST_F(DXCanvasTest, RunsNoFrameWhileHiddenAndLimitsThatLoopToo) {
     Open();
     const auto counter = std::make_shared<CountingStage>();
     canvas->stages.Add(counter);

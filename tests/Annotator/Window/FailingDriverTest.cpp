@@ -1,4 +1,4 @@
-// libepoxy's header comes ahead of the platform's GL.
+// libepoxy's header must come before the platform's GL.
 #include <epoxy/gl.h>
 
 #include "Annotator/Window/WindowFixture.h"
@@ -10,7 +10,7 @@ namespace {
 using namespace Support;
 using testing::HasSubstr;
 
-/// The driver's answer after each checked step of the device; 0 for a driver that stays whole.
+/// The driver's error code after each checked step of the device; 0 for an intact driver.
 int calls = 0, firstFailing = 0, lastFailing = 0;
 PFNGLGETERRORPROC driversError = nullptr;
 
@@ -20,7 +20,7 @@ GLenum FailingError() {
     return calls >= firstFailing && calls <= lastFailing ? GL_OUT_OF_MEMORY : error;
 }
 
-/// The driver's errors come from FailingError for the length of a scope.
+/// Takes the driver's errors from FailingError for the duration of a scope.
 class FailingDriver : Utils::NonAssignable {
 public:
     FailingDriver(int first, int last) {
@@ -35,8 +35,8 @@ public:
 
 class FailingDriverTest : public WindowTest {
 protected:
-    /// From the window's first frame over a load, a click, a selection and a resize to its close. Returns how often the
-    /// driver was asked.
+    /// The window's first frame, a load, a click, a selection, a resize and closing. Returns how often the driver's
+    /// errors were queried.
     int OpenPickAndClose() {
         Open();
         Load();
@@ -51,10 +51,10 @@ protected:
     }
 };
 
-/// Each step of the device fails in turn: on the screen there is the fatal error and what follows from it, and the
-/// window can be closed.
-TEST_F(FailingDriverTest, ShowsTheFatalErrorWhicheverStepFails) {
-    Open(); // which also has the library find the driver's functions
+/// For a failure at each step of the device, the fatal error and its consequences are shown, and the window can be
+/// closed.
+TEST_F(FailingDriverTest, ShowsTheFatalErrorForAnyFailedStep) {
+    Open(); // also makes the library resolve the driver's functions
     Close();
     int steps = 0;
     {
@@ -64,24 +64,24 @@ TEST_F(FailingDriverTest, ShowsTheFatalErrorWhicheverStepFails) {
     ASSERT_TRUE(dialogs.texts.empty()) << dialogs.texts[0];
     ASSERT_GT(steps, 50);
     std::set<std::string> places;
-    // The device is made in the first steps; frames repeat theirs.
+    // The first steps create the device; frames repeat theirs.
     for (int step = 1; step <= steps; step += step < 25 ? 1 : 23) {
         dialogs.texts.clear();
         dialogs.captions.clear();
         const FailingDriver failing(step, step);
         OpenPickAndClose();
         if (calls < step)
-            break; // some runs take a few steps less
+            break; // some runs take fewer steps
         ASSERT_GE(dialogs.texts.size(), 2u) << "step " << step;
         EXPECT_EQ(dialogs.captions[0], "Vorelle FSX") << "step " << step;
         EXPECT_THAT(dialogs.texts[0], HasSubstr("Vorelle Fatal Error Encountered (1285, ")) << "step " << step;
         EXPECT_THAT(dialogs.texts[1], HasSubstr("The cockpit cannot be shown")) << "step " << step;
         places.insert(dialogs.texts[0].substr(0, dialogs.texts[0].find("Please")));
     }
-    EXPECT_GE(places.size(), 10u) << "places where the device asks its driver";
+    EXPECT_GE(places.size(), 10u) << "distinct locations of driver checks";
 }
 
-TEST_F(FailingDriverTest, EndsWithADriverThatIsLostForGood) {
+TEST_F(FailingDriverTest, EndsWithAPermanentlyLostDriver) {
     Open();
     Close();
     for (const int step : {1, 5, 40, 80}) {

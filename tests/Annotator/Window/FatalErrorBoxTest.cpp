@@ -36,17 +36,17 @@ TEST(FatalErrorBox, IsShownByTheInterfaceThreadForAnotherThread) {
     EXPECT_EQ(shownBy, std::this_thread::get_id());
 }
 
-TEST(FatalErrorBox, DoesNotDeadlockWhenTheInterfaceThreadWaitsForTheOneThatFailed) {
+TEST(FatalErrorBox, DoesNotDeadlockWhenTheInterfaceThreadWaitsForTheFailedOne) {
     Support::DialogRecorder dialogs;
     testing::internal::CaptureStderr();
     std::thread other(Fail);
     other.join();
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("Rendering\\Some.cpp: Line 41\n"));
     Support::PumpFrames(3);
-    EXPECT_EQ(dialogs.texts.size(), 1u) << "the box comes once it can";
+    EXPECT_EQ(dialogs.texts.size(), 1u) << "the box opens later";
 }
 
-TEST(FatalErrorBox, ShowsAheadOfTheToolkitsStart) {
+TEST(FatalErrorBox, IsShownBeforeTheToolkitStarts) {
     Support::Program program({boost::filesystem::read_symlink("/proc/self/exe").string(), "--fail-before-toolkit"},
                              "/");
     const Support::ProgramResult result = program.Wait();
@@ -55,7 +55,7 @@ TEST(FatalErrorBox, ShowsAheadOfTheToolkitsStart) {
     EXPECT_THAT(result.output, HasSubstr("Annotator\\Main.cpp: Line 7\n"));
 }
 
-/// On a display without OpenGL 3.3 the program ends by itself, after the fatal error's box.
+/// Without OpenGL 3.3 the program ends by itself after the fatal error's box.
 TEST(RealApp, ShowsItsWindowAndEndsWithoutADevice) {
     const Support::TemporaryFolder installation;
     boost::filesystem::create_directories(installation.path / "Aircraft");

@@ -20,10 +20,10 @@ public:
 };
 
 void FailOnAssert(const wxString& file, int line, const wxString&, const wxString& condition, const wxString& message) {
-    ADD_FAILURE() << file << ":" << line << ": the toolkit asserts " << condition << " " << message;
+    ADD_FAILURE() << file << ":" << line << ": toolkit assertion failed: " << condition << " " << message;
 }
 
-/// What the program shows of a fatal error that comes ahead of the toolkit's start, on the standard output.
+/// Writes to stdout what the program shows for a fatal error before the toolkit starts.
 int FailBeforeToolkit() {
     Support::DialogRecorder dialogs;
     dialogs.whileUp = [&] { std::cout << dialogs.captions.back() << "\n" << dialogs.texts.back() << std::endl; };
@@ -34,7 +34,7 @@ int FailBeforeToolkit() {
     }
 }
 
-/// The program's own application. It tells the title of the window on the standard output, and closes it in the end.
+/// The program's own application. It prints the title of the window to stdout and finally closes it.
 class RealApp : public Annotator::AnnotatorApp {
 public:
     bool OnInit() override {

@@ -34,7 +34,7 @@ protected:
     DialogRecorder dialogs;
 };
 
-TEST_F(PanesTest, ADropDownSpeaksOnlyOfAPersonsChoice) {
+TEST_F(PanesTest, ADropDownSignalsOnlyTheUsersChoice) {
     Annotator::ItemDropDown<int> dropDown(frame, wxID_ANY, "nothing", [](int value) { return std::to_string(value); });
     std::vector<boost::optional<int>> chosen;
     dropDown.selectionSignal.connect([&](const boost::optional<int>& value) { chosen.push_back(value); });
@@ -45,7 +45,7 @@ TEST_F(PanesTest, ADropDownSpeaksOnlyOfAPersonsChoice) {
     dropDown.SelectItem(50);
     EXPECT_EQ(dropDown.GetSelectedItem(), boost::optional<int>(50));
     dropDown.SelectItem(60);
-    EXPECT_EQ(dropDown.GetSelection(), 2) << "a value without a line leaves the selection";
+    EXPECT_EQ(dropDown.GetSelection(), 2) << "a value without a line keeps the selection";
     EXPECT_TRUE(chosen.empty());
     Choose(dropDown, 1);
     Choose(dropDown, 0);
@@ -55,7 +55,7 @@ TEST_F(PanesTest, ADropDownSpeaksOnlyOfAPersonsChoice) {
     EXPECT_EQ(chosen.size(), 2u);
 }
 
-TEST_F(PanesTest, TheInteractionPageShowsDetectionBesideTheOverrideAndCommitsWhatItShows) {
+TEST_F(PanesTest, TheInteractionPageShowsDetectionAndOverrideAndCommitsWhatItShows) {
     auto& pane = Make<Annotator::InteractionPane>();
     auto& type = *Find<wxChoice>(pane);
     auto& event = *Find<wxChoice>(pane, [&](wxChoice& choice) { return &choice != &type; });
@@ -82,7 +82,7 @@ TEST_F(PanesTest, TheInteractionPageShowsDetectionBesideTheOverrideAndCommitsWha
     EXPECT_EQ(tooltip.GetValue(), "Mine");
     record.InteractionType = TouchInteractionType::YokePart;
     pane.SetPart(&part, &record);
-    EXPECT_EQ(type.GetSelection(), 2) << "a type that cannot be chosen leaves the line";
+    EXPECT_EQ(type.GetSelection(), 2) << "a type that cannot be chosen keeps the line";
 
     type.SetSelection(5);
     event.SetSelection(0);
@@ -105,7 +105,7 @@ TEST_F(PanesTest, TheInteractionPageShowsDetectionBesideTheOverrideAndCommitsWha
     EXPECT_EQ(tooltip.GetValue(), "");
 }
 
-TEST_F(PanesTest, TheTestPageTellsNoneFromNoTest) {
+TEST_F(PanesTest, TheTestPageDistinguishesNoneFromNoTest) {
     auto& pane = Make<Annotator::TestPane>();
     auto& type = *Find<wxChoice>(pane);
     EXPECT_THAT(Lines(type), ElementsAre("No Test...", "None", "Tap", "Twist", "Move", "Radio"));
@@ -157,7 +157,7 @@ TEST_F(PanesTest, TheSliderMovesTheAnimationThatWasChosenLast) {
     EXPECT_FLOAT_EQ(model.animations[1].position, 0.75f);
 }
 
-TEST_F(PanesTest, TheInfoPageShowsTextsWithAmpersandsAndZeroBytesWhole) {
+TEST_F(PanesTest, TheInfoPageShowsTextsWithAmpersandsAndZeroBytesCompletely) {
     auto& pane = Make<Annotator::PartInfoPane>();
     Part(1, 0).Rect()->Text = std::string("lever &\0knob", 12);
     pane.SetPart(&Part(1, 0));

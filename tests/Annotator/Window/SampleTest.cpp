@@ -17,8 +17,8 @@ std::size_t CountColours(const wxImage& image) {
     return colours.size();
 }
 
-/// The window as a person has it, on a copy of the sample below a folder whose name has letters of many languages. The
-/// picture stays as canvas.png in the build folder.
+/// The window on a copy of the sample, in a folder whose name has letters of several languages. The image is saved as
+/// canvas.png in the build folder.
 TEST(Sample, IsListedLoadedAndDrawn) {
     const TemporaryFolder folder;
     BindDataFolder();

@@ -16,8 +16,7 @@
 
 namespace Support {
 
-/// Lets the toolkit deliver what is waiting and run its idle handlers until a condition holds; false when it does not
-/// within a time that no healthy machine needs.
+/// Processes pending events and idle handlers until a condition is true; returns false after a generous timeout.
 inline bool PumpUntil(const std::function<bool()>& done) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     do {
@@ -29,7 +28,7 @@ inline bool PumpUntil(const std::function<bool()>& done) {
     return false;
 }
 
-/// Runs this many rounds of the event loop, each with a frame of every canvas on the screen.
+/// Runs this number of iterations of the event loop, each with a frame of every visible canvas.
 inline void PumpFrames(int count) {
     for (int i = 0; i < count; ++i) {
         wxYield();
@@ -37,14 +36,14 @@ inline void PumpFrames(int count) {
     }
 }
 
-/// Dismisses every modal dialog ahead of its showing, and keeps what message boxes said.
+/// Dismisses every modal dialog before it is shown, and records the texts of message boxes.
 class DialogRecorder : public wxModalDialogHook {
 public:
     DialogRecorder() { Register(); }
     ~DialogRecorder() override { Unregister(); }
 
     std::vector<std::string> captions, texts;
-    std::function<void()> whileUp; ///< run when a dialog would show
+    std::function<void()> whileUp; ///< runs when a dialog would be shown
 
 protected:
     int Enter(wxDialog* dialog) override {
@@ -59,7 +58,7 @@ protected:
     }
 };
 
-/// The first window of a type below `root`, in creation order, that a condition holds for.
+/// The first window of a type below `root`, in creation order, for which a condition is true.
 template <typename Type>
 Type* Find(
     wxWindow& root, const std::function<bool(Type&)>& matches = [](Type&) { return true; }) {
@@ -90,7 +89,7 @@ Type* FindLabelled(wxWindow& root, const std::string& label) {
     return Find<Type>(root, [&](Type& window) { return window.GetLabelText() == wxString(label); });
 }
 
-/// What a window without a device shows.
+/// The image of a window without a device.
 inline wxImage WindowPicture(wxWindow& window) {
     const wxSize size = window.GetClientSize();
     wxClientDC source(&window);
@@ -114,7 +113,7 @@ std::vector<std::string> Lines(const Choice& choice) {
     return lines;
 }
 
-/// Does what a person's choice of a line does.
+/// Simulates the user's choice of a line.
 template <typename Choice>
 void Choose(Choice& choice, int line) {
     choice.SetSelection(line);

@@ -13,15 +13,16 @@
 
 namespace Support {
 
-/// A square of two triangles at a distance straight ahead of the pilot's eye, which the sample's cockpit has at the
-/// origin.
+/// A square of two triangles at a distance in front of the pilot's eye, which is at the origin in the sample's
+/// cockpit.
 inline std::vector<Corner> SquareAhead(float x, float y, float distance, float size) {
     const Corner a{x, y, distance}, b{x + size, y, distance}, c{x + size, y + size, distance}, d{x, y + size, distance};
     return {a, b, c, a, c, d};
 }
 
 /// Node 0 with a large square, node 1 below it that "sim/lever" moves by half a metre to the right, with a
-/// clickable square in the middle of the view and a shape beside it, and node 2 below that with a square at the left.
+/// clickable square in the middle of the view and another square next to it, and node 2 below that with a square at the
+/// left.
 inline CockpitModel::ModelData LeverModel() {
     ModelBuilder builder;
     builder.Part(0, SquareAhead(-2.0f, -2.0f, 3.0f, 4.0f));
@@ -35,7 +36,7 @@ inline CockpitModel::ModelData LeverModel() {
     return std::move(builder.model);
 }
 
-/// The real window on an installation in a temporary folder, with aircraft that the test makes.
+/// The real window with an installation in a temporary folder and aircraft created by the test.
 class WindowTest : public testing::Test {
 protected:
     WindowTest() : inside(folder.path) {
@@ -66,7 +67,7 @@ protected:
         PumpFrames(2);
     }
 
-    /// An item by its texts from the root's children down.
+    /// An item by its texts, from the root's children downwards.
     wxTreeItemId Item(const std::vector<std::string>& texts) {
         wxTreeItemId item = tree->GetRootItem();
         for (const std::string& text : texts)

@@ -1,7 +1,7 @@
 #!/bin/sh
-# Runs a command that opens windows: on the display there is, else on one of its own, whose number the server chooses, so
-# that no other one that starts or ends at the same time is in its way. It stays as it is when its last client leaves: a
-# client that came while it started anew would be refused.
+# Runs a command that opens windows: on the display in DISPLAY, otherwise on a new Xvfb. The server chooses its own display
+# number, so that concurrent servers do not conflict, and does not reset when its last client disconnects: a client that
+# connects during the reset would be refused.
 if [ -n "$DISPLAY" ]; then
     exec "$@"
 fi

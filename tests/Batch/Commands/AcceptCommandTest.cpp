@@ -22,17 +22,17 @@ std::string Expects(const std::string& type) {
     return "        <InteractionTypeTest>" + type + "</InteractionTypeTest>\n";
 }
 
-TEST(AcceptCommand, AddsInOrderWhatTheFileLacksAndKeepsTheRest) {
+TEST(AcceptCommand, AddsMissingExpectationsInOrderAndKeepsTheRest) {
     const std::string forward = "        <Reverse>0</Reverse>\n";
     const std::string twice = Record(0, 1, "        <InteractionType>Slide</InteractionType>\n");
     const struct {
         const char* name;
-        std::string before, after; ///< inside of "Overrides"
+        std::string before, after; ///< content of "Overrides"
     } rows[] = {
         {"no expectation", "", Record(0, 1, Expects("Tap") + forward) + Record(1, 0, Expects("Move") + forward)},
-        {"an unknown word is mended", Expectation(1, 0, "Slide"),
+        {"an unknown type is replaced", Expectation(1, 0, "Slide"),
          Record(0, 1, Expects("Tap") + forward) + Record(1, 0, Expects("Move"))},
-        {"comments, other fields, parts that are gone",
+        {"comments, other fields, parts that do not exist",
          "<!--mine-->" + Expectation(1, 0, "Twist") + twice +
              "<Override><NodeId>0</NodeId><PartId>1</PartId><InteractionType>Radio</InteractionType>"
              "<Tooltip>a &lt; b</Tooltip><Reverse>1</Reverse></Override>" +
@@ -60,7 +60,7 @@ TEST(AcceptCommand, AddsInOrderWhatTheFileLacksAndKeepsTheRest) {
     }
 }
 
-TEST(AcceptCommand, LeavesFilesAloneThatItCannotTakeUp) {
+TEST(AcceptCommand, DoesNotChangeFilesThatItCannotRead) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
     installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
@@ -71,19 +71,19 @@ TEST(AcceptCommand, LeavesFilesAloneThatItCannotTakeUp) {
     EXPECT_EQ(installation.Read(kCub), "<Overrides><Over");
     EXPECT_EQ(installation.Read("QVRA/Annotations/Piper.xml"), "");
     boost::filesystem::remove_all(installation / "QVRA/Annotations");
-    installation.Write("QVRA/Annotations", "a file where the folder belongs");
+    installation.Write("QVRA/Annotations", "a file instead of the folder");
     EXPECT_EQ(RunBatch(installation, {"accept", "Cub"}).exitCode, 4);
 }
 
-TEST(AcceptCommand, LetsTheFirstOfTwoAircraftWithOneFileStand) {
+TEST(AcceptCommand, KeepsTheFirstOfTwoAircraftWithOneFile) {
     const Installation installation;
     installation.Aircraft("Aircraft/A/Cub", "Ours", ThreeParts());
     installation.Aircraft("Aircraft/B/Cub", "Ours too", Support::ObjText().Texture().Tris().Drag("sim/knob").Tris());
     const ProgramResult result = RunBatch(installation, {"accept", "Aircraft/A/", "Aircraft/B/"});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_THAT(result.errors, HasSubstr("is of both"));
+    EXPECT_THAT(result.errors, HasSubstr("belongs to both"));
     EXPECT_THAT(result.errors, HasSubstr("2 expectations added to 1 annotation file"));
-    const std::string type = result.output.starts_with("Ours (") ? "Tap" : "Twist"; // as the system lists the folders
+    const std::string type = result.output.starts_with("Ours (") ? "Tap" : "Twist"; // in the system's order of folders
     EXPECT_THAT(installation.Read(kCub), HasSubstr(Record(0, 1, Expects(type) + "        <Reverse>0</Reverse>\n")));
 }
 
@@ -96,10 +96,10 @@ TEST(AcceptCommand, TakesTimeInProportionToTheParts) {
     installation.Aircraft("Aircraft/Props/Cub", "Cub", object);
     const auto start = std::chrono::steady_clock::now();
     EXPECT_THAT(RunBatch(installation, {"accept", "Cub"}).errors, HasSubstr("4000 expectations added to 1"));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "for each part, all parts";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "quadratic in the number of parts";
 }
 
-TEST(ReadOnlyCommands, MakeNothingInTheInstallation) {
+TEST(ReadOnlyCommands, CreateNothingInTheInstallation) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
     for (const auto& arguments : std::vector<std::vector<std::string>>{

@@ -20,7 +20,7 @@ std::string File(const std::string& parts) {
     return "<NodePartList>" + parts + "</NodePartList>";
 }
 
-TEST(CompareCommand, TellsWhatChangedAppearedAndVanished) {
+TEST(CompareCommand, PrintsWhatChangedAppearedAndVanished) {
     const TemporaryFolder folder;
     folder.Write("a/Cub.xml", File(Part(0, "None") + Part(1, "Tap") + Part(2, "Move") + Part(3, "Twist")));
     folder.Write("b/Cub.xml",
@@ -28,7 +28,7 @@ TEST(CompareCommand, TellsWhatChangedAppearedAndVanished) {
     folder.Write("a/Same.xml", File(Part(0, "None")));
     folder.Write("b/Same.xml", "<NodePartList>\n" + Part(0, "None") + "</NodePartList>\n");
     folder.Write("a/Old.xml", File(""));
-    folder.Write("b/New.xml", "not looked into");
+    folder.Write("b/New.xml", "not read");
     folder.Write("b/.Cub.xml.1.saving", "");
     const ProgramResult result = RunBatch(folder, {"compare", "a", "b"});
     EXPECT_EQ(result.exitCode, 1);
@@ -39,7 +39,7 @@ TEST(CompareCommand, TellsWhatChangedAppearedAndVanished) {
                              "  node 10 part 0: appeared as Tap\n"
                              "New.xml: only in b\n"
                              "Old.xml: only in a\n");
-    EXPECT_THAT(result.errors, HasSubstr("2 files compared, 4 parts differ, 2 in one folder only"));
+    EXPECT_THAT(result.errors, HasSubstr("2 files compared, 4 parts differ, 2 in only one folder"));
     const auto json = nlohmann::json::parse(RunBatch(folder, {"compare", "a", "b", "--json"}).output, nullptr, false);
     EXPECT_EQ(json["files"][0]["parts"][1], nlohmann::json::parse(R"({"nodeId": 2, "partId": 0,
         "a": {"interactionType": "Move", "eventType": "Wheel", "reverse": false},
@@ -47,7 +47,7 @@ TEST(CompareCommand, TellsWhatChangedAppearedAndVanished) {
     EXPECT_EQ(json["files"][0]["parts"][2]["b"], nullptr);
 }
 
-TEST(CompareCommand, TellsOutcomesByItsExitCode) {
+TEST(CompareCommand, ReportsTheOutcomeAsExitCode) {
     const std::string none = File("");
     const struct {
         std::string a, b;
@@ -56,21 +56,21 @@ TEST(CompareCommand, TellsOutcomesByItsExitCode) {
     } rows[] = {
         {File(Part(0, "Tap")), File(Part(0, "Push")), 0, "0 parts differ"}, // read as the same type
         {none, "<NodePartList>\n<Part", 3, "b/Cub.xml: line 2: not well-formed XML"},
-        {"", none, 3, "a/Cub.xml: it is empty"},
+        {"", none, 3, "a/Cub.xml: the file is empty"},
         {"<Overrides/>", none, 3, "root element is not NodePartList"},
         {File("\n" + Part(0, "Slide")), none, 3, "line 2: InteractionType 'Slide' is not"},
         {File("<Part/>"), none, 3, "this Part has no NodeId"},
-        {File(Part(-1, "Tap")), none, 3, "NodeId '-1' is not a number from 0 up"},
+        {File(Part(-1, "Tap")), none, 3, "NodeId '-1' is not a number of at least 0"},
         {File(Part(1, "Tap", "Wheel", "yes")), none, 3, "Reverse 'yes' is not 0 or 1"},
-        {File(Part(1, "Tap") + Part(1, "Tap")), none, 3, "node 1 part 0 stands in the file twice"},
+        {File(Part(1, "Tap") + Part(1, "Tap")), none, 3, "node 1 part 0 is in the file twice"},
     };
     const TemporaryFolder folder;
     folder.Write("a/readme", "");
-    EXPECT_EQ(RunBatch(folder, {"compare", "a", "b"}).exitCode, 3) << "b is not there";
+    EXPECT_EQ(RunBatch(folder, {"compare", "a", "b"}).exitCode, 3) << "b does not exist";
     folder.Write("b/readme", "");
     const ProgramResult neither = RunBatch(folder, {"compare", "a", "b"});
     EXPECT_EQ(neither.exitCode, 3);
-    EXPECT_THAT(neither.errors, HasSubstr("neither folder has a detected-data file"));
+    EXPECT_THAT(neither.errors, HasSubstr("neither folder contains a detected-data file"));
     for (const auto& row : rows) {
         folder.Write("a/Cub.xml", row.a);
         folder.Write("b/Cub.xml", row.b);

@@ -25,7 +25,7 @@ std::string FileXml(const std::string& parts) {
     return "<NodePartList>\n" + parts + "</NodePartList>\n";
 }
 
-/// A moving part so large that its measures are no numbers.
+/// A moving part so large that its measures overflow.
 ObjText HugePart() {
     ObjText text = ObjText().Texture().Line("VT 3e38 0 0 0 0 1 0 0");
     return text.Line("IDX 3").Line("IDX 3").Line("IDX 3").Begin().Line("TRIS 3 3").End();
@@ -33,7 +33,7 @@ ObjText HugePart() {
 
 const std::string kThreePartsXml = FileXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move"));
 
-TEST(DetectCommand, WritesAFilePerAircraftAndNamesThoseThatFail) {
+TEST(DetectCommand, WritesAFilePerAircraftAndReportsFailures) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Big.Jet 1.2", "Big Jet", ThreeParts());
     installation.Aircraft("Aircraft/Props/Bare", "Bare");
@@ -49,7 +49,7 @@ TEST(DetectCommand, WritesAFilePerAircraftAndNamesThoseThatFail) {
     EXPECT_EQ(installation.Read(folder + "Bare.xml"), "<NodePartList/>\n");
     EXPECT_FALSE(boost::filesystem::exists(installation / (folder + "Piper.xml")));
     EXPECT_THAT(result.errors, HasSubstr("Eye (Aircraft/Props/Eye/plane.acf): acf/_pe_xyz/1 of line "));
-    EXPECT_THAT(result.errors, Not(HasSubstr("\r"))) << "a progress bar belongs on a terminal";
+    EXPECT_THAT(result.errors, Not(HasSubstr("\r"))) << "a progress bar is for terminals only";
 
     const std::string log = program.DataFolder().Read("data/Vorelle/batch-log.txt");
     EXPECT_THAT(log, HasSubstr("Loading aircraft for output: Big Jet - Aircraft/Props/Big.Jet 1.2/plane.acf\n"));
@@ -59,7 +59,7 @@ TEST(DetectCommand, WritesAFilePerAircraftAndNamesThoseThatFail) {
     EXPECT_FALSE(boost::filesystem::exists(program.DataFolder() / "data/Vorelle/log.txt"));
 }
 
-/// Two aircraft that would write Plane.xml. One can be held, so that it takes as long as the test wants.
+/// Two aircraft that both write Plane.xml. The test can block one of them.
 struct Rivals {
     Rivals() {
         for (const std::string& group : {first, second})
@@ -76,7 +76,7 @@ struct Rivals {
     std::string first = "A", second = "B"; ///< in the order in which the system lists them
 };
 
-TEST(DetectCommand, LetsTheLaterOfTwoAircraftWithOneFileWin) {
+TEST(DetectCommand, KeepsTheLaterOfTwoAircraftWithOneFile) {
     const Rivals rivals;
     std::ofstream(rivals.Cockpit(rivals.first)) << ObjText().Texture().Tris().Text();
     const ProgramResult result = RunBatch(rivals.installation, {"detect", "--out", "out", "--jobs", "1"});
@@ -85,10 +85,10 @@ TEST(DetectCommand, LetsTheLaterOfTwoAircraftWithOneFileWin) {
     EXPECT_THAT(result.errors, HasSubstr("1 detected-data file"));
     std::ofstream(rivals.Cockpit(rivals.second)) << NoMaterial().Text();
     EXPECT_EQ(RunBatch(rivals.installation, {"detect", "--out", "out"}).exitCode, 3);
-    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None"))) << "the later does not load";
+    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None"))) << "the later fails to load";
 }
 
-TEST(DetectCommand, TakesItsProcessesAlongWhenASignalEndsIt) {
+TEST(DetectCommand, EndsItsProcessesWhenASignalEndsIt) {
     for (const int signal : {SIGINT, SIGTERM}) {
         const Rivals rivals;
         const Support::HeldFile held(rivals.Cockpit(rivals.second));
@@ -106,18 +106,18 @@ TEST(DetectCommand, TakesItsProcessesAlongWhenASignalEndsIt) {
         EXPECT_EQ(program.Wait().signal, signal);
         for (pollfd& end : ends) {
             if (end.fd < 0)
-                continue; // it had ended before
+                continue; // it had already ended
             EXPECT_EQ(poll(&end, 1, 30'000), 1) << "its process still waits for the file";
             close(end.fd);
         }
-        // The first aircraft's file may have been written by then, and wholly.
+        // The first aircraft's file may already be written, but only completely.
         for (const auto& entry : boost::filesystem::directory_iterator(rivals.installation / "out"))
             EXPECT_EQ(rivals.installation.Read("out/" + entry.path().filename().string()), kThreePartsXml)
                 << entry.path();
     }
 }
 
-TEST(DetectCommand, SaysWhatCannotBeWritten) {
+TEST(DetectCommand, ReportsWhatCannotBeWritten) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
     installation.Write("file", "");

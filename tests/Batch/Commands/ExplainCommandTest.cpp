@@ -5,7 +5,7 @@
 namespace Batch {
 namespace {
 
-TEST(ExplainCommand, TakesThePlaceOfAPartAlone) {
+TEST(ExplainCommand, AcceptsOnlyExistingParts) {
     const Support::Installation installation;
     installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
     EXPECT_THAT(RunBatch(installation, {"explain", "Cub", "1,0"}).output, testing::HasSubstr("part 1,0 is Move\n"));

@@ -19,14 +19,14 @@ json Inspect(const Installation& installation) {
     return json::parse(result.output, nullptr, false);
 }
 
-TEST(InspectCommand, TellsWhatTheProgramMadeOfACockpit) {
+TEST(InspectCommand, DescribesTheLoadedCockpit) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Cub", "Cub", "P acf/_pe_xyz/2 10\n");
     ObjText object = ObjText().Texture("a.png").Tris().Begin().Line("ANIM_trans 0 0 0 1 2 3 0 1 sim/slide");
     object.Begin().Line("ANIM_rotate 0 0 1 0 90 0 1 sim/turn").Drag("sim/lever").Tris().End().End().Begin().Tris();
     installation.Write("Aircraft/Props/Cub/plane_cockpit.obj", object.Text());
     const json cockpit = Inspect(installation);
-    // The root and the three blocks; at the end of the slide the second is moved by (1, 2, -3) and not turned.
+    // The root and the three blocks; at the end of the slide the second is moved by (1, 2, -3) and not rotated.
     const std::pair<const char*, const char*> rows[] = {
         {"/textures", R"(["Aircraft/Props/Cub/cockpit_3d/-PANELS-/Panel.png", "Aircraft/Props/Cub/a.png"])"},
         {"/nodes/0/parent", "null"},
@@ -55,12 +55,12 @@ TEST(InspectCommand, TellsWhatTheProgramMadeOfACockpit) {
     EXPECT_EQ(cockpit["nodes"].size(), 4u);
     EXPECT_EQ(cockpit["parts"].size(), 3u);
     EXPECT_EQ(cockpit["pilotEye"][2].get<float>(), 10.0f * -0.3048f);
-    // By hand from the quarter turn: the corner at (1, 0, 0) counts 0.6924, and the corners add up to sqrt(2) of that.
+    // By hand for the quarter turn: the corner at (1, 0, 0) has weight 0.6924, and the corners add up to sqrt(2) of it.
     EXPECT_NEAR(cockpit["parts"][1]["sweepRadius"].get<float>(), 0.6924, 1e-4);
     EXPECT_NEAR(cockpit["parts"][1]["balanceFactor"].get<float>(), 0.9792, 1e-4);
 }
 
-TEST(InspectCommand, GivesEveryFloatBackAsItWasAndShowsWhatIsNoNumberOrNoText) {
+TEST(InspectCommand, KeepsEveryFloatAndShowsInvalidNumbersAndTexts) {
     // Ends of a translation, among them the smallest float, the greatest and one of nine digits.
     const float values[] = {0.1f, 16777.2168f, 0.333333343f, 1.17549435e-38f, 3.40282347e38f, -0.30000001f};
     ObjText object = ObjText().Texture("b\xE4r.png").Toggle("sim/\xFF").Tris();

@@ -13,23 +13,23 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-TEST(LintCommand, TellsHowItWentByItsExitCode) {
+TEST(LintCommand, ReportsTheOutcomeAsExitCode) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Clean", "Clean", ObjText().Texture().Tris());
     installation.Write("Aircraft/Props/Clean/panel.png", "");
     installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
     installation.Aircraft("Aircraft/Props/Empty", "Empty");
-    EXPECT_EQ(RunBatch(installation, {"lint", "Clean"}).exitCode, 0) << "that it has no yoke is but a note";
+    EXPECT_EQ(RunBatch(installation, {"lint", "Clean"}).exitCode, 0) << "a missing yoke is only a note";
     EXPECT_EQ(RunBatch(installation, {"lint", "Piper", "Clean"}).exitCode, 1);
     const ProgramResult all = RunBatch(installation, {"lint"});
-    EXPECT_EQ(all.exitCode, 3) << "one that cannot be read weighs more than a finding";
-    EXPECT_THAT(all.errors, HasSubstr("Empty (Aircraft/Props/Empty/plane.acf): there is no cockpit object"));
+    EXPECT_EQ(all.exitCode, 3) << "an unreadable aircraft outranks a finding";
+    EXPECT_THAT(all.errors, HasSubstr("Empty (Aircraft/Props/Empty/plane.acf): cannot find the cockpit object"));
     EXPECT_THAT(all.errors, HasSubstr("1 error, 0 warnings and 2 notes in 2 aircraft, 1 more could not be read\n"));
 }
 
-TEST(LintCommand, CountsWhatRepeatsItself) {
+TEST(LintCommand, CountsRepeatedFindings) {
     const Installation installation;
-    // TEXTURE is in line 11, each toggle a line further on; five of them go nowhere, four come from nowhere.
+    // TEXTURE is in line 11, followed by one toggle per line: five without a dataref, four with equal values.
     ObjText object = ObjText().Texture();
     for (int i = 0; i < 5; ++i)
         object.Toggle("");
@@ -41,11 +41,11 @@ TEST(LintCommand, CountsWhatRepeatsItself) {
     const std::string shown = RunBatch(installation, {"lint"}).output;
     EXPECT_THAT(shown, HasSubstr(place +
                                  "14: warning: ATTR_manip_toggle without a dataref [no-dataref]\n"
-                                 "    and 2 more like these, in lines 15, 16; --all prints each\n"
-                                 "    write the dataref behind the two values\n" +
+                                 "    and 2 more like these, in lines 15, 16; use --all to print them\n"
+                                 "    add the dataref after the two values\n" +
                                  place + "17: warning: "));
-    EXPECT_THAT(shown, HasSubstr("TRI\\x1bX is no keyword of the format"));
-    EXPECT_THAT(shown, HasSubstr(place + "20: warning: ")) << "one line in the place of one saves nothing";
+    EXPECT_THAT(shown, HasSubstr("TRI\\x1bX is not a keyword of the format"));
+    EXPECT_THAT(shown, HasSubstr(place + "20: warning: ")) << "a single remaining finding is printed";
     EXPECT_THAT(RunBatch(installation, {"lint", "--all"}).output,
                 AllOf(HasSubstr(place + "16: warning: "), Not(HasSubstr("more like these"))));
     const auto list = nlohmann::json::parse(RunBatch(installation, {"lint", "--json"}).output, nullptr, false);

@@ -9,12 +9,12 @@ namespace {
 using nlohmann::json;
 using testing::HasSubstr;
 
-TEST(ManipsCommand, TellsALineForEachPartThatCanBeClicked) {
+TEST(ManipsCommand, PrintsALinePerClickablePart) {
     const Support::Installation installation;
     installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
     installation.Aircraft("Aircraft/Props/Glider", "Glider", Support::ObjText().Texture().Tris());
     installation.Annotations("Cub", Support::Expectation(1, 0, "Twist"));
-    // ThreeParts has ten lines of heading and pool, TEXTURE in 11, the toggle in 13 and the drag in 16.
+    // ThreeParts has ten lines of header and pool, TEXTURE in 11, the toggle in 13 and the drag in 16.
     EXPECT_EQ(json::parse(RunBatch(installation, {"manips", "--json"}).output, nullptr, false), json::parse(R"([
         {"acfPath": "Aircraft/Props/Cub/plane.acf", "node": 0, "part": 1, "line": 13, "manipulator": "toggle",
          "from": 0.0, "to": 1.0, "type": "Tap", "override": null, "expected": null, "dataref": "sim/switch"},

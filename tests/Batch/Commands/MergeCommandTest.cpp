@@ -12,20 +12,20 @@ using testing::HasSubstr;
 
 const std::vector<std::string> kReports{"junit", "json", "csv", "html"};
 
-/// Everything that a run says and writes.
-std::string Everything(const Installation& installation, std::vector<std::string> words, const std::string& name) {
+/// All output and files of a run.
+std::string Everything(const Installation& installation, std::vector<std::string> arguments, const std::string& name) {
     for (const std::string& report : kReports) {
-        words.push_back("--" + report);
-        words.push_back(name + "." + report);
+        arguments.push_back("--" + report);
+        arguments.push_back(name + "." + report);
     }
-    const ProgramResult result = RunBatch(installation, words);
+    const ProgramResult result = RunBatch(installation, arguments);
     std::string all = std::to_string(result.exitCode) + "\n" + result.output + result.errors;
     for (const std::string& report : kReports)
         all += installation.Read(name + "." + report);
     return all;
 }
 
-TEST(MergeCommand, MakesTheReportOfASingleRunHoweverManyRunAtOnce) {
+TEST(MergeCommand, WritesTheReportOfASingleRun) {
     const Installation installation;
     for (const char* name : {"Pass", "Fail", "Broken", "Plain", "Unplaced"})
         installation.Aircraft(std::string("Aircraft/Props/") + name, name,
@@ -48,16 +48,16 @@ TEST(MergeCommand, MakesTheReportOfASingleRunHoweverManyRunAtOnce) {
     ASSERT_EQ(merge.size(), 7u);
     const std::string single = Everything(installation, {"test", "--jobs", "1"}, "single");
     EXPECT_THAT(single, testing::StartsWith("3\nAircraft "));
-    EXPECT_THAT(single, testing::Not(testing::ContainsRegex("\n[A-Z].* 0 +0 +0\n"))) << "a row without a test";
+    EXPECT_THAT(single, testing::Not(testing::ContainsRegex("\n[A-Z].* 0 +0 +0\n"))) << "a row without tests";
     EXPECT_EQ(Everything(installation, {"test", "--jobs", "8"}, "at once"), single);
     EXPECT_EQ(Everything(installation, merge, "merged"), single);
     EXPECT_EQ(Everything(installation, {"merge", "parts"}, "folder"), single);
     const ProgramResult twice = RunBatch(installation, {"merge", "parts", merge[1]});
     EXPECT_EQ(twice.exitCode, 2);
-    EXPECT_THAT(twice.errors, testing::ContainsRegex("/plane.acf is both in .*/parts/1.json and in .*/parts/1.json"));
+    EXPECT_THAT(twice.errors, testing::ContainsRegex("/plane.acf is both in .*/parts/1.json and .*/parts/1.json"));
 }
 
-TEST(MergeCommand, WritesNothingWhenAPartIsNotAsItHasToBe) {
+TEST(MergeCommand, WritesNothingIfAPartIsInvalid) {
     const Installation installation;
     installation.Write("good.json", R"({"aircraft":[]})");
     installation.Write("list.json", "[1]");
@@ -66,9 +66,9 @@ TEST(MergeCommand, WritesNothingWhenAPartIsNotAsItHasToBe) {
         "expected":"Slide","detected":"Tap","passed":true}]}]})");
     boost::filesystem::create_directories(installation / "none");
     const std::pair<const char*, const char*> rows[] = {{"list.json", "list.json: not a JSON report of 'test'"},
-                                                        {"type.json", "type.json: 'Slide' is no interaction type"},
-                                                        {"missing.json", "missing.json: there is no such file"},
-                                                        {"none", "no JSON report (*.json) is in this folder"}};
+                                                        {"type.json", "type.json: 'Slide' is not an interaction type"},
+                                                        {"missing.json", "missing.json: the file is missing"},
+                                                        {"none", "the folder contains no JSON report (*.json)"}};
     for (const auto& [part, errors] : rows) {
         const ProgramResult result = RunBatch(installation, {"merge", "--csv", "out.csv", "good.json", part});
         EXPECT_EQ(result.exitCode, 3) << part;

@@ -42,10 +42,10 @@ struct RenderCommand : testing::Test {
         return RunBatch(installation, arguments);
     }
 
-    /// The colour in the middle of a picture that a viewer 2 m in front of the triangle's corner sees.
+    /// The colour in the middle of an image taken 2 m in front of the triangle's corner.
     Colour Middle(std::vector<std::string> arguments) const {
         arguments.insert(arguments.begin(), {"--size", "64x32", "--eye", "0.1,0.1,2"});
-        arguments.push_back("Cub"); // behind the options, which must not take it for theirs
+        arguments.push_back("Cub"); // after the options, which must not consume it
         const ProgramResult result = Render(arguments);
         EXPECT_EQ(result.exitCode, 0) << result.errors;
         const auto levels = Rendering::ReadBitmapFile(installation / "picture.png");
@@ -64,18 +64,18 @@ TEST_F(RenderCommand, DrawsWhatTheCameraSees) {
     EXPECT_EQ(Middle({"--look", "180,0"}), kGround);
     EXPECT_EQ(Middle({"--look=0,-60"}), kGround);
     EXPECT_EQ(Middle({"--position", "sim/slide=1"}), kGround);
-    EXPECT_EQ(Middle({"--position", "sim/slide=1", "--position", "sim/slide=0"}), red) << "the later one counts";
+    EXPECT_EQ(Middle({"--position", "sim/slide=1", "--position", "sim/slide=0"}), red) << "the last one counts";
     EXPECT_EQ(Middle({"--hide-transparent"}), red);
     // The selection's blue light on a red texture.
     EXPECT_EQ(Middle({"--select", "1,0"}), (Colour{0, 0, 0}));
     EXPECT_TRUE(boost::filesystem::is_empty(installation / "QVRA")) << "drawn with the program's own data";
 }
 
-TEST_F(RenderCommand, StandsAtThePilotsEyeWithoutAnother) {
-    // Ahead of the eye, at x = -9 feet, is nothing; 45 degrees to its right lies the triangle.
+TEST_F(RenderCommand, UsesThePilotsEyeByDefault) {
+    // Nothing is in front of the eye, at x = -9 feet; the triangle is 45 degrees to the right.
     const ProgramResult ahead = Render({"Cub"});
     EXPECT_EQ(ahead.exitCode, 0) << ahead.errors;
-    EXPECT_THAT(ahead.errors, HasSubstr("plane.acf): no part is in view; try --fit\n"));
+    EXPECT_THAT(ahead.errors, HasSubstr("plane.acf): no part is visible; try --fit\n"));
     const std::string empty = installation.Read("picture.png");
     for (const auto& look : {std::vector<std::string>{"Cub", "--look", "45,0"}, {"Cub", "--fit"}}) {
         EXPECT_EQ(Render(look).errors, "");
@@ -83,7 +83,7 @@ TEST_F(RenderCommand, StandsAtThePilotsEyeWithoutAnother) {
     }
 }
 
-TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
+TEST_F(RenderCommand, ReportsErrorsAndWritesNoImage) {
     installation.Aircraft("Aircraft/Props/Shell", "Shell");
     installation.Aircraft("Aircraft/Props/Piper", "Piper", NoMaterial());
     const struct {
@@ -92,18 +92,20 @@ TEST_F(RenderCommand, SaysWhatIsWrongAndLeavesNoPicture) {
         const char* message;
     } rows[] = {
         {{"Cub", "--size", "0x4"}, kWrongUsage, "'0x4' is not from 1x1 to 8192x8192"},
-        {{"Cub", "--size", "4"}, kWrongUsage, "'4' is not of the form WxH"},
-        {{"Cub", "--eye", "1,2"}, kWrongUsage, "'1,2' is not of the form X,Y,Z"},
-        {{"Cub", "--eye=1,2,inf"}, kWrongUsage, "'1,2,inf' is not of the form X,Y,Z"},
-        {{"Cub", "--look", "1,2,3"}, kWrongUsage, "'1,2,3' is not of the form YAW,PITCH"},
-        {{"Cub", "--select", "1"}, kWrongUsage, "'1' is not of the form NODE,PART"},
+        {{"Cub", "--size", "4"}, kWrongUsage, "'4' does not have the form WxH"},
+        {{"Cub", "--eye", "1,2"}, kWrongUsage, "'1,2' does not have the form X,Y,Z"},
+        {{"Cub", "--eye=1,2,inf"}, kWrongUsage, "'1,2,inf' does not have the form X,Y,Z"},
+        {{"Cub", "--look", "1,2,3"}, kWrongUsage, "'1,2,3' does not have the form YAW,PITCH"},
+        {{"Cub", "--select", "1"}, kWrongUsage, "'1' does not have the form NODE,PART"},
         {{"Cub", "--select", "1,7"}, kWrongUsage, "node 1 has no part 7"},
-        {{"Cub", "--position", "sim/slide"}, kWrongUsage, "'sim/slide' is not of the form DATAREF=VALUE"},
+        {{"Cub", "--position", "sim/slide"}, kWrongUsage, "'sim/slide' does not have the form DATAREF=VALUE"},
         {{"Cub", "--position", "sim/slide=1.5"}, kWrongUsage, "'sim/slide=1.5' is not from 0 to 1"},
-        {{"Cub", "--position", "sim/other=1"}, kWrongUsage, "no animation of the cockpit follows sim/other"},
+        {{"Cub", "--position", "sim/other=1"}, kWrongUsage, "no animation of the cockpit uses the dataref sim/other"},
         {{"Cub", "--fit", "--eye", "1,2,3"}, kWrongUsage, "--eye excludes --fit"},
         {{"Piper"}, kAircraftFailed, "--untextured"},
-        {{"Shell"}, kAircraftFailed, "Shell (Aircraft/Props/Shell/plane.acf): there is no cockpit object beside"},
+        {{"Shell"},
+         kAircraftFailed,
+         "Shell (Aircraft/Props/Shell/plane.acf): the folder of the .acf file contains no cockpit object"},
     };
     for (const auto& row : rows) {
         const ProgramResult result = Render(row.arguments);

@@ -11,20 +11,20 @@ using Support::Installation;
 using Support::ProgramResult;
 using testing::HasSubstr;
 
-TEST(TestCommand, TellsOutcomesByItsExitCode) {
+TEST(TestCommand, ReportsTheOutcomeAsExitCode) {
     const std::string passes = Expectation(0, 1, "Tap"), fails = Expectation(0, 0, "Tap");
     const struct {
-        std::string overrides; ///< of an aircraft that loads; none without
-        std::string broken;    ///< display name of one that has annotations and does not load, or nothing
+        std::string overrides; ///< of an aircraft that loads; empty for no aircraft
+        std::string broken;    ///< display name of an annotated aircraft that does not load, or empty
         std::vector<std::string> arguments;
         int exitCode;
         const char* errors;
     } rows[] = {
         {passes, "", {"--require-tests"}, 0, "1 test passed, 0 failed"},
         {fails, "", {}, 1, "0 tests passed, 1 failed"},
-        {"", "", {}, 0, "no test found"},
-        {"", "", {"--require-tests"}, 1, "no test found"},
-        {Expectation(9, 2, "Tap"), "", {}, 3, "1 expectation fits no part of the cockpit: node 9 part 2"},
+        {"", "", {}, 0, "no tests found"},
+        {"", "", {"--require-tests"}, 1, "no tests found"},
+        {Expectation(9, 2, "Tap"), "", {}, 3, "1 expectation has no matching part in the cockpit: node 9 part 2"},
         {Expectation(9, 2, "Tap") + fails, "", {}, 3, "1 failed"},
         {passes, "NoMaterial", {}, 3, "plane_cockpit.obj(11): TRIS before any"},
         {fails, "NoObject", {}, 3, "annotations but no cockpit object"},
@@ -49,7 +49,7 @@ TEST(TestCommand, TellsOutcomesByItsExitCode) {
     }
 }
 
-TEST(TestCommand, WritesTheOtherReportsWhereOneCannotBeWritten) {
+TEST(TestCommand, WritesTheOtherReportsIfOneFails) {
     const Installation installation;
     installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
     installation.Annotations("Cub", Expectation(0, 1, "Tap"));

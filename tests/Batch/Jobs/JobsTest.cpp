@@ -24,14 +24,14 @@ class Jobs : public testing::Test {
 protected:
     Jobs() { setenv("XDG_DATA_HOME", data.path.c_str(), 1); }
 
-    Support::TemporaryFolder data; // the processes log there
+    Support::TemporaryFolder data; // for the log of the processes
 };
 
 std::size_t NumberOf(const Sim::AircraftInfo& aircraft) {
     return std::stoul(aircraft.displayName);
 }
 
-/// Of jobs of aircraft that are numbered by their names, whose results come in this order.
+/// Results of jobs for aircraft named by numbers, in the order of arrival.
 std::vector<JobResult> Results(std::size_t count, std::size_t processes, const Job& job) {
     std::vector<Sim::XPAircraftInfo> aircraft(count);
     AircraftSelection all;
@@ -49,8 +49,8 @@ std::vector<JobResult> Results(std::size_t count, std::size_t processes, const J
     return results;
 }
 
-TEST_F(Jobs, GiveTheirOutputInOrderHoweverManyRunAtOnce) {
-    // Some are larger than a pipe's buffer, and the first ones take longer than those behind them.
+TEST_F(Jobs, GiveTheirOutputInOrderForAnyNumberOfProcesses) {
+    // Some are larger than a pipe's buffer, and the first ones take longer than those after them.
     const auto output = [](std::size_t index) {
         return std::string(index < 3 ? 3'000'000 : index, static_cast<char>('a' + index % 26));
     };
@@ -63,8 +63,8 @@ TEST_F(Jobs, GiveTheirOutputInOrderHoweverManyRunAtOnce) {
     EXPECT_TRUE(Results(0, 4, {}).empty());
 }
 
-TEST_F(Jobs, NameHowEachProcessFailedAndKeepTheOthers) {
-    // The pipe for the answer is among the files that a process opens to write to after the test has begun.
+TEST_F(Jobs, ReportHowEachProcessFailedAndKeepTheOthers) {
+    // The pipe for the result is one of the files that a process opened for writing after the test began.
     const int firstFree = dup(0);
     close(firstFree);
     const auto beginAnswer = [firstFree] {
@@ -94,8 +94,8 @@ TEST_F(Jobs, NameHowEachProcessFailedAndKeepTheOthers) {
     }
 }
 
-TEST_F(Jobs, RunUpToTheLimitAndNotFarBeyondASlowOne) {
-    // The first waits until all those have begun whose results may wait for it, and then for one more.
+TEST_F(Jobs, RunUpToTheLimitAndNotTooFarAfterASlowOne) {
+    // The first waits until all jobs whose results may wait for it have started, and then for one more.
     int begun[2];
     ASSERT_EQ(pipe(begun), 0);
     const Job job = [&](const Sim::AircraftInfo& aircraft) -> std::string {
@@ -111,7 +111,7 @@ TEST_F(Jobs, RunUpToTheLimitAndNotFarBeyondASlowOne) {
         EXPECT_THAT(result.output, testing::AnyOf("1", "2"));
 }
 
-TEST_F(Jobs, EndTheirProcessesWhenTheirResultsAreNotWantedAnyMore) {
+TEST_F(Jobs, EndTheirProcessesWhenTheirResultsAreNotNeeded) {
     int alive[2];
     ASSERT_EQ(pipe(alive), 0);
     const Job job = [&](const Sim::AircraftInfo& info) -> std::string {

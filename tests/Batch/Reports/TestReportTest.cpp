@@ -31,7 +31,7 @@ AircraftReport Aircraft(const std::string& name, std::vector<Annotator::PartResu
     return aircraft;
 }
 
-/// Two aircraft: one with texts that every format has to guard itself against, one that could not be loaded.
+/// Two aircraft: one with texts that every format must escape, one that could not be loaded.
 TestReport AwkwardReport() {
     TestReport report{Aircraft("B\"a\" & <c>,\x01", {Part(3, 0, TouchInteractionType::Tap, TouchInteractionType::Tap),
                                                      Part(3, 1, TouchInteractionType::Tap, TouchInteractionType::Move,
@@ -43,7 +43,7 @@ TestReport AwkwardReport() {
     return report;
 }
 
-TEST(TestReport, MakesJUnitThatAnXmlReaderTakes) {
+TEST(TestReport, WritesWellFormedJUnit) {
     tinyxml2::XMLDocument document;
     ASSERT_EQ(document.Parse(JUnitReport(AwkwardReport()).c_str()), tinyxml2::XML_SUCCESS);
     const tinyxml2::XMLElement* suite = document.RootElement()->FirstChildElement("testsuite");
@@ -82,7 +82,7 @@ TEST(TestReport, CountsInItsJson) {
     EXPECT_EQ(json["aircraft"][1]["problems"], nlohmann::json({"no <material>"}));
 }
 
-/// What stands between two texts, each time they follow each other.
+/// All texts between two delimiters.
 std::vector<std::string> Between(const std::string& text, const std::string& before, const std::string& after) {
     std::vector<std::string> found;
     for (std::size_t at = text.find(before); at != text.npos; at = text.find(before, at)) {
@@ -92,7 +92,7 @@ std::vector<std::string> Between(const std::string& text, const std::string& bef
     return found;
 }
 
-TEST(TestReport, LinksTheMatrixOfItsPageToTheParts) {
+TEST(TestReport, LinksTheMatrixToTheParts) {
     TestReport report = AwkwardReport();
     for (int i = 0; i < 3; ++i)
         report[1].tests.parts.push_back(Part(i, i, TouchInteractionType::YokePart, TouchInteractionType::None));
@@ -108,8 +108,8 @@ TEST(TestReport, LinksTheMatrixOfItsPageToTheParts) {
     EXPECT_THAT(html, HasSubstr("a, &quot;b&quot; &lt;i&gt;&amp;"));
     EXPECT_THAT(html, HasSubstr("2 of 10"));
     EXPECT_THAT(html, HasSubstr("no &lt;material&gt;"));
-    EXPECT_THAT(html, Not(HasSubstr("http"))) << "the page stands alone";
-    EXPECT_THAT(HtmlReport({}), HasSubstr("There is no test."));
+    EXPECT_THAT(html, Not(HasSubstr("http"))) << "the page loads nothing";
+    EXPECT_THAT(HtmlReport({}), HasSubstr("There are no tests."));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The processes of the jobs are this program once more, which then runs the job of its own aircraft.
+// The jobs run in further processes of this program, each of which runs the job of its aircraft.
 #include "Batch/Command.h"
 #include "Batch/Jobs/Jobs.h"
 #include "Batch/Jobs/Process.h"
@@ -15,7 +15,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// What an aircraft's path has its job do.
+/// The aircraft's path selects what its job does.
 std::string Act(const Sim::AircraftInfo& aircraft) {
     const std::string& path = aircraft.acfPath;
     if (path == "abort")
@@ -52,7 +52,7 @@ protected:
     std::vector<Sim::XPAircraftInfo> aircraft;
 };
 
-TEST_F(JobPool, GivesAnswersInOrderAndNamesHowEachProcessFailed) {
+TEST_F(JobPool, GivesResultsInOrderAndReportsHowEachProcessFailed) {
     const std::string place = " from " + boost::filesystem::current_path().filename().string();
     const std::string odd = "A b/\xC3\x9C\xE6\x97\xA5/c%d.acf";
     struct {
@@ -61,9 +61,9 @@ TEST_F(JobPool, GivesAnswersInOrderAndNamesHowEachProcessFailed) {
     } const rows[] = {
         {"large", std::string(3'000'000, 'x') + "\r\n\x1Alarge", ""},
         {"first", "first" + place, ""},
-        {"abort", "", "exit code 3 and no answer"},
-        {"crash", "", "exit code 0xC0000005 and no answer"},
-        {"kill", "", "exit code 7 and no answer"},
+        {"abort", "", "exit code 3 without a result"},
+        {"crash", "", "exit code 0xC0000005 without a result"},
+        {"kill", "", "exit code 7 without a result"},
         {"throw", "", "no material"},
         {"memory", "", "out of memory"},
         {odd.c_str(), odd + place, ""},
@@ -83,7 +83,7 @@ TEST_F(JobPool, GivesAnswersInOrderAndNamesHowEachProcessFailed) {
     }
 }
 
-TEST_F(JobPool, EndsItsProcessesWhenTheirResultsAreNotWantedAnyMore) {
+TEST_F(JobPool, EndsItsProcessesWhenTheirResultsAreNotNeeded) {
     Sim::XPAircraftInfo first, second;
     first.acfPath = "first";
     second.acfPath = "sleep";
@@ -95,7 +95,7 @@ TEST_F(JobPool, EndsItsProcessesWhenTheirResultsAreNotWantedAnyMore) {
 } // namespace Batch
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words = Batch::StartProcess(argc, argv);
+    const std::vector<std::string> arguments = Batch::StartProcess(argc, argv);
     if (const std::string* path = Batch::JobAircraft()) {
         Sim::XPAircraftInfo aircraft;
         aircraft.acfPath = *path;
