@@ -1,7 +1,7 @@
 #!/bin/sh
-# Runs a command that opens windows: on the display there is, else on one of its own, whose number the server chooses, so
-# that no other one that starts or ends at the same time is in its way. It stays as it is when its last client leaves: a
-# client that came while it started anew would be refused.
+# Runs a command that opens windows: on the existing display, else on an X server of its own. The server chooses its number, so
+# that it does not conflict with servers that start or end at the same time. It does not reset after its last client
+# disconnects, as it would refuse a client that connects during the reset.
 if [ -n "$DISPLAY" ]; then
     exec "$@"
 fi
