@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""check-includes.py: checks the dependencies of ARCHITECTURE.md. A file of src may include only from its own library and from
-those that it builds on, and the headers of toolkit, devices, command line and JSON only in their libraries."""
+"""check-includes.py: holds the arrows of ARCHITECTURE.md. A file of src includes only from its own library and from those
+below it, and the headers of toolkit, devices, command line and JSON only where they belong."""
 import pathlib
 import re
 import sys
@@ -47,10 +47,10 @@ def faults_of(path):
                 yield f"src/{path}:{line}: {own} must not include \"{header}\" of {other}"
         for pattern, allowed in SYSTEM_HEADERS.items():
             if quote == "<" and re.match(pattern, header) and own not in allowed:
-                yield f"src/{path}:{line}: <{header}> may only be included in {' or '.join(allowed)}, not in {own}"
+                yield f"src/{path}:{line}: <{header}> belongs into {' or '.join(allowed)}, not into {own}"
 
 
 paths = sorted(str(path.relative_to(ROOT)) for path in ROOT.rglob("*") if path.suffix in (".h", ".cpp"))
 faults = [fault for path in paths for fault in faults_of(path)]
-print("\n".join(faults + [f"{len(paths)} files, {len(faults)} includes that are not allowed"]))
+print("\n".join(faults + [f"{len(paths)} files, {len(faults)} includes that point the wrong way"]))
 sys.exit(1 if faults else 0)
