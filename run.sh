@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# ./run.sh [X-PLANE-FOLDER]: installs what is needed, builds, and opens the annotator on the folder (without one, on a
-# working copy of the sample). Without a display it detects all aircraft on the terminal instead.
+# ./run.sh [X-PLANE-FOLDER]: installs packages, builds, and opens the annotator on the folder (default: a working copy of
+# the sample). Without a display it runs 'vorelle-batch detect' on all aircraft instead.
 set -euo pipefail
 root=$(dirname "$(readlink -f "$0")")
 source "$root/scripts/packages.sh"
@@ -11,7 +11,7 @@ case "${1-}" in
 esac
 [ $# -le 1 ] || fail "usage: ./run.sh [X-PLANE-FOLDER]"
 if [ $# -eq 1 ]; then
-  [ -d "$1/Aircraft" ] || fail "'$1' is no X-Plane installation: there is no folder '$1/Aircraft'"
+  [ -d "$1/Aircraft" ] || fail "'$1' is not an X-Plane installation: there is no folder '$1/Aircraft'"
   folder=$(cd "$1" && pwd)
 else
   folder=$root/build/sample
@@ -28,7 +28,7 @@ detect_on_terminal() {
   local code=0
   say "No display (DISPLAY is not set): detecting all aircraft with vorelle-batch instead of opening the window"
   "$root/build/run/src/vorelle-batch" -C "$folder" detect || code=$?
-  # 3: aircraft that could not be loaded have been named, and the others' files are written.
+  # 3: the aircraft that could not be loaded have been named, and the files of the others are written.
   [ $code -eq 3 ] || return $code
 }
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# ./test.sh [--windows]: installs what is needed, builds, runs every test of this system; with --windows also those of the
-# Windows programs, under Wine. The last lines say what ran, what was skipped and why, and what was left out.
-# VORELLE_WERROR=ON makes the compiler's warnings errors.
+# ./test.sh [--windows]: installs packages, builds, and runs every test of this system; --windows also tests the Windows
+# programs, under Wine. The last lines say what ran, what was skipped and why, and what was left out.
+# VORELLE_WERROR=ON turns compiler warnings into errors.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 source scripts/packages.sh
@@ -13,7 +13,7 @@ case "${1-}" in
 esac
 [ $# -le 1 ] || fail "usage: ./test.sh [--windows]"
 
-# Test programs and single cases that were skipped, with the reason that they gave, from a log of ctest.
+# Skipped test programs and cases with their reasons, from a log of ctest.
 skipped_in() { # LOG
   awk '
     /: Skipped$/ { reason = ""; reading = 1; next }
@@ -42,7 +42,7 @@ cmake --build --preset dev || fail "the build failed"
 
 say "Running the tests"
 ctest --preset dev || fail "tests failed (named above)"
-[ $windows = no ] || scripts/windows.sh --tests-only || fail "the Windows tests failed or cannot run (see above)"
+[ $windows = no ] || scripts/windows.sh --tests-only || fail "the Windows tests failed or could not run (see above)"
 
 summary "Linux" build/dev
 if [ $windows = yes ]; then

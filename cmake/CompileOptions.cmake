@@ -1,4 +1,4 @@
-# What every target is compiled with. Detection compares 32-bit floats with limits, so no option may change how
+# Compile options of every target. Detection compares 32-bit floats with limits, so no option may change how
 # they are rounded: no fast-math, no contraction into fused operations, no extended precision.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -12,7 +12,7 @@ set(CMAKE_CXX_FLAGS_DEV "-O1 -g1" CACHE STRING "Quick to build, asserts on")
 add_library(vorelle_options INTERFACE)
 target_compile_options(vorelle_options INTERFACE
   "$<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off;-Wall;-Wextra;-Wpedantic;-Woverloaded-virtual>"
-  # GCC 12 sees overlapping copies in `"text" + std::string` where there are none.
+  # GCC 12 wrongly reports overlapping copies in `"text" + std::string`.
   "$<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wshadow=local;-Wno-restrict>"
   # Keeps the machine's folders out of released programs.
   $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)

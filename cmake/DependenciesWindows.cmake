@@ -1,5 +1,5 @@
-# The libraries of the Windows programs, built by scripts/windows-libraries.sh into VORELLE_WINDOWS_PREFIX. What is
-# headers only comes from the machine's own packages.
+# The libraries of the Windows programs, built by scripts/windows-libraries.sh into VORELLE_WINDOWS_PREFIX. Header-only
+# libraries come from the machine's packages.
 find_package(Threads REQUIRED)
 set(prefix ${VORELLE_WINDOWS_PREFIX})
 

@@ -1,4 +1,4 @@
-# What an installation holds. On Windows, programs and their data share a folder.
+# Contents of an installation. On Windows, programs and their data are in one folder.
 include(GNUInstallDirs)
 
 set(programs vorelle-batch vorelle-annotator)

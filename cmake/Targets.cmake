@@ -1,13 +1,13 @@
-# A library holds whole folders with all below them: a file put into one of its folders belongs to it, unless the end of its
-# name gives it to another system.
+# A library has whole folders with their subfolders: a file in one of its folders belongs to it, unless the suffix of its name
+# is that of another system.
 if(WIN32)
   set(other_system "(Linux|LinuxTest|GL)\\.cpp$")
 else()
   set(other_system "(Windows|WindowsTest|D3D11)\\.cpp$")
 endif()
 
-# Compiles once what most files of a library include and what seldom changes. Not for Windows: MinGW's GCC 12 warns of its
-# own library's code once that is precompiled.
+# Precompiles headers that most files of a library include and that seldom change. Not for Windows: MinGW's GCC 12 warns about
+# its own library's code if that is precompiled.
 function(vorelle_precompile target)
   if(VORELLE_PRECOMPILE AND NOT WIN32 AND ARGN)
     target_precompile_headers(${target} PRIVATE ${ARGN})
@@ -40,7 +40,7 @@ function(vorelle_library name)
   vorelle_precompile(${name} ${LIBRARY_PRECOMPILE})
 endfunction()
 
-# vorelle_program(NAME [WINDOW] MAIN file LINK target...): WINDOW leaves out the console that Windows gives a program.
+# vorelle_program(NAME [WINDOW] MAIN file LINK target...): WINDOW: a Windows program without a console.
 function(vorelle_program name)
   cmake_parse_arguments(PROGRAM "WINDOW" "MAIN" "LINK" ${ARGN})
   add_executable(${name} ${PROGRAM_MAIN})

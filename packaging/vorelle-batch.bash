@@ -1,8 +1,8 @@
 # shellcheck shell=bash
-# Completes the command line of vorelle-batch: commands and options as --completion lists them, aircraft as 'list' does,
-# parts as 'manips' does.
+# Completes the command line of vorelle-batch: commands and options from --completion, aircraft from 'list', parts from
+# 'manips'.
 
-# The words that stand in front of the one to complete, as they are typed: the command, its arguments, and -C.
+# Reads the words before the one to complete, as typed: the command, its arguments, and -C.
 _vorelle_batch_read() {
   local i word
   command='' arguments=() run=(vorelle-batch)
@@ -21,12 +21,12 @@ _vorelle_batch_read() {
   done
 }
 
-# A word without its quotes and back-slashes; nothing of it is run or expanded.
+# A word without its quotes and back-slashes; nothing in it is executed or expanded.
 _vorelle_batch_plain() {
   printf '%s' "$1" | sed -e "s/^[\"']//" -e "s/[\"']\$//" -e 's/\\\(.\)/\1/g' -e "s|^~/|$HOME/|"
 }
 
-# Options of the command as lines: the option, a tab, the kind of its value.
+# Options of the command, one per line: option, tab, kind of its value.
 _vorelle_batch_options() {
   "${run[0]}" --completion 2>/dev/null | sed -n "s/^$command\t\(-.*\)/\1/p"
 }
@@ -35,7 +35,7 @@ _vorelle_batch_takes() { # OPTION
   _vorelle_batch_options | sed -n "s/^$1\t\(..*\)/\1/p"
 }
 
-# Offers the lines of the standard input that begin with the word, as a shell has to be given them.
+# Offers the lines of standard input that begin with the word, quoted for the shell.
 _vorelle_batch_offer() {
   local line quote=''
   [[ $current != [\"\']* ]] || quote=${current:0:1}
@@ -46,7 +46,7 @@ _vorelle_batch_offer() {
   done
 }
 
-# By the name of its folder, or by its path where one is begun.
+# By the name of its folder, or by its path if the word begins one.
 _vorelle_batch_aircraft() {
   "${run[@]}" list 2>/dev/null | cut -f 1 |
     if [[ $plain == Aircraft/* ]]; then cat; else sed 's|/[^/]*$||; s|.*/||'; fi

@@ -7,7 +7,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[1] / "src"
 
-# Each library: the folders that it holds with all below them, and the libraries that it may include. The longest folder wins.
+# Each library: its folders with all subfolders, and the libraries that it may include. The longest matching folder wins.
 LIBRARIES = {
     "foundation": (["Utils", "Logging"], []),
     "threading": (["Threading"], ["foundation"]),

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# check.sh [--all]: what needs no build: formatting, shell scripts, the arrows between folders; then clang-tidy over the sources
-# that differ from the branch main (--all: every one). The clang tools are those of Debian 12, as other versions format and
-# warn otherwise; with another version both steps are left out, which the last line says.
+# check.sh [--all]: checks formatting, shell scripts and includes, then runs clang-tidy on the sources that differ from the
+# branch main (--all: on all sources). Nothing is built. The clang tools must be those of Debian 12, as other versions format and
+# warn differently; with another version both steps are left out, and the output says so.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 cd "$root"
@@ -32,7 +32,7 @@ shell_scripts() { git ls-files -- '*.sh' .ci/run packaging/vorelle-batch.bash pa
 check_format() { sources | xargs clang-format --dry-run -Werror; }
 check_shell() { shell_scripts | xargs shellcheck -x; }
 
-# Sources of this system that differ from main, also in the working tree.
+# Sources of this system that differ from main, including the working tree.
 changed_sources() {
   if [ $all = yes ]; then sources; else { git diff --name-only "$(git merge-base HEAD main)"; git ls-files -o --exclude-standard; } | sort -u; fi |
     grep -E '^(src|tests)/.*\.cpp$' | grep -vE '(Windows|WindowsTest|D3D11)\.cpp$|/(D3D11|Windows)/' || true

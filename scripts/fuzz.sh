@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # fuzz.sh [SECONDS [TARGET...]]: builds the fuzz targets with clang, libFuzzer and the address and undefined-behaviour sanitizers,
-# and runs each for so many seconds (60), two at a time. A find is left in build/fuzz/finds; put it into the target's corpus with
-# its fix. New inputs that reach new code are kept in build/fuzz/grown.
+# and runs each for SECONDS (default: 60), two at a time. A failing input is written to build/fuzz/finds; add it to the target's
+# corpus together with the fix. Inputs that reach new code are kept in build/fuzz/grown.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -25,9 +25,9 @@ fuzz_one() { # TARGET
   if "$build/fuzz/$1Fuzz" "$grown" "$root/fuzz/corpus/$1" -dict="$root/fuzz/$1.dict" -max_total_time="$seconds" \
     -timeout=20 -rss_limit_mb=4096 -max_len=65536 -artifact_prefix="$finds" -print_final_stats=1 \
     >"$build/logs/$1.log" 2>&1; then
-    printf '%-12s %s executions, no find\n' "$1" "$(sed -n 's/^stat::number_of_executed_units: *//p' "$build/logs/$1.log")"
+    printf '%-12s %s executions, no failure\n' "$1" "$(sed -n 's/^stat::number_of_executed_units: *//p' "$build/logs/$1.log")"
   else
-    printf '%-12s FIND: see build/fuzz/logs/%s.log\n' "$1" "$1"
+    printf '%-12s FAILED: see build/fuzz/logs/%s.log\n' "$1" "$1"
     return 1
   fi
 }
@@ -35,4 +35,4 @@ export -f fuzz_one
 export LSAN_OPTIONS=suppressions=$root/cmake/lsan.supp:print_suppressions=0
 export build root seconds
 say "Fuzzing ${#targets[@]} targets for $seconds seconds each"
-printf '%s\n' "${targets[@]}" | xargs -P 2 -I{} bash -c 'fuzz_one {}' || fail "there are finds"
+printf '%s\n' "${targets[@]}" | xargs -P 2 -I{} bash -c 'fuzz_one {}' || fail "inputs failed; they are in build/fuzz/finds"

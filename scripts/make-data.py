@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Makes the pictures and models that the program loads: data/QVRA/Images/checker.png and data/QVRA/Models/Sphere.obj.
+"""Makes the image and the model that the program loads: data/QVRA/Images/checker.png and data/QVRA/Models/Sphere.obj.
 
-    scripts/make-data.py [FOLDER]     by default the data folder beside this script's
+    scripts/make-data.py [FOLDER]     FOLDER: default is the repository's folder data
 """
 
 import math
@@ -15,7 +15,7 @@ CHECKER_FIELD = 8  # pixels
 CHECKER_GREYS = (0xC8, 0xA0)
 
 RINGS = 20  # from pole to pole
-RADIUS = 0.15  # the preview draws it at a tenth: a marker of the size of a knob, which leaves its part to be seen
+RADIUS = 0.15  # the preview scales it to a tenth: a marker the size of a knob, which does not hide its part
 SECTORS = 32  # around the equator: 2 * SECTORS * (RINGS - 1) = 1216 triangles
 
 
@@ -24,7 +24,7 @@ def png_chunk(kind: bytes, data: bytes) -> bytes:
 
 
 def checker_png() -> bytes:
-    """A board of two greys, so that the tints of the preview show on it."""
+    """A checkerboard of two greys, so that the tints of the preview are visible on it."""
     rows = bytearray()
     for y in range(CHECKER_SIZE):
         rows.append(0)  # no filter
@@ -41,7 +41,7 @@ def number(value: float) -> str:
 
 
 def sphere_points():
-    """(direction from the centre, texture coordinates), ring by ring; each ring ends where it began."""
+    """(direction from the centre, texture coordinates), ring by ring; each ring ends at its first point."""
     for ring in range(RINGS + 1):
         polar = math.pi * ring / RINGS
         for sector in range(SECTORS + 1):
@@ -51,7 +51,7 @@ def sphere_points():
 
 
 def sphere_faces():
-    """Triangles of point numbers from 1 on, wound so that (b - a) x (c - a) points outwards."""
+    """Triangles of point numbers from 1, wound so that (b - a) x (c - a) points outwards."""
     for ring in range(RINGS):
         for sector in range(SECTORS):
             upper = ring * (SECTORS + 1) + sector + 1

@@ -2,7 +2,7 @@
 """Makes the sample installation's aircraft.
 
     make-sample.py            writes sample/Aircraft
-    make-sample.py --check    tells whether the files that stand there are the ones that it makes
+    make-sample.py --check    fails if the files there differ from those that it makes
 """
 import sys
 from pathlib import Path

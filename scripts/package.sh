@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# package.sh: installs what is needed, builds the programs, and packs build/package/vorelle-annotator_<version>_<architecture>.deb.
+# package.sh: installs packages, builds the programs, and creates build/package/vorelle-annotator_<version>_<architecture>.deb.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -8,7 +8,7 @@ source "$root/scripts/packages.sh"
 build=$root/build/package
 stage=$build/stage
 maintainer="${DEBFULLNAME:-The Vorelle Aircraft Annotator developers} <${DEBEMAIL:-maintainers@vorelle.invalid}>"
-# Files and changelog carry the time of the last commit, so that the same commit gives the same package.
+# Files and changelog have the time of the last commit, so that the same commit results in the same package.
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git -C "$root" log -1 --format=%ct 2>/dev/null || date +%s)}
 export SOURCE_DATE_EPOCH
 
@@ -21,7 +21,7 @@ build_and_stage() {
     fail "configuring failed"
   cmake --build "$build" --target vorelle-annotator vorelle-batch || fail "the build failed"
   rm -rf "$stage"
-  # The mode of a folder or file must not depend on the person's own habits.
+  # File modes must not depend on the user's umask.
   (umask 022 && DESTDIR="$stage" quietly cmake --install "$build" --prefix /usr --strip) || fail "staging failed"
 }
 
@@ -37,7 +37,7 @@ TEXT
   gzip -9n "$documents/changelog" "$stage"/usr/share/man/man1/*.1
 }
 
-# The packages of the libraries that the programs are linked with; what they open at run time is told by hand.
+# The packages of the libraries that the programs are linked with; those that they open at run time are listed by hand.
 library_dependencies() {
   mkdir -p "$build/debian"
   printf 'Source: vorelle-annotator\n\nPackage: vorelle-annotator\nArchitecture: any\n' >"$build/debian/control"
@@ -47,7 +47,7 @@ library_dependencies() {
 write_control() {
   local dependencies
   dependencies=$(library_dependencies)
-  [ -n "$dependencies" ] || fail "the libraries' packages cannot be told"
+  [ -n "$dependencies" ] || fail "the packages of the libraries cannot be determined"
   mkdir -p "$stage/DEBIAN"
   (cd "$stage" && find usr -type f -print0 | LC_ALL=C sort -z | xargs -0 md5sum >DEBIAN/md5sums)
   cat >"$stage/DEBIAN/control" <<TEXT
@@ -62,10 +62,11 @@ Suggests: bash-completion, parallel, zenity
 Section: graphics
 Priority: optional
 Description: work out how a hand touches the cockpits of X-Plane aircraft
- In virtual reality a hand works the cockpit, not a mouse. The annotator works
- out for every part of an aircraft's cockpit whether a hand taps, twists or
- moves it, shows that in a 3D preview, lets a person overrule it or record what
- should have been found, and tests the detection against those records.
+ In virtual reality the user operates the cockpit with a hand, not a mouse. The
+ annotator works out for every part of an aircraft's cockpit whether a hand
+ taps, twists or moves it, and shows that in a 3D preview. The user can override
+ it or record what should have been detected, and the annotator tests the
+ detection against those records.
  .
  vorelle-batch does the same without a window, for servers and for the
  continuous integration of an aircraft's author.
@@ -81,4 +82,4 @@ finish_documents
 write_control
 find "$stage" -newermt "@$SOURCE_DATE_EPOCH" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
 quietly dpkg-deb --root-owner-group --build "$stage" "$package" || fail "packing failed"
-say "Packed $package"
+say "Created $package"

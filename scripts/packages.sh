@@ -1,13 +1,13 @@
 # shellcheck shell=bash disable=SC2034
-# Sourced by the other scripts: the Debian packages that they need, and their installation by name.
+# Sourced by the other scripts: the Debian packages that they need, and functions that install them.
 
 tool_packages=(g++ cmake ninja-build pkg-config)
 library_packages=(libwxgtk3.2-dev libboost-dev libboost-filesystem-dev libtinyxml2-dev libpolyclipping-dev
   libcairo2-dev libeigen3-dev libepoxy-dev libegl-dev libgl-dev libcli11-dev nlohmann-json3-dev)
-# Mesa's drivers, the software renderer among them; the loader of the toolkit's pictures, such as its check marks.
+# Mesa's drivers, including the software renderer; the loader of the toolkit's images, such as its check marks.
 device_packages=(libgl1-mesa-dri librsvg2-common)
 test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel mandoc jq)
-# What builds the Windows programs and runs their tests.
+# To build the Windows programs and run their tests.
 windows_packages=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev xz-utils cmake ninja-build python3
   libboost-dev libeigen3-dev libcli11-dev nlohmann-json3-dev googletest xvfb xauth libgl1-mesa-dri)
 
@@ -20,7 +20,7 @@ fail() {
   exit 1
 }
 
-# Runs a command whose output is of interest only when it fails.
+# Runs a command and prints its output only if it fails.
 quietly() {
   local output
   output=$("$@" 2>&1) || { printf '%s\n' "$output" >&2; return 1; }
@@ -36,7 +36,7 @@ as_root() {
   fi
 }
 
-# Sets missing_packages to those of the arguments that are not installed.
+# Sets missing_packages to the arguments that are not installed.
 find_missing_packages() {
   local installed name
   installed=" $(dpkg-query -W -f '${db:Status-Status}=${Package} ' "$@" 2>/dev/null || true)"
@@ -52,7 +52,7 @@ apt_get() {
 
 install_packages() {
   if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
-    fail "packages are installed with apt-get, which is not here; install the equivalents of: $*"
+    fail "apt-get is not available; install the equivalents of: $*"
   fi
   find_missing_packages "$@"
   if [ ${#missing_packages[@]} -eq 0 ]; then

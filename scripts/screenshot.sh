@@ -1,18 +1,18 @@
 #!/usr/bin/env bash
-# screenshot.sh [ANNOTATOR [PICTURE]]: opens the sample's trainer on a display of its own, looks down at the panel, selects the
-# pilot's yoke in the cockpit, and saves a picture of the whole window (docs/annotator.png).
+# screenshot.sh [ANNOTATOR [IMAGE]]: opens the sample's trainer on an X server of its own, looks down at the panel, selects the
+# pilot's yoke in the cockpit, and saves a screenshot of the whole window (default: docs/annotator.png).
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
 
 annotator=$(readlink -f "${1:-$root/build/run/src/vorelle-annotator}")
-picture=$(readlink -f "${2:-$root/docs/annotator.png}")
+image=$(readlink -f "${2:-$root/docs/annotator.png}")
 trainer="Aircraft/General Aviation/Vorelle Trainer"
 
 install_packages "${device_packages[@]}" xvfb xauth xdotool imagemagick fonts-dejavu-core
-[ -x "$annotator" ] || fail "'$annotator' is not there; ./run.sh builds it"
+[ -x "$annotator" ] || fail "there is no '$annotator'; ./run.sh builds it"
 
-# Alone, the trainer is the first line of the selector in whatever order the folders are listed.
+# With the trainer alone, it is the first entry of the selector, whatever the order of the folders.
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 mkdir -p "$folder/installation/$(dirname "$trainer")"
@@ -25,10 +25,10 @@ wait_for_log() { # TEXT
     grep -qs "$1" "$XDG_DATA_HOME/Vorelle/log.txt" && return
     sleep 0.1
   done
-  fail "the annotator did not come as far as: $1"
+  fail "timeout: the annotator's log has no line with: $1"
 }
 
-take_picture() {
+take_screenshot() {
   local step
   cd "$folder/installation"
   "$annotator" &
@@ -41,11 +41,11 @@ take_picture() {
   xdotool mousemove 500 200 mousedown 1
   for step in {1..10}; do xdotool mousemove $((500 - step)) $((200 + 10 * step)) sleep 0.1; done
   xdotool mouseup 1 sleep 1 mousemove 500 578 sleep 1 click 1 mousemove 1200 600 sleep 3
-  import -window root "$picture"
+  import -window root "$image"
 }
 
-export annotator folder picture XDG_DATA_HOME="$folder/data"
-mkdir -p "$(dirname "$picture")"
+export annotator folder image XDG_DATA_HOME="$folder/data"
+mkdir -p "$(dirname "$image")"
 env -u DISPLAY xvfb-run --auto-servernum --server-args="-screen 0 1400x800x24 +extension GLX" \
-  bash -ec "$(declare -f take_picture wait_for_log fail); take_picture"
-say "Saved $picture"
+  bash -ec "$(declare -f take_screenshot wait_for_log fail); take_screenshot"
+say "Saved $image"

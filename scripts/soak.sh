@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# soak.sh [SECONDS [SEED [PROGRAM [INSTALLATION...]]]]: has the desktop tool driven at random for so long (1200) on a display of
-# its own, on a copy of the sample and of further installations. Fails when memory, textures, handles or threads grow, when
-# the window complains, or when a saved annotation is not found again. Without a PROGRAM it builds annotator_soak in build/release.
+# soak.sh [SECONDS [SEED [PROGRAM [INSTALLATION...]]]]: drives the desktop tool at random for SECONDS (default: 1200) on an X
+# server of its own, with a copy of the sample and of further installations. Fails if memory, textures, handles or threads grow,
+# if the window shows an error, or if a saved annotation is not found again. Without a PROGRAM it builds annotator_soak in build/release.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -23,7 +23,7 @@ for installation in "$root/sample" "${@:4}"; do cp -r "$installation/." "$folder
 cp -r "$root/data/QVRA/." "$folder/installation/QVRA"
 say "Driving the annotator for $seconds seconds with seed $seed"
 cd "$folder/installation"
-# With threads of its own the software renderer keeps the textures of frames that are long gone.
+# With threads of its own, the software renderer keeps the textures of old frames.
 env -u DISPLAY LP_NUM_THREADS=0 XDG_DATA_HOME="$folder/data" \
   "$root/tests/Annotator/Window/run_on_display.sh" "$program" "$seconds" "$seed" ||
-  fail "the annotator did not stand it (seed $seed)"
+  fail "the annotator failed (seed $seed)"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # windows-libraries.sh CACHE: builds the static libraries of the Windows programs from Debian's source packages, once, into
-# CACHE/prefix. A library that is there already is left alone. Ends with 3 if the sources cannot be fetched.
+# CACHE/prefix. Libraries that are already built are skipped. Ends with 3 if the sources cannot be fetched.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
 source "$root/scripts/packages.sh"
@@ -14,10 +14,10 @@ jobs=$(nproc)
 map=-ffile-prefix-map=$cache/= # keeps the machine's folders out of the programs
 export CC=$host-gcc-posix CXX=$host-g++-posix
 mkdir -p "$prefix"/{include,lib} "$cache"/{sources,build,logs} "$cache"/apt/{lists,archives}/partial
-# What is headers only comes from the machine's own packages, whose whole folder would bring the machine's system headers.
+# Header-only libraries come from the machine's packages; all of /usr/include would include the machine's system headers.
 ln -sfn -t "$prefix/include" /usr/include/{boost,CLI,nlohmann}
 
-# The machine's own package sources, for source packages, in a list of their own.
+# A separate list with the machine's package sources, for source packages.
 write_source_list() {
   # shellcheck disable=SC2016  # apt-get expands them
   apt-get indextargets --format '$(REPO_URI)|$(RELEASE)|$(COMPONENT)|$(TRUSTED)' 'Created-By: Packages' | sort -u |
@@ -30,13 +30,13 @@ write_source_list() {
 apt_options=(-qq -o Dir::Etc::sourcelist="$cache/apt/sources.list" -o Dir::Etc::sourceparts=-
   -o Dir::State::lists="$cache/apt/lists" -o APT::Sandbox::User=root)
 
-fetch() { # [PACKAGE...]: the tarballs as their authors released them
+fetch() { # [PACKAGE...]: the upstream tarballs
   [ $# -gt 0 ] || return 0
   write_source_list && apt-get "${apt_options[@]}" update && cd "$cache/sources" &&
     apt-get "${apt_options[@]}" source --tar-only "$@"
 }
 
-unpack() { # NAME PATTERN [TAR-OPTION...]: leaves the sources in build/NAME
+unpack() { # NAME PATTERN [TAR-OPTION...]: unpacks the sources into build/NAME
   local folder=$cache/build/$1 tarball
   tarball=$(find "$cache/sources" -name "$2" | sort -V | tail -n 1)
   [ -n "$tarball" ] || fail "the sources of $1 ($2) are not in $cache/sources"
@@ -56,7 +56,7 @@ with_cmake() { # NAME SUBDIR OPTION...
   cmake --install "$source/out"
 }
 
-with_configure() { # NAME SUBDIR OPTION...: makes and installs what lies in SUBDIR
+with_configure() { # NAME SUBDIR OPTION...: builds and installs SUBDIR
   local source=$cache/build/$1 part=$2
   shift 2
   (cd "$source" && ./configure --host=$host --prefix="$prefix" --disable-shared --enable-static \
@@ -64,7 +64,7 @@ with_configure() { # NAME SUBDIR OPTION...: makes and installs what lies in SUBD
     make -C "$part" -j "$jobs" && make -C "$part" install)
 }
 
-build_boost() { # of Boost, only Filesystem is more than headers
+build_boost() { # only Filesystem is not header-only
   unpack boost "${packages[boost]}_*.orig.tar.xz" --wildcards '*/libs/filesystem/src'
   local source
   for source in "$cache"/build/boost/libs/filesystem/src/*.cpp; do
@@ -87,7 +87,7 @@ build_polyclipping() {
   cp "$cache/build/polyclipping/cpp/clipper.hpp" "$prefix/include/polyclipping/"
 }
 
-build_libpng() { # the packaged zlib is linked by the name of its archive, or its DLL would be needed
+build_libpng() { # links the static zlib by its file name, otherwise its DLL would be needed
   cp /usr/$host/lib/libz.a "$prefix/lib/"
   cp /usr/$host/include/z{lib,conf}.h "$prefix/include/"
   mkdir -p "$prefix/lib/pkgconfig"
@@ -110,7 +110,7 @@ build_cairo() {
     --enable-png
 }
 
-build_wxwidgets() { # with the PNG library and the zlib of above
+build_wxwidgets() { # with the libpng and zlib built above
   unpack wxwidgets "${packages[wxwidgets]}_*.orig.tar.*"
   local option options=(-DwxBUILD_SHARED=OFF -DwxBUILD_SAMPLES=OFF -DwxBUILD_TESTS=OFF -DwxUSE_LIBPNG=sys -DwxUSE_ZLIB=sys)
   for option in LIBJPEG LIBTIFF LIBLZMA EXPAT XML XRC STC WEBVIEW MEDIACTRL RIBBON PROPGRID AUI HTML WXHTML_HELP RICHTEXT \
@@ -124,7 +124,7 @@ build_googletest() {
   with_cmake_of_package /usr/src/googletest googletest
 }
 
-with_cmake_of_package() { # SOURCE NAME: sources that Debian installs
+with_cmake_of_package() { # SOURCE NAME: sources installed by Debian
   mkdir -p "$cache/build/$2"
   cmake -S "$1" -B "$cache/build/$2" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
     -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_BUILD_TYPE=Release
@@ -132,13 +132,13 @@ with_cmake_of_package() { # SOURCE NAME: sources that Debian installs
   cmake --install "$cache/build/$2"
 }
 
-# In the order of what they need of each other, each with the package of its headers on this system.
+# In the order of their dependencies, each with the package of its headers on this system.
 libraries=(boost tinyxml2 polyclipping libpng pixman cairo googletest wxwidgets)
 declare -A headers=([boost]=$(apt-cache depends libboost-filesystem-dev | sed -n 's/^ *Depends: //p' | head -n 1)
   [tinyxml2]=libtinyxml2-dev [polyclipping]=libpolyclipping-dev [libpng]=libpng-dev [pixman]=libpixman-1-dev
   [cairo]=libcairo2-dev [wxwidgets]=libwxgtk3.2-dev)
 
-# The source package that a package is built from, by the name and version that this system gives it.
+# The source package of a package, by the name and version that this system has.
 source_of() { # PACKAGE
   local source
   source=$(apt-cache show --no-all-versions "$1" | sed -n 's/^Source: \([^ ]*\).*/\1/p')
@@ -163,7 +163,7 @@ say "Windows libraries: fetching the sources of ${missing[*]}"
 (fetch "${sources[@]}") || { echo "${0##*/}: the sources could not be fetched" >&2; exit 3; }
 for library in "${missing[@]}"; do
   say "Windows libraries: building $library"
-  # In the background, as a command whose failure is asked for would go on after a step that failed.
+  # In the background: in a command whose exit code is tested, 'set -e' does not stop at a step that fails.
   "build_$library" >"$cache/logs/$library.log" 2>&1 &
   wait $! || { tail -n 30 "$cache/logs/$library.log" >&2; fail "$library failed"; }
   touch "$prefix/$library.done"

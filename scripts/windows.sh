@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # windows.sh [--tests-only]: installs the cross tools, builds the libraries once, builds the Windows programs and their
-# tests, runs the tests under Wine, and packs build/windows/Vorelle (and its .zip) to unpack into an X-Plane
-# installation. With --tests-only neither the toolkit nor the desktop tool is built, and nothing is packed.
-# The libraries are built once for all checkouts, into the folder that WINDOWS_CACHE names or into the user's cache folder.
+# tests, runs the tests under Wine, and creates build/windows/Vorelle (and its .zip) to unpack into an X-Plane
+# installation. With --tests-only it builds neither toolkit nor desktop tool and creates no package.
+# The libraries are built once for all checkouts, into the folder WINDOWS_CACHE (default: the user's cache folder).
 # Ends with 3 if the tools or the sources of the libraries cannot be installed or fetched.
 set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "$0")")")
@@ -24,7 +24,7 @@ targets=(foundation_tests rendering_tests rendering_d3d11_tests batch_windows_te
 
 run_tests() {
   local code=0
-  # One at a time: the first start makes Wine's prefix.
+  # One at a time: the first start creates Wine's prefix.
   env -u DISPLAY xvfb-run -a -s "-screen 0 1600x1000x24" ctest --test-dir "$build" --output-on-failure -j1 || code=$?
   WINEPREFIX=$root/build/wine /usr/lib/wine/wineserver64 -k || true
   return $code
@@ -38,7 +38,7 @@ pack() {
   x86_64-w64-mingw32-strip -o "$folder/vorelle-batch.exe" "$build/src/vorelle-batch.exe"
   cp -r "$root/data/QVRA" "$folder/"
   (cd "$folder" && cmake -E tar cf ../Vorelle.zip --format=zip .)
-  say "Packed $folder and $folder.zip: unpack it into an X-Plane installation"
+  say "Created $folder and $folder.zip: unpack it into an X-Plane installation"
 }
 
 (install_packages "${windows_packages[@]}") || exit 3

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 #SBATCH --job-name=vorelle-tests --cpus-per-task=1 --mem=2G --time=00:15:00
-# slurm-array.sh X-PLANE-FOLDER OUT-FOLDER: tests every aircraft of an installation as tasks of Slurm arrays, an aircraft each, and
-# merges them when all have ended. All nodes have to see both folders and have vorelle-batch, whose place $VORELLE_BATCH tells
-# where it is not on the PATH. OUT-FOLDER then holds the report of a single run: tests.json, tests.xml (JUnit), tests.csv,
-# tests.html. Called again with the same OUT-FOLDER, it submits only the aircraft whose part is missing.
+# slurm-array.sh X-PLANE-FOLDER OUT-FOLDER: tests every aircraft of an installation as a task of a Slurm array, and merges
+# the parts after all tasks have ended. Every node must have both folders and vorelle-batch; set $VORELLE_BATCH to its path if it
+# is not on the PATH. Afterwards OUT-FOLDER has the report of a single run: tests.json, tests.xml (JUnit), tests.csv, tests.html.
+# Called again with the same OUT-FOLDER, it submits only the aircraft whose part is missing.
 set -euo pipefail
 export LC_ALL=C.UTF-8
 if [ $# -ne 2 ] || [ ! -d "$1/Aircraft" ]; then
@@ -14,7 +14,7 @@ batch=${VORELLE_BATCH:-vorelle-batch}
 installation=$(cd "$1" && pwd)
 mkdir -p "$2/parts"
 out=$(cd "$2" && pwd)
-longest=${VORELLE_ARRAY:-1000} # Slurm takes arrays of up to 1000 tasks unless it is told otherwise
+longest=${VORELLE_ARRAY:-1000} # Slurm's default limit is 1000 tasks per array
 
 submit() {
   local number aircraft arrays=() id
@@ -39,14 +39,14 @@ test_one() {
   local number aircraft code=0
   IFS=$'\t' read -r number aircraft < <(sed -n "${SLURM_ARRAY_TASK_ID}p" "$VORELLE_LIST")
   "$batch" -C "$installation" test --jobs 1 --json "$out/parts/$number.json" "$aircraft" || code=$?
-  # 1 and 3 tell of failed tests and of aircraft that cannot be loaded, which a part holds.
+  # 1 and 3 mean failed tests and aircraft that cannot be loaded, which the part records.
   [ -s "$out/parts/$number.json" ] || exit "$code"
 }
 
 merge() {
   local number aircraft
   while IFS=$'\t' read -r number aircraft; do
-    [ -s "$out/parts/$number.json" ] || { echo "no part of $aircraft; the same call tests it again" >&2; exit 3; }
+    [ -s "$out/parts/$number.json" ] || { echo "no part of $aircraft; run the same command again to test it" >&2; exit 3; }
   done <"$out/aircraft.txt"
   "$batch" merge --json "$out/tests.json" --junit "$out/tests.xml" --csv "$out/tests.csv" --html "$out/tests.html" "$out/parts"
 }

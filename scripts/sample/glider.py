@@ -1,9 +1,9 @@
-"""The sailplane: a small cockpit whose files are written as awkwardly as the formats allow."""
+"""The sailplane: a small cockpit whose files are as unusual as the formats allow."""
 from . import dials
 from .mesh import CockpitObject, Mesh, Tile, drag, number, place, slide, toggle, turn
 from .picture import Picture
 
-# The folder's point makes "Lark 15" of the name of its output, and the extension is in capitals.
+# Because of the dot in the folder's name its output is named "Lark 15"; the extension is in upper case.
 FOLDER = "Aircraft/Sailplanes/Lark 15.2"
 EYE = (0, 0.60, 0.12)
 OUT, PANEL_Z = (0, 0, 1), -0.58
@@ -14,7 +14,7 @@ WALL, CUSHION, FRAME, BLACK = (Tile.of_grid(column, 0, 4, 2) for column in range
 METAL, BLUE, YELLOW, GREEN = (Tile.of_grid(column, 1, 4, 2) for column in range(4))
 
 
-# -- pictures ----------------------------------------------------------------------------------------------------------
+# -- textures ----------------------------------------------------------------------------------------------------------
 
 
 def skin_picture():
@@ -38,7 +38,7 @@ def skin_picture():
 
 
 def panel_picture():
-    """440 by 360 millimetres of panel, drawn at 240 by 180 to the eye."""
+    """440 by 360 millimetres of panel, which look like 240 by 180."""
     picture = Picture(440, 360, 1.2, (48, 50, 54))
     dials.airspeed(picture, 110, 95, 70)
     dials.altimeter(picture, 330, 95, 70)
@@ -131,7 +131,7 @@ def nose():
 
 
 def draw_stick(cockpit):
-    """A block of three steps, with the button's block inside it, and a boot that only nods with the pitch."""
+    """A block of three steps, with the button's block inside it, and a boot that only follows the pitch."""
     pitch = turn((1, 0, 0), 0, -12, 0, 1, PITCH)
     with cockpit.block(place(0, -0.28, -0.22), pitch):
         cockpit.draw("Boot", Mesh().lathe(((0.07, 0), (0.05, 0.05), (0.02, 0.10)), BLACK, 14, "y"))
@@ -150,7 +150,7 @@ def handle(tile):
 
 
 def draw_left_wall(cockpit):
-    """The air brakes' manipulator is never cleared: the rail behind it, on the root, has it too."""
+    """The air brakes' manipulator is never cleared: it also applies to the rail after it, on the root."""
     with cockpit.block(slide((-0.265, 0.12, -0.30), (-0.275, 0.12, -0.10), 0, 1, BRAKES)):
         cockpit.command(drag((0, 0, 0.2), 0, 1, BRAKES, "Air brakes"))
         cockpit.draw("Air brake lever", handle(BLUE))
@@ -166,7 +166,7 @@ def knob(radius, half_depth, tile):
 
 
 def draw_panel_controls(cockpit):
-    """The vent's turn has no dataref, and the canopy jettison's ends where it starts, at no angle."""
+    """The vent's rotation has no dataref, and the canopy jettison's is from 0 to 0 degrees."""
     pressure = "sim/cockpit2/gauges/actuators/barometer_setting_in_hg_pilot"
     with cockpit.block(place(0.035, 0.292, PANEL_Z + 0.008), turn(OUT, 0, 270, 28, 31, pressure)):
         with cockpit.manipulator(drag((0.05, 0, 0), 28, 31, pressure, "Altimeter setting")):
@@ -195,7 +195,7 @@ def draw_gear_lever(cockpit):
 
 
 def draw_side_wheels(cockpit):
-    """Only a turn of 0.1 radian, 5.7 degrees, or more counts in the sweep, so one size sweeps differently in the two."""
+    """Only a rotation of 0.1 radian, 5.7 degrees, or more counts in the sweep, so the sweep of the two equal wheels differs."""
     for name, x, degrees in (("Seat wheel", -0.23, 5), ("Backrest wheel", 0.23, 7)):
         dataref = f"sim/custom/{name.split()[0].lower()}"
         with cockpit.block(place(x, 0, 0.2), turn((1, 0, 0), 0, degrees, 0, 1, dataref)):
@@ -207,7 +207,7 @@ def draw_side_wheels(cockpit):
 def cockpit_object():
     cockpit = CockpitObject(None)
     cockpit.command("TEXTURE")
-    cockpit.command("TEXTURE textures/LARK.PNG and no more than the word ahead of this")
+    cockpit.command("TEXTURE textures/LARK.PNG and further words, which do not count")
     for name, mesh in (
         ("Tub", tub()),
         ("Canopy frame", canopy_frame()),
@@ -225,19 +225,19 @@ def cockpit_object():
     return cockpit
 
 
-# -- the awkward text --------------------------------------------------------------------------------------------------
+# -- the unusual text --------------------------------------------------------------------------------------------------
 
 
-def awkward(lines):
-    """The same lines with blanks and tabs in odd places, numbers in odd forms, CR LF, and no end on the last line."""
+def with_unusual_text(lines):
+    """The same lines with blanks and tabs in unusual places, unusual forms of numbers, CR LF, and no line end at the end."""
     result = []
     for index, line in enumerate(lines):
         words = line.split()
         if words and words[0] == "VT":
             words = ["VT"] + [FORMS[(index + place_of) % len(FORMS)](word) for place_of, word in enumerate(words[1:])]
             words += ["and", "a", "comment"] if index % 9 == 0 else []
-        between, ahead, behind = ((" ", "", ""), ("\t", "  ", " "), (" \t ", "\t", "\t"))[index % 3]
-        result.append(ahead + between.join(words) + behind)
+        between, before, after = ((" ", "", ""), ("\t", "  ", " "), (" \t ", "\t", "\t"))[index % 3]
+        result.append(before + between.join(words) + after)
     return "\r\n".join(result).rstrip().encode("utf-8")
 
 
@@ -246,7 +246,7 @@ def without_leading_zero(word):
 
 
 def with_exponent(word):
-    """The same decimal digits, so the same number."""
+    """The same decimal digits, and so the same number."""
     sign, digits = ("-", word[1:]) if word.startswith("-") else ("", word)
     whole, _, fraction = digits.partition(".")
     return f"{sign}{whole}{fraction}e-{len(fraction)}"
@@ -285,7 +285,7 @@ def aircraft_file():
 
 def files():
     """(path below the sample's folder, content) of the aircraft."""
-    yield f"{FOLDER}/LARK.ACF", awkward(aircraft_file())
-    yield f"{FOLDER}/LARK_cockpit.obj", awkward(cockpit_object().lines())
+    yield f"{FOLDER}/LARK.ACF", with_unusual_text(aircraft_file())
+    yield f"{FOLDER}/LARK_cockpit.obj", with_unusual_text(cockpit_object().lines())
     yield f"{FOLDER}/Textures/lark.png", skin_picture().png()
     yield f"{FOLDER}/cockpit_3d/-PANELS-/panel.png", panel_picture().png()

@@ -29,7 +29,7 @@ def unit(v):
 
 
 class Tile:
-    """A rectangle of a texture: (0, 0) is its bottom left and (1, 1) its top right, as the texture's own are."""
+    """A rectangle of a texture: (0, 0) is its bottom left and (1, 1) its top right, as in the texture itself."""
 
     def __init__(self, left, bottom, right, top):
         self.left, self.bottom, self.right, self.top = left, bottom, right, top
@@ -39,7 +39,7 @@ class Tile:
 
     @staticmethod
     def of_grid(column, row, columns=4, rows=4, inset=0.04):
-        """A cell of a texture that is cut into a grid, counted from its top left, less a rim against bleeding."""
+        """A cell of a texture that is divided into a grid, counted from the top left, without a rim against bleeding."""
         left, top = column / columns, 1 - row / rows
         dx, dy = inset / columns, inset / rows
         return Tile(left + dx, top - 1 / rows + dy, left + 1 / columns - dx, top - dy)
@@ -61,7 +61,7 @@ class Mesh:
         self.triangles.append((a, c, b) if outward > 0 else (a, b, c))
 
     def quad(self, corners, facing, tile):
-        """A flat face; corners from its bottom left, counter-clockwise as a viewer sees it whom it faces."""
+        """A flat face; corners from its bottom left, counter-clockwise as seen from the front."""
         a, b, c, d = (
             self.vertex(corner, facing, tile.at(s, t))
             for corner, (s, t) in zip(corners, ((0, 0), (1, 0), (1, 1), (0, 1)))
@@ -86,7 +86,7 @@ class Mesh:
         return self
 
     def lathe(self, profile, tile, segments=20, axis="z", centre=(0, 0, 0), cap=None):
-        """Turns (radius, along) pairs about an axis, from its back to its front; cap is the tile of the front's face."""
+        """Rotates (radius, along) pairs about an axis, from back to front; cap is the tile of the front face."""
         place = _placer(axis, centre)
         for (r1, h1), (r2, h2) in zip(profile, profile[1:]):
             slope = (h2 - h1, r1 - r2)
@@ -145,7 +145,7 @@ class Mesh:
 
 
 class _placer:
-    """Puts a lathe's (across, up, along) onto the axes of the object."""
+    """Maps a lathe's (across, up, along) to the axes of the object."""
 
     ORDER = {"z": lambda a, b, c: (a, b, c), "y": lambda a, b, c: (a, c, -b), "x": lambda a, b, c: (c, b, -a)}
 
@@ -226,7 +226,7 @@ class CockpitObject:
 
 
 def place(x, y, z):
-    """A step that only puts its block somewhere."""
+    """A step that only sets the position of its block."""
     return f"ANIM_trans {numbers((x, y, z))} {numbers((x, y, z))} 0 0 none"
 
 

@@ -3,7 +3,7 @@ import math
 import struct
 import zlib
 
-# Five bits a row, seven rows from the top.
+# Five bits per row, seven rows from the top.
 FONT = {
     "A": "0E11111F111111",
     "B": "1E11111E11111E",
@@ -49,7 +49,7 @@ FONT = {
 
 
 class Picture:
-    """Coordinates are in units of the caller's choice, y downwards; pixels_per_unit says how fine the picture is."""
+    """Coordinates are in units of the caller's choice, y downwards; pixels_per_unit is the resolution."""
 
     def __init__(self, width, height, pixels_per_unit, colour):
         self.scale = pixels_per_unit
@@ -57,7 +57,7 @@ class Picture:
         self.rows = [bytearray(bytes(colour) * self.width) for _ in range(self.height)]
 
     def fill(self, box, colour, distance):
-        """Fills where distance(x, y), in units and negative inside, tells; box bounds the shape."""
+        """Fills the shape whose distance(x, y), in units, is negative inside; box is its bounding box."""
         scale, (red, green, blue) = self.scale, colour
         left, right = max(0, int((box[0]) * scale) - 1), min(self.width, int(box[2] * scale) + 2)
         for row in range(max(0, int(box[1] * scale) - 1), min(self.height, int(box[3] * scale) + 2)):
@@ -102,7 +102,7 @@ class Picture:
         self.fill(box, colour, distance)
 
     def ray(self, x, y, degrees, inner, outer, thickness, colour):
-        """A line outwards from (x, y); 0 degrees is up, and they grow clockwise."""
+        """A line outwards from (x, y); 0 degrees is up, angles increase clockwise."""
         sine, cosine = math.sin(math.radians(degrees)), math.cos(math.radians(degrees))
         self.line(x + inner * sine, y - inner * cosine, x + outer * sine, y - outer * cosine, thickness, colour)
 
@@ -121,7 +121,7 @@ class Picture:
             )
 
     def text(self, x, y, text, height, colour):
-        """Text in capitals, centred on (x, y)."""
+        """Text in upper case, centred on (x, y)."""
         dot = height / 7
         left, top = x - (6 * len(text) - 1) * dot / 2, y - height / 2
         for place, letter in enumerate(text):
@@ -132,7 +132,7 @@ class Picture:
                         self.rectangle(left + (6 * place + column) * dot, top + row * dot, dot, dot, colour)
 
     def grain(self, x, y, width, height, strength, seed):
-        """Darkens and lightens pixels of a rectangle at random, the same ones each time."""
+        """Darkens and lightens pixels of a rectangle at random, the same pixels in each run."""
         state = seed
         for row in range(round(y * self.scale), round((y + height) * self.scale)):
             line = self.rows[row]
@@ -160,7 +160,7 @@ def png_of(width, height, scanlines):
 
 
 def same_picture(left, right):
-    """Compares what two files of png_of show: zlib's versions pack the same scan lines differently."""
+    """Compares the pixels of two files of png_of: zlib's versions compress the same scan lines differently."""
     return _content(left) == _content(right)
 
 

@@ -1,4 +1,4 @@
-"""The trainer: a side-by-side two-seater whose cockpit holds every type of interaction."""
+"""The trainer: a side-by-side two-seater whose cockpit has every type of interaction."""
 from . import trainer_pictures as pictures
 from .mesh import CockpitObject, Mesh, circle, drag, number, place, slide, text_of, toggle, turn
 from .trainer_cabin import OUT, PANEL_Z, PILOT_X, draw_cabin
@@ -33,13 +33,13 @@ PITCH, ROLL, YAW = (f"sim/cockpit2/controls/yoke_{axis}_ratio" for axis in ("pit
 
 
 def knob(radius, half_depth, side=RIDGES, cap=POINTER):
-    """Even about its middle, front and back, so that it sits balanced on its axis."""
+    """Symmetric about its middle, front and back, so that it is balanced on its axis."""
     profile = ((0, -half_depth), (radius, -half_depth), (radius, half_depth))
     return Mesh().lathe(profile, side, 20, cap=cap)
 
 
 def push_rod(face, side):
-    """A rod that comes out of the panel, with a knob at its end."""
+    """A rod that protrudes from the panel, with a knob at its end."""
     mesh = Mesh().lathe(((0.005, -0.06), (0.005, 0.03)), CHROME, 10)
     return mesh.lathe(((0.005, 0.03), (0.017, 0.034), (0.017, 0.052)), side, 18, cap=face)
 
@@ -68,7 +68,7 @@ def pedal(side):
 
 
 def draw_yokes(cockpit):
-    """The pilot's yoke is nested blocks, the co-pilot's one block of three steps. At ratio 0 both stand straight."""
+    """The pilot's yoke has nested blocks, the co-pilot's one block of three steps. At ratio 0 both are straight."""
     reach, roll = ((0, 0, 0), (0, 0, 0.06)), turn(OUT, 0, -90, 0, 1, ROLL)
     shaft = Mesh().lathe(((0.016, -0.3), (0.016, -0.02)), CHROME, 12)
     hub = Mesh().lathe(((0, -0.025), (0.032, -0.025), (0.036, 0.012)), GRIP, 18, cap=BADGE)
@@ -116,7 +116,7 @@ def draw_engine_levers(cockpit):
 
 
 def draw_dial_knobs(cockpit):
-    """Knobs at the rims of the dials, each a place and a turn."""
+    """Knobs at the rims of the dials, each with a position and a rotation."""
     for name, x, y, last, low, high, dataref in (
         ("Heading bug knob", -0.294, 0.209, -360, 0, 360, "sim/cockpit/autopilot/heading_mag"),
         (
@@ -139,7 +139,7 @@ def draw_dial_knobs(cockpit):
 
 
 def draw_radio(cockpit):
-    """The fine knob's block lies within the coarse one's. The stack's last controls have no animation or an odd one."""
+    """The fine knob's block is inside the coarse one's. The stack's last controls have no animation or an unusual one."""
     with cockpit.block(
         place(0.205, 0.355, PANEL_Z + 0.010), turn(OUT, 0, -300, 118, 136, "sim/cockpit2/radios/com1_mhz")
     ):
@@ -241,7 +241,7 @@ def heat_wheel():
 
 
 def draw_cabin_fittings(cockpit):
-    """The visor turns by keyframes, which detection takes no notice of; the glove box spot is not drawn by X-Plane."""
+    """The visor rotates by keyframes, which detection ignores; X-Plane does not draw the glove box spot."""
     for x in (PILOT_X, -PILOT_X):
         for side in (-1, 1):
             travel = (0, 0, 0.04 * side)

@@ -1,4 +1,4 @@
-"""The trainer's cabin: everything in it that nobody works."""
+"""The trainer's cabin: everything without a control."""
 from .mesh import Mesh
 from .trainer_pictures import (
     CARPET,
@@ -66,7 +66,7 @@ def roof():
 
 
 def cowling():
-    """What the pilot sees of the nose, and the spinner at its end."""
+    """The visible part of the nose, and the spinner at its end."""
     mesh, rows, columns = Mesh(), ((-0.87, 0.60, 0.38, 0.10), (-1.4, 0.5, 0.36, 0.12), (-1.95, 0.30, 0.26, 0.12)), 10
     for (z1, w1, y1, h1), (z2, w2, y2, h2) in zip(rows, rows[1:]):
         for k in range(columns):

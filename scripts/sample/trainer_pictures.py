@@ -1,4 +1,4 @@
-"""The trainer's pictures, and where on them its meshes find what they need."""
+"""The trainer's textures, and the tiles of them that its meshes use."""
 from . import dials
 from .mesh import Tile
 from .picture import Picture
@@ -7,7 +7,7 @@ PIXELS_PER_MM = 1.2
 PANEL_WIDTH, PANEL_HEIGHT = 1120, 560
 PANEL_TOP = 0.42
 
-# Cells of the two textures of our own.
+# Cells of the trainer's own two textures.
 CARPET, WALL, SEAT, SHIELD = (Tile.of_grid(column, 0) for column in range(4))
 EDGE, LINER, FRAME, COWLING = (Tile.of_grid(column, 1) for column in range(4))
 METAL, RUBBER, FIREWALL, PEDAL = (Tile.of_grid(column, 2) for column in range(4))
@@ -90,7 +90,7 @@ def controls_picture():
 
 
 def across(x):
-    """The panel texture's millimetres of a place on the panel, from its left."""
+    """Panel position from the left, in millimetres of the panel texture."""
     return (x + PANEL_WIDTH / 2000) * 1000
 
 

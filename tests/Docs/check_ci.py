@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""check_ci.py PROGRAM: runs the shell steps of docs/ci/aircraft.yml, all but the installation of the package, in a repository
-made of one aircraft of the sample, and looks at what they leave."""
+"""check_ci.py PROGRAM: runs the shell steps of docs/ci/aircraft.yml, except the installation of the package, in a repository
+with one aircraft of the sample, and checks their results."""
 import os
 import pathlib
 import re
@@ -29,7 +29,7 @@ def main():
         (repository / "bin/vorelle-batch").symlink_to(program)
         environment = {**os.environ, "PATH": f"{repository / 'bin'}:{os.environ['PATH']}", "AIRCRAFT": AIRCRAFT,
                        "XDG_DATA_HOME": name}
-        # The expectations are recorded once, in an installation of the author's.
+        # The author records the expectations once, in an installation.
         author = pathlib.Path(name) / "X-Plane"
         shutil.copytree(repository, author / "Aircraft/Author" / AIRCRAFT)
         subprocess.run([program, "-C", author, "accept", AIRCRAFT], env=environment, check=True,
@@ -45,9 +45,9 @@ def main():
                 return 1
         faults = [fault for fault, found in [
             ("no step lists the aircraft", any(AIRCRAFT in text for text in output.values())),
-            ("'Lint' tells no finding with its file and line",
+            ("'Lint' prints no finding with its file and line",
              re.search(r"^::(error|warning|notice) file=[^,:]+\.obj,line=\d+,title=[\w-]+::\S", output.get("Lint", ""), re.M)),
-            ("'Test' leaves no report of its tests", "<testcase" in (repository / "tests.xml").read_text()),
+            ("'Test' writes no report of its tests", "<testcase" in (repository / "tests.xml").read_text()),
         ] if not found]
         print("\n".join(f"FAILED: {fault}" for fault in faults), end="\n" if faults else "")
     return 1 if faults else 0

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""check_docs.py PROGRAM [--update]: runs the commands of the documents' console blocks on the sample and compares what
-they print with what stands below them; --update writes it there. Every option of every command has to stand in its
-chapter of docs/batch.md and in the man page."""
+"""check_docs.py PROGRAM [--update]: runs the commands of the documents' console blocks on the sample and compares their
+output with the documents; --update writes it into them. Every option of every command must be in its chapter of docs/batch.md
+and in the man page."""
 import os
 import pathlib
 import re
@@ -16,12 +16,12 @@ BLOCK = re.compile(r"(?<=^```console\n)(.*?)(?=^```$)", re.M | re.S)
 
 
 def commands_of(block):
-    """A block's commands: lines behind '$ ', with the lines that continue them."""
+    """A block's commands: lines after '$ ', with their continuation lines."""
     return re.findall(r"^\$ (.*(?:(?<=\\)\n.*)*)$", block, re.M)
 
 
 def run(commands, folder, environment):
-    """What stands in a block of these commands, run one after the other in a shell of its own."""
+    """The text of a block with these commands, each run in a shell of its own."""
     text = ""
     code = 0
     for command in commands:
@@ -37,7 +37,7 @@ def check_blocks(name, folder, environment, update):
     path = ROOT / name
     document = path.read_text()
     real = BLOCK.sub(lambda block: run(commands_of(block[0]), folder, environment), document)
-    # Aircraft come in the order in which the file system lists them, so that only the lines of one command may change places.
+    # The order of aircraft depends on the file system, so the lines of one command may be in any order.
     parts = [[sorted(line.rstrip(",") for line in part.splitlines()) for part in re.split(r"^(?=\$ |```)", text, flags=re.M)]
              for text in (real, document)]
     if parts[0] == parts[1]:
@@ -47,7 +47,7 @@ def check_blocks(name, folder, environment, update):
         return True
     (folder / "said").write_text(document)
     (folder / "real").write_text(real)
-    print(f"FAILED: {name} does not show what the program prints; check_docs.py --update mends it", flush=True)
+    print(f"FAILED: {name} does not show what the program prints; run check_docs.py --update", flush=True)
     subprocess.run(["diff", "-u", folder / "said", folder / "real"])
     return False
 
@@ -60,7 +60,7 @@ def check_options(program):
     for command, option in re.findall(r"^(\w+)\t(--[\w-]+)", options, re.M):
         for place, text in [("docs/batch.md", chapters.get(command, "")), ("the man page", manual)]:
             if option != "--help" and option not in text:
-                print(f"FAILED: {place} does not tell of {command} {option}")
+                print(f"FAILED: {place} does not describe {command} {option}")
                 complete = False
     return complete
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check_jobs.sh parallel|slurm PROGRAM: runs a job file on the sample and compares its report with that of a single run. With
-# GNU parallel one job is killed in its middle and taken up again; Slurm is played by a program that runs tasks one by one.
+# check_jobs.sh parallel|slurm PROGRAM: runs a job script on the sample and compares its report with that of a single run. With
+# GNU parallel one job is killed while it runs, then retried; a script that runs tasks one by one replaces Slurm's sbatch.
 set -euo pipefail
 engine=$1 real=$(readlink -f "$2")
 root=$(dirname "$(dirname "$(dirname "$(readlink -f "$0")")")")
@@ -25,16 +25,16 @@ wait_until() { # COMMAND...
     "$@" && return
     sleep 0.1
   done
-  fail "this did not come about: $*"
+  fail "timeout, waited for: $*"
 }
 
 expect_code() { # CODE COMMAND...
   local code=0
   "${@:2}" || code=$?
-  [ "$code" = "$1" ] || fail "exit code $code where $1 is due: ${*:2}"
+  [ "$code" = "$1" ] || fail "exit code $code instead of $1: ${*:2}"
 }
 
-# Stands for the program and tells which process tests which aircraft.
+# Replaces the program and records which process tests which aircraft.
 cat >bin/vorelle-batch <<'END'
 #!/usr/bin/env bash
 for last; do :; done
@@ -59,7 +59,7 @@ echo 17
 END
 chmod +x bin/*
 
-"$real" -C installation test --json s.json --junit s.xml --csv s.csv --html s.html >single.txt 2>single.err && fail "no test fails"
+"$real" -C installation test --json s.json --junit s.xml --csv s.csv --html s.html >single.txt 2>single.err && fail "the sample's failing tests passed"
 
 compare() {
   local form
@@ -82,7 +82,7 @@ check_parallel() {
   rm hold
   expect_code 1 run_parallel # as a single run
   cmp single.txt merged.txt || fail "the table differs"
-  [ "$(wc -l <started/LARK.ACF) $(wc -l <started/trainer.acf)" = "2 1" ] || fail "more or less than the killed job was taken up"
+  [ "$(wc -l <started/LARK.ACF) $(wc -l <started/trainer.acf)" = "2 1" ] || fail "not exactly the killed job was retried"
 }
 
 check_slurm() {
@@ -91,7 +91,7 @@ check_slurm() {
   compare
   rm "$first" out/tests.*
   bash "$root/scripts/jobs/slurm-array.sh" installation out >/dev/null
-  [ "$(cat started/* | wc -l)" = 4 ] || fail "more or less than the missing part was made again"
+  [ "$(cat started/* | wc -l)" = 4 ] || fail "not exactly the missing part was made again"
 }
 
 "check_$engine"

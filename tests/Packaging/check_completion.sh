@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# check_completion.sh PROGRAM: completes lines on the sample and compares what is offered, by line and sorted.
+# check_completion.sh PROGRAM: completes command lines on the sample and compares the sorted candidates.
 set -uo pipefail
 root=$(dirname "$(dirname "$(dirname "$(readlink -f "$0")")")")
 folder=$(mktemp -d)
@@ -10,14 +10,14 @@ cd "$root/sample" || exit 1
 source "$root/packaging/vorelle-batch.bash"
 failed=0
 
-# What is typed, word by word, the last one unfinished; and behind -- what is to be offered, joined by blanks.
+# The typed words, the last one incomplete; after --, the expected candidates, separated by '|'.
 expect() {
   local typed=() offered
   while [ "$1" != -- ]; do typed+=("$1"); shift; done
   COMP_WORDS=(vorelle-batch "${typed[@]}") COMP_CWORD=${#typed[@]}
   _vorelle_batch
   offered=$(printf '%s\n' "${COMPREPLY[@]}" | LC_ALL=C sort | tr '\n' '|')
-  [ "$offered" = "$2|" ] || { echo "FAILED: '${typed[*]}' is offered '$offered', not '$2|'" >&2; failed=1; }
+  [ "$offered" = "$2|" ] || { echo "FAILED: '${typed[*]}' completes to '$offered', not '$2|'" >&2; failed=1; }
 }
 
 expect li -- 'lint|list'
@@ -37,7 +37,7 @@ expect detect -j '' -- ''
 expect detect --out '../pack' -- '../packaging'
 expect compare '../pack' -- '../packaging'
 expect explain 'Lark\ 15.2' 1 -- '16,0|17,0|18,0|19,0'
-# shellcheck disable=SC2016  # a word that must stay one
+# shellcheck disable=SC2016  # it must not be expanded
 expect explain '$(touch broken)`touch broken`' '' -- ''
-[ ! -e broken ] || { echo "FAILED: a word was run" >&2; failed=1; }
+[ ! -e broken ] || { echo "FAILED: a word was executed" >&2; failed=1; }
 exit $failed

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Holds what is said of the sample, and what the program finds in it, against an independent computation.
+"""Compares the sample's documents, and what the program detects in it, with an independent computation.
 
     check_sample.py INSTALLATION                   the tables of the installation's README, and its annotation files
     check_sample.py INSTALLATION PROGRAM...        the detected-data files of vorelle-batch, byte for byte; PROGRAM is the
-                                                   words that start it
+                                                   command that starts it
 """
 import os
 import subprocess
@@ -26,7 +26,7 @@ def main():
 
 
 def detected_aircraft(installation):
-    """Output name and parts by node of each aircraft that can be loaded; None for the others."""
+    """Output name and parts by node of each aircraft; None if it cannot be loaded."""
     found = {}
     for acf_path, obj_path in expected.aircraft_of(installation):
         try:
@@ -80,7 +80,7 @@ def readme_faults(installation):
 
 
 def type_faults(rows, detected):
-    """The parts that the table lists have its types; those that it does not list are None."""
+    """Parts in the table have the types given there; all others are None."""
     listed = {tuple(row[1:3]): row[4] for row in rows}
     for key in sorted(listed.keys() | detected.keys()):
         if listed.get(key, "None") != detected.get(key):
@@ -88,7 +88,7 @@ def type_faults(rows, detected):
 
 
 def test_faults(path, detected, failing, counts):
-    """The file's expectations fail where the table says so, and nowhere else."""
+    """Exactly the expectations fail that the table says."""
     total, failed = 0, {}
     for record in ElementTree.parse(path).getroot().iter("Override"):
         key, wanted = (record.findtext("NodeId"), record.findtext("PartId")), record.findtext("InteractionTypeTest")
@@ -100,7 +100,7 @@ def test_faults(path, detected, failing, counts):
     if failed != failing:
         yield f"fails {failed}, not {failing}"
     if counts != [total, total - len(failed), len(failed)]:
-        yield f"holds {total} tests, {len(failed)} of which fail, not {counts}"
+        yield f"has {total} tests, {len(failed)} of which fail, not {counts}"
 
 
 TYPES = ("None", "Tap", "Twist", "Move", "Radio", "YokePart", "YokePrimary")

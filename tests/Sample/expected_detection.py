@@ -1,7 +1,7 @@
-"""An independent computation of what detection finds, to hold the program's output against.
+"""An independent computation of the detection, to compare the program's output with.
 
 It shares no code with the program. All arithmetic that the program does in 32-bit floats is done here in doubles that
-are rounded after every operation, which gives the same results for sums, products, quotients and square roots.
+are rounded after every operation, which has the same results for sums, products, quotients and square roots.
 """
 import math
 import os
@@ -30,7 +30,7 @@ LIMIT_BALANCE, LIMIT_SWEEP, LIMIT_TURN, TIP_SCALE = f32(0.3), f32(0.1), f32(0.1)
 
 
 class Values:
-    """The values behind a keyword. After the first one that is malformed or missing, all read as zero or empty."""
+    """The values after a keyword. After the first malformed or missing one, all are zero or empty."""
 
     def __init__(self, text):
         self.text, self.broken = text, False
@@ -141,7 +141,7 @@ def read_object(path):
 
 
 def split_chains(obj):
-    """One step a node: the further steps of a node go into nodes of their own, at the end of the list."""
+    """One step per node: further steps of a node get nodes of their own, at the end of the list."""
     last_of = {}
     for index in range(len(obj.nodes)):
         node = obj.nodes[index]
