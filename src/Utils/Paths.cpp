@@ -17,9 +17,9 @@ namespace Utils {
 
 namespace {
 
-/// What is read at once from a stream that does not know its size.
+/// Bytes of the first read from a stream of unknown size.
 constexpr std::size_t kFirstRead = 64 << 10;
-/// A size above is no file's: the end of a folder opened as a file, for one.
+/// A greater size is not that of a file: seeking to the end of a folder opened as a file reports one.
 constexpr std::streamoff kGreatestSize = std::streamoff{4} << 30;
 
 bool Exists(const fs::path& path) {
@@ -27,8 +27,8 @@ bool Exists(const fs::path& path) {
     return fs::exists(path, error);
 }
 
-/// The name of a folder's entry that differs from `name` in case at most: that very name, else the first in byte order;
-/// empty when there is none. A link to nowhere is no entry.
+/// The name of a folder's entry that equals `name` except for case: the exact name, else the first in byte order; empty
+/// if there is none. Dangling links are skipped.
 std::string NameOnDisk(const fs::path& folder, const std::string& name) {
     const std::string wanted = ToLowerAscii(name);
     std::string found;
@@ -46,7 +46,7 @@ std::string NameOnDisk(const fs::path& folder, const std::string& name) {
     return found;
 }
 
-/// The entry of a folder that a name means, below that folder; empty when there is none.
+/// The path of the folder's entry that a name refers to; empty if there is none.
 fs::path FindEntry(const fs::path& folder, const std::string& name) {
     if (Exists(folder / name))
         return folder / name;
@@ -61,7 +61,8 @@ std::vector<std::string> Split(const std::string& text, const char* separators) 
     return pieces;
 }
 
-/// FindEntry for a name that can hold back-slashes. On a system where they are part of names, such a name comes first.
+/// FindEntry for a name that can contain backslashes. On a system where they can be part of a name, the whole name is
+/// tried first.
 fs::path Descend(const fs::path& folder, const std::string& name) {
     const fs::path whole = FindEntry(folder, name);
     if (!whole.empty() || name.find('\\') == name.npos)
@@ -79,7 +80,7 @@ fs::path Descend(const fs::path& folder, const std::string& name) {
 
 fs::path FindIgnoringCase(const fs::path& path) {
     const std::string text = path.string();
-    // The system's calls end a name at a NUL byte and would find another file.
+    // System calls end a name at a NUL byte and would find another file.
     if (text.empty() || text.find('\0') != text.npos)
         return {};
     if (Exists(path))
@@ -155,13 +156,13 @@ std::size_t SizeLeft(std::istream& stream) {
 std::string ReadAll(std::istream& stream) {
     std::string text;
     const std::size_t size = SizeLeft(stream);
-    std::size_t room = size == 0 ? kFirstRead : size + 1; // so that the first read meets the end
+    std::size_t chunk = size == 0 ? kFirstRead : size + 1; // so that the first read reaches the end
     while (stream && text.size() < kLargestFile) {
         const std::size_t had = text.size();
-        text.resize(had + room);
-        stream.read(text.data() + had, static_cast<std::streamsize>(room));
+        text.resize(had + chunk);
+        stream.read(text.data() + had, static_cast<std::streamsize>(chunk));
         text.resize(had + static_cast<std::size_t>(stream.gcount()));
-        room = std::max(kFirstRead, text.size());
+        chunk = std::max(kFirstRead, text.size());
     }
     return text;
 }
