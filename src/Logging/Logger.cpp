@@ -16,7 +16,7 @@ constexpr std::size_t kPreparedNodes = 256;
 constexpr auto kPoll = std::chrono::milliseconds(100);
 constexpr const char* kColumn = "\t\t";
 
-/// The log's folder, made where it was missing; empty when there is no place for it.
+/// The log's folder, created if missing; empty if it cannot be created.
 boost::filesystem::path LogFolder() {
     const boost::filesystem::path data = Utils::UserDataFolder();
     if (data.empty())
@@ -26,7 +26,7 @@ boost::filesystem::path LogFolder() {
     return data / "Vorelle";
 }
 
-/// Copies the log without overwriting anything and returns the copy's path; empty when no whole copy was made.
+/// Copies the log without overwriting anything and returns the copy's path; empty if no complete copy was made.
 std::string CopyBeside(const boost::filesystem::path& logPath, const std::string& name) {
     const boost::filesystem::path copy = logPath.parent_path() / name;
     boost::system::error_code error;
@@ -84,7 +84,7 @@ std::string Logger::Stop(const std::string& crashLog) {
         wake.notify_one();
         thread.join();
     }
-    // A line that another thread queued while this one stopped is dropped like any later one.
+    // Lines that other threads queue during the stop are dropped like all later ones.
     queue.consume_all([](std::string* late) { delete late; });
     return crashLogPath;
 }

@@ -15,7 +15,7 @@ std::string_view WithoutTrailingBlanks(std::string_view text) {
     return text;
 }
 
-/// Whether a text is that of an .acf file up to the key of a property line: "P" alone stands before it on the line.
+/// Whether a text ends where the key of a property line starts: only "P" comes before it on the line.
 bool IsBeforeKey(std::string_view text) {
     const std::string_view mark = WithoutTrailingBlanks(text);
     if (mark.size() == text.size() || !mark.ends_with('P'))
@@ -24,9 +24,9 @@ bool IsBeforeKey(std::string_view text) {
     return before.empty() || before.ends_with('\n');
 }
 
-/// Where a text holds a key next; its size where it does not.
+/// Position of the next occurrence of a key; the text's size if there is none.
 std::size_t Find(std::string_view text, std::string_view key) {
-#ifdef __GLIBC__ // its search is twice as fast as the standard library's
+#ifdef __GLIBC__ // memmem is twice as fast as the standard library's search
     const void* hit = memmem(text.data(), text.size(), key.data(), key.size());
     return hit ? static_cast<std::size_t>(static_cast<const char*>(hit) - text.data()) : text.size();
 #else

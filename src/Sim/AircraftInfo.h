@@ -17,7 +17,7 @@ struct AircraftInfo {
     virtual std::unique_ptr<AircraftInfo> Clone() const = 0;
 
     std::string acfPath;     ///< relative to the installation; starts with "Aircraft"
-    std::string displayName; ///< as the file gives it, byte for byte
+    std::string displayName; ///< the file's bytes, unconverted
 };
 
 /// The name of the folder that holds a file, up to that name's last dot: "A/Big.Jet 1.2/x.acf" gives "Big.Jet 1".

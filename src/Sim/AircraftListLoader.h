@@ -9,11 +9,11 @@ namespace Sim {
 
 using AircraftList = std::vector<std::unique_ptr<AircraftInfo>>;
 
-/// Where the aircraft come from.
+/// Source of the list of aircraft.
 class AircraftListLoader {
 public:
     virtual ~AircraftListLoader() = default;
-    /// Scans anew on each call.
+    /// Scans the installation on each call.
     virtual AircraftList LoadAircraftList() = 0;
 };
 

@@ -16,13 +16,13 @@ namespace Sim {
 
 namespace {
 
-/// What an entry is once links are followed. A link that leads nowhere or in a circle is nothing at all; an entry that
-/// cannot be asked throws.
+/// The type of an entry after following links. A dangling or circular link counts as not found; an entry whose status
+/// cannot be read throws.
 fs::file_type TypeOf(const fs::directory_entry& entry) {
     boost::system::error_code error;
     const fs::file_status status = entry.status(error);
     if (status.type() == fs::status_error && error != boost::system::errc::too_many_symbolic_link_levels)
-        throw fs::filesystem_error("cannot tell what this is", entry.path(), error);
+        throw fs::filesystem_error("cannot read the file's type", entry.path(), error);
     return status.type();
 }
 
@@ -41,7 +41,7 @@ std::optional<fs::path> FirstAcfFile(const fs::path& folder) {
     return std::nullopt;
 }
 
-/// A value's words with one space between each.
+/// A value with each run of spaces and tabs replaced by one space.
 std::string Joined(std::string_view value) {
     std::string text;
     for (const std::string_view word : Utils::SplitBlanks(value))

@@ -15,7 +15,7 @@ void RunQueue::RunAll() {
         const std::lock_guard lock(mutex);
         taken.swap(items);
     }
-    // Outside the lock, as the work may post; each one goes before the next runs, with what it holds on to.
+    // Outside the lock, because the work may post. Each item is destroyed, with what it captured, before the next runs.
     while (!taken.empty()) {
         taken.front()();
         taken.pop_front();

@@ -6,12 +6,12 @@
 
 namespace Threading {
 
-/// Work for the head of the next frame. Any thread may post.
+/// Work to run at the start of the next frame. Any thread may post.
 class RunQueue {
 public:
     void Post(std::function<void()> work);
-    /// Runs what was posted before this call, in order; what the work itself posts waits for the next call. An
-    /// exception passes through and drops the rest.
+    /// Runs what was posted before this call, in order; work posted meanwhile waits for the next call. An exception is
+    /// passed on to the caller and drops the remaining items.
     void RunAll();
 
 private:

@@ -33,7 +33,7 @@ void TriggeredWorker::Stop() {
         std::unique_lock lock(workerMutex);
         stop = true;
         if (!thread.joinable()) {
-            stopped = true; // never started, or stopped before
+            stopped = true; // never started, or already stopped
             return;
         }
         changed.notify_all();
@@ -58,7 +58,7 @@ void TriggeredWorker::Loop() {
         work();
         lock.lock();
         done = true;
-        pending = false; // a trigger that came during the run has had its run
+        pending = false; // a trigger during the run is covered by it
         changed.notify_all();
     }
     stopped = true;

@@ -9,19 +9,19 @@
 
 namespace Threading {
 
-/// A thread that runs one callable each time it is triggered. A trigger during a run counts for nothing beyond it. The
-/// first one starts the thread, so that a worker that nobody asks costs none.
+/// A thread that runs one callable each time it is triggered. A trigger during a run does not cause another run. The
+/// first trigger starts the thread, so an unused worker has none.
 class TriggeredWorker : public Utils::NonAssignable {
 public:
     explicit TriggeredWorker(std::function<void()> work);
 
 protected:
-    /// Stops; a class whose fields the work touches calls Stop first in its own destructor.
+    /// Calls Stop. A derived class whose fields the work uses must call Stop first in its own destructor.
     ~TriggeredWorker();
 
     void Trigger();
     void RunAndWait();
-    /// Ends the thread when its present run is done. A second call does nothing.
+    /// Ends the thread after its current run. A second call does nothing.
     void Stop();
 
 private:

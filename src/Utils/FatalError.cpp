@@ -13,8 +13,8 @@ namespace Utils {
 namespace {
 
 constexpr const char* kSupportForum = "https://vorelle.example/support";
-constexpr const char* kDialogCaption = "Vorelle FSX"; // the caption that all programs of the product line share
-constexpr const char* kPlace = "Utils\\Asserts.cpp";  // the fixed place of these lines in the log
+constexpr const char* kDialogCaption = "Vorelle FSX"; // caption shared by all programs of the product line
+constexpr const char* kPlace = "Utils\\Asserts.cpp";  // fixed source path of these log lines
 
 std::mutex dialogMutex; // guards dialog
 FatalErrorDialog dialog = Platform::ShowErrorBox;

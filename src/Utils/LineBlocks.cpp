@@ -19,8 +19,8 @@ bool LineBlocks::Next(std::string_view& block) {
     while (given == 0 && stream) {
         if (filled > buffer.size() / 2)
             buffer.resize(2 * buffer.size());
-        const std::size_t room = buffer.size() - filled - kPadding - 1; // one for the last line's end
-        stream.read(buffer.data() + filled, static_cast<std::streamsize>(room));
+        const std::size_t space = buffer.size() - filled - kPadding - 1; // one byte for the last line's end
+        stream.read(buffer.data() + filled, static_cast<std::streamsize>(space));
         const auto count = static_cast<std::size_t>(stream.gcount());
         const std::size_t end = std::string_view(buffer.data() + filled, count).rfind('\n');
         if (end != std::string_view::npos)

@@ -7,23 +7,23 @@
 
 namespace Utils {
 
-/// A stream as blocks of whole lines that go through one small buffer: fresh memory for a whole file would cost as much
-/// time as reading it. A line that is longer than the buffer makes it grow.
+/// Reads a stream in blocks of whole lines through one small buffer: allocating memory for a whole file would take as
+/// long as reading it. The buffer grows for a longer line.
 class LineBlocks {
 public:
-    /// So many bytes behind a block may be read, whatever they hold.
+    /// Number of bytes after a block that may be read; their values are undefined.
     static constexpr std::size_t kPadding = 8;
 
     explicit LineBlocks(std::istream& source);
 
-    /// The next block, which ends with a line feed also where the stream does not, and stands until the next call.
-    /// False at the stream's end.
+    /// The next block, valid until the next call. It ends with a line feed even if the stream does not. False at the
+    /// end of the stream.
     bool Next(std::string_view& block);
 
 private:
     std::istream& stream;
     std::string buffer;
-    std::size_t given = 0, filled = 0; ///< what lies between them is the front of the next line
+    std::size_t given = 0, filled = 0; ///< the bytes between them begin the next line
 };
 
 } // namespace Utils

@@ -4,7 +4,8 @@ namespace Utils {
 
 namespace {
 
-/// Below this difference of the cosine from 1 the arc is as good as straight, and sin(angle) too small to divide by.
+/// Below this difference of the cosine from 1, linear interpolation is exact enough and sin(angle) is too small to
+/// divide by.
 constexpr float kStraightArc = 0.001f;
 
 } // namespace

@@ -3,8 +3,9 @@
 #include <Eigen/Geometry>
 #include <cmath>
 
-/// The linear algebra of the whole system, in 32-bit floats: row vectors, row-major matrices, left-handed axes.
-/// A point transforms as p * M and a chain reads local * parent.
+/// The linear algebra of the whole system, in 32-bit floats: row vectors, row-major matrices, left-handed axes. A point
+/// transforms as p * M and a chain is local * parent. Where a formula is written out instead of calling Eigen, its
+/// order of rounding must not depend on Eigen's version.
 namespace Utils {
 
 using Vector2 = Eigen::Matrix<float, 1, 2, Eigen::RowMajor>;
@@ -14,7 +15,7 @@ using Matrix4 = Eigen::Matrix<float, 4, 4, Eigen::RowMajor>;
 /// Stored x, y, z, w; its constructor takes w first. The product is Hamilton's.
 using Quaternion = Eigen::Quaternionf;
 
-/// Sums from left to right: detection compares the results with limits, so the order of the rounding is fixed.
+/// Sums from left to right: detection compares the results with limits, so the order of rounding is fixed.
 inline float Dot(const Vector3& a, const Vector3& b) {
     return a.x() * b.x() + a.y() * b.y() + a.z() * b.z();
 }
@@ -41,10 +42,10 @@ Matrix4 RotationZ(float radians);
 /// Left-handed perspective with depth 0 at the near and 1 at the far plane.
 Matrix4 PerspectiveFov(float verticalFieldOfView, float aspect, float nearPlane, float farPlane);
 
-/// The turn by an angle in radians about an axis of any length; a zero axis gives (0, 0, 0, cos(radians / 2)).
+/// Rotation by an angle in radians about an axis of any length; a zero axis gives (0, 0, 0, cos(radians / 2)).
 Quaternion RotationAboutAxis(const Vector3& axis, float radians);
 
-/// The shorter way from one rotation to another, prepared for many interpolations along it.
+/// The shorter arc from one rotation to another, prepared for many interpolations along it.
 class SlerpPath {
 public:
     SlerpPath(const Quaternion& from, const Quaternion& to);
@@ -52,8 +53,8 @@ public:
     Quaternion At(float u) const;
 
 private:
-    Vector4 start, end; ///< x, y, z, w; the end is turned to the start's side
-    float angle = 0;    ///< 0 for an arc that is as good as straight
+    Vector4 start, end; ///< x, y, z, w; the end is negated if needed for the shorter arc
+    float angle = 0;    ///< 0 for an arc short enough for linear interpolation
     float sine = 1;     ///< of the angle
 };
 

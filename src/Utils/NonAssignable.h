@@ -2,7 +2,7 @@
 
 namespace Utils {
 
-/// Base of classes that stand for a resource: they are neither copied nor assigned.
+/// Base of classes that own a resource and are neither copied nor assigned.
 class NonAssignable {
 public:
     NonAssignable(const NonAssignable&) = delete;

@@ -19,8 +19,8 @@ bool Exists(const fs::path& path) {
     return fs::exists(path, error);
 }
 
-/// The name of a folder's entry that differs from `name` in case at most: that very name, else the first in byte order;
-/// empty when there is none. A link to nowhere is no entry.
+/// The name of a folder's entry that equals `name` except for case: the exact name, else the first in byte order; empty
+/// if there is none. Dangling links are skipped.
 std::string NameOnDisk(const fs::path& folder, const std::string& name) {
     const std::string wanted = ToLowerAscii(name);
     std::string found;
@@ -38,7 +38,7 @@ std::string NameOnDisk(const fs::path& folder, const std::string& name) {
     return found;
 }
 
-/// The entry of a folder that a name means, below that folder; empty when there is none.
+/// The path of the folder's entry that a name refers to; empty if there is none.
 fs::path FindEntry(const fs::path& folder, const std::string& name) {
     if (Exists(folder / name))
         return folder / name;
@@ -53,7 +53,8 @@ std::vector<std::string> Split(const std::string& text, const char* separators) 
     return pieces;
 }
 
-/// FindEntry for a name that can hold back-slashes. On a system where they are part of names, such a name comes first.
+/// FindEntry for a name that can contain backslashes. On a system where they can be part of a name, the whole name is
+/// tried first.
 fs::path Descend(const fs::path& folder, const std::string& name) {
     const fs::path whole = FindEntry(folder, name);
     if (!whole.empty() || name.find('\\') == name.npos)
@@ -71,7 +72,7 @@ fs::path Descend(const fs::path& folder, const std::string& name) {
 
 fs::path FindIgnoringCase(const fs::path& path) {
     const std::string text = path.string();
-    // The system's calls end a name at a NUL byte and would find another file.
+    // System calls end a name at a NUL byte and would find another file.
     if (text.empty() || text.find('\0') != text.npos)
         return {};
     if (Exists(path))

@@ -5,12 +5,12 @@
 
 namespace Utils {
 
-/// A source file's path as log and fatal errors name it: below src, with back-slashes.
+/// A source file's path as log lines and fatal errors print it: below src, with backslashes.
 template <std::size_t N>
 struct Place {
     char text[N] = {};
 
-    consteval Place(const char (&compilerFile)[N]) { // NOLINT: made from __FILE__ as it stands
+    consteval Place(const char (&compilerFile)[N]) { // NOLINT: converts from __FILE__ implicitly
         constexpr std::string_view root = "src/";
         const std::string_view file(compilerFile, N - 1);
         const std::size_t at = file.rfind("/src/");
@@ -25,5 +25,5 @@ inline constexpr const char* kPlaceText = place.text;
 
 } // namespace Utils
 
-/// The place of the call, as the first two arguments of Logger::Log and FatalError.
+/// The caller's source location, as the first two arguments of Logger::Log and FatalError.
 #define HERE ::Utils::kPlaceText<__FILE__>, __LINE__

@@ -4,25 +4,25 @@
 #include <cstdint>
 #include <string>
 
-/// The few services of the operating system that the foundation needs; each system has a source file of its own.
+/// The operating system services that the foundation needs; each system has its own source file.
 namespace Utils::Platform {
 
-/// The last error code of the system on this thread.
+/// The system's last error code on this thread.
 std::uint32_t LastError();
 
-/// The high-resolution counter; false when it cannot be read.
+/// The high-resolution counter; false if it cannot be read.
 bool ReadCounter(std::int64_t& count);
-/// Counts a second.
+/// Counts per second.
 std::int64_t CounterFrequency();
 
-/// Where programs keep a user's data; empty when the system names no place.
+/// Folder for the user's application data; empty if the system has none.
 boost::filesystem::path DataFolder();
 
-/// The running program's file, with links followed; empty when the system does not tell.
+/// Path of the running program with links resolved; empty if unknown.
 boost::filesystem::path ProgramPath();
 
-/// Shows a text to the person and blocks until it is dismissed; on a system without a box of its own it goes to the
-/// standard error stream.
+/// Shows a text to the user and blocks until it is dismissed; on a system without message boxes the text goes to
+/// standard error.
 void ShowErrorBox(const std::string& caption, const std::string& text);
 
 } // namespace Utils::Platform

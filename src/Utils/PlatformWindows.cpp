@@ -13,8 +13,8 @@ namespace Utils::Platform {
 
 namespace {
 
-/// Narrow texts are UTF-8 everywhere in the program, so that a path may hold any letters. The system's code page, which
-/// paths would be converted with otherwise, has some only. Set ahead of main, as paths are made from then on.
+/// Narrow texts are UTF-8 everywhere in the program, so that a path may contain any characters; the system's code page,
+/// which path conversion uses by default, has only some. Set before main, which already creates paths.
 const bool pathsAreUtf8 = [] {
     using Conversion = std::codecvt_utf8_utf16<wchar_t>;
     boost::filesystem::path::imbue(std::locale(std::locale::classic(), new Conversion));
@@ -51,7 +51,7 @@ boost::filesystem::path ProgramPath() {
     std::wstring path(MAX_PATH, L'\0');
     constexpr std::size_t longest = 1 << 15;
     for (; path.size() <= longest; path.resize(2 * path.size())) {
-        // A path that does not fit is cut, and fills the room.
+        // A path that does not fit is truncated and fills the buffer.
         const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size())
             return path.substr(0, length);

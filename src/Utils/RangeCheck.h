@@ -7,8 +7,8 @@
 
 namespace Utils {
 
-/// An index that names no entry. what() is the fixed text of the checked containers; Reason() says in words, for
-/// whoever shows it to a person, which file, which line and what was wrong, and is empty where nobody knew.
+/// An index out of range. what() is the fixed text of checked containers; Reason() is a message for the user with the
+/// file, the line and the fault, empty if unknown.
 class OutOfRange : public std::out_of_range {
 public:
     explicit OutOfRange(std::string why = {})
@@ -19,8 +19,8 @@ private:
     std::string reason;
 };
 
-/// The entry of a vector-like list at an index, which throws OutOfRange when it names none. Negative indices of
-/// signed types name none either.
+/// The element at an index of a vector-like list. Throws OutOfRange for an index out of range, including negative
+/// values of signed types.
 template <typename List, typename Index>
 decltype(auto) At(List& list, Index index) {
     if (std::cmp_less(index, 0) || std::cmp_greater_equal(index, list.size()))
@@ -28,7 +28,7 @@ decltype(auto) At(List& list, Index index) {
     return list[static_cast<std::size_t>(index)];
 }
 
-/// What went wrong in words: the reason of an OutOfRange where it has one, else what().
+/// The message of an exception: the reason of an OutOfRange if it has one, else what().
 std::string Describe(const std::exception& error);
 
 } // namespace Utils

@@ -7,15 +7,15 @@ namespace Utils {
 
 struct SaveResult {
     bool saved = false;
-    std::string error; ///< in words, with the path, where not saved
+    std::string error; ///< message with the path, if not saved
     explicit operator bool() const { return saved; }
 };
 
-/// Makes a file's content these bytes, or leaves the file as it was, byte for byte, and says why: a reader, also one
-/// after a crash of the program or the machine, finds the old file or the new one. The new file takes the mode of the
-/// old one; a link stays, and what it points to is replaced. A device or pipe is written to directly.
-/// Any thread may call it. The bytes go to a file beside the target first; what a process that was killed left there is
-/// removed by the next save of the same target.
+/// Replaces a file's content, or leaves the file unchanged and returns the reason: a reader finds either the old or the
+/// new content, even after a crash of the program or the machine. The new file takes the mode of the old one; a link
+/// stays, and its target is replaced. A device or pipe is written to directly.
+/// Any thread may call it. The bytes first go to a temporary file in the target's folder; one left by a killed process
+/// is removed by the next save of the same target.
 SaveResult SaveFile(const std::string& path, std::string_view bytes) noexcept;
 
 } // namespace Utils

@@ -21,14 +21,14 @@ namespace Utils {
 
 namespace {
 
-/// A temporary is named by its target, the process that writes it and this ending: ".Jet.xml.4711.saving".
+/// A temporary's name consists of the target's name, the process id and this ending: ".Jet.xml.4711.saving".
 constexpr std::string_view kEnding = ".saving";
-/// Room that a file name leaves for the target's own, of 255 bytes: two dots, ten digits and the ending.
+/// Bytes for the target's name in a file name of at most 255, which also holds two dots, ten digits and the ending.
 constexpr std::size_t kLongestTargetName = 255 - 12 - kEnding.size();
 constexpr int kMostLinks = 40;
 constexpr mode_t kPermissions = 07777;
 
-/// Saves of one process take turns, as their temporaries have the same name.
+/// Serialises the saves of one process, whose temporaries have the same name.
 std::mutex savingMutex;
 
 [[noreturn]] void Fail(int code) {
@@ -62,14 +62,14 @@ public:
         }
     }
 
-    /// Some file systems tell only here that there was no room.
+    /// Some file systems report a full disk only on close.
     void Close() { Check(close(std::exchange(descriptor, -1))); }
 
 private:
     int descriptor;
 };
 
-/// A new file that is gone at the end of its scope unless it was renamed.
+/// A new file that is deleted at the end of the scope unless it was renamed.
 class Temporary : NonAssignable {
 public:
     Temporary(fs::path path, mode_t mode) : file(path, O_WRONLY | O_CREAT | O_EXCL, mode), path(std::move(path)) {}
@@ -89,7 +89,7 @@ private:
     fs::path path;
 };
 
-/// Empty where there is no such file.
+/// Empty if there is no such file.
 std::optional<struct stat> StatusOf(const fs::path& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) == 0)
@@ -99,7 +99,7 @@ std::optional<struct stat> StatusOf(const fs::path& path) {
     return std::nullopt;
 }
 
-/// Also through a link that points to nothing yet. Links in a circle have failed before.
+/// Works for dangling links too. Circular links have already failed in StatusOf.
 fs::path FollowLinks(fs::path path) {
     boost::system::error_code error;
     for (int links = 0; links < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++links) {
@@ -117,7 +117,7 @@ std::string TemporaryPrefix(const fs::path& target) {
     return "." + target.filename().string().substr(0, kLongestTargetName) + ".";
 }
 
-/// The process that a temporary's name tells; empty for the name of any other file.
+/// The process id in a temporary's name; empty for any other file name.
 std::optional<pid_t> WriterOf(std::string_view name, std::string_view prefix) {
     if (!name.starts_with(prefix) || !name.ends_with(kEnding) || name.size() <= prefix.size() + kEnding.size())
         return std::nullopt;
@@ -130,12 +130,12 @@ std::optional<pid_t> WriterOf(std::string_view name, std::string_view prefix) {
     return process;
 }
 
-/// This process holds none while it looks: one with its number was left by an earlier process of that number.
+/// This process has no temporary during the sweep: one with its id was left by an earlier process of that id.
 bool IsAbandonedBy(pid_t process) {
     return process == getpid() || (kill(process, 0) != 0 && errno == ESRCH);
 }
 
-/// A folder that cannot be listed is no reason not to save.
+/// A folder that cannot be listed does not prevent saving.
 void SweepAbandoned(const fs::path& target) {
     const std::string prefix = TemporaryPrefix(target);
     boost::system::error_code error;
@@ -146,15 +146,15 @@ void SweepAbandoned(const fs::path& target) {
     }
 }
 
-/// Owner first, as a change of owner can take bits off the mode. A process that may not give files away owns the new
-/// one itself.
+/// Owner first, because changing the owner can clear mode bits. A process that may not change the owner keeps the new
+/// file as its own.
 void TakeOver(const struct stat& old, const OpenFile& file) {
     [[maybe_unused]] const int given = fchown(file.Get(), old.st_uid, old.st_gid);
     Check(fchmod(file.Get(), old.st_mode & kPermissions));
 }
 
-/// After a crash of the machine a renamed file is sure to be there only when its folder was flushed too. Not all file
-/// systems can, and the file is in its place already.
+/// A rename is certain to survive a crash of the machine only after its folder was flushed. Errors are ignored: not all
+/// file systems support this, and the file is already in place.
 void FlushFolder(const fs::path& folder) {
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
@@ -164,7 +164,7 @@ void FlushFolder(const fs::path& folder) {
 }
 
 void Replace(const fs::path& target, const std::optional<struct stat>& old, std::string_view bytes) {
-    // The folder's right is enough to rename over a file; one that is itself not to be written stays.
+    // Renaming over a file needs only write access to the folder; a read-only file must not be replaced.
     if (old)
         Check(faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS));
     SweepAbandoned(target);
@@ -178,7 +178,7 @@ void Replace(const fs::path& target, const std::optional<struct stat>& old, std:
     FlushFolder(FolderOf(target));
 }
 
-/// A pipe that nobody reads fails instead of waiting for a reader.
+/// Fails on a pipe without a reader instead of waiting for one.
 void WriteInto(const fs::path& path, std::string_view bytes) {
     OpenFile file(path, O_WRONLY | O_NONBLOCK);
     Check(fcntl(file.Get(), F_SETFL, 0));
@@ -211,7 +211,7 @@ SaveResult SaveFile(const std::string& path, std::string_view bytes) noexcept {
     try {
         return TrySave(path, bytes);
     } catch (...) {
-        return {false, "Out of memory"}; // short enough to need no memory
+        return {false, "Out of memory"}; // short enough not to allocate
     }
 }
 

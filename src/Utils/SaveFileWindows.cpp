@@ -17,11 +17,11 @@ namespace Utils {
 namespace {
 
 constexpr const wchar_t* kEnding = L".saving";
-/// Another program that looks at the target, as scanners do, holds it for moments.
+/// Other programs, such as virus scanners, can lock the target for a moment.
 constexpr int kAttempts = 20;
 constexpr DWORD kPauseMilliseconds = 10;
 
-/// Saves of one process take turns, as their temporaries have the same name.
+/// Serialises the saves of one process, whose temporaries have the same name.
 std::mutex savingMutex;
 
 [[noreturn]] void Fail(DWORD code) {
@@ -39,7 +39,7 @@ void Check(bool succeeded) {
         Fail(GetLastError());
 }
 
-/// A new file that is gone at the end of its scope unless it was put in its place.
+/// A new file that is deleted at the end of the scope unless it replaced the target.
 class Temporary : NonAssignable {
 public:
     explicit Temporary(fs::path newPath) : path(std::move(newPath)) {
@@ -77,7 +77,7 @@ public:
     }
 
 private:
-    /// A replacement takes over the attributes and rights of the old file, which a move would not.
+    /// Replacing keeps the attributes and access rights of the old file, which a move would not.
     bool Place(const fs::path& target) {
         if (GetFileAttributesW(target.c_str()) != INVALID_FILE_ATTRIBUTES &&
             ReplaceFileW(target.c_str(), path.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
@@ -95,7 +95,7 @@ private:
     bool placed = false;
 };
 
-/// A link stays, and what it points to is replaced.
+/// A link stays, and its target is replaced.
 fs::path FollowLinks(const fs::path& path) {
     boost::system::error_code error;
     const fs::path target = fs::canonical(path, error);
@@ -109,7 +109,7 @@ void Save(const std::string& path, std::string_view bytes) {
     if (attributes != INVALID_FILE_ATTRIBUTES && attributes & kKept)
         Fail(ERROR_ACCESS_DENIED);
     const fs::path target = FollowLinks(path);
-    // One name for a target, not one a process, so that what a killed process left there is written over.
+    // One name per target, not per process, so that a file left by a killed process is overwritten.
     Temporary temporary(target.native() + kEnding);
     temporary.Write(bytes);
     temporary.MoveOver(target);
@@ -125,7 +125,7 @@ SaveResult SaveFile(const std::string& path, std::string_view bytes) noexcept {
         try {
             return {false, "Cannot save " + path + ": " + error.what()};
         } catch (...) {
-            return {false, "Out of memory"}; // short enough to need no memory
+            return {false, "Out of memory"}; // short enough not to allocate
         }
     }
 }

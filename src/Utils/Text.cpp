@@ -26,7 +26,7 @@ std::size_t Utf8Length(unsigned char lead) {
     return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
 }
 
-/// Keeps out over-long forms, surrogates and what lies above U+10FFFF.
+/// Rejects overlong forms, surrogates and values above U+10FFFF.
 ByteRange SecondByte(unsigned char lead) {
     switch (lead) {
     case 0xE0:
@@ -42,7 +42,7 @@ ByteRange SecondByte(unsigned char lead) {
     }
 }
 
-/// The length of the character that the text begins with; 0 when its first byte begins none.
+/// Length in bytes of the first character; 0 if the text does not begin with a valid one.
 std::size_t CharacterLength(std::string_view text) {
     const auto lead = static_cast<unsigned char>(text.front());
     const std::size_t length = Utf8Length(lead);

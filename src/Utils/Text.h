@@ -11,20 +11,20 @@ constexpr bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-/// The text without blanks and tabs at its ends.
+/// The text without leading and trailing spaces and tabs.
 std::string_view Trim(std::string_view text);
 
-/// The words of a line, split at runs of blanks and tabs.
+/// The words of a line, split at runs of spaces and tabs.
 std::vector<std::string_view> SplitBlanks(std::string_view line);
 
-/// Takes the next line off the front of `text`, without its LF or CR LF; false when nothing is left.
-/// A last line that only a CR ends loses it too.
+/// Removes the next line from the front of `text` and returns it without its LF or CR LF; false if nothing is left. A
+/// CR at the end of the last line is removed too.
 bool NextLine(std::string_view& text, std::string_view& line);
 
-/// ASCII letters in lower case, all other bytes as they stand.
+/// ASCII letters in lower case, all other bytes unchanged.
 std::string ToLowerAscii(std::string_view text);
 
-/// The text as UTF-8 for a person to read: bytes that are no UTF-8 become the replacement character.
+/// The text as valid UTF-8 for display: invalid bytes become the replacement character.
 std::string ToValidUtf8(std::string_view text);
 
 } // namespace Utils

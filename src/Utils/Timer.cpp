@@ -10,10 +10,10 @@ namespace Utils {
 namespace {
 
 constexpr std::int64_t kTicksASecond = 100'000'000;
-/// What a timer says that has no counter to read: a frame of a common display.
+/// Seconds reported when the counter cannot be read: about one frame of a common display.
 constexpr double kSecondsWithoutCounter = 1.0 / 75.0;
 
-/// The counts in ticks, rounded down, without overflow for years of them.
+/// Counts converted to ticks, rounded down, without overflow even after years.
 std::int64_t Ticks(std::int64_t counts, std::int64_t frequency) {
     return counts / frequency * kTicksASecond + counts % frequency * kTicksASecond / frequency;
 }

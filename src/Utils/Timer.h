@@ -15,9 +15,9 @@ private:
     void Start();
 
     std::int64_t start = 0;     ///< counter value
-    std::int64_t frequency = 0; ///< counts a second
+    std::int64_t frequency = 0; ///< counts per second
     bool started = false;
-    bool valid = false; ///< the counter could be read when the timer started
+    bool valid = false; ///< whether the counter could be read at the start
 };
 
 } // namespace Utils
