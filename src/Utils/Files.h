@@ -8,21 +8,21 @@
 
 namespace Utils {
 
-/// No file of an aircraft comes near this size, in bytes; a larger one is not read, so that it cannot fill the memory.
+/// In bytes, far above the files of real aircraft. A larger file is not read, so that it cannot exhaust memory.
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
 
-/// Says of a file above kLargestFile that it is not read, with both sizes; empty for any other path.
+/// A message that a file above kLargestFile is not read, with both sizes; empty for any other path.
 std::string TooLargeText(const boost::filesystem::path& path);
-/// Whether a path leads to a file of a size that is read, and not to a pipe or a device, which would keep a reader
-/// waiting or never end. Logs a file that is too large.
+/// True for a regular file of at most kLargestFile bytes; a pipe or a device could block the reader or never end. Logs
+/// a file that is too large.
 bool IsReadableFile(const boost::filesystem::path& path);
-/// A stream on a file's bytes; not opened where IsReadableFile says no.
+/// A binary stream on a file; not opened unless IsReadableFile.
 std::ifstream OpenFile(const boost::filesystem::path& path);
-/// The whole file as bytes; empty when it cannot be read.
+/// The bytes of the whole file; empty if it cannot be read.
 std::string ReadFile(const boost::filesystem::path& path);
-/// How many bytes are left in a stream; 0 where it cannot tell.
+/// Number of bytes left in a stream; 0 if unknown.
 std::size_t SizeLeft(std::istream& stream);
-/// What is left in a stream, up to kLargestFile; empty when it was not opened.
+/// The remaining bytes of a stream, up to kLargestFile; empty if it was not opened.
 std::string ReadAll(std::istream& stream);
 
 } // namespace Utils
