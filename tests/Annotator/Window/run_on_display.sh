@@ -1,7 +1,7 @@
 #!/bin/sh
-# Runs a command that opens windows: on the existing display, else on an X server of its own. The server chooses its number, so
-# that it does not conflict with servers that start or end at the same time. It does not reset after its last client
-# disconnects, as it would refuse a client that connects during the reset.
+# Runs a command that opens windows: on the display in DISPLAY, otherwise on a new Xvfb. The server chooses its own display
+# number, so that concurrent servers do not conflict, and does not reset when its last client disconnects: a client that
+# connects during the reset would be refused.
 if [ -n "$DISPLAY" ]; then
     exec "$@"
 fi
