@@ -8,19 +8,19 @@
 
 namespace CockpitModel {
 
-/// One aircraft's cockpit before it is loaded: where its files are, where the pilot sits, and how to get its model.
+/// One aircraft's cockpit before loading: the paths of its files, the pilot's position, and the loader of its model.
 struct AircraftCockpit {
     virtual ~AircraftCockpit() = default;
-    /// True when the cockpit can produce a model.
+    /// Whether the cockpit has a model to load.
     virtual bool IsValid() const = 0;
-    /// Reads the files anew on each call.
+    /// Reads the files on each call.
     virtual std::unique_ptr<ModelData> LoadModel() const = 0;
 
     Utils::Vector3 modelOffset = Utils::Vector3::Zero(); ///< metres
     Utils::Vector3 pilotEye = Utils::Vector3::Zero();    ///< metres, in the model's axes
     std::string panelConfigPath;                         ///< empty for X-Plane aircraft
     std::string furtherPath;                             ///< nothing reads it
-    std::string textureFolder; ///< that texture names are relative to; empty where they are whole paths
+    std::string textureFolder; ///< base of relative texture names; empty if they are full paths
 };
 
 } // namespace CockpitModel

@@ -8,10 +8,10 @@
 
 namespace CockpitModel {
 
-/// One node's animation: tracks of keys in ascending time, which combine by multiplication. Apart from `position` and
-/// `enabled`, which the user interface thread alone touches, it does not change once its scene graph stands.
+/// One node's animation: tracks of keys in ascending time, which combine by multiplication. It does not change after
+/// its scene graph is built, except for `position` and `enabled`, which only the user interface thread accesses.
 struct ModelAnimation {
-    bool enabled = false; ///< set above the primary yoke
+    bool enabled = false; ///< true for the animations above the primary yoke
     std::string name;     ///< X-Plane's dataref, or "Dummy Animation"
     std::vector<std::vector<RiffBlockXANK>> tracks;
     float position = 0;                ///< times 100 / length, the fraction of the time axis
@@ -24,8 +24,8 @@ struct ModelAnimation {
 /// The name of an animation that moves nothing.
 inline constexpr const char* kDummyAnimationName = "Dummy Animation";
 
-/// Multiplies the animation's matrix at a position into m from the left, so that it acts within the frame that m
-/// places: m = A * m for each track in order. A track of fewer than two keys throws OutOfRange.
+/// Multiplies m from the left by the animation's matrix at a position, so that the animation acts in m's local frame: m
+/// = A * m for each track in order. A track of fewer than two keys throws OutOfRange.
 void ApplyAnimation(const ModelAnimation& animation, Utils::Matrix4& m, float position);
 
 } // namespace CockpitModel

@@ -6,8 +6,8 @@ namespace CockpitModel {
 
 namespace {
 
-/// The position as a fraction of the time axis. Not-a-number, also from a length of 0, stays what it is: it places
-/// the node nowhere, but does no harm.
+/// The position as a fraction of the time axis. NaN, which a length of 0 can give, is kept: the node's matrix becomes
+/// NaN, which does no harm.
 float FractionOfTime(float position, float length) {
     const float fraction = position * 100.0f / length;
     if (fraction < 0.0f)
@@ -22,7 +22,7 @@ MotionTable::Motion MotionTable::Add(const ModelAnimation& animation) {
     for (const auto& track : animation.tracks) {
         if (track.size() < 2)
             throw Utils::OutOfRange("animation \"" + animation.name + "\" has a track of " +
-                                    std::to_string(track.size()) + " keys, where two are needed");
+                                    std::to_string(track.size()) + " keys; at least two are needed");
         tracks.push_back({static_cast<std::uint32_t>(segments.size()), static_cast<std::uint32_t>(track.size() - 1)});
         for (std::size_t i = 1; i < track.size(); ++i)
             AddSegment(track[i - 1], track[i], animation.length);
@@ -51,7 +51,7 @@ Utils::Matrix4 MotionTable::TrackMatrix(const Track& track, float fraction) cons
     for (const Segment *next = segment, *end = segment + track.segmentCount; next != end; ++next)
         if (next->start < fraction)
             segment = next;
-    // Not clamped: ahead of the first key the motion is carried on backwards.
+    // Not clamped: before the first key the motion is extrapolated.
     const float u =
         segment->end > segment->start ? (fraction - segment->start) / (segment->end - segment->start) : 1.0f;
     if (!segment->isTranslation)

@@ -8,11 +8,11 @@
 
 namespace CockpitModel {
 
-/// The motions of many animations, laid out one behind another, so that an update of a whole cockpit walks through
-/// memory in order. Any thread may read it once it is filled.
+/// The motions of many animations in contiguous arrays, so that an update of a whole cockpit reads memory in order. Any
+/// thread may read it after it is filled.
 class MotionTable {
 public:
-    /// One animation's tracks; none for a node that stands still.
+    /// One animation's tracks; none for a node that does not move.
     struct Motion {
         float length = 0; ///< end of the time axis
         std::uint32_t firstTrack = 0, trackCount = 0;
@@ -20,18 +20,18 @@ public:
 
     /// A track of fewer than two keys throws OutOfRange.
     Motion Add(const ModelAnimation& animation);
-    /// As ApplyAnimation does with the animation that was added.
+    /// Same as ApplyAnimation with the animation that was added.
     void Apply(const Motion& motion, Utils::Matrix4& m, float position) const;
 
 private:
     struct TranslationStep {
         Utils::Vector3 start, whole;
     };
-    /// From one key to the next; the kind is that of the first.
+    /// From one key to the next; the kind is that of the first key.
     struct Segment {
         float start, end; ///< fractions of the time axis
         bool isTranslation;
-        std::uint32_t place; ///< in `translations` or in `rotations`
+        std::uint32_t place; ///< index in `translations` or `rotations`
     };
     struct Track {
         std::uint32_t firstSegment, segmentCount;

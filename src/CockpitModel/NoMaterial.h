@@ -4,7 +4,7 @@
 
 namespace CockpitModel {
 
-/// A part that no TEXTURE line gives a material, so that its cockpit cannot be built.
+/// A part has no material because no TEXTURE line gives it one; its cockpit cannot be built.
 class NoMaterial : public Utils::OutOfRange {
 public:
     using OutOfRange::OutOfRange;

@@ -19,31 +19,30 @@ struct Node;
 struct Panel;
 class PartTree;
 
-/// What a person sees, picks and annotates: the triangles of one draw call, in the space of its node. Owned by its
-/// node and alive as long as the scene graph, so that plain pointers to it serve everywhere else.
+/// What the user sees, picks and annotates: the triangles of one draw call, in the space of its node. Owned by its
+/// node; plain pointers to it are valid while the scene graph lives.
 struct NodePart : Utils::NonAssignable {
     NodePart();
     ~NodePart();
 
-    std::int32_t id = -1; ///< place in its node's parts
+    std::int32_t id = -1; ///< index in its node's parts
     Node* node = nullptr;
     TouchEventType EventType = TouchEventType::Wheel; ///< as detected
     bool Reverse = false;
-    std::unique_ptr<Rendering::Geometry> geometry;   ///< made by SceneGraph::PrepareGpuResources
-    std::vector<Rendering::GeometryVertex> vertices; ///< three a triangle
-    RiffBlockPART block;                             ///< of a part from a panel: default, apart from its rectangle
-    MouseRect panelRect;                             ///< of a part from a panel; empty elsewhere
+    std::unique_ptr<Rendering::Geometry> geometry;   ///< created by SceneGraph::PrepareGpuResources
+    std::vector<Rendering::GeometryVertex> vertices; ///< three per triangle
+    RiffBlockPART block;                             ///< for a part from a panel: default, except for its rectangle
+    MouseRect panelRect;                             ///< for a part from a panel; otherwise empty
     std::optional<std::int32_t> textureIndex;
     std::string textureName;
     const Material* material = nullptr; ///< in the graph's model
-    Panel* panel = nullptr;             ///< the panel that shows on this part's texture
+    Panel* panel = nullptr;             ///< the panel shown on this part's texture
 
-    /// The measures of the part's motion, in node space, metres; see AnalysePartMotion.
+    /// Measurements of the part's motion, in node space, metres; see AnalysePartMotion.
     Utils::Vector3 FarthestVertex = Utils::Vector3::Zero();
     Utils::Vector3 AxisTip = Utils::Vector3::Zero();
     Utils::Vector3 RotationAxis = Utils::Vector3::Zero();
-    float BalanceFactor =
-        -42.3f; ///< 0 is balanced about the motion's centre; the default marks a part not yet measured
+    float BalanceFactor = -42.3f; ///< 0 is balanced about the motion's centre; the default means not yet measured
     float SweepRadius = 0;
 
     TouchInteractionType InteractionType = TouchInteractionType::None; ///< as detected
@@ -51,7 +50,7 @@ struct NodePart : Utils::NonAssignable {
     /// Null for a part that cannot be clicked.
     MouseRect* Rect() const { return block.mouseRect; }
     bool IsTransparent() const;
-    /// Over `vertices`, which stay as they are from the first call on: that call builds it. Any thread.
+    /// The tree over `vertices`, which must not change after the first call, which builds it. Any thread.
     const PartTree& Tree() const;
 
 private:

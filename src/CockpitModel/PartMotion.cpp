@@ -18,21 +18,22 @@ constexpr float kLeastTurn = 0.1f;   // radians
 constexpr float kLeastTravel = 0.1f; // metres
 constexpr float kTipBeyondAxis = 1.2f;
 constexpr float kLeastBalanceDivisor = 1.0f;
-/// The log names this fixed line for a measure that is no number.
+/// Fixed line number in the log entry for a NaN measurement.
 constexpr std::int32_t kBadNumberLine = 578;
 
-/// Everything that an animation does, added up without regard to time: its first and last keys both count.
+/// Sum of all keys of an animation regardless of time: the first and the last key both count.
 struct MotionSum {
     Vector3 translation = Vector3::Zero();
     Utils::Quaternion rotation = Utils::Quaternion::Identity();
 };
 
-/// How the motion sees a point: along the axis of its turn, and in the direction in which it sweeps.
+/// Axes on which points are measured: the rotation's axis and the direction of the sweep.
 struct MotionFrame {
-    Vector3 axisMagnitude = Vector3::Zero(); ///< zero unless the motion turns
+    Vector3 axisMagnitude = Vector3::Zero(); ///< zero unless the motion rotates
     Vector3 direction = Vector3::Zero();
 };
 
+/// By hand, like Normalised: Eigen may round in another order, and detection compares the results with limits.
 Utils::Quaternion Product(const Utils::Quaternion& a, const Utils::Quaternion& b) {
     return {a.w() * b.w() - a.x() * b.x() - a.y() * b.y() - a.z() * b.z(),
             a.w() * b.x() + a.x() * b.w() + a.y() * b.z() - a.z() * b.y(),

@@ -15,7 +15,7 @@ bool Contains(const std::string& text, const char* word) {
     return text.find(word) != std::string::npos;
 }
 
-/// The matrix that places a node's space in its parent's, with its animation where it stands now.
+/// The matrix from a node's space to its parent's, with its animation at the current position.
 Utils::Matrix4 PlaceInParent(const Node& node) {
     Utils::Matrix4 m = node.localMatrix;
     if (node.animation)

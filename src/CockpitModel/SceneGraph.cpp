@@ -15,10 +15,10 @@ namespace CockpitModel {
 
 namespace {
 
-/// Visibility flags are refreshed in this many slices, so that a frame touches few nodes.
+/// Visibility flags are refreshed in this many slices, so that a frame updates few nodes.
 constexpr std::size_t kVisibilitySlices = 20;
 
-/// Where a texture lies on disk, its name taken without notice of case; empty when there is no such file.
+/// A texture's path on disk, found ignoring case; empty if there is no such file.
 boost::filesystem::path TexturePath(const std::string& folder, const std::string& name) {
     if (name.empty() || name.front() == '$')
         return {};
@@ -77,9 +77,9 @@ void SceneGraph::MakeNodes() {
     }
 }
 
-/// A walk along links or parents would never leave a ring.
+/// Rejects cycles, in which a walk along links or parents would never end.
 void SceneGraph::CheckForRings() const {
-    enum class State : std::uint8_t { New, Open, Done }; // open: its links are being followed
+    enum class State : std::uint8_t { New, Open, Done }; // Open: its links are being followed
     std::vector<State> states(nodes.size(), State::New);
     std::vector<std::int32_t> path;
     for (const auto& first : nodes) {
@@ -119,7 +119,7 @@ void SceneGraph::LinkParents() {
     }
 }
 
-/// Lays the nodes out breadth-first from node 0: a node's peer ahead of its child.
+/// The nodes breadth-first from node 0, a node's peer before its child.
 void SceneGraph::PrepareUpdate() {
     std::vector<bool> reached(nodes.size(), false);
     const auto append = [&](std::int32_t index, std::int32_t parent) {
@@ -177,13 +177,13 @@ void SceneGraph::UpdateTransforms() {
         if (step.motion.trackCount != 0)
             motions.Apply(step.motion, entry.worldMatrix, scratchPositions[static_cast<std::size_t>(step.animation)]);
     }
-    // The lists trade places: every entry of the one that comes back is written anew by the next run.
+    // Swapping is safe: the next run overwrites every entry of the list that it gets back.
     const std::lock_guard lock(mutex);
     publishedList.swap(scratchList);
     publishedIsNew = true;
 }
 
-/// Hands the last finished matrices to the nodes. The mutex is held.
+/// Copies the last finished matrices to the nodes. The caller holds the mutex.
 void SceneGraph::AdoptPublished() {
     if (!publishedIsNew)
         return;

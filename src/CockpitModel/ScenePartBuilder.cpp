@@ -16,12 +16,12 @@ using Rendering::GeometryVertex;
 using Soup = std::vector<GeometryVertex>;
 using Nodes = std::vector<std::unique_ptr<Node>>;
 
-/// Draw calls may draw the same vertices and name the same texture over and over, so that a small file could fill the
-/// memory with copies. Cockpits draw up to a few million vertices.
+/// Draw calls may repeat the same vertices and texture name, so that a small file could exhaust memory with copies.
+/// Real cockpits draw up to a few million vertices.
 constexpr std::uint64_t kMostVertices = 1 << 24;
 constexpr std::uint64_t kMostNameBytes = 1 << 28;
 
-/// "<file>(<line>): <what>", as far as the model knows file and line.
+/// "<file>(<line>): <what>", without file and line if unknown.
 std::string AtSource(const ModelData& model, const RiffBlockPART& block, const std::string& what) {
     std::string place = model.sourcePath;
     if (block.SourceLine != 0)
@@ -29,7 +29,7 @@ std::string AtSource(const ModelData& model, const RiffBlockPART& block, const s
     return place.empty() ? what : place + ": " + what;
 }
 
-/// The entry of a list that a block names; the reason of a failure says which index named what.
+/// The element of a list at a block's index; the error message names the index and the kind.
 template <typename List, typename Index>
 auto& NamedEntry(List& list, Index index, const ModelData& model, const RiffBlockPART& block, const char* kind) {
     if (index >= list.size())
@@ -47,7 +47,7 @@ GeometryVertex ToGeometryVertex(const Vertex& vertex) {
     return result;
 }
 
-/// A range that leaves the pool fails as a whole, before room is taken for it.
+/// Rejects a range outside the pool before memory is allocated for it.
 void CheckIndexRange(const ModelData& model, const RiffBlockPART& block, std::size_t poolSize) {
     const std::uint64_t end = std::uint64_t{block.IndexOffset} + block.IndexCount;
     if (block.IndexCount == 0 || end <= poolSize)
@@ -71,8 +71,8 @@ Soup ExpandIndices(const ModelData& model, const RiffBlockPART& block) {
     return raw;
 }
 
-/// Triangles from corners in sequence: each further corner closes one with the corner before it and with the first of
-/// a fan, or the one before that of a strip. The winding of a strip is not turned.
+/// Triangles of a fan or a strip: each further corner makes one with the previous corner and the first corner (fan) or
+/// the one before the previous (strip). The winding of strips is not alternated.
 Soup Unroll(const Soup& raw, bool fan) {
     Soup soup;
     for (std::size_t i = 2; i < raw.size(); ++i)
@@ -106,7 +106,7 @@ void AddToNode(Node& node, std::unique_ptr<NodePart> part) {
     node.parts.push_back(std::move(part));
 }
 
-/// Empty where the block names none; what it names wrongly fails when it is built.
+/// Empty if the block has no texture; invalid indices are rejected when the part is built.
 std::string_view TextureNameOf(const ModelData& model, const RiffBlockPART& block) {
     const auto& materials = model.materials.Children;
     if (block.MaterialIndex >= materials.size())
@@ -116,7 +116,7 @@ std::string_view TextureNameOf(const ModelData& model, const RiffBlockPART& bloc
     return std::cmp_less(texture, names.size()) && texture >= 0 ? names[std::size_t(texture)] : std::string_view();
 }
 
-/// A part of its own for each rectangle of a panel that the base part shows.
+/// Adds a separate part for each panel rectangle that the base part shows.
 void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
     base.panel = panels ? panels->Find(base.textureName) : nullptr;
     if (!base.panel)
@@ -162,7 +162,7 @@ void CheckPartSizes(const ModelData& model) {
     const std::uint64_t poolSize = model.indexBlocks.empty() ? 0 : model.indexBlocks[0].Children.size();
     std::uint64_t vertices = 0, nameBytes = 0;
     for (const RiffBlockPART& block : model.parts) {
-        if (std::uint64_t{block.IndexOffset} + block.IndexCount <= poolSize) // else it fails by itself
+        if (std::uint64_t{block.IndexOffset} + block.IndexCount <= poolSize) // otherwise CheckIndexRange throws
             vertices += block.IndexCount;
         nameBytes += TextureNameOf(model, block).size();
         if (vertices > kMostVertices)

@@ -12,7 +12,7 @@ namespace {
 
 using namespace Bc7;
 
-/// The 128 bits of a block, taken from the lowest upwards.
+/// Reads the 128 bits of a block from the lowest upwards.
 class BlockBits {
 public:
     explicit BlockBits(std::string_view bytes) : low(LittleEndian(bytes, 0, 8)), high(LittleEndian(bytes, 8, 8)) {}
@@ -31,11 +31,11 @@ private:
     std::uint64_t low, high;
 };
 
-/// How a block's pixels are divided into subsets.
+/// The partition of a block's pixels into subsets.
 struct Division {
-    std::uint32_t subsets = 0; ///< the subset of each pixel, `width` bits a pixel, the first pixel lowest
+    std::uint32_t subsets = 0; ///< the subset of each pixel, `width` bits per pixel, the first pixel lowest
     unsigned width = 1;
-    std::uint32_t anchors = 1; ///< a bit for each pixel whose index has one bit less
+    std::uint32_t anchors = 1; ///< one bit per pixel: its index has one bit less
 
     std::size_t SubsetOf(std::size_t pixel) const { return subsets >> width * pixel & ((1u << width) - 1); }
 };
@@ -51,13 +51,13 @@ Division DivisionOf(const Mode& mode, std::size_t partition) {
 
 using EndColours = std::array<Pixel, 6>; ///< both ends of each subset, one subset after the other
 
-/// Moves a value to the upper bits of a byte and fills the lower ones with its upper bits.
+/// Shifts a value to the upper bits of a byte and fills the lower ones with its upper bits.
 std::uint8_t Widened(unsigned value, unsigned bits) {
     value <<= 8 - bits;
     return static_cast<std::uint8_t>(value | value >> bits);
 }
 
-/// The bit below each end's channels, of its own or the subset's.
+/// The lowest bit of each end's channels, its own or shared by the subset.
 std::array<unsigned, 6> TakeLowestBits(BlockBits& bits, const Mode& mode) {
     std::array<unsigned, 6> lowest{};
     for (std::size_t i = 0; i < 2u * mode.subsets; ++i)

@@ -3,15 +3,15 @@
 #include <array>
 #include <cstdint>
 
-/// The tables of the BC7 format. A block's mode is the number of zero bits before its first one; its fields follow in
-/// the order of Mode, then the indices.
+/// The tables of the BC7 format. A block's mode is the number of zero bits before the first set bit; its fields follow
+/// in the order of Mode, then the indices.
 namespace Rendering::Bc7 {
 
 struct Mode {
     std::uint8_t subsets;
     std::uint8_t partitionBits, rotationBits, selectionBits;
-    std::uint8_t colourBits, alphaBits; ///< of a channel of an end colour; no bits of alpha mean opaque
-    bool ownLowestBit, sharedLowestBit; ///< one more bit for the channels of an end, or of both ends of a subset
+    std::uint8_t colourBits, alphaBits; ///< per channel of an end colour; 0 bits of alpha mean opaque
+    bool ownLowestBit, sharedLowestBit; ///< one more bit for all channels of an end, or of both ends of a subset
     std::uint8_t indexBits, secondIndexBits;
 };
 
@@ -27,13 +27,13 @@ inline constexpr std::array<Mode, 8> kModes = {{
     {2, 6, 0, 0, 5, 5, true, false, 2, 0},
 }};
 
-/// What an index of two, three or four bits weighs its subset's second end colour by, in 64ths.
+/// Weights of a subset's second end colour for indices of two, three and four bits, in 64ths.
 inline constexpr std::array<std::uint8_t, 4> kWeightsOf2 = {0, 21, 43, 64};
 inline constexpr std::array<std::uint8_t, 8> kWeightsOf3 = {0, 9, 18, 27, 37, 46, 55, 64};
 inline constexpr std::array<std::uint8_t, 16> kWeightsOf4 = {
     0, 4, 9, 13, 17, 21, 26, 30, 34, 38, 43, 47, 51, 55, 60, 64};
 
-/// The subset of each pixel, one bit a pixel, row by row from the lowest bit.
+/// The subset of each pixel, one bit per pixel, row by row from the lowest bit.
 inline constexpr std::array<std::uint16_t, 64> kTwoSubsets = {
     0xCCCC, 0x8888, 0xEEEE, 0xECC8, 0xC880, 0xFEEC, 0xFEC8, 0xEC80,
     0xC800, 0xFFEC, 0xFE80, 0xE800, 0xFFE8, 0xFF00, 0xFFF0, 0xF000,
@@ -45,7 +45,7 @@ inline constexpr std::array<std::uint16_t, 64> kTwoSubsets = {
     0x9336, 0x9CC6, 0x817E, 0xE718, 0xCCF0, 0x0FCC, 0x7744, 0xEE22,
 };
 
-/// The same with two bits a pixel.
+/// The same with two bits per pixel.
 inline constexpr std::array<std::uint32_t, 64> kThreeSubsets = {
     0xAA685050, 0x6A5A5040, 0x5A5A4200, 0x5450A0A8, 0xA5A50000, 0xA0A05050, 0x5555A0A0, 0x5A5A5050,
     0xAA550000, 0xAA555500, 0xAAAA5500, 0x90909090, 0x94949494, 0xA4A4A4A4, 0xA9A59450, 0x2A0A4250,
@@ -57,7 +57,7 @@ inline constexpr std::array<std::uint32_t, 64> kThreeSubsets = {
     0xAAAA1414, 0xA05050A0, 0xA0A5A5A0, 0x96000000, 0x40804080, 0xA9A8A9A8, 0xAAAAAA44, 0x2A4A5254,
 };
 
-/// The pixels whose index lacks its highest bit, which is 0: the first pixel, and one in each further subset.
+/// The pixels whose index omits its highest bit, which is 0: the first pixel and one in each further subset.
 inline constexpr std::array<std::uint8_t, 64> kAnchorOfTwo = {
     15, 15, 15, 15, 15, 15, 15, 15, 15, 15, 15, 15, 15, 15, 15, 15,
     15, 2, 8, 2, 2, 8, 8, 15, 2, 8, 2, 2, 8, 8, 2, 2,

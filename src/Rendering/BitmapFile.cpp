@@ -15,13 +15,13 @@ namespace Rendering {
 
 namespace {
 
-constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 28; ///< a square of 16,384, the side that devices stop at
+constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 28; ///< a square of side 16,384, the limit of devices
 
-constexpr auto kUnreadable = static_cast<std::int32_t>(0x80004005); ///< E_FAIL, the result code on Direct3D
+constexpr auto kUnreadable = static_cast<std::int32_t>(0x80004005); ///< E_FAIL, Direct3D's result code
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 
-/// Newer cairo versions keep deep PNGs in formats of their own; everything here is 8 bits a channel.
+/// Newer cairo versions have special formats for deep PNGs; everything here has 8 bits per channel.
 Surface WithEightBits(Surface surface) {
     const cairo_format_t format = cairo_image_surface_get_format(surface.get());
     if (format == CAIRO_FORMAT_ARGB32 || format == CAIRO_FORMAT_RGB24 || format == CAIRO_FORMAT_INVALID)
@@ -45,7 +45,7 @@ Surface OpenPng(const std::string& path) {
     return WithEightBits(std::move(surface));
 }
 
-/// The pixels that the header of a PNG promises; 0 where there is none.
+/// Number of pixels according to the header of a PNG; 0 if there is no header.
 std::uint64_t PromisedPixels(const std::string& path) {
     constexpr std::size_t kWidth = 16, kHeight = 20, kEnd = 24; // big-endian words
     std::array<char, kEnd> header{};
@@ -59,7 +59,7 @@ std::uint64_t PromisedPixels(const std::string& path) {
     return word(kWidth) * word(kHeight);
 }
 
-/// A pipe keeps its reader waiting, and a small file can hold more pixels than there is memory.
+/// Reading a pipe can block, and a small file can hold more pixels than fit in memory.
 bool MayBeOpened(const std::string& path) {
     return Utils::IsReadableFile(path) && PromisedPixels(path) <= kMostPixels;
 }
@@ -75,7 +75,7 @@ MemBitmap ReadPngFile(const std::string& path) {
     if (MayBeOpened(path))
         FromCairoSurface(bitmap, OpenPng(path).get());
     else
-        Logging::Logger::Get().Log(HERE, path + " cannot be read as a picture");
+        Logging::Logger::Get().Log(HERE, path + " is not a readable image");
     return bitmap;
 }
 

@@ -5,18 +5,18 @@
 #include <string>
 #include <vector>
 
-/// Image files in main memory, for every device's LoadBitmap.
+/// Reads image files into main memory, for LoadBitmap of every device.
 namespace Rendering {
 
-/// True for a path that holds ".dds" in any case. Every other path is read as PNG.
+/// True for a path that contains ".dds" in any case. All others are read as PNG.
 bool IsDdsPath(const std::string& path);
 
-/// The pixels as cairo gives them and CreateBitmap takes them: blue, green, red, alpha, premultiplied, top row first. A
-/// file that cannot be read gives one transparent pixel and a log line.
+/// The pixels in cairo's format, as for CreateBitmap: blue, green, red, alpha, premultiplied, top row first. An
+/// unreadable file gives one transparent pixel and a log line.
 MemBitmap ReadPngFile(const std::string& path);
 
-/// The full size and the mip levels that the file has: red, green, blue, alpha, as they are in the file, top row first.
-/// A file that cannot be read is a fatal error with its fault in the log.
+/// The full size and the mip levels in the file: red, green, blue, alpha, unconverted, top row first. An unreadable
+/// file is a fatal error with the reason in the log.
 std::vector<MemBitmap> ReadDdsOrFail(const std::string& path);
 
 } // namespace Rendering

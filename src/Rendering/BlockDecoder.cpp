@@ -27,7 +27,7 @@ Pixel MixColours(const Pixel& a, int weightA, const Pixel& b, int weightB) {
             255};
 }
 
-/// The eight bytes of a colour block. In BC1 a first colour that is not the larger one makes the fourth transparent.
+/// The eight bytes of a colour block. In BC1 the fourth colour is transparent unless the first is the larger one.
 void DecodeColours(std::string_view bytes, bool mayBeTransparent, PixelBlock& block) {
     const std::uint64_t first = LittleEndian(bytes, 0, 2), second = LittleEndian(bytes, 2, 2);
     const Pixel a = ExpandColour(first), b = ExpandColour(second);
@@ -43,7 +43,7 @@ void DecodeColours(std::string_view bytes, bool mayBeTransparent, PixelBlock& bl
     }
 }
 
-/// Two pixels a byte, the first in the lower half.
+/// Two pixels per byte, the first in the lower half.
 void DecodeFourBitAlpha(std::string_view bytes, PixelBlock& block) {
     for (std::size_t i = 0; i < block.size(); ++i) {
         const int alpha = static_cast<std::uint8_t>(bytes[i / 2]) >> 4 * (i % 2) & 15;
@@ -53,15 +53,15 @@ void DecodeFourBitAlpha(std::string_view bytes, PixelBlock& block) {
 
 using Palette = std::array<std::uint8_t, 8>;
 
-/// A first value that is the larger one is followed by six mixtures of the two, any other by four and by the least and
-/// the largest value. `most` is what stands for 255.
+/// If the first value is the larger one, six interpolated values follow, otherwise four and the least and the greatest
+/// value. `most` is the value for 255.
 Palette InterpolatedPalette(int a, int b, int most) {
     const int steps = a > b ? 7 : 5;
     const auto byte = [&](int sum) {
         const int whole = steps * most;
         return static_cast<std::uint8_t>((std::max(sum, 0) * 255 + whole / 2) / whole);
     };
-    a = std::max(a, -most); // -128 stands for -127
+    a = std::max(a, -most); // -128 means -127
     b = std::max(b, -most);
     Palette palette = {byte(a * steps), byte(b * steps), 0, 0, 0, 0, 0, 255};
     for (int i = 1; i < steps; ++i)
@@ -69,7 +69,7 @@ Palette InterpolatedPalette(int a, int b, int most) {
     return palette;
 }
 
-/// One channel: two values of a byte, then three bits a pixel that choose between them and their mixtures.
+/// One channel: two values of one byte, then a three-bit index per pixel into them and the values between.
 void DecodeInterpolated(std::string_view bytes, bool isSigned, std::size_t channel, PixelBlock& block) {
     const auto value = [&](std::size_t at) {
         const auto byte = static_cast<std::uint8_t>(bytes[at]);

@@ -7,8 +7,8 @@
 
 namespace Rendering {
 
-/// Where the viewer stands and looks. The z of the position has the opposite sign of the world's: a camera at (x, y, z)
-/// stands at (x, y, -z). Metres and radians.
+/// Position and direction of the viewer. The position's z has the opposite sign of the world's: a camera at (x, y, z)
+/// is at (x, y, -z) in the world. Metres and radians.
 class Camera {
 public:
     const Utils::Vector3& Position() const { return position; }
@@ -16,7 +16,7 @@ public:
     /// Pitch, roll, yaw.
     const Utils::Vector3& Rotation() const { return rotation; }
     void SetRotation(const Utils::Vector3& newRotation) { rotation = newRotation; }
-    /// From the view to an eye's own view: 0 left, 1 right.
+    /// From the view to an eye's view: 0 left, 1 right.
     const Utils::Matrix4& EyeMatrix(std::size_t eye) const { return eyeMatrices.at(eye); }
 
     Utils::Matrix4 ViewMatrix() const;

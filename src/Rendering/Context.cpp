@@ -16,7 +16,7 @@ bool CameraImage::IsWhole() const {
 RenderToTextureLock::~RenderToTextureLock() noexcept(false) {
     if (restored)
         return;
-    if (std::uncaught_exceptions() > exceptionsBefore) // a second one would end the process
+    if (std::uncaught_exceptions() > exceptionsBefore) // a second exception would end the process
         Logging::Logger::Get().Log(HERE, "A bitmap is still the render target");
     else
         Utils::FatalError(HERE);
@@ -30,7 +30,7 @@ void Context::DeferRelease(std::shared_ptr<void> object) {
 void Context::ReleaseDeferred() {
     std::vector<std::shared_ptr<void>> released;
     {
-        // Let go of outside the lock, as an object may hand over others when it goes.
+        // Destroyed outside the lock, because a destructor may defer further objects.
         const std::lock_guard lock(mutex);
         released.swap(releaseList);
     }
@@ -43,7 +43,7 @@ void Context::QueueDraw(const Utils::Vector3& position, bool last, QueuedDraw dr
 }
 
 void Context::FlushDrawQueue(const Utils::Matrix4& view, void* argument) {
-    // Out of the queue first, as a draw may queue others; they wait for the next flush.
+    // Emptied first, because a draw may queue others, which wait for the next flush.
     std::vector<QueueEntry> draws = std::exchange(drawQueue, {});
     for (QueueEntry& entry : draws)
         entry.position = Utils::TransformPoint(entry.position, view);

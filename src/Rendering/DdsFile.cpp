@@ -9,7 +9,7 @@ namespace Rendering {
 
 namespace {
 
-/// The row of a level that holds the file's row y, which counts from the image's bottom.
+/// The row of a level for the file's row y, which counts from the image's bottom.
 std::span<std::uint32_t> FileRow(MemBitmap& level, std::uint64_t y) {
     return level.Pixels().subspan((level.Height() - 1 - y) * level.Width(), level.Width());
 }

@@ -54,13 +54,13 @@ constexpr struct {
     std::string_view code;
     BlockCode block;
 } kCodeRows[] = {
-    {"DXT1", BlockCode::Bc1}, {"DXT2", BlockCode::Bc2}, // with colours that are multiplied by alpha, as those of DXT4
+    {"DXT1", BlockCode::Bc1}, {"DXT2", BlockCode::Bc2}, // with colours premultiplied by alpha, like DXT4
     {"DXT3", BlockCode::Bc2}, {"DXT4", BlockCode::Bc3}, {"DXT5", BlockCode::Bc3},
     {"ATI1", BlockCode::Bc4}, {"BC4U", BlockCode::Bc4}, {"BC4S", BlockCode::Bc4Signed},
     {"ATI2", BlockCode::Bc5}, {"BC5U", BlockCode::Bc5}, {"BC5S", BlockCode::Bc5Signed},
 };
 
-/// D3DFMT numbers that files hold as their code, having no masks for them.
+/// D3DFMT numbers that files store as the code because no masks describe them.
 constexpr struct {
     std::uint32_t number, dxgi;
 } kNumberRows[] = {

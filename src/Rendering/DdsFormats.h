@@ -9,14 +9,14 @@
 
 namespace Rendering {
 
-/// How a DDS file holds its pixels: in compressed blocks, or else plain.
+/// Pixel storage of a DDS file: compressed blocks, otherwise uncompressed.
 struct DdsFormat {
     std::optional<BlockCode> block;
     PixelLayout plain;
 };
 
-/// The format of a DXGI number, which stands in the header's DX10 part; none for one that is not read. Typeless formats
-/// and those in sRGB are read as their plain relatives.
+/// The format of a DXGI number from the header's DX10 part; none if unsupported. Typeless and sRGB formats are read as
+/// the corresponding UNORM formats.
 std::optional<DdsFormat> DxgiFormat(std::uint32_t number);
 /// The format of the header's four-character code, which may be a D3DFMT number instead.
 std::optional<DdsFormat> FourCCFormat(std::string_view code);

@@ -12,11 +12,11 @@ namespace {
 
 constexpr std::size_t kHeaderSize = 128;
 constexpr std::size_t kExtendedHeaderSize = 148; ///< with the DX10 part
-constexpr std::uint32_t kSizeLimit = 16384;      ///< pixels; the largest that the devices take
+constexpr std::uint32_t kSizeLimit = 16384;      ///< pixels; the limit of the devices
 constexpr std::uint32_t kAlphaPixels = 0x1, kAlphaOnly = 0x2, kFourCC = 0x4, kRgb = 0x40, kLuminance = 0x20000;
 constexpr std::uint32_t kCubeMap = 0x200, kVolume = 0x200000, kExtendedCubeMap = 0x4;
 
-/// A file that begins with a whole header of the old kind.
+/// Whether a file begins with a complete header of the old kind.
 struct Source {
     std::string_view bytes;
     const std::string& name;
@@ -32,7 +32,7 @@ struct Source {
     std::uint32_t DxgiNumber() const { return Word(128); }
 };
 
-/// The pixel format as the header tells it, for the log.
+/// The pixel format according to the header, for the log.
 std::string FormatName(const Source& source) {
     std::ostringstream text;
     const std::string_view code = source.Code();
@@ -64,7 +64,7 @@ ChannelBits BitsOfMask(const Source& source, std::uint32_t mask) {
     return {static_cast<std::uint8_t>(shift), static_cast<std::uint8_t>(bits)};
 }
 
-/// Luminance is grey, in all three colours; pixels of alpha alone are black.
+/// Luminance is grey, used for all three colours; pixels with alpha only are black.
 DdsFormat MaskedFormat(const Source& source) {
     const std::uint32_t flags = source.Flags(), bits = source.BitsPerPixel();
     if (!(flags & (kRgb | kLuminance | kAlphaOnly | kAlphaPixels)) || bits % 8 != 0 || bits == 0 || bits > 32)
@@ -127,7 +127,7 @@ DdsHeader ReadDdsHeader(std::string_view bytes, const std::string& name) {
     DdsHeader header;
     header.height = source.Word(12);
     header.width = source.Word(16);
-    // Writers often leave the flag for the level count unset; 0 stands for the full size alone.
+    // Writers often leave the flag for the level count unset; 0 means the full size only.
     header.levels = std::max(source.Word(28), 1u);
     CheckSize(header, source);
     if (source.Word(112) & (kCubeMap | kVolume))

@@ -18,7 +18,7 @@ namespace {
 
 boost::filesystem::path spareFolder;
 
-/// Takes the values of a line from left to right; one that is missing or malformed reads as 0.
+/// Reads the values of a line from left to right; a missing or malformed one reads as 0.
 class LineReader {
 public:
     explicit LineReader(std::string_view line) : rest(line) {}
@@ -74,7 +74,7 @@ Utils::Vector3 ReadTriple(LineReader& reader) {
     return {x, y, reader.Number<float>()};
 }
 
-/// The entry that a face names; the first is 1. Numbers that count back from the end are not part of this format.
+/// The element at a face's index, which counts from 1. Negative indices, which count from the end, are not supported.
 template <typename Value>
 const Value& Entry(const Mesh& mesh, const std::vector<Value>& list, int index, const char* kind) {
     if (index < 1 || std::cmp_greater(index, list.size()))

@@ -7,7 +7,7 @@
 
 namespace Rendering {
 
-/// The one vertex format, 60 bytes as the devices' input layouts read them. Three make a triangle.
+/// The only vertex format, 60 bytes in the devices' input layout. Three per triangle.
 struct GeometryVertex {
     Utils::Vector3 position = Utils::Vector3::Zero();
     Utils::Vector3 normal = Utils::Vector3::Zero();

@@ -11,7 +11,7 @@ namespace Rendering {
 
 namespace {
 
-/// The fixed place of these lines in the log.
+/// Fixed source path of these log lines.
 constexpr const char* kPlace = "Utils\\Images.cpp";
 
 } // namespace

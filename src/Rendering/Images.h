@@ -7,11 +7,11 @@
 
 namespace Rendering {
 
-/// Copies the pixels of an ARGB32 image surface, which stays the caller's: blue, green, red, alpha, premultiplied.
-/// A surface without a size, as cairo gives for a file it cannot read, makes one transparent pixel and a log line.
+/// Copies the pixels of an ARGB32 image surface, which the caller keeps: blue, green, red, alpha, premultiplied.
+/// A surface of size 0, as cairo returns for an unreadable file, gives one transparent pixel and a log line.
 void FromCairoSurface(MemBitmap& target, cairo_surface_t* surface);
 
-/// The PNG file of a picture in red, green, blue and whatever; all of it opaque.
+/// Encodes an image of red, green, blue and an ignored fourth byte as an opaque PNG.
 std::string ToPng(const MemBitmap& bitmap);
 
 } // namespace Rendering

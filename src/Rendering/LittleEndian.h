@@ -5,7 +5,7 @@
 
 namespace Rendering {
 
-/// An unsigned number of up to eight bytes, the lowest first. The caller stays inside the text.
+/// Reads an unsigned number of up to eight bytes, the lowest first. They must be inside the text.
 inline std::uint64_t LittleEndian(std::string_view bytes, std::size_t at, std::size_t size) {
     std::uint64_t value = 0;
     for (std::size_t i = size; i-- > 0;)

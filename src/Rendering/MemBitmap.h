@@ -6,8 +6,9 @@
 
 namespace Rendering {
 
-/// A picture in main memory, 32 bits a pixel, rows from the top without gaps. The order of a pixel's four bytes is its
-/// maker's: blue, green, red, alpha, premultiplied, from cairo; red, green, blue, alpha for a device's textures.
+/// An image in main memory, 32 bits per pixel, rows from the top without padding. The order of a pixel's four bytes
+/// depends on the source: blue, green, red, alpha, premultiplied, from cairo; red, green, blue, alpha from a device's
+/// textures.
 class MemBitmap {
 public:
     MemBitmap() = default;
@@ -18,13 +19,13 @@ public:
 
     std::uint64_t Width() const { return width; }
     std::uint64_t Height() const { return height; }
-    /// Width * height pixels, row by row; empty in a bitmap that was never resized.
+    /// Width * height pixels, row by row; empty before the first resize.
     std::span<std::uint32_t> Pixels() { return {pixels.get(), width * height}; }
     std::span<const std::uint32_t> Pixels() const { return {pixels.get(), width * height}; }
-    /// The caller stays inside.
+    /// The position must be inside the bitmap.
     void SetPixel(std::uint64_t x, std::uint64_t y, std::uint8_t b0, std::uint8_t b1, std::uint8_t b2, std::uint8_t b3);
     /// Resizes the target to this size and swaps the first and the third byte of each pixel. The target may be this
-    /// bitmap.
+    /// same bitmap.
     void CopySwappingRedBlue(MemBitmap& target) const;
 
 private:

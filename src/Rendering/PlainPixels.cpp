@@ -11,14 +11,14 @@ namespace Rendering {
 
 namespace {
 
-/// The largest value of any number of bits becomes 255; the others are rounded to the nearest.
+/// Scales values of any number of bits so that the largest becomes 255; rounded to the nearest.
 std::uint8_t ToByte(std::uint64_t pixel, ChannelBits channel) {
     const std::uint64_t most = (std::uint64_t{1} << channel.bits) - 1, value = pixel >> channel.shift & most;
     return static_cast<std::uint8_t>(channel.bits == 8 ? value : (value * 255 + most / 2) / most);
 }
 
 float FromHalf(std::uint64_t half) {
-    constexpr int kBias = 15, kSpecial = 31; // exponents; a special one stands for infinity or no number
+    constexpr int kBias = 15, kSpecial = 31; // exponents; the special one means infinity or NaN
     const int exponent = static_cast<int>(half >> 10 & 31);
     const float fraction = static_cast<float>(half & 1023) / 1024.0f;
     float magnitude = std::ldexp(exponent == 0 ? fraction : 1.0f + fraction, std::max(exponent, 1) - kBias);

@@ -6,20 +6,20 @@
 
 namespace Rendering {
 
-/// The bits of a pixel that hold one channel; no bits mean that the channel is missing.
+/// The bits of a pixel for one channel; 0 bits if the channel is missing.
 struct ChannelBits {
     std::uint8_t shift = 0, bits = 0;
 };
 
-/// Pixels that are not compressed: a little-endian number each.
+/// Layout of uncompressed pixels, each a little-endian number.
 struct PixelLayout {
     std::uint8_t bytes = 4;
     std::array<ChannelBits, 4> channels = {}; ///< red, green, blue, alpha; they may share bits
-    bool areFloats = false;                   ///< of 16 or 32 bits, at whole bytes; of up to 8 bytes a pixel otherwise
+    bool areFloats = false; ///< of 16 or 32 bits at whole bytes; otherwise integers in up to 8 bytes per pixel
 };
 
-/// One pixel of `layout.bytes` bytes. Channels are scaled to 8 bits, floats cut to the range from 0 to 1; a missing
-/// colour is 0, a missing alpha 255.
+/// Decodes one pixel of `layout.bytes` bytes. Channels are scaled to 8 bits, floats clamped to 0 to 1; a missing colour
+/// is 0, a missing alpha 255.
 Pixel DecodePixel(std::string_view bytes, const PixelLayout& layout);
 
 } // namespace Rendering

@@ -19,7 +19,7 @@ void StageList::Add(std::shared_ptr<Stage> stage) {
 void StageList::Run(Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection) {
     const std::lock_guard lock(stageLock);
     for (const std::shared_ptr<Stage>& listed : stages) {
-        const std::shared_ptr<Stage> stage = listed; // holds the stage for its call
+        const std::shared_ptr<Stage> stage = listed; // keeps the stage alive during its call
         stage->Render(context, view, projection);
     }
 }

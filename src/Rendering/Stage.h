@@ -9,19 +9,19 @@
 
 namespace Rendering {
 
-/// Something that renders in a frame.
+/// A rendering step of a frame.
 class Stage : public Utils::NonAssignable {
 public:
     virtual ~Stage() = default;
     virtual void Render(Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection) = 0;
 };
 
-/// What a frame runs, in order. One process-wide stage lock guards all lists and is held for a whole run, so a stage
-/// adds no stages. There is no way to remove one.
+/// The stages of a frame, in order. One process-wide lock guards all lists and is held for a whole run, so a stage must
+/// not add stages. Stages cannot be removed.
 class StageList {
 public:
     void Add(std::shared_ptr<Stage> stage);
-    /// An exception of a stage passes through.
+    /// Exceptions of a stage are passed on to the caller.
     void Run(Context& context, const Utils::Matrix4& view, const Utils::Matrix4& projection);
 
 private:

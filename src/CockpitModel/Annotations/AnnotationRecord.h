@@ -8,7 +8,7 @@
 
 namespace CockpitModel {
 
-/// What a person says of one part. Its place in the scene graph is its only identity.
+/// The user's annotation of one part, which is identified only by its position in the scene graph.
 struct AnnotationRecord {
     std::int32_t NodeId = -1;
     std::int32_t PartId = -1;

@@ -26,7 +26,7 @@ std::pair<std::int32_t, std::int32_t> PlaceOf(const AnnotationRecord& record) {
     return {record.NodeId, record.PartId};
 }
 
-/// Whether a text says anything that is not in these records.
+/// Whether a text contains anything beyond these records.
 bool SaysMore(const std::string& xml, std::vector<AnnotationRecord> records) {
     const AnnotationText text = ParseAnnotations(xml);
     if (!text.isXml || text.saysMore)
@@ -73,7 +73,7 @@ Utils::SaveResult AnnotationStore::BackUpForeignContent(const std::string& path,
     const std::string found = Utils::ReadFile(path);
     boost::system::error_code error;
     if (found.empty() && boost::filesystem::file_size(path, error) > 0 && !error)
-        return {false, "Cannot save " + path + ": what stands there cannot be read, and would be lost"};
+        return {false, "Cannot save " + path + ": the existing file cannot be read and would be lost"};
     if (found.empty() || found == writtenText)
         return {true, {}};
     std::vector<AnnotationRecord> known = fileRecords;
@@ -82,7 +82,7 @@ Utils::SaveResult AnnotationStore::BackUpForeignContent(const std::string& path,
         return {true, {}};
     for (int number = 1; backupPath.empty() || boost::filesystem::exists(backupPath); ++number)
         backupPath = path + ".kept-" + std::to_string(number);
-    Logging::Logger::Get().Log(HERE, path + " held more than the records; it is kept as " + backupPath);
+    Logging::Logger::Get().Log(HERE, path + " contained more than the records; the original was kept as " + backupPath);
     return Utils::SaveFile(backupPath, found);
 }
 
@@ -99,7 +99,7 @@ Utils::SaveResult AnnotationStore::Write(const std::string& path) noexcept {
         }
         return saved;
     } catch (...) {
-        return {false, "Cannot be saved"}; // short enough to need no memory
+        return {false, "Cannot be saved"}; // short enough not to allocate
     }
 }
 

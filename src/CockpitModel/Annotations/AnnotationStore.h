@@ -16,7 +16,7 @@ namespace CockpitModel {
 class SceneGraph;
 struct NodePart;
 
-/// A part held against its annotation.
+/// Result of comparing a part with its annotation.
 struct PartEvaluation {
     const NodePart* part = nullptr;
     std::optional<AnnotationRecord> annotation;
@@ -25,9 +25,9 @@ struct PartEvaluation {
     TouchInteractionType interactionType = TouchInteractionType::None; ///< override included
 };
 
-/// The path of an aircraft's annotation file, named by the folder that the aircraft lies in.
+/// The path of an aircraft's annotation file, named after the aircraft's folder.
 std::string AnnotationFile(const Sim::AircraftInfo& info);
-/// The same path for a caller that may write the file: makes the folder "QVRA/Annotations" if "QVRA" is there.
+/// The same path for a caller that may write the file: creates the folder "QVRA/Annotations" if "QVRA" exists.
 std::string AnnotationPath(const Sim::AircraftInfo& info);
 
 /// The annotations of one loaded cockpit: a slot for each part that the scene graph had when the store was made. The
@@ -36,14 +36,14 @@ class AnnotationStore {
 public:
     explicit AnnotationStore(const SceneGraph& sceneGraph);
 
-    /// Fills slots from a file. What cannot be read is left out in silence: a field with an unknown word, a record
-    /// without a place in the scene, a file that is no XML.
+    /// Fills slots from a file. Silently skips what cannot be read: a field with an unknown word, a record for a part
+    /// that the scene lacks, a file that is not XML.
     void Read(const std::string& path);
-    /// Replaces the file by all filled slots, or leaves it byte for byte as it was and returns why not. A file that
-    /// says anything that this store has neither read nor written, such as comments or what came since, is copied to a
-    /// file beside it first.
+    /// Replaces the file with all filled slots, or leaves it unchanged and returns the reason. If the file contains
+    /// anything that this store has neither read nor written, such as comments or later changes, it is first copied to
+    /// a file in the same folder.
     Utils::SaveResult Write(const std::string& path) noexcept;
-    /// The copy that the last Write made; empty for most.
+    /// The path of the copy made by the last Write; usually empty.
     const std::string& BackupPath() const { return backupPath; }
 
     /// A part outside the table throws Utils::OutOfRange.
@@ -56,7 +56,7 @@ private:
     Utils::SaveResult BackUpForeignContent(const std::string& path, const std::vector<AnnotationRecord>& list);
 
     const SceneGraph* sceneGraph;
-    std::vector<AnnotationRecord> fileRecords; ///< as they were last read or written
+    std::vector<AnnotationRecord> fileRecords; ///< as last read or written
     std::string writtenText;                   ///< by the last Write
     std::string backupPath;
     std::vector<std::vector<std::optional<AnnotationRecord>>> records; ///< by node and part

@@ -22,10 +22,10 @@ using tinyxml2::XMLDocument;
 using tinyxml2::XMLElement;
 using tinyxml2::XMLNode;
 
-/// How much of a text went into its field.
+/// How much of a text was read into its field.
 enum class Reading { None, Part, Whole };
 
-/// Leaves the field alone where the text does not begin with a value of its type.
+/// Leaves the field unchanged unless the text begins with a value of its type.
 template <typename Field>
 Reading ReadFromStream(const std::string& text, Field& field) {
     std::istringstream stream(text);
@@ -74,26 +74,26 @@ std::uint32_t LineOf(const XMLNode& node) {
     return static_cast<std::uint32_t>(node.GetLineNum());
 }
 
-/// The text after a comment or an element does not count.
+/// Text after a comment or an element is ignored.
 std::string TextOf(const XMLElement& element) {
     const XMLNode* first = element.FirstChild();
     return first && first->ToText() ? first->Value() : "";
 }
 
-/// Whether an element holds one text, or nothing.
+/// Whether an element contains a single text or nothing.
 bool IsPlain(const XMLElement& element) {
     const XMLNode* first = element.FirstChild();
     return !element.FirstAttribute() && (!first || (first->ToText() && !first->NextSibling()));
 }
 
-/// Their number for a node that is no field.
+/// The number of fields for a node that is not a field.
 std::size_t FieldIndex(const XMLNode& node) {
     const auto isNamed = [&](const auto& field) { return node.Value() == std::string_view(field.name); };
     return static_cast<std::size_t>((node.ToElement() ? std::ranges::find_if(kFields, isNamed) : std::end(kFields)) -
                                     kFields);
 }
 
-/// Of two elements of one name, the first counts.
+/// Of two elements with the same name, the first counts.
 AnnotationElement ReadElement(const XMLElement& element, bool& saysMore) {
     AnnotationElement found;
     found.line = LineOf(element);
@@ -126,7 +126,7 @@ void ReadRoot(const XMLElement& root, AnnotationText& text) {
     }
 }
 
-/// Other programs' instructions look like the declaration.
+/// Processing instructions of other programs also parse as declarations.
 bool IsXmlDeclaration(const XMLNode& node) {
     return node.ToDeclaration() && std::string_view(node.Value()).starts_with("xml ");
 }
@@ -137,7 +137,7 @@ XMLElement* AddText(XMLElement& parent, const char* name, const std::string& tex
     return element;
 }
 
-/// A reader passes over a text of nothing but blanks, except in CDATA.
+/// XML readers skip a text of white space only, except in CDATA.
 void AddTooltip(XMLElement& parent, const std::string& text) {
     XMLElement* element = AddText(parent, "Tooltip", text);
     if (!text.empty() && std::ranges::all_of(text, tinyxml2::XMLUtil::IsWhiteSpace))
@@ -186,7 +186,7 @@ void SetExpectation(XMLElement& element, const std::string& type) {
     expectation->SetText(type.c_str());
 }
 
-/// Takes out of `expectations` those of parts that have an element. Of several elements of one part, the last counts.
+/// Removes from `expectations` those of parts that have an element. Of several elements for one part, the last counts.
 void SetExpectations(XMLElement& root, RecordsByPlace& expectations) {
     for (XMLElement* element = root.LastChildElement("Override"); element && !expectations.empty();
          element = element->PreviousSiblingElement("Override"))
@@ -202,7 +202,7 @@ void InsertBefore(XMLElement& element, XMLElement* added) {
         parent.InsertFirstChild(added);
 }
 
-/// In the order of a file that the desktop tool writes: each before the first element of a later part.
+/// In the desktop tool's order: each before the first element of a later part.
 void InsertRecords(XMLElement& root, const RecordsByPlace& records) {
     XMLDocument& document = *root.GetDocument();
     auto next = records.begin();
@@ -256,7 +256,7 @@ std::string AddExpectations(const std::string& xml, const std::vector<Annotation
     XMLDocument document;
     if (!xml.empty() && document.Parse(xml.data(), xml.size()) != tinyxml2::XML_SUCCESS)
         throw std::runtime_error("line " + std::to_string(document.ErrorLineNum()) +
-                                 " is not well-formed XML, which it has to be for a record to be added");
+                                 " is not well-formed XML; records can only be added to a well-formed file");
     if (!document.RootElement())
         document.InsertEndChild(document.NewElement("Overrides"));
     RecordsByPlace missing;

@@ -6,10 +6,10 @@ namespace CockpitModel {
 
 namespace {
 
-/// Digits of a float; a dump leaves the stream so.
+/// Significant digits of a float; a dump leaves this precision set on the stream.
 constexpr int kPrecision = 4;
 
-/// One line with the first few children of a list and how many there are.
+/// One line with the first children of a list and their number.
 template <typename T, typename Write>
 void PrintRow(const std::string& indent, std::ostream& stream, const char* label, const std::vector<T>& children,
               std::size_t limit, Write write) {
@@ -71,7 +71,7 @@ void RiffBlockTRAN::Print(std::string indent, std::ostream& stream) const {
 }
 
 void RiffBlockTRAN::PrintChild(const Utils::Matrix4& child, std::string indent, std::ostream& stream) const {
-    // A line shows a column: the matrix is printed as one for column vectors.
+    // Each line shows a column: the matrix is printed as one for column vectors.
     for (int column = 0; column < 4; ++column) {
         stream << indent << kDumpIndent;
         for (int row = 0; row < 4; ++row)

@@ -12,7 +12,7 @@ struct MouseRect;
 
 /// The primitive kinds of a draw call.
 inline constexpr std::uint32_t kTriangleList = 1, kTriangleFan = 2, kTriangleStrip = 3;
-/// The only blend kind that lets a part count as opaque.
+/// The only blend kind with which a part counts as opaque.
 inline constexpr std::int32_t kOpaqueBlend = 2;
 
 /// A vertex of a pool, in the model's left-handed axes, metres; texture coordinates as the OBJ gives them.
@@ -22,7 +22,7 @@ struct Vertex {
     float u = 0, v = 0;
 };
 
-/// The words of a material that anything reads or prints.
+/// The fields of a material that anything reads or prints.
 struct Material {
     std::int32_t Flags = 0;
     std::int32_t TextureDiffuse = 0; ///< index into the texture names; negative for none
@@ -38,8 +38,8 @@ struct AnimationNode {
     std::uint32_t MatrixIndex = 0;
 };
 
-/// A row of the node table: indices of other nodes, negative for none, and a byte offset into the animation map, a
-/// multiple of the size of an AnimationNode.
+/// A row of the node table: indices of other nodes, negative for none, and a byte offset into the animation map, which
+/// is a multiple of the size of an AnimationNode.
 struct SceneGraphElement {
     std::int16_t Child = -1;
     std::int16_t Peer = -1;
@@ -112,8 +112,8 @@ public:
     std::uint32_t IndexOffset = 0;
     std::uint32_t IndexCount = 0;
     std::int32_t MouseRectIndex = -1;
-    MouseRect* mouseRect = nullptr;    ///< held by the model's shared list
-    std::uint32_t SourceLine = 0;      ///< line of the "TRIS" in the cockpit object, from 1; 0 where there is none
+    MouseRect* mouseRect = nullptr;    ///< owned by the model's shared list
+    std::uint32_t SourceLine = 0;      ///< line of the "TRIS" in the cockpit object, from 1; 0 for none
     std::uint32_t ManipulatorLine = 0; ///< line of the manipulator in force there; 0 for none
 };
 
@@ -124,8 +124,8 @@ public:
 
     float Time = 0; ///< 0 to the animation's length
     bool IsTranslation = false;
-    Utils::Vector3 Translation = Utils::Vector3::Zero();        ///< where IsTranslation
-    Utils::Quaternion Rotation = Utils::Quaternion::Identity(); ///< elsewhere
+    Utils::Vector3 Translation = Utils::Vector3::Zero();        ///< if IsTranslation
+    Utils::Quaternion Rotation = Utils::Quaternion::Identity(); ///< otherwise
     std::string Text;
 };
 

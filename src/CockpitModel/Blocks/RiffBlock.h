@@ -12,8 +12,8 @@ namespace CockpitModel {
 /// One step of indentation in a dump.
 inline constexpr const char* kDumpIndent = "  ";
 
-/// The common head of the model blocks, which are named after the chunks of a RIFF model file. No such file is read
-/// here: Name, Data and FileOffset keep their defaults for X-Plane cockpits. Blocks are held and copied by value.
+/// Common fields of the model blocks, which are named after the chunks of a RIFF model file. No such file is read here:
+/// Name, Data and FileOffset keep their defaults for X-Plane cockpits. Blocks are stored and copied by value.
 class RiffBlock {
 public:
     virtual void Print(std::string indent, std::ostream& stream) const;
@@ -23,7 +23,7 @@ public:
     std::uint64_t FileOffset = 0;
 };
 
-/// A block that carries a list of like records.
+/// A block that is a list of records of one type.
 template <typename T>
 class RiffBlockWithChildObject : public RiffBlock {
 public:

@@ -8,13 +8,14 @@
 
 namespace CockpitModel {
 
-/// A text of named sections, each a table from key to value, both in the order of the text. A line that fits no rule is
-/// skipped in silence.
+/// A text of named sections, each a table from key to value, both in the order of the text. Malformed lines are
+/// silently skipped.
 class ConfigFile {
 public:
     using Table = OrderedTable<std::string>;
 
-    /// With `caseSensitive` false, section names and keys are kept and looked up in lower case; values never are.
+    /// If `caseSensitive` is false, section names and keys are stored and looked up in lower case; values are
+    /// unchanged.
     ConfigFile(std::istream& stream, bool caseSensitive);
 
     std::optional<std::string> Get(const std::string& section, const std::string& key) const;

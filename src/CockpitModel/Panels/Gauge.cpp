@@ -10,8 +10,8 @@ namespace CockpitModel {
 
 namespace {
 
-/// The pieces of a text without white space at their ends; two separators in a row give an empty one. A text of more
-/// than `most` pieces is split no further than to tell.
+/// The trimmed pieces of a text; two separators in a row give an empty piece. Splitting stops once there are more than
+/// `most` pieces.
 std::vector<std::string> Pieces(const std::string& text, char separator, std::size_t most) {
     std::vector<std::string> pieces;
     for (std::size_t start = 0; start <= text.size() && pieces.size() <= most;) {

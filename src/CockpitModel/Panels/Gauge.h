@@ -10,7 +10,7 @@
 
 namespace CockpitModel {
 
-/// What a mouse area does.
+/// The action of a mouse area.
 struct MouseAreaAction {
     std::string Code; ///< may be empty
     std::uint32_t MouseFlags = 0;
@@ -30,7 +30,7 @@ struct MouseArea {
     std::vector<MouseArea> Children;
 };
 
-/// A gauge, owned by the file that made it.
+/// A gauge, owned by its GaugeFile.
 struct Gauge {
     Utils::Vector2 Position = Utils::Vector2::Zero();   ///< panel units
     Utils::Vector2 NativeSize = Utils::Vector2::Zero(); ///< gauge pixels
@@ -40,12 +40,12 @@ struct Gauge {
 
 /// One "gauge" line of a panel configuration: file!name, x, y and optionally width, height.
 struct GaugeLine {
-    std::string File, Name;             ///< lower case; both empty when the line has no "!"
+    std::string File, Name;             ///< lower case; both empty if the line has no "!"
     float X = 0, Y = 0;                 ///< panel units
     std::optional<float> Width, Height; ///< both or neither
 };
 
-/// A line that does not have this form gives empty names.
+/// A malformed line gives empty names.
 GaugeLine ParseGaugeLine(const std::string& text);
 
 } // namespace CockpitModel

@@ -9,17 +9,17 @@
 
 namespace CockpitModel {
 
-/// A file that holds gauges.
+/// A file that contains gauges.
 class GaugeFile {
 public:
     virtual ~GaugeFile() = default;
-    /// Called ahead of every find; reads the file once.
+    /// Called before every find; reads the file once.
     virtual void Load() = 0;
-    /// The name is in lower case. The gauge stays the file's; null when there is none.
+    /// The name is in lower case. The file keeps ownership of the gauge; null if there is none.
     virtual Gauge* FindGauge(const std::string& name) = 0;
 };
 
-/// Finds gauges by file and name. X-Plane has no gauge files, so its table is empty until someone adds one.
+/// Finds gauges by file and name. X-Plane has no gauge files, so the table is empty unless the caller adds one.
 class GaugeRepository {
 public:
     explicit GaugeRepository(std::string rootFolder);

@@ -8,16 +8,16 @@
 
 namespace CockpitModel {
 
-/// Values that are looked up by name and walked in the order in which their names were first used.
+/// Values that are looked up by name and iterated in the order in which their names were first used.
 template <typename Value>
 class OrderedTable {
 public:
-    /// Makes an empty value for a new name. References hold as long as the table.
+    /// Creates an empty value for a new name. References stay valid as long as the table.
     Value& operator[](const std::string& name) {
         const auto [place, isNew] = places.try_emplace(name, entries.size());
         return isNew ? entries.emplace_back(name, Value()).second : entries[place->second].second;
     }
-    /// Null when there is no such name.
+    /// Null if there is no such name.
     const Value* Find(const std::string& name) const {
         const auto place = places.find(name);
         return place == places.end() ? nullptr : &entries[place->second].second;

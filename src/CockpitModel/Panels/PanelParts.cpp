@@ -19,13 +19,13 @@ using Rendering::GeometryVertex;
 using Utils::Vector2;
 using Utils::Vector3;
 
-/// Steps of a whole number in a texture coordinate.
+/// Integer steps per unit of a texture coordinate.
 constexpr float kScale = 2000000.0f;
 /// In texture coordinates.
 constexpr float kSmallestEdge = 0.005f;
-/// In scaled coordinates: a little more than the diagonal of one step.
+/// In scaled coordinates: slightly more than the diagonal of one step.
 constexpr double kCleanDistance = 1.415;
-/// Metres along z, so that the new part does not fight its base part for the same pixels.
+/// Metres along z, so that the new part does not z-fight with its base part.
 constexpr float kLift = 0.001f;
 /// Clipper rejects coordinates from 2^62 on.
 constexpr float kClipperRange = 4611686018427387904.0f;
@@ -33,10 +33,10 @@ constexpr float kClipperRange = 4611686018427387904.0f;
 using Triangle = std::array<const GeometryVertex*, 3>;
 
 bool InRange(float scaled) {
-    return std::abs(scaled) < kClipperRange; // false for what is no number
+    return std::abs(scaled) < kClipperRange; // false for NaN
 }
 
-/// Corners in scaled texture coordinates, cut to whole numbers; empty when one of them is out of Clipper's range.
+/// Corners in scaled texture coordinates, truncated to integers; empty if one of them is out of Clipper's range.
 template <std::size_t N>
 Path ToPath(const std::array<Vector2, N>& corners) {
     Path path;
@@ -48,7 +48,7 @@ Path ToPath(const std::array<Vector2, N>& corners) {
     return path;
 }
 
-/// Empty unless as many corners are left as there were.
+/// Empty unless all corners are kept.
 template <std::size_t N>
 Path ToCleanPath(const std::array<Vector2, N>& corners) {
     Path path = ToPath(corners);
@@ -76,7 +76,7 @@ Path TrianglePath(const Triangle& t) {
     return ToCleanPath<3>({t[0]->texture * kScale, t[1]->texture * kScale, t[2]->texture * kScale});
 }
 
-/// No paths also where Clipper gives up.
+/// No paths if Clipper fails.
 Paths Intersection(const Path& rectangle, const Path& triangle) {
     Paths solution;
     try {
@@ -92,7 +92,7 @@ Paths Intersection(const Path& rectangle, const Path& triangle) {
     return solution;
 }
 
-/// Triangles of texture coordinates around the mean of a polygon's corners.
+/// A fan of triangles of texture coordinates around the mean of a polygon's corners.
 std::vector<Vector2> Fan(const Path& polygon) {
     std::vector<Vector2> corners;
     Vector2 centre = Vector2::Zero();
@@ -111,13 +111,13 @@ float Cross(const Vector2& a, const Vector2& b) {
     return a.x() * b.y() - a.y() * b.x();
 }
 
-/// Takes points of a triangle's texture to its surface.
+/// Maps texture coordinates of a triangle to points of its surface.
 class SurfaceMap {
 public:
     explicit SurfaceMap(const Triangle& t)
         : triangle(t), ab(t[1]->texture - t[0]->texture), ac(t[2]->texture - t[0]->texture), area(Cross(ab, ac)) {}
 
-    /// False where rounding leaves nothing of the triangle's area in texture space.
+    /// False if the triangle's area in texture space is rounded to nothing.
     bool IsUsable() const { return area != 0.0f; }
 
     GeometryVertex At(const Vector2& texture) const {
@@ -134,7 +134,7 @@ public:
 private:
     Triangle triangle;
     Vector2 ab, ac;
-    float area; ///< twice the triangle's, signed
+    float area; ///< twice the triangle's area, signed
 };
 
 void ClipToTriangle(const Path& rectangle, const Triangle& triangle, std::vector<GeometryVertex>& soup) {

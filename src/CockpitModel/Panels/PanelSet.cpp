@@ -14,10 +14,10 @@ namespace {
 using Utils::Vector2;
 
 constexpr const char* kDefaultSize = "100,100";
-/// How far along x a hand drags a control that has an area for each direction.
+/// Drag distance along x of a control that has an area for each direction.
 constexpr float kPairDrag = 0.07f;
 
-/// Where a gauge lies on the texture.
+/// The area of a gauge on the texture.
 struct GaugePlace {
     Vector2 nativeSize; ///< gauge pixels
     Vector2 a, b;       ///< corners, in texture coordinates
@@ -55,7 +55,7 @@ std::shared_ptr<MouseRectCallbackEvent> MakeCallback(const MouseAreaAction& acti
     return callback;
 }
 
-/// An entry with the rectangle and the texts of an area, whose parent lies at `offset` in gauge pixels.
+/// An entry with the rectangle and the texts of an area, whose parent is at `offset` in gauge pixels.
 PanelEntry MakeEntry(const MouseArea& area, const Vector2& offset, const GaugePlace& place) {
     const Vector2 s = place.b - place.a, n = place.nativeSize;
     const float left = offset.x() + area.X, top = offset.y() + area.Y;
@@ -85,7 +85,7 @@ bool IsPair(const MouseArea& area) {
     return area.Children.size() == 2 && area.Children[0].Name == "Decrement" && area.Children[1].Name == "Increment";
 }
 
-/// The two directions of one control become one entry that steps.
+/// Makes one stepping entry from the two directions of a control.
 void AddPairEntry(Panel& panel, PanelEntry entry, const MouseArea& pair) {
     const MouseAreaAction decrement = pair.Children[0].Action.value_or(MouseAreaAction{});
     const MouseAreaAction increment = pair.Children[1].Action.value_or(MouseAreaAction{});

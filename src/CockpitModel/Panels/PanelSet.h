@@ -21,17 +21,17 @@ struct PanelEntry {
     MouseRect Rect;
 };
 
-/// A 2D panel that a texture shows.
+/// A 2D panel shown on a texture.
 struct Panel {
-    /// Appends what a part that shows this panel shows of each entry, in their order.
+    /// Appends, for a part that shows this panel, the visible area of each entry, in order.
     void ProduceEntries(const NodePart& part, std::vector<PanelPartEntry>& out) const;
 
     std::string Texture; ///< lower case
     std::vector<PanelEntry> Entries;
 };
 
-/// The panels of one aircraft by texture. A scene graph keeps a plain pointer to its set, which keeps its address as
-/// long as the graph lives and does not change after it was read.
+/// The panels of one aircraft by texture. A scene graph keeps a plain pointer to its set, which must neither move nor
+/// change after reading while the graph lives.
 class PanelSet {
 public:
     PanelSet() = default;
@@ -39,9 +39,9 @@ public:
     PanelSet& operator=(const PanelSet&) = delete;
 
     /// Clears the set and fills it from the "vcockpit" sections of a panel configuration; of two with the same texture
-    /// the later one counts. A failed stream leaves the set empty; nothing is reported.
+    /// the later counts. A failed stream leaves the set empty without an error.
     void Read(std::istream& stream, GaugeRepository& repository);
-    /// Null when no panel shows on the texture. Takes no notice of case.
+    /// Null if the texture shows no panel. Ignores case.
     Panel* Find(const std::string& textureName) const;
     const std::unordered_map<std::string, std::unique_ptr<Panel>>& Panels() const { return panels; }
 

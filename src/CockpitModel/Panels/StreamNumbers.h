@@ -6,8 +6,8 @@
 
 namespace CockpitModel {
 
-/// The number that a text begins with, as a stream of the classic locale reads it: leading white space is skipped and
-/// what stands behind the number is not looked at. 0 where there is no number.
+/// The number at the start of a text, as a stream of the classic locale reads it: leading white space is skipped and
+/// anything after the number is ignored. 0 if there is no number.
 inline float FloatFromText(const std::string& text) {
     std::istringstream stream(text);
     stream.imbue(std::locale::classic());

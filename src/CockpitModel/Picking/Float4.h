@@ -6,8 +6,8 @@
 #include <xmmintrin.h>
 #endif
 
-/// Four floats or truth values that are computed with at once, by the compiler's own vector types: each lane rounds as
-/// a single float does, so that a result does not depend on which way it was computed.
+/// Four floats or truth values computed at once with the compiler's vector types. Each lane rounds as a single float
+/// does, so scalar and vector code give the same results.
 namespace Utils {
 
 using Float4 = float __attribute__((vector_size(16)));
@@ -16,13 +16,13 @@ using Mask4 = std::int32_t __attribute__((vector_size(16))); ///< lanes of all o
 inline Float4 Splat(float value) {
     return Float4{value, value, value, value};
 }
-/// From any address.
+/// The address need not be aligned.
 inline Float4 Load4(const float* values) {
     Float4 lanes;
     std::memcpy(&lanes, values, sizeof lanes);
     return lanes;
 }
-/// The second argument where the comparison is false, also because a lane is not-a-number.
+/// The second argument in lanes where the comparison is false, including those with NaN.
 inline Float4 Min(Float4 a, Float4 b) {
     return a < b ? a : b;
 }
@@ -49,7 +49,7 @@ inline unsigned Bits(Mask4 mask) {
 #endif
 }
 
-/// Columns become rows.
+/// Transposes.
 inline void Transpose(Float4& a, Float4& b, Float4& c, Float4& d) {
     const Float4 ac01 = __builtin_shufflevector(a, c, 0, 4, 1, 5), ac23 = __builtin_shufflevector(a, c, 2, 6, 3, 7);
     const Float4 bd01 = __builtin_shufflevector(b, d, 0, 4, 1, 5), bd23 = __builtin_shufflevector(b, d, 2, 6, 3, 7);

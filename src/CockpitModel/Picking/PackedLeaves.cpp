@@ -15,22 +15,22 @@ namespace {
 
 constexpr std::size_t kGroup = 16; ///< triangles
 
-/// How far a hit may lie off its triangle, as it comes out in 32-bit floats. With e1, e2 the edges, s the way from the
-/// corner to the ray's origin and r = 2^-24 the greatest relative rounding, each of the triple products det, s . pv and
-/// d . qv is wrong by at most 5.5 r times the lengths of its three factors: a product, a difference, a product and two
-/// sums in turn. So while |det| is at least |e1| |e2| / k, the point where the ray meets the triangle's plane lies
-/// within 5.5 r k (|e1| + |e2| + 2 |s|) of the triangle, and the distance is wrong by no more. kDrift leaves room for
-/// second-order terms.
+/// Bound on the distance between a hit computed in 32-bit floats and its triangle. With e1, e2 the edges, s the vector
+/// from the corner to the ray's origin and r = 2^-24 the greatest relative rounding error, each of the triple products
+/// det, s . pv and d . qv has an error of at most 5.5 r times the lengths of its three factors: a product, a
+/// difference, a product and two sums in turn. So while |det| is at least |e1| |e2| / k, the point where the ray meets
+/// the triangle's plane is within 5.5 r k (|e1| + |e2| + 2 |s|) of the triangle, and the error of the distance is no
+/// greater. kDrift has a margin for second-order terms.
 constexpr float kRounding = 1.0f / (1 << 24);
 constexpr float kDrift = 6.5f * kRounding;
-/// No triangle is hit with a |det| below this, so k is |e1| |e2| / kLeastDet at most. For a small triangle that will
-/// do.
+/// No triangle is hit with a |det| below this, so k is at most |e1| |e2| / kLeastDet, which is small enough for small
+/// triangles.
 constexpr float kLeastDet = 0.98e-8f;
 constexpr float kLargeEdgeProduct = 2e-5f;
-/// For a large one, a ray with a smaller |det| than |e1| |e2| / k must be told from others by its normal.
+/// For a large triangle, rays with |det| below |e1| |e2| / k are recognised by the triangle's normal.
 constexpr float kLargeK = 1024;
 
-/// Components of a direction below this count as 0; their quotients would leave the range of floats.
+/// Direction components below this count as 0; dividing by them would overflow.
 constexpr float kParallel = 1e-15f;
 constexpr float kFar = 1e30f;
 
@@ -39,7 +39,7 @@ float EdgeProduct(const PartTriangle& triangle) {
     return std::sqrt(Utils::LengthSquared(triangle[1] - triangle[0]) * Utils::LengthSquared(triangle[2] - triangle[0]));
 }
 
-/// Spreads the lower ten bits to every third place.
+/// Spreads the lower ten bits to every third bit.
 std::uint32_t Spread(std::uint32_t v) {
     v = (v | v << 16) & 0x030000FF;
     v = (v | v << 8) & 0x0300F00F;
@@ -52,8 +52,8 @@ struct SortedLeaf {
     float greatestSmallProduct = 0;
 };
 
-/// Puts the leaf's triangles into the lower halves of the keys: large ones first, then along a curve that runs through
-/// the box cell by cell.
+/// Stores the leaf's triangles in the lower halves of sort keys: large ones first, then along a space-filling curve
+/// through the box.
 SortedLeaf SortByPlace(const std::vector<PartTriangle>& triangles, std::span<const std::uint32_t> leaf,
                        const PartTreeBox& box, std::vector<std::uint64_t>& keys) {
     const float extent = (box.max - box.min).maxCoeff();
@@ -81,14 +81,14 @@ SortedLeaf SortByPlace(const std::vector<PartTriangle>& triangles, std::span<con
 
 } // namespace
 
-/// Boxes as a ray sees them, grown by how far a hit may lie off.
+/// Tests a ray with boxes that are enlarged by the bound on a hit's distance from its triangle.
 class PackedLeaves::Slabs {
 public:
     Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin, const WideVector& rayDirection);
 
-    /// A bit for each box that the ray meets ahead of its origin and short of the nearest hit.
+    /// A bit for each box that the ray meets after its origin and before the nearest hit.
     unsigned Meet(const Boxes& boxes, float nearest) const;
-    /// True when nothing in a box that the ray enters there can be nearer than the nearest hit.
+    /// True if nothing in a box that the ray enters at this distance can be nearer than the nearest hit.
     bool LiesBehind(float enter, float nearest) const { return enter > nearest + 2 * margin; }
 
     const WideVector origin, direction; ///< of the ray
@@ -104,7 +104,7 @@ private:
 PackedLeaves::Slabs::Slabs(const Leaf& leaf, float k, const WideVector& rayOrigin, const WideVector& rayDirection)
     : origin(rayOrigin), direction(rayDirection) {
     const Vector3 from(origin.x[0], origin.y[0], origin.z[0]);
-    // No vertex is farther from the ray's origin, and no edge longer than two radii.
+    // No vertex is farther from the ray's origin, and no edge is longer than two radii.
     const float farthest = Utils::Length(from - leaf.centre) + leaf.radius;
     const float coordinates = from.cwiseAbs().maxCoeff() + leaf.centre.cwiseAbs().maxCoeff() + farthest;
     margin = kDrift * k * (4 * leaf.radius + 2 * farthest) + 16 * kRounding * coordinates;
@@ -137,7 +137,7 @@ std::uint32_t PackedLeaves::Add(const std::vector<PartTriangle>& triangles, std:
                                 const PartTreeBox& box, std::vector<std::uint64_t>& sorted) {
     const SortedLeaf result = SortByPlace(triangles, leaf, box, sorted);
     while (sorted.size() % kGroup != 0)
-        sorted.push_back(sorted.back()); // tested twice, which changes nothing
+        sorted.push_back(sorted.back()); // testing it twice is harmless
     const auto count = [](std::size_t size) { return static_cast<std::uint32_t>(size); };
     leaves.push_back({box.Centre(), box.radius, result.greatestSmallProduct / kLeastDet, count(packBoxes.size()),
                       count(sorted.size() / kGroup), count(groupBoxes.size()), count(normals.size()),

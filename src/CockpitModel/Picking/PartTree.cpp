@@ -16,12 +16,12 @@ namespace {
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-/// Below this size of all coordinates no step of a test can overflow.
+/// If all coordinates are below this, no step of a test can overflow.
 constexpr float kQuickLimit = 1e6f;
-/// Greatest square of a direction's length that counts as 1.
+/// Greatest squared length of a direction that counts as a unit vector.
 constexpr float kUnitLimit = 1.0001f;
 
-/// The limits of 64 bits are compared with 32-bit results.
+/// 64-bit limits, compared with 32-bit results.
 constexpr double kEpsilon = 1e-8;
 
 bool AllBelow(const Vector3& v, float limit) {
@@ -41,7 +41,7 @@ bool MeetsBox(const PartTreeBox& box, const PartRay& ray) {
     return far >= near;
 }
 
-/// Keeps the nearer of two hits, the first of equal ones.
+/// Keeps the nearer of two hits, the first if equal.
 void KeepNearer(std::optional<PartHit>& kept, const std::optional<PartHit>& candidate) {
     if (candidate && (!kept || candidate->distance < kept->distance))
         kept = candidate;
@@ -49,18 +49,18 @@ void KeepNearer(std::optional<PartHit>& kept, const std::optional<PartHit>& cand
 
 } // namespace
 
-/// MeetsBox on all axes at once, for a ray and a box of finite numbers.
+/// MeetsBox on all axes at once, for a finite ray and box.
 class PartTree::SimdSlabs {
 public:
     explicit SimdSlabs(const PartRay& ray);
-    /// False where the ray's numbers are not below kQuickLimit.
+    /// False unless all the ray's numbers are below kQuickLimit.
     bool IsQuick() const { return quick; }
-    /// Where the line of the ray enters the box; false where it misses it. A box behind the ray counts as met.
+    /// Where the line of the ray enters the box; false if it misses. A box behind the ray counts as met.
     bool Enter(const PartTreeBox& box, float& enter) const;
 
 private:
     Float4 origin, direction;
-    Float4 skipped; ///< infinite on axes that do not count and in the fourth lane
+    Float4 skipped; ///< infinite on ignored axes and in the fourth lane
     bool quick;
 };
 
@@ -123,7 +123,7 @@ std::optional<PartHit> PartTree::Intersect(const PartRay& ray) const {
     return PartHit{ray.origin + nearest * ray.direction, Utils::Vector2::Zero(), nearest};
 }
 
-/// No distance can be not-a-number here, so the nearest hit does not depend on the order of the tests.
+/// No distance is NaN here, so the nearest hit does not depend on the order of the tests.
 float PartTree::IntersectFast(const PartRay& ray, const SimdSlabs& slabs, float enterRoot) const {
     struct Step {
         const PartTreeNode* node;
@@ -143,7 +143,7 @@ float PartTree::IntersectFast(const PartRay& ray, const SimdSlabs& slabs, float 
         for (const std::uint32_t child : {node->right, node->left})
             if (Step step = {&nodes[child], 0}; slabs.Enter(step.node->box, step.enter))
                 waiting[waitingCount++] = step;
-        // The nearer one goes first, for what it finds may spare work in the other.
+        // The nearer one first, because its hits can save work in the other.
         if (waitingCount == first + 2 && waiting[first].enter < waiting[first + 1].enter)
             std::swap(waiting[first], waiting[first + 1]);
     }
@@ -155,7 +155,7 @@ void PartTree::TestOwnTriangles(const PartTreeNode& node, const WideVector& orig
     if (node.packedLeaf != kNotPacked)
         return packedLeaves.Test(node.packedLeaf, origin, direction, enter, nearest);
     const std::uint32_t* own = triangleIndices.data() + node.firstTriangle;
-    const std::uint32_t last = node.triangleCount - 1; // fills the lanes that are left over
+    const std::uint32_t last = node.triangleCount - 1; // fills the unused lanes
     for (std::uint32_t i = 0; i < node.triangleCount; i += 4) {
         const std::array<std::uint32_t, 4> indices = {own[i], own[std::min(i + 1, last)], own[std::min(i + 2, last)],
                                                       own[std::min(i + 3, last)]};
@@ -198,7 +198,7 @@ std::optional<PartHit> PartTree::TestTriangle(std::uint32_t index, const PartRay
     return PartHit{position, keepTextureCoordinates ? TextureAt(index, position) : Utils::Vector2::Zero(), distance};
 }
 
-/// Each corner counts by the area that lies opposite to it.
+/// Each corner is weighted by the area opposite to it.
 Utils::Vector2 PartTree::TextureAt(std::uint32_t index, const Vector3& position) const {
     const auto& corners = triangles[index];
     const Vector3 to[3] = {corners[0] - position, corners[1] - position, corners[2] - position};

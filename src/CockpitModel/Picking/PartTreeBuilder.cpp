@@ -12,7 +12,7 @@ using Utils::Mask4;
 
 namespace {
 
-/// Leaves above this many triangles are worth their own boxes: below, making them costs more than rays gain.
+/// Leaves of more triangles get boxes of their own; for smaller ones, building them costs more than rays gain.
 constexpr std::uint32_t kPackedLeafSize = 64;
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
@@ -100,7 +100,7 @@ PartTreeNode PartTreeBuilder::BuildNode(const List& list, std::uint32_t depth) {
     return node;
 }
 
-/// The axis with the fewest triangles on both sides of the box's middle, the first of equal ones, and the box's radius.
+/// The axis with the fewest triangles on both sides of the box's middle, the first if equal, and the box's radius.
 PartTreeBuilder::Split PartTreeBuilder::Classify(const List& list, PartTreeBox& box) {
     const Utils::Vector3 centre = box.Centre();
     const Float4 middle = {centre.x(), centre.y(), centre.z(), 0};
@@ -127,7 +127,7 @@ PartTreeBuilder::Split PartTreeBuilder::Classify(const List& list, PartTreeBox& 
     return {axis, count(left), count(right), count(both)};
 }
 
-/// Both children get fewer triangles than the node, and no limit is passed.
+/// Whether both children get fewer triangles than the node and no limit is exceeded.
 bool PartTreeBuilder::MaySplit(const Split& split, std::uint32_t count, std::uint32_t depth) {
     const std::uint64_t children = std::uint64_t{split.left} + split.right;
     if (split.both == split.left || split.both == split.right || split.left >= count || split.right >= count)
@@ -140,7 +140,7 @@ bool PartTreeBuilder::MaySplit(const Split& split, std::uint32_t count, std::uin
     return true;
 }
 
-/// Puts the right list in the place of the given one and the left list behind it.
+/// Replaces the given list with the right list followed by the left list.
 std::array<PartTreeBuilder::List, 2> PartTreeBuilder::Divide(const List& list, int axis) {
     const Extent none = {kEmptyMin, kEmptyMax};
     List left = {0, 0, none}, right = {list.first, 0, none};

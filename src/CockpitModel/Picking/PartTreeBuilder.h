@@ -12,25 +12,25 @@
 
 namespace CockpitModel {
 
-/// Splits the triangles of one tree by the rule of PartTree.
+/// Builds one tree by the splitting rule of PartTree.
 class PartTreeBuilder : Utils::NonAssignable {
 public:
-    /// What stops a split, so that memory and time stay in proportion to the number of triangles: by the rule alone,
-    /// three thousand triangles half as large as the space that they are scattered in take 300,000 references, and
-    /// twenty chosen triangles 10,000. Parts of real cockpits need up to 19 levels, 26 words of lists and nodes a
-    /// triangle, and 17 entries a triangle in all lists together that nodes are handed.
+    /// Limits on splitting that keep memory and time linear in the number of triangles. Without them, three thousand
+    /// triangles half as large as the space that they are scattered in take 300,000 references, and twenty chosen
+    /// triangles 10,000. Parts of real cockpits need up to 19 levels and, per triangle, 26 words of lists and nodes and
+    /// 17 entries in all lists that are passed to nodes.
     static constexpr std::uint32_t kMaxDepth = 96;
-    static constexpr std::uint64_t kMaxWords = 100, kMaxHanded = 128; ///< a triangle
-    static constexpr std::uint64_t kAlways = 4096;                    ///< words and handed entries for any part
-    /// References a triangle in large leaves that get packs; real parts need 4.
+    static constexpr std::uint64_t kMaxWords = 100, kMaxHanded = 128; ///< per triangle
+    static constexpr std::uint64_t kAlways = 4096;                    ///< words and list entries allowed for any part
+    /// References per triangle in large leaves that get packs; real parts need 4.
     static constexpr std::uint64_t kMaxPacked = 8;
 
     explicit PartTreeBuilder(PartTree& builtTree);
-    /// Fills everything but the tree's triangles and texture coordinates, which it needs.
+    /// Fills everything except the tree's triangles and texture coordinates, which must be set before.
     void Build();
 
 private:
-    /// Lanes x, y, z; the fourth holds anything.
+    /// Lanes x, y, z; the fourth is undefined.
     struct Extent {
         Utils::Float4 min, max;
         void Add(const Extent& other);
@@ -53,17 +53,17 @@ private:
     void Keep(const List& list, PartTreeNode& node);
 
     PartTree& tree;
-    std::array<std::byte, 8192> room; ///< most parts need no more
-    std::pmr::monotonic_buffer_resource pool{room.data(), room.size()};
+    std::array<std::byte, 8192> buffer; ///< enough for most parts
+    std::pmr::monotonic_buffer_resource pool{buffer.data(), buffer.size()};
     std::pmr::vector<Extent> extents{&pool};         ///< by triangle
-    std::pmr::vector<std::uint32_t> lists{&pool};    ///< those that wait for their node, the next one last
-    std::pmr::vector<std::uint32_t> leftList{&pool}; ///< while a list is divided
-    std::pmr::vector<std::uint8_t> sides{&pool};     ///< by place in the present list: bit a is left of the middle of
+    std::pmr::vector<std::uint32_t> lists{&pool};    ///< those waiting for their node, the next one last
+    std::pmr::vector<std::uint32_t> leftList{&pool}; ///< while a list is split
+    std::pmr::vector<std::uint8_t> sides{&pool};     ///< by index in the current list: bit a is left of the middle of
                                                      ///< axis a, bit a + 4 right of it
     std::pmr::vector<std::uint32_t> kept{&pool};
     std::pmr::vector<PartTreeNode> nodes{&pool};
-    std::vector<std::uint64_t> sortedLeaf;           ///< room for large leaves
-    std::uint64_t words = 0, handed = 0, packed = 0; ///< words: also those of lists that wait
+    std::vector<std::uint64_t> sortedLeaf;           ///< scratch buffer for large leaves
+    std::uint64_t words = 0, handed = 0, packed = 0; ///< words: including those of waiting lists
     std::uint64_t wordsLimit, handedLimit, packedLimit;
 };
 

@@ -11,7 +11,7 @@ namespace CockpitModel {
 
 using PartTriangle = std::array<Utils::Vector3, 3>;
 
-/// Four vectors, one a lane.
+/// Four vectors, one per lane.
 struct WideVector {
     Utils::Float4 x, y, z;
 };
@@ -33,7 +33,7 @@ inline Utils::Float4 Dot(const WideVector& a, const WideVector& b) {
 inline constexpr float kBelowTestLimit = 1e-8f;
 static_assert(static_cast<double>(kBelowTestLimit) < 1e-8);
 
-/// Four triangles as their test takes them: a corner and the edges from it.
+/// Four triangles in the form that their test needs: a corner and the edges from it.
 struct TrianglePack {
     WideVector corner, firstEdge, secondEdge;
 };
@@ -54,8 +54,8 @@ inline TrianglePack GatherPack(const PartTriangle* triangles, const std::array<s
     return {p0, p1 - p0, p2 - p0};
 }
 
-/// Brings `nearest` down to the distance of the nearest triangle of the pack that the ray hits, as testing them one by
-/// one would. Coordinates and ray must be too small for anything to overflow.
+/// Reduces `nearest` to the distance of the nearest triangle of the pack that the ray hits, exactly as testing them one
+/// by one would. Coordinates and ray must be too small for any overflow.
 inline void TestPack(const TrianglePack& pack, const WideVector& origin, const WideVector& direction, float& nearest) {
     using Utils::Float4;
     const WideVector pv = Cross(direction, pack.secondEdge);

@@ -18,11 +18,11 @@ constexpr std::uint32_t kFiresEvent = 1;
 constexpr std::uint32_t kTakesValue = 2;
 constexpr std::uint32_t kSteps = 3;
 
-/// Simulator variables of levers that are driven by percent instead of by stepping.
+/// Simulator variables of levers that are set in percent instead of stepped.
 constexpr std::array<const char*, 3> kPercentLevers = {"L:Throttle1Position", "L:RPMLever1Position",
                                                        "L:Eng1_MixtureManualLever"};
 
-/// Whether animations at or above a node are those of a yoke.
+/// Whether animations at or above a node are the yoke's roll and pitch.
 struct YokeNames {
     bool roll = false, pitch = false;
     bool Both() const { return roll && pitch; }
@@ -34,7 +34,7 @@ struct YokeNames {
     }
 };
 
-/// Answers for each node once: a cockpit's chains can be as deep as it has nodes.
+/// Cached per node: a cockpit's chains can be as deep as its number of nodes.
 class YokeSearch {
 public:
     explicit YokeSearch(std::size_t nodeCount) : known(nodeCount) {}
@@ -77,7 +77,7 @@ bool Turns(const ModelAnimation& animation) {
     return std::ranges::any_of(animation.tracks, [&](const auto& track) { return std::ranges::any_of(track, isTurn); });
 }
 
-/// A draggable part is twisted only if it really turns, sits balanced on its axis and stays near it.
+/// A draggable part is twisted only if it rotates, is balanced about its axis and stays near it.
 DetectionRule DragRule(const NodePart& part) {
     const ModelAnimation* const animation = part.node->animation;
     if (animation && !Turns(*animation))
@@ -89,7 +89,7 @@ DetectionRule DragRule(const NodePart& part) {
     return DetectionRule::Twist;
 }
 
-/// `yokeAbove` gives the yoke names at or above the part's node; only a part without a rectangle needs them.
+/// `yokeAbove` returns the yoke names at or above the part's node; only called for a part without a rectangle.
 template <typename YokeAbove>
 DetectionDecision Decide(const NodePart& part, YokeAbove yokeAbove) {
     using Type = TouchInteractionType;

@@ -7,7 +7,7 @@ namespace CockpitModel {
 class SceneGraph;
 struct NodePart;
 
-/// What decides a part's type. The order is that in which the rules are asked.
+/// The rule that decides a part's type, in the order in which the rules are checked.
 enum class DetectionRule {
     NoRectangle,    ///< nothing to click, and no yoke above it
     YokeAnimations, ///< nothing to click, under the animations of a yoke's roll and pitch
@@ -16,7 +16,7 @@ enum class DetectionRule {
     NoTurn,         ///< dragged, but its node's animation never turns
     Unbalanced,     ///< dragged, but its BalanceFactor is above kBalancedTwist
     WideSweep,      ///< dragged, but its SweepRadius is above kTwistRadius
-    Twist,          ///< dragged, and none of the rules before says no
+    Twist,          ///< dragged, and none of the rules above applies
 };
 
 inline constexpr float kBalancedTwist = 0.3f;
@@ -27,15 +27,16 @@ struct DetectionDecision {
     DetectionRule rule = DetectionRule::NoRectangle;
 };
 
-/// Works out for every part of a new scene graph how a hand is to touch it, and which part is the primary yoke. The
-/// lever rule can change a part's mouse rectangle.
+/// Detects for every part of a new scene graph how the user touches it, and which part is the primary yoke. The lever
+/// rule can change a part's mouse rectangle.
 class InteractionDetector {
 public:
     void Detect(SceneGraph& sceneGraph) const;
 
-    /// The rule that gives a measured part its type, and that type: what Detect goes by.
+    /// The rule that decides a measured part's type, and that type; used by Detect.
     DetectionDecision Explain(const NodePart& part) const;
-    /// Wide and to the left: the pilot's yoke rather than the copilot's. The greatest score is the primary yoke.
+    /// Higher for wide parts to the left, the pilot's yoke rather than the copilot's. The greatest score is the primary
+    /// yoke.
     float YokeScore(const NodePart& part) const;
 };
 

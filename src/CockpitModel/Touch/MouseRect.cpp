@@ -17,7 +17,7 @@ bool Contains(const std::string& text, const char* word) {
     return text.find(word) != std::string::npos;
 }
 
-/// Of a callback that is no code it cannot be known what it reacts to.
+/// A callback that is not gauge code may react to anything.
 bool ReactsToWheel(const CallbackCode* code) {
     return !code || Contains(code->Code, "WheelUp") || Contains(code->Code, "WheelDown");
 }

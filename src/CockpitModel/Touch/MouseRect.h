@@ -11,10 +11,10 @@
 
 namespace CockpitModel {
 
-/// How a part of the cockpit reacts to the mouse in the simulator. A part with one is clickable, one without is a mere
-/// shape. Held by shared pointers; a copy shares the two callbacks.
+/// How a part of the cockpit reacts to the mouse in the simulator. A part is clickable only if it has one. Held by
+/// shared pointers; a copy shares the two callbacks.
 struct MouseRect {
-    std::string Text; ///< the source of the rectangle, for a person
+    std::string Text; ///< the source of the rectangle, for the user
     std::int32_t TooltipID = 0;
     std::string Tooltip;
     std::uint32_t CursorID = 0;
@@ -29,7 +29,7 @@ struct MouseRect {
     void Dump(std::ostream& stream, const std::string& prefix) const;
 };
 
-/// Gives a wheel-driven gauge element the form of a stepping control; leaves every other rectangle alone.
+/// Turns a wheel-driven gauge element into a stepping control; leaves every other rectangle unchanged.
 void ConvertWheelToJump(MouseRect& rect);
 
 } // namespace CockpitModel

@@ -5,14 +5,14 @@
 
 namespace CockpitModel {
 
-/// The mouse event that a callback is asked to carry out. A click is a press, then a release.
+/// The mouse event passed to a callback. A click is a press followed by a release.
 enum class MouseEventKind : std::uint32_t { LeftClick, WheelUp, WheelDown, LeftPress, LeftRelease, RightClick };
 
-/// What callbacks act on: the simulator, for whoever fires them. This program only describes callbacks and has no
-/// target of its own.
+/// The interface on which callbacks act: the simulator, for a program that fires them. This program only describes
+/// callbacks and implements no target.
 class MouseRectCallbackTarget {
 public:
-    /// Places of the table that no callback uses.
+    /// Entries of the table that no callback uses.
     virtual void Unused0() {}
     virtual void Unused1() {}
     virtual void Unused2() {}

@@ -13,10 +13,10 @@ namespace CockpitModel {
 namespace {
 
 constexpr const char* kIndent = "    ";
-/// Where the code of a gauge names the mouse event.
+/// Placeholder for the mouse event in a gauge's code.
 constexpr const char* kEventToken = "(M:Event)";
 
-/// The flags that stand for an event, in the order in which they are carried out; 0 for none.
+/// The flags of an event's steps, in order; 0 for none.
 std::array<std::uint32_t, 2> StepsOf(MouseEventKind kind) {
     switch (kind) {
     case MouseEventKind::LeftClick:
@@ -35,7 +35,7 @@ std::array<std::uint32_t, 2> StepsOf(MouseEventKind kind) {
     return {};
 }
 
-/// Runs a function for each step of an event that the rectangle takes.
+/// Runs a function for each step of an event that the rectangle accepts.
 template <typename Run>
 void ForEachStep(const MouseRect& rect, MouseEventKind kind, Run run) {
     for (const std::uint32_t flag : StepsOf(kind))
@@ -43,7 +43,7 @@ void ForEachStep(const MouseRect& rect, MouseEventKind kind, Run run) {
             run(flag);
 }
 
-/// What the mouse function of a compiled gauge is given. Only these two words have a meaning there.
+/// The argument block of a compiled gauge's mouse function, which uses only these two words.
 struct GaugeArguments {
     std::uint64_t unused0 = 0;
     std::uint64_t argumentB = 0;
@@ -52,7 +52,7 @@ struct GaugeArguments {
 };
 static_assert(sizeof(GaugeArguments) == 40);
 
-/// Cut towards zero; 0 for what no whole number can hold.
+/// Truncated towards zero; 0 for NaN and values out of range.
 std::int64_t ToPercent(float value) {
     const float percent = value * 100.0f;
     return std::abs(percent) < 1e18f ? static_cast<std::int64_t>(percent) : 0;
@@ -80,7 +80,7 @@ void CallbackCode::Dump(std::ostream& stream, const std::string& prefix) const {
 }
 
 void CallbackCode::Fire(MouseRectCallbackTarget& target, const MouseRect& rect, MouseEventKind kind) const {
-    // Code takes every event of no known kind for a turn of the wheel.
+    // Gauge code treats every event of unknown kind as a wheel step.
     const MouseEventKind known = StepsOf(kind)[0] ? kind : MouseEventKind::WheelDown;
     ForEachStep(rect, known, [&](std::uint32_t flag) {
         const std::string event = MouseFlagsToText(DecodeMouseFlags(flag));
@@ -97,7 +97,7 @@ void CallbackEventID::Fire(MouseRectCallbackTarget& target, const MouseRect&, Mo
 }
 
 void CallbackFSFunc::Dump(std::ostream& stream, const std::string& prefix) const {
-    // The heading is a fixed text and spelt so.
+    // The spelling of the heading is fixed.
     stream << prefix << "CallbackFSunc:\n"
            << prefix << kIndent << "Func: " << reinterpret_cast<const void*>(Func) << '\n';
 }

@@ -13,7 +13,7 @@ namespace CockpitModel {
 struct MouseRect;
 struct NodePart;
 
-/// What happens when a rectangle takes a mouse event. Released through the shared pointer that made it.
+/// Action of a rectangle on a mouse event. Destroyed only through a shared pointer created with the concrete type.
 class MouseRectCallbackEvent {
 public:
     virtual void Dump(std::ostream& stream, const std::string& prefix) const = 0;
@@ -23,11 +23,12 @@ protected:
     ~MouseRectCallbackEvent() = default;
 };
 
-/// What happens while a hand or the mouse drags a rectangle. Released through the shared pointer that made it.
+/// Action of a rectangle while it is dragged by hand or mouse. Destroyed only through a shared pointer created with the
+/// concrete type.
 class MouseRectCallbackVariable {
 public:
     virtual void Dump(std::ostream& stream, const std::string& prefix) const = 0;
-    /// `value` is 0 to 1 over the range of a variable, or the step of a drag; `part` is the one being touched.
+    /// `value` is 0 to 1 over the range of a variable, or the step of a drag; `part` is the touched part.
     virtual void Apply(MouseRectCallbackTarget& target, const MouseRect& rect, float value,
                        const NodePart& part) const = 0;
 
@@ -35,7 +36,7 @@ protected:
     ~MouseRectCallbackVariable() = default;
 };
 
-/// Runs code in the simulator's gauge expression language, with the mouse event in the place of "(M:Event)".
+/// Runs code in the simulator's gauge expression language, with "(M:Event)" replaced by the mouse event.
 class CallbackCode final : public MouseRectCallbackEvent {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;
@@ -56,7 +57,7 @@ public:
 /// The mouse function of a compiled gauge: it takes an argument block of 40 bytes and a mouse flag.
 using GaugeMouseFunction = void (*)(void* arguments, std::uint32_t mouseFlag);
 
-/// Calls a function of a compiled gauge; the meaning of the arguments lies in that gauge.
+/// Calls a function of a compiled gauge, which defines the meaning of the arguments.
 class CallbackFSFunc final : public MouseRectCallbackEvent {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;
@@ -87,7 +88,7 @@ public:
     std::string Code; ///< name of the variable
 };
 
-/// Turns a drag into steps of one of two event callbacks.
+/// Converts a drag into steps of one of two event callbacks.
 class CallbackJumpDragging final : public MouseRectCallbackVariable {
 public:
     void Dump(std::ostream& stream, const std::string& prefix) const override;

@@ -21,7 +21,7 @@ constexpr Word<TouchInteractionType> kInteractionWords[] = {
     {TouchInteractionType::Radio, "Radio"},
     {TouchInteractionType::YokePart, "YokePart"},
     {TouchInteractionType::YokePrimary, "YokePrimary"},
-    // Files may name a tap so; as it stands behind the other word, it is never written.
+    // An alias that files may contain; never written, because the first match is used.
     {TouchInteractionType::Tap, "Push"},
 };
 

@@ -7,10 +7,10 @@
 
 namespace CockpitModel {
 
-/// How a hand touches a part.
+/// How the user's hand operates a part.
 enum class TouchInteractionType : std::uint32_t { None, Tap, Twist, Move, Radio, YokePart, YokePrimary };
 
-/// Which mouse events stand for the two directions of a control that is stepped.
+/// The mouse events for the two directions of a stepped control.
 enum class TouchEventType : std::uint32_t { Wheel, LClickRClick, LClickLClick };
 
 /// Exact and case-sensitive; "Push" is read as Tap. Any other word throws a plain std::exception, as does a value
@@ -20,7 +20,7 @@ std::string TouchInteractionTypeToText(TouchInteractionType type);
 TouchEventType TouchEventTypeFromText(std::string_view text);
 std::string TouchEventTypeToText(TouchEventType type);
 
-/// What a person may choose: all but the yoke types.
+/// The types that the user may choose: all but the yoke types.
 std::vector<TouchInteractionType> SelectableInteractionTypes();
 std::vector<TouchEventType> SelectableEventTypes();
 

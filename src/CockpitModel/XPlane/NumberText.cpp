@@ -11,8 +11,8 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Reads with std::from_chars what that does not take by itself, a "+", and keeps out the words that it takes. A number
-/// out of range reads as the lowest or the greatest value.
+/// std::from_chars that also accepts a leading "+" and rejects words such as "inf". A number out of range reads as the
+/// lowest or the greatest value.
 template <typename Number>
 NumberRead<Number> Read(const char* at, const char* end, Number lowest, Number greatest) {
     const bool negative = *at == '-';

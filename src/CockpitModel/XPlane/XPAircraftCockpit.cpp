@@ -17,12 +17,12 @@ namespace CockpitModel {
 
 namespace {
 
-/// The fixed place of these lines in the log.
+/// Fixed source path of these log lines.
 constexpr const char* kPlace = "CockpitModel\\XPAircraftCockpit.cpp";
 
 constexpr float kMetresPerFoot = 0.3048f;
 
-/// A value that is no number; what() tells where it is.
+/// A value that is not a number; what() gives its location.
 struct BadAcfNumber final : boost::bad_lexical_cast {
     BadAcfNumber(const std::string& file, std::string_view key, std::ptrdiff_t line, std::string_view value)
         : text(file + ": " + std::string(key) + " of line " + std::to_string(line) + " is \"" + std::string(value) +
@@ -32,7 +32,7 @@ struct BadAcfNumber final : boost::bad_lexical_cast {
     std::string text;
 };
 
-/// Every line of the key is read, though the last one wins: a bad value must not pass.
+/// Reads every line of the key although the last one wins, so that any bad value is reported.
 void ReadFeet(const std::string& acfPath, const std::string& acf, std::string_view key, float metresPerFoot,
               float& metres) {
     Sim::ForEachAcfProperty(acf, key, [&](std::string_view value) {
@@ -67,7 +67,7 @@ std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     XPObjData data;
     std::ifstream stream = Utils::OpenFile(cockpitObjPath);
     if (!stream.is_open())
-        Logging::Logger::Get().Log(kPlace, __LINE__, "There is no object to be read at \"" + cockpitObjPath + "\"");
+        Logging::Logger::Get().Log(kPlace, __LINE__, "There is no readable object at \"" + cockpitObjPath + "\"");
     ReadXPObj(stream, data);
     XPObjConverter().Convert(aircraftFolder, data, *model);
     return model;

@@ -10,16 +10,16 @@ namespace CockpitModel {
 
 /// The cockpit of an X-Plane aircraft: `<name>_cockpit.obj` beside `<name>.acf`.
 struct XPAircraftCockpit final : AircraftCockpit {
-    /// Reads the pilot's eye from the .acf. A value of it that is no number throws a boost::bad_lexical_cast
-    /// that names the file, the key, the line and the value.
+    /// Reads the pilot's eye from the .acf. A value that is not a number throws a boost::bad_lexical_cast that names
+    /// the file, the key, the line and the value.
     explicit XPAircraftCockpit(const Sim::AircraftInfo& info);
 
     bool IsValid() const override { return !cockpitObjPath.empty(); }
-    /// An object that is too large to be read throws a std::runtime_error that says so.
+    /// An object file that is too large throws a std::runtime_error that says so.
     std::unique_ptr<ModelData> LoadModel() const override;
 
     std::string aircraftFolder;
-    std::string cockpitObjPath; ///< empty when there is no such file
+    std::string cockpitObjPath; ///< empty if there is no such file
 };
 
 } // namespace CockpitModel

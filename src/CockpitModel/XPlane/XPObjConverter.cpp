@@ -15,7 +15,7 @@ namespace CockpitModel {
 
 namespace {
 
-/// What the child and peer words of the node table can number.
+/// Number of nodes that the child and peer fields of the node table can address.
 constexpr std::size_t kMostNodes = 32767;
 constexpr std::uint32_t kEventCallback = 1, kVariableCallback = 2;
 constexpr float kTimeEnd = 100;
@@ -110,7 +110,7 @@ RiffBlockXANK TranslationKey(float time, float x, float y, float z) {
     return key;
 }
 
-/// The turn in X-Plane's axes; the same turn in the model's has x and y negated.
+/// Converts a rotation from X-Plane's axes to the model's, which negates x and y.
 RiffBlockXANK RotationKey(float time, const Utils::Vector3& axis, float degrees) {
     const auto radians = static_cast<float>(static_cast<double>(degrees) * std::numbers::pi / 180.0);
     RiffBlockXANK key;
@@ -150,8 +150,7 @@ void AddNode(const XPObjAnimNode& node, ModelData& model) {
     const auto index = static_cast<std::uint32_t>(model.sceneElements.Children.size());
     model.matrices.Children.push_back(Utils::Matrix4::Identity());
     model.visibilityInfos.emplace_back();
-    // Beyond 4096 nodes the offset wraps and can read negative, which stands for the identity: what it would find
-    // anyway.
+    // Beyond 4096 nodes the offset wraps and can become negative. That means the identity, which the matrix is anyway.
     model.sceneElements.Children.emplace_back().MapOffset = static_cast<std::int16_t>(sizeof(AnimationNode) * index);
     model.animationMap.Children.push_back({0, index});
     model.animationLinks.Children.push_back(static_cast<std::int16_t>(index == 0 ? -1 : index));
@@ -179,7 +178,7 @@ void CheckAllChildren(const std::vector<XPObjAnimNode>& nodes) {
         CheckChildren(nodes, node);
 }
 
-/// Hangs a new node with one step below another and returns its index.
+/// Adds a new node with one step below another and returns its index.
 std::uint32_t AppendToChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t last, XPObjAnimStep step) {
     const auto index = static_cast<std::uint32_t>(nodes.size());
     XPObjAnimNode& node = nodes.emplace_back();
@@ -193,8 +192,8 @@ std::uint32_t AppendToChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t las
     return index;
 }
 
-/// Leaves the node its first step and gives each further one a node of its own below; returns the last of them. All
-/// links that it changes are checked, and no others.
+/// Keeps the node's first step and moves each further one to a new node below; returns the last of them. Checks exactly
+/// the links that it changes.
 std::uint32_t SplitIntoChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t index) {
     if (nodes[index].steps.size() < 2)
         Utils::FatalError(HERE);
@@ -234,10 +233,10 @@ void XPObjConverter::Convert(const std::string& folder, const XPObjData& data, M
         AddLinks(node, model.sceneElements.Children);
 }
 
-/// The splits leave all links but those that they check themselves, so that one look at the whole list in the end
-/// stands for one after each of them.
+/// Each split checks the links that it changes and keeps all others, so one check of the whole list at the end is
+/// enough.
 void XPObjConverter::SplitAnimationSteps(std::vector<XPObjAnimNode>& nodes, std::vector<XPObjDrawCall>& drawCalls) {
-    const auto count = static_cast<std::uint32_t>(nodes.size()); // the nodes that splitting adds have one step
+    const auto count = static_cast<std::uint32_t>(nodes.size()); // nodes added by splitting have one step
     for (std::uint32_t index = 0; index < count; ++index)
         if (nodes[index].steps.size() > 1)
             SplitNode(nodes, drawCalls, index);

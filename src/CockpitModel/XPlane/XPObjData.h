@@ -13,15 +13,15 @@ namespace CockpitModel {
 /// For "none" in the unsigned fields below.
 inline constexpr std::uint32_t kXPObjNone = 0xFFFFFFFF;
 
-/// What ATTR_cockpit shows, in the aircraft's folder.
+/// The texture selected by ATTR_cockpit, in the aircraft's folder.
 inline constexpr const char* kPanelTexture = "cockpit_3d/-PANELS-/Panel.png";
 
-/// Exporters write one of these words where a line of the format wants a dataref and there is none.
+/// Exporters write one of these words if a line of the format needs a dataref and there is none.
 inline bool NamesNoDataref(std::string_view name) {
     return name.empty() || name == "none" || name == "no_ref";
 }
 
-/// As the file gives it: X-Plane's right-handed axes, metres.
+/// As in the file: X-Plane's right-handed axes, metres.
 struct XPObjVertex {
     float x = 0, y = 0, z = 0;
     float nx = 0, ny = 0, nz = 0;
@@ -34,15 +34,15 @@ struct XPObjManip {
     float value1 = 0, value2 = 0;
 };
 
-/// One "TRIS" line with the state in force at it.
+/// One "TRIS" line with the state in force there.
 struct XPObjDrawCall {
     std::uint32_t animNode = 0;
     std::int32_t offset = 0, count = 0; ///< into XPObjData::indices
     std::uint32_t texture = kXPObjNone;
     bool drawEnabled = true;
     std::optional<XPObjManip> toggle, drag; ///< at most one is set
-    std::uint32_t line = 0;                 ///< its place in the file, from 1
-    std::uint32_t manipLine = 0;            ///< that of the manipulator in force; 0 for none
+    std::uint32_t line = 0;                 ///< line number in the file, from 1
+    std::uint32_t manipLine = 0;            ///< line of the manipulator in force; 0 for none
 };
 
 /// One "ANIM_trans" or "ANIM_rotate": exactly one of the two is set.
@@ -60,14 +60,14 @@ struct XPObjAnimNode {
     std::vector<std::uint32_t> children;
 };
 
-/// Draw calls copy the dataref of the manipulator in force. This is the first whose copy is left out, as the names of
-/// all up to it would have more bytes than the reader keeps.
+/// Draw calls copy the dataref of the manipulator in force. This is the first whose copy is dropped because the total
+/// would exceed the reader's limit.
 struct XPObjNameExcess {
-    std::uint32_t line = 0; ///< that of the draw call
+    std::uint32_t line = 0; ///< of the draw call
     std::size_t bytes = 0, most = 0;
 };
 
-/// What the cockpit model needs of an X-Plane object.
+/// The parts of an X-Plane object that the cockpit model needs.
 struct XPObjData {
     std::vector<std::string> textures; ///< relative to the aircraft folder; entry 0 is the panel's
     std::vector<XPObjVertex> vertices;

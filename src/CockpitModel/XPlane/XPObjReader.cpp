@@ -15,22 +15,22 @@ namespace {
 
 constexpr std::uint32_t kPanelTextureIndex = 0;
 constexpr std::uint32_t kRoot = 0;
-/// The bytes of datarefs that the draw calls of an object may copy are this and twice its size. No real object comes
-/// near; it keeps a long name that many draw calls share from filling the memory.
+/// The draw calls of an object may copy datarefs of this many bytes plus twice the object's size, far above real
+/// objects. Prevents a long name shared by many draw calls from exhausting memory.
 constexpr std::size_t kNameBytes = 64 << 20;
 
-/// What parts the values behind a keyword: the white space of a stream, less the line feed.
+/// Separators of the values after a keyword: a stream's white space without the line feed.
 bool IsSpace(char c) {
     return Utils::IsBlank(c) || c == '\r' || c == '\v' || c == '\f';
 }
 
-/// One line, taken from its front: the keyword, then the values in order. From the first value on that is missing or
-/// malformed, numbers read as 0 and words as empty. The text ends with a line feed, so that no scan needs its end.
+/// One line, read from left to right: the keyword, then the values in order. From the first missing or malformed value
+/// on, numbers read as 0 and words as empty. The text ends with a line feed, so scans need no end check.
 class Line {
 public:
     Line(const char* place, const char* textEnd) : at(place), end(textEnd) {}
 
-    /// The next run of bytes other than blanks, tabs and the line's end.
+    /// The next run of bytes other than spaces, tabs and the line's end.
     std::string_view Token() {
         while (Utils::IsBlank(*at))
             ++at;
@@ -57,7 +57,7 @@ public:
     template <std::size_t N>
     std::array<float, N> Floats() {
         std::array<float, N> values{};
-        const char* place = at; // kept in a register, which the line itself is not
+        const char* place = at; // a local copy stays in a register, `at` does not
         for (std::size_t i = 0; i < N && good; ++i) {
             const NumberRead<float> number = ReadFloat(SkipSpace(place), end);
             good = number.next;
@@ -95,7 +95,7 @@ private:
     bool good = true;
 };
 
-/// Adds line by line to the data and keeps what the lines so far have put in force.
+/// Adds lines to the data and keeps the state in force.
 class Reader {
 public:
     Reader(XPObjData& target, std::size_t size) : data(target), textSize(size), mostNameBytes(kNameBytes + 2 * size) {
@@ -129,7 +129,7 @@ private:
     void CountName(std::string& name);
 
     XPObjData& data;
-    XPObjDrawCall inForce; ///< the next draw call, less its range; its node is the innermost open block's
+    XPObjDrawCall inForce; ///< the next draw call without its range; its node is that of the innermost open block
     std::uint32_t ownTexture = kXPObjNone;
     bool panelTexture = false;
     std::uint32_t lineNumber = 0;
@@ -142,7 +142,7 @@ struct Keyword {
     void (Reader::*read)(Line& line);
 };
 
-/// A line is looked up from the top, so the most frequent keywords come first.
+/// Searched from the top, so the most frequent keywords come first.
 constexpr Keyword kKeywords[] = {
     {"VT", &Reader::Vertex},
     {"IDX10", &Reader::TenIndices},
@@ -181,18 +181,18 @@ void Reader::ReadLines(const char* text, const char* end) {
     }
 }
 
-/// Only tells how much room to make, and no more than a text of this size can need: nobody checks these counts.
+/// Only reserves memory, and no more than a text of this size can need, because the counts may be wrong.
 void Reader::PointCounts(Line& line) {
     if (!data.vertices.empty() || !data.indices.empty())
         return;
-    const auto room = [&](std::size_t leastBytes) {
+    const auto capacity = [&](std::size_t leastBytes) {
         const auto count = static_cast<std::size_t>(std::max(line.Integer(), 0));
         return std::min(count, textSize / leastBytes);
     };
-    data.vertices.reserve(room(sizeof "VT 0 0 0 0 0 0 0 0"));
+    data.vertices.reserve(capacity(sizeof "VT 0 0 0 0 0 0 0 0"));
     line.Integer(); // lines
     line.Integer(); // lights
-    data.indices.reserve(room(sizeof "0"));
+    data.indices.reserve(capacity(sizeof "0"));
 }
 
 void Reader::Texture(Line& line) {
@@ -240,7 +240,7 @@ void Reader::CountName(std::string& name) {
     }
     if (!data.nameExcess)
         data.nameExcess = {lineNumber, bytes, mostNameBytes};
-    std::string().swap(name); // an assignment would keep its memory
+    std::string().swap(name); // an assignment would keep the memory
 }
 
 void Reader::BeginBlock(Line&) {

@@ -6,8 +6,8 @@
 
 namespace CockpitModel {
 
-/// Reads the text of an X-Plane object (OBJ8) to its end into empty data. Lines that it has no use for are skipped. It
-/// raises nothing for any bytes: what makes a model impossible stands in the data for the converter.
+/// Reads the text of an X-Plane object (OBJ8) to its end into empty data. Unused lines are skipped. Does not throw for
+/// any input: faults that prevent a model are stored in the data for the converter.
 void ReadXPObj(std::istream& stream, XPObjData& data);
 
 } // namespace CockpitModel

@@ -5,13 +5,13 @@
 #include <d3d11.h>
 #include <wrl/client.h>
 
-#undef LoadBitmap // a name of Context's
+#undef LoadBitmap // the name of an operation of Context
 
 namespace Rendering::D3D11 {
 
 using Microsoft::WRL::ComPtr;
 
-/// A call that failed is a fatal error with its result code. The place is the call's, by HERE.
+/// Turns a failed call into a fatal error with its result code. The location is the caller's, from HERE.
 inline void Check(HRESULT result, const char* file, std::int32_t line) {
     if (FAILED(result))
         Utils::FatalError(file, line, result);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr DXGI_FORMAT kFormat = DXGI_FORMAT_R8G8B8A8_UNORM;
 constexpr UINT kReadAndDrawn = D3D11_BIND_SHADER_RESOURCE | D3D11_BIND_RENDER_TARGET;
-constexpr float kNoCameraPicture[] = {0.0f, 0.0f, 0.5f, 1.0f}; // as the program for camera images has it
+constexpr float kNoCameraPicture[] = {0.0f, 0.0f, 0.5f, 1.0f}; // same as in the shader for camera images
 
 /// One level, one sample.
 D3D11_TEXTURE2D_DESC Description(Size size, DXGI_FORMAT format, UINT bindFlags) {
@@ -49,7 +49,7 @@ D3D11GPUBitmap& Own(GPUBitmap& bitmap) {
     return dynamic_cast<D3D11GPUBitmap&>(bitmap);
 }
 
-/// The whole source, or what fits: the device drops a copy that goes beyond the target.
+/// The part of the source that fits: the device ignores a copy that exceeds the target.
 void CopyWhole(ID3D11DeviceContext* context, const D3D11GPUBitmap& target, const D3D11GPUBitmap& source) {
     const Size part = CopiedPart({0, 0}, source.Size(), source.Size(), target.Size());
     const D3D11_BOX box{0, 0, 0, part.width, part.height, 1};
@@ -61,7 +61,7 @@ Utils::Matrix4 ToWorld(const DrawRectangle& rectangle) {
     return scale.asDiagonal() * (Utils::Rotation(rectangle.rotation) * Utils::Translation(rectangle.position));
 }
 
-/// Programs cannot read samples.
+/// Shaders cannot read multisampled bitmaps.
 ID3D11ShaderResourceView* ViewOf(const D3D11GPUBitmap& bitmap) {
     if (bitmap.IsMultisampled())
         Check(E_INVALIDARG, HERE);
@@ -158,7 +158,7 @@ std::unique_ptr<GPUBitmap> D3D11Context::LoadDds(const std::string& path) {
     Check(CreateTextureFromFile(device, path, texture), HERE);
     const D3D11GPUBitmap loaded(device, texture.Get(), true);
     auto target = CreateRenderTarget(loaded.Size(), 1, 0);
-    // The file's first row is the picture's bottom.
+    // The file's first row is the image's bottom row.
     blitter->Blit(loaded.ShaderView(), Own(*target).TargetView(), {0.0f, 1.0f}, {1.0f, -1.0f}, loaded.Size());
     return target;
 }

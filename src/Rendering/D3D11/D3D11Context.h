@@ -10,8 +10,8 @@
 
 namespace Rendering::D3D11 {
 
-/// The device on Direct3D 11. Device, camera and render targets belong to its maker. It draws to the target and
-/// viewport of the moment, and leaves no other state behind that matters to a caller who sets his own.
+/// The device on Direct3D 11. Device, camera and render targets belong to the caller. It draws to the current target
+/// and viewport and may change other pipeline state, which callers set themselves.
 class D3D11Context : public Context {
 public:
     D3D11Context(ID3D11Device* device, const Camera& camera, std::uint64_t modeFlag = 0);
@@ -36,7 +36,7 @@ public:
                     GPUBitmap& bitmap, const RectDrawParams& params) override;
     void GenerateMips(GPUBitmap* bitmap) override;
     void ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour) override;
-    /// A bitmap on a texture of the caller's, with a reference of its own.
+    /// Wraps a texture of the caller and holds its own reference to it.
     virtual std::unique_ptr<GPUBitmap> WrapTexture(ID3D11Texture2D* texture);
 
 private:
@@ -50,8 +50,8 @@ private:
     std::unique_ptr<D3D11LeapShader> leapShader;
     std::unique_ptr<D3D11GeometryShader> geometryShader;
     ID3D11Device* device;
-    std::unique_ptr<D3D11GPUBitmap> white;               ///< stands for a bitmap that is not given
-    std::vector<ID3D11ShaderResourceView*> furtherViews; ///< of the draw under way; kept for its memory
+    std::unique_ptr<D3D11GPUBitmap> white;               ///< used if no bitmap is given
+    std::vector<ID3D11ShaderResourceView*> furtherViews; ///< of the current draw; a member to reuse its memory
 };
 
 } // namespace Rendering::D3D11

@@ -6,20 +6,20 @@
 
 namespace Rendering::D3D11 {
 
-/// The pixels of a texture's first level, of 32 bits each and with one sample. Waits for the device.
+/// The pixels of a texture's first level, 32 bits per pixel, one sample. Waits for the device.
 MemBitmap ReadTexture(ID3D11Device* device, ID3D11Texture2D* texture);
 
-/// What a frame without a window is drawn to: colour and a depth of 32-bit floats.
+/// Render target of a frame without a window: colour and 32-bit float depth.
 class D3D11FrameTarget : public Utils::NonAssignable {
 public:
-    /// `samples` above 1 smooths edges.
+    /// `samples` above 1 enables antialiasing.
     D3D11FrameTarget(D3D11Context& context, ID3D11Device* device, std::uint32_t samples = 1);
 
-    /// Remakes the target.
+    /// Recreates the target.
     void Resize(Size size);
-    /// Draws go to the whole of this target from now on; clears it to the colour and to the farthest depth.
+    /// Makes the whole of this target current for draws; clears it to the colour and to the farthest depth.
     void Begin(const Utils::Vector4& colour);
-    /// The picture: red, green, blue, alpha, top row first. Waits for the device.
+    /// The image: red, green, blue, alpha, top row first. Waits for the device.
     MemBitmap Read();
 
 private:

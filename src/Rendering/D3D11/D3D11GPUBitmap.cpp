@@ -4,7 +4,7 @@ namespace Rendering::D3D11 {
 
 namespace {
 
-/// Views of a typeless texture name the type; others take the texture's own format.
+/// Views of a typeless texture need a typed format; others use the texture's format.
 DXGI_FORMAT ViewFormat(DXGI_FORMAT format) {
     switch (format) {
     case DXGI_FORMAT_R8G8B8A8_TYPELESS:

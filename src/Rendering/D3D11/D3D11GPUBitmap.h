@@ -5,12 +5,12 @@
 
 namespace Rendering::D3D11 {
 
-/// A texture with its views. The first row is the picture's top row. A texture keeps its device, so that a later device
-/// never has the address of one that a bitmap tells of.
+/// A texture with its views. The first row is the image's top row. A texture keeps its device alive, so that a later
+/// device never has the address of the device of an existing bitmap.
 class D3D11GPUBitmap : public GPUBitmap {
 public:
     D3D11GPUBitmap(ID3D11Device* device, ID3D11Texture2D* texture, bool shaderViewOnly);
-    /// With both views; null where one of them fails.
+    /// With both views; null if one of them fails.
     static std::unique_ptr<D3D11GPUBitmap> MakeOrNull(ID3D11Device* device, ID3D11Texture2D* texture);
 
     Rendering::Size Size() const override { return {width, height}; }

@@ -31,7 +31,7 @@ Utils::Vector4 WithOne(const Utils::Vector3& colour) {
     return {colour.x(), colour.y(), colour.z(), 1.0f};
 }
 
-/// A vertex that names a matrix beyond the last takes the last.
+/// A vertex whose matrix index is out of range uses the last matrix.
 void FillMatrices(std::array<Utils::Matrix4, kMatrixLimit>& target, const std::vector<Utils::Matrix4>& matrices) {
     const auto rest = std::ranges::transform(
         matrices, target.begin(), [](const Utils::Matrix4& matrix) { return Utils::Matrix4(matrix.transpose()); });

@@ -10,13 +10,13 @@
 
 namespace Rendering::D3D11 {
 
-/// The programs for geometry with their constants and states.
+/// The shaders for geometry with their constants and states.
 class D3D11GeometryShader : public Utils::NonAssignable {
 public:
     explicit D3D11GeometryShader(ID3D11Device* device);
 
-    /// One draw to the target and viewport of the moment. Too many matrices are a fatal error; an effect without a
-    /// program throws std::out_of_range.
+    /// One draw to the current target and viewport. Too many matrices are a fatal error; an unknown effect throws
+    /// std::out_of_range.
     void Draw(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
               const Geometry& geometry, ID3D11ShaderResourceView* bitmapView,
               std::span<ID3D11ShaderResourceView* const> furtherViews, const GeometryDrawParams& params);
@@ -30,7 +30,7 @@ private:
     ComPtr<ID3D11Buffer> constantBuffer, pictureBuffer;
     DrawStates states;
     ComPtr<ID3D11SamplerState> sampler;
-    std::unique_ptr<GeometryConstants> constants; ///< of the draw under way; kept for its memory
+    std::unique_ptr<GeometryConstants> constants; ///< of the current draw; a member to reuse its memory
 };
 
 } // namespace Rendering::D3D11

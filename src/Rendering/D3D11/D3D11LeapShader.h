@@ -6,7 +6,7 @@
 
 namespace Rendering::D3D11 {
 
-/// Straightens a camera's picture by its distortion map.
+/// Undistorts a camera's image with its distortion map.
 class D3D11LeapShader : public Utils::NonAssignable {
 public:
     explicit D3D11LeapShader(ID3D11Device* device);

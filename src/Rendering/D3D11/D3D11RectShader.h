@@ -10,13 +10,13 @@
 
 namespace Rendering::D3D11 {
 
-/// The programs for rectangles with their constants and states.
+/// The shaders for rectangles with their constants and states.
 class D3D11RectShader : public Utils::NonAssignable {
 public:
     explicit D3D11RectShader(ID3D11Device* device);
 
-    /// One rectangle from (-1, -1) to (1, 1) to the target and viewport of the moment. An effect without a program
-    /// throws std::out_of_range.
+    /// Draws one rectangle from (-1, -1) to (1, 1) to the current target and viewport. An unknown effect throws
+    /// std::out_of_range.
     void Draw(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
               ID3D11ShaderResourceView* shaderView, const RectDrawParams& params) const;
 

@@ -12,7 +12,7 @@ namespace Rendering::D3D11 {
 
 namespace {
 
-/// The reader gives the top row first.
+/// The reader returns the top row first.
 void TurnUpsideDown(MemBitmap& bitmap) {
     const auto pixels = bitmap.Pixels();
     for (std::uint64_t y = 0; y < bitmap.Height() / 2; ++y)

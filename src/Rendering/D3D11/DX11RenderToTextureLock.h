@@ -4,10 +4,10 @@
 
 namespace Rendering::D3D11 {
 
-/// Draws go to a bitmap, which must outlive it, until it is restored.
+/// Directs draws to a bitmap until restored. The bitmap must outlive it.
 class DX11RenderToTextureLock : public RenderToTextureLock {
 public:
-    /// With `keepDepth` the depth target of the moment serves on.
+    /// With `keepDepth` the current depth target stays in use.
     DX11RenderToTextureLock(ID3D11Device* device, const D3D11GPUBitmap& bitmap, bool keepDepth);
     ~DX11RenderToTextureLock() override;
 
@@ -15,7 +15,7 @@ public:
 
 private:
     ID3D11Device* device;
-    ComPtr<ID3D11RenderTargetView> target; ///< the earlier one, as are the next two
+    ComPtr<ID3D11RenderTargetView> target; ///< the previous one, like the next two
     ComPtr<ID3D11DepthStencilView> depth;
     D3D11_VIEWPORT viewport{};
 };

@@ -7,7 +7,7 @@ namespace Rendering::D3D11 {
 
 void LogTexture(const char* file, std::int32_t line, const D3D11_TEXTURE2D_DESC& description);
 
-/// A texture with the views that its bind flags ask for. A side of 0 pixels becomes 1.
+/// A texture with the views required by its bind flags. A side of 0 pixels becomes 1.
 class DX11Texture : public Utils::NonAssignable {
 public:
     DX11Texture(ID3D11Device* device, D3D11_TEXTURE2D_DESC description);

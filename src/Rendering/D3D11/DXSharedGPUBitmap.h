@@ -6,7 +6,7 @@
 
 namespace Rendering {
 
-/// A bitmap that another process opens by its handle.
+/// A bitmap that other processes open by its handle.
 class DXSharedGPUBitmap : public SharedGPUBitmap {
 public:
     DXSharedGPUBitmap(std::unique_ptr<GPUBitmap> bitmap, void* handle) : bitmap(std::move(bitmap)), handle(handle) {}

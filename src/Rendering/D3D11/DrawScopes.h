@@ -5,7 +5,7 @@
 
 namespace Rendering::D3D11 {
 
-/// The first viewport; one without a size and the whole depth range when none is set.
+/// The first viewport; if none is set, one of size 0 with the whole depth range.
 inline D3D11_VIEWPORT FirstViewport(ID3D11DeviceContext* context) {
     UINT count = 1;
     D3D11_VIEWPORT viewport{};
@@ -14,13 +14,13 @@ inline D3D11_VIEWPORT FirstViewport(ID3D11DeviceContext* context) {
     return viewport;
 }
 
-/// Sets the first viewport again at the end of its scope, also when a draw is refused.
+/// Restores the first viewport at the end of the scope, also if a draw fails.
 class ViewportScope : public Utils::NonAssignable {
 public:
     explicit ViewportScope(ID3D11DeviceContext* context) : before(FirstViewport(context)), context(context) {}
     ~ViewportScope() { context->RSSetViewports(1, &before); }
 
-    /// The left or the right half of it.
+    /// The left or right half of the viewport.
     void SetHalf(int eye) const {
         D3D11_VIEWPORT half = before;
         half.Width *= 0.5f;
@@ -34,7 +34,7 @@ private:
     ID3D11DeviceContext* context;
 };
 
-/// Sets the render target and the depth target again at the end of its scope.
+/// Restores the render target and the depth target at the end of the scope.
 class TargetScope : public Utils::NonAssignable {
 public:
     explicit TargetScope(ID3D11DeviceContext* context) : context(context) {

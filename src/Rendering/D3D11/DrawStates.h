@@ -5,7 +5,7 @@
 
 namespace Rendering::D3D11 {
 
-/// The fixed states of a shader class, made once.
+/// The fixed states of a shader class, created once.
 class DrawStates : public Utils::NonAssignable {
 public:
     explicit DrawStates(ID3D11Device* device);
@@ -18,7 +18,7 @@ private:
     ComPtr<ID3D11RasterizerState> rasterizer;
 };
 
-/// Sets the rasterizer state again that was bound before its scope.
+/// Restores the rasterizer state at the end of the scope.
 class RasterizerScope : public Utils::NonAssignable {
 public:
     explicit RasterizerScope(ID3D11DeviceContext* context) : context(context) { context->RSGetState(&before); }
@@ -29,7 +29,7 @@ private:
     ComPtr<ID3D11RasterizerState> before;
 };
 
-/// All mip levels; w is clamped. `wrap` holds for u and v.
+/// All mip levels; w is clamped. `wrap` applies to u and v.
 ComPtr<ID3D11SamplerState> CreateSampler(ID3D11Device* device, D3D11_FILTER filter, D3D11_TEXTURE_ADDRESS_MODE wrap);
 
 } // namespace Rendering::D3D11

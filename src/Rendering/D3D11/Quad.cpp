@@ -5,7 +5,7 @@ namespace Rendering::D3D11 {
 namespace {
 
 constexpr UINT kVertexCount = 6;
-constexpr UINT kStride = 12; ///< bytes a vertex
+constexpr UINT kStride = 12; ///< bytes per vertex
 
 } // namespace
 

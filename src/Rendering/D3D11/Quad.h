@@ -4,7 +4,7 @@
 
 namespace Rendering::D3D11 {
 
-/// Two triangles from (-1, -1) to (1, 1), positions alone.
+/// Two triangles from (-1, -1) to (1, 1), positions only.
 class Quad {
 public:
     Quad(ID3D11Device* device, float z);

@@ -10,7 +10,7 @@ namespace {
 constexpr const char* kCompilerCaption = "Vorelle FSX: Shader compilation error";
 constexpr UINT kDebug = 1, kStrictness = 2048;
 
-/// Not every compiler ends its text with a zero.
+/// Not every compiler ends its text with a NUL byte.
 std::string TextOf(ID3DBlob* errors) {
     const std::string text(static_cast<const char*>(errors->GetBufferPointer()), errors->GetBufferSize());
     return text.substr(0, text.find('\0'));

@@ -8,11 +8,11 @@
 
 namespace Rendering::D3D11 {
 
-/// One compiled program with its vertex layout. A file that cannot be compiled is a fatal error, ahead of which the
-/// person is shown the compiler's words.
+/// One compiled shader program with its vertex layout. If a file does not compile, the compiler's messages are shown to
+/// the user, followed by a fatal error.
 class Shader : public Utils::NonAssignable {
 public:
-    /// The entries are VS in the vertex file and PS in the pixel file, both below the data folder.
+    /// The entry points are VS in the vertex file and PS in the pixel file, both below the data folder.
     Shader(ID3D11Device* device, std::span<const D3D11_INPUT_ELEMENT_DESC> layout, const std::string& vertexFile,
            const std::string& pixelFile);
 

@@ -6,13 +6,13 @@
 #include <array>
 #include <cstddef>
 
-/// The constant buffers as the programs in the data folder read them. Matrices lie transposed, so that a program's
-/// mul(point, matrix) is the row vector's product.
+/// The constant buffers in the layout of the shaders in the data folder. Matrices are transposed, so that a shader's
+/// mul(point, matrix) is the product with a row vector.
 namespace Rendering::D3D11 {
 
 struct GeometryConstants {
     Utils::Matrix4 world, view, projection;
-    Utils::Vector4 firstColour, secondColour, thirdColour; ///< with a 1 behind
+    Utils::Vector4 firstColour, secondColour, thirdColour; ///< the fourth component is 1
     float opacity = 1.0f, shaderParam1 = 0.0f, shaderParam2 = 0.0f, shaderParam3 = 0.0f, shaderParam4 = 0.0f;
     std::array<float, 3> unused{};
     Utils::Vector4 fourthColour;
@@ -28,8 +28,8 @@ struct RectConstants {
 };
 static_assert(sizeof(RectConstants) == 240 && offsetof(RectConstants, parameters) == 192);
 
-/// In a slot of its own: the size of a texel of the first bitmap in texture coordinates, which not every compiler lets
-/// a program ask for.
+/// In a separate slot: the size of a texel of the first bitmap in texture coordinates, which not every compiler lets a
+/// shader query.
 struct PictureConstants {
     Utils::Vector2 texel{1.0f, 1.0f};
     std::array<float, 2> unused{};

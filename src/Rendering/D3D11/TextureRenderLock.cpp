@@ -7,7 +7,7 @@ namespace Rendering::D3D11 {
 TextureRenderLock::TextureRenderLock(IUnknown* texture) {
     if (FAILED(texture->QueryInterface(IID_PPV_ARGS(&mutex))) || !mutex)
         return;
-    // An abandoned mutex is no failure to FAILED(), though what it guards may be half written.
+    // FAILED() does not cover an abandoned mutex, but the texture that it guards may be incomplete.
     if (const HRESULT result = mutex->AcquireSync(key, INFINITE); result != S_OK)
         Utils::FatalError(HERE, result);
 }

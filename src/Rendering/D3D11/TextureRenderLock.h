@@ -7,12 +7,12 @@
 
 namespace Rendering::D3D11 {
 
-/// Keeps other processes from a shared texture for the length of a scope; a texture without a keyed mutex needs none.
+/// Locks out other processes from a shared texture for a scope; does nothing for a texture without a keyed mutex.
 class TextureRenderLock : public Utils::NonAssignable {
 public:
     /// A mutex that cannot be acquired, or that another process left without releasing it, is a fatal error.
     explicit TextureRenderLock(IUnknown* texture);
-    /// A mutex that cannot be released is a fatal error, or a line in the log while an exception is under way.
+    /// A mutex that cannot be released is a fatal error, or a log line during stack unwinding.
     ~TextureRenderLock() noexcept(false);
 
 private:

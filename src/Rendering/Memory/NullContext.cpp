@@ -12,7 +12,7 @@ namespace Rendering::Memory {
 
 namespace {
 
-/// There is no target to come back to.
+/// There is no previous target to restore.
 class MemoryRenderToTextureLock : public RenderToTextureLock {
 public:
     ~MemoryRenderToTextureLock() override { Restore(); }

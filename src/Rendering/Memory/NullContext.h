@@ -4,10 +4,10 @@
 
 namespace Rendering::Memory {
 
-/// Tells a context's objects from those of others, also of one that stood at the same address before it.
+/// Identifies a context's objects, also against those of an earlier context at the same address.
 using ContextId = std::uint64_t;
 
-/// A bitmap that keeps its pixels; red, green, blue, alpha.
+/// A bitmap that stores its pixels; red, green, blue, alpha.
 class MemoryBitmap : public GPUBitmap {
 public:
     MemoryBitmap(ContextId owner, MemBitmap pixels);
@@ -17,7 +17,7 @@ public:
     MemBitmap pixels;
 };
 
-/// A geometry that keeps its vertices.
+/// A geometry that stores its vertices.
 class MemoryGeometry : public Geometry {
 public:
     MemoryGeometry(ContextId owner, std::vector<GeometryVertex> vertices);
@@ -26,8 +26,8 @@ public:
     const std::vector<GeometryVertex> vertices;
 };
 
-/// A device without a picture: it keeps its objects in main memory, clears and copies them, and its draws check their
-/// arguments as the other devices do but change nothing. Everything but the picture runs on it.
+/// A device without output: its objects are in main memory and can be cleared and copied; draws check their arguments
+/// like the other devices but change nothing. Everything except the resulting image works with it.
 class NullContext : public Context {
 public:
     NullContext();

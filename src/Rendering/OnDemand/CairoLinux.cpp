@@ -1,11 +1,11 @@
-// The functions of cairo that the images are read and written with, for a program that rarely needs them: the library
-// and the many that it depends on are loaded at the first call instead of at each start of the program.
+// The cairo functions for reading and writing images, for a program that rarely needs them: the library and its many
+// dependencies are loaded on the first call instead of at every program start.
 
 #include <dlfcn.h>
 #include <stdexcept>
 #include <string>
 
-#pragma GCC visibility push(hidden) // cairo's own calls must not find these
+#pragma GCC visibility push(hidden) // cairo's internal calls must not resolve to these
 #include <cairo.h>
 
 namespace {

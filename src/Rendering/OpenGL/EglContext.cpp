@@ -21,13 +21,13 @@ constexpr EGLint kContextAttributes[] = {
     throw std::runtime_error("No OpenGL without a window: " + fault + " (EGL " + code.data() + ")");
 }
 
-/// A display that needs no screen, initialised; null where the platform gives none.
+/// An initialised display that needs no screen; null if the platform has none.
 EGLDisplay OpenPlatform(EGLenum platform, void* native) {
     const EGLDisplay display = eglGetPlatformDisplayEXT(platform, native, nullptr);
     return display != EGL_NO_DISPLAY && eglInitialize(display, nullptr, nullptr) ? display : EGL_NO_DISPLAY;
 }
 
-/// For drivers that know no surfaceless display: the first graphics card.
+/// For drivers without surfaceless displays: the first graphics card.
 EGLDisplay OpenFirstDevice() {
     EGLDeviceEXT device = nullptr;
     EGLint count = 0;

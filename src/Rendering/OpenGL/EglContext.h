@@ -6,9 +6,9 @@
 
 namespace Rendering::OpenGL {
 
-/// An OpenGL 3.3 context without a window or a screen, current on the thread that made it. It has no framebuffer of
-/// its own: what is drawn goes to bitmaps and frame targets. Throws std::runtime_error with the reason in words where
-/// the system has none to give.
+/// An OpenGL 3.3 context without a window or a screen, current on the thread that created it. It has no default
+/// framebuffer: draws go to bitmaps and frame targets. Throws std::runtime_error with the reason if the system provides
+/// no such context.
 class EglContext : public Utils::NonAssignable {
 public:
     EglContext();
@@ -19,7 +19,7 @@ public:
 private:
     class Display;
 
-    std::shared_ptr<Display> display; ///< one for all contexts of the process
+    std::shared_ptr<Display> display; ///< shared by all contexts of the process
     void* context = nullptr;
 };
 

@@ -16,8 +16,8 @@ namespace {
 
 constexpr int kVersion = 33; // 3.3
 
-// The log's texture lines are in the numbers of Direct3D. Formats: 8-bit red, green, blue, alpha; 8-bit grey; two
-// floats. Binding: read by programs and drawn to; only read.
+// The log's texture lines use Direct3D's numbers. Formats: 8-bit red, green, blue, alpha; 8-bit grey; two floats.
+// Binding: read by shaders and drawn to; only read.
 constexpr std::uint32_t kFormat = 28, kGreyFormat = 61, kDistortionFormat = 16;
 constexpr std::uint32_t kBindFlags = 40, kOnlyRead = 8;
 constexpr std::uint32_t kGenerateMips = 1;
@@ -27,7 +27,7 @@ std::string DriverText(GLenum name) {
     return text ? reinterpret_cast<const char*>(text) : "?";
 }
 
-/// The first step on a new context.
+/// Called first on a new context.
 std::shared_ptr<const void> CheckDriver() {
     Logging::Logger::Get().Log(HERE, "OpenGL " + DriverText(GL_VERSION) + ", " + DriverText(GL_RENDERER));
     if (!epoxy_is_desktop_gl() || epoxy_gl_version() < kVersion) {
@@ -52,7 +52,7 @@ GLGPUBitmap& Own(GPUBitmap& bitmap) {
     return dynamic_cast<GLGPUBitmap&>(bitmap);
 }
 
-/// Programs cannot read samples.
+/// Shaders cannot read multisampled bitmaps.
 GLuint TextureOf(const GLGPUBitmap& bitmap) {
     if (bitmap.IsMultisampled())
         Utils::FatalError(HERE, GL_INVALID_OPERATION);
@@ -70,7 +70,7 @@ void LogTexture(Size size, const char* file, std::int32_t line, std::uint32_t fo
     Logging::Logger::Get().Log(file, line, texture);
 }
 
-/// Rows of single bytes follow each other without gaps.
+/// Rows of single bytes have no padding.
 void FillTexture(GLuint texture, GLint internalFormat, Size size, GLenum format, GLenum type, const void* pixels) {
     const TextureBinding binding(GL_TEXTURE_2D, texture);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
@@ -142,7 +142,7 @@ std::unique_ptr<GPUBitmap> GLContext::LoadBitmap(const std::string& path) {
 }
 
 std::unique_ptr<SharedGPUBitmap> GLContext::CreateSharedBitmap(Size) {
-    return nullptr; // GL shares no textures between processes
+    return nullptr; // GL cannot share textures between processes
 }
 
 std::unique_ptr<RenderToTextureLock> GLContext::BeginRenderToTexture(GPUBitmap& bitmap, bool keepDepth) {
@@ -173,7 +173,7 @@ void GLContext::DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& 
         for (const GPUBitmap* further : *furtherBitmaps)
             textures.push_back(textureOf(further));
     else if (!params.effect.empty())
-        textures.push_back(textures.front()); // for the effects that look at a second one
+        textures.push_back(textures.front()); // for effects that read a second one
     const auto draw = [&](std::size_t eye) {
         geometryShader.Draw(world, view * camera->EyeMatrix(eye), projection, mesh, textures, params);
     };

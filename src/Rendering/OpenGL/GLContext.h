@@ -9,10 +9,9 @@
 
 namespace Rendering::OpenGL {
 
-/// The device on OpenGL 3.3. It is made on a GL context that is current, which stays its maker's, and must be current
-/// whenever one of its operations is called and when one of its objects goes; an object that outlives it leaves GL
-/// alone. It draws to the framebuffer and viewport of the moment, and leaves no other state behind that matters to a
-/// caller who sets his own.
+/// The device on OpenGL 3.3. It is created on the current GL context, which the caller owns and which must be current
+/// whenever an operation is called or an object is destroyed; an object that outlives the device makes no GL calls. It
+/// draws to the current framebuffer and viewport and may change other state, which callers set themselves.
 class GLContext : public Context {
 public:
     /// The camera gives the eye matrices and must outlive the context. A driver without OpenGL 3.3 is a fatal error.
@@ -38,21 +37,21 @@ public:
     void GenerateMips(GPUBitmap* bitmap) override;
     void ClearBitmap(GPUBitmap* bitmap, const Utils::Vector4& colour) override;
 
-    /// What a bitmap of this context holds: red, green, blue, alpha, top row first. Waits for the device.
+    /// The pixels of a bitmap of this context: red, green, blue, alpha, top row first. Waits for the device.
     MemBitmap ReadBitmap(GPUBitmap& bitmap);
     /// For other objects on the same GL context.
     ContextToken Token() const { return token; }
 
 private:
-    std::shared_ptr<const void> token; ///< expires behind everything that this context made for itself
+    std::shared_ptr<const void> token; ///< declared first: expires after all other members
     std::uint64_t modeFlag;
     const Camera* camera;
     Blitter blitter;
     GLRectShader rectShader;
     GLLeapShader leapShader;
     GLGeometryShader geometryShader;
-    GLGPUBitmap white;            ///< stands for a bitmap that is not given
-    std::vector<GLuint> textures; ///< of the draw under way; kept for its memory
+    GLGPUBitmap white;            ///< used if no bitmap is given
+    std::vector<GLuint> textures; ///< of the current draw; a member to reuse its memory
 };
 
 } // namespace Rendering::OpenGL

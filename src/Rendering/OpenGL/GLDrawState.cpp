@@ -19,7 +19,7 @@ GLDrawState::GLDrawState(bool blend, bool depthTest, bool depthWrite) : masked(d
     Switch(GL_BLEND, blend);
     if (blend)
         glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ZERO);
-    Switch(GL_DEPTH_TEST, depthTest); // off, nothing is written either
+    Switch(GL_DEPTH_TEST, depthTest); // if off, depth is not written either
     if (depthTest)
         glDepthFunc(GL_LEQUAL);
     if (masked)

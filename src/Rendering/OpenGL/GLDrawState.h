@@ -4,8 +4,8 @@
 
 namespace Rendering::OpenGL {
 
-/// Blending, depth and culling of one draw. The depth mask is put back at the scope's end, as a clear of the depth
-/// obeys it.
+/// Blending, depth and culling of one draw. Restores the depth mask at the end of the scope, because clearing the depth
+/// depends on it.
 class GLDrawState : public Utils::NonAssignable {
 public:
     GLDrawState(bool blend, bool depthTest, bool depthWrite);

@@ -34,7 +34,7 @@ bool HasDebugMessages() {
     return epoxy_gl_version() >= 43 || epoxy_has_gl_extension("GL_KHR_debug");
 }
 
-/// What the driver said since the last time.
+/// The driver's messages since the last call.
 std::string DriverMessages() {
     std::string all;
     if (!HasDebugMessages())

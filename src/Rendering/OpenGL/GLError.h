@@ -6,12 +6,12 @@
 
 namespace Rendering::OpenGL {
 
-/// Asks the driver once whether a call failed since the last check; a failure is logged in the driver's words, with
-/// the operation's name, and is a fatal error with GL's error code as the result.
+/// Checks whether a GL call failed since the last check; a failure is logged with the driver's message and the
+/// operation's name, and is a fatal error with GL's error code as the result.
 void CheckGL(const char* file, std::int32_t line, const char* operation);
-/// The same for the framebuffer that is bound for drawing: whether it can be drawn to.
+/// Checks that the framebuffer bound for drawing is complete, with the same result of a failure.
 void CheckFramebuffer(const char* file, std::int32_t line, const char* operation);
-/// Lets the driver keep its error messages for CheckGL, where it can.
+/// Makes the driver keep its error messages for CheckGL, if supported.
 void KeepDriverMessages();
 
 } // namespace Rendering::OpenGL

@@ -10,7 +10,7 @@ namespace Rendering::OpenGL {
 
 namespace {
 
-/// Blended draws leave an alpha below 1, through which a compositor may show what is behind the window.
+/// Blended draws leave alpha below 1, and a compositor may then show what is behind the window.
 void MakeOpaque() {
     const float opaque[] = {0.0f, 0.0f, 0.0f, 1.0f};
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
@@ -62,7 +62,7 @@ void GLFrameTarget::Present() {
 }
 
 MemBitmap GLFrameTarget::Read() {
-    GLGPUBitmap resolved(owner, size, false); // samples cannot be read as pixels
+    GLGPUBitmap resolved(owner, size, false); // multisampled pixels cannot be read
     const auto width = static_cast<GLint>(size.width), height = static_cast<GLint>(size.height);
     const ReadBinding from(buffers->framebuffer);
     const FramebufferBinding to(resolved.Framebuffer());

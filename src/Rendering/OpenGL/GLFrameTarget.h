@@ -6,21 +6,21 @@
 
 namespace Rendering::OpenGL {
 
-/// What a frame is drawn to: colour and a depth of 32-bit floats, which a window's own framebuffer does not have.
-/// The context must be current for every operation and at the end.
+/// Render target of a frame: colour and 32-bit float depth, which a window's framebuffer lacks. The context must be
+/// current for every operation and on destruction.
 class GLFrameTarget : public Utils::NonAssignable {
 public:
-    /// `samples` above 1 smooths edges; at most what the device has.
+    /// `samples` above 1 enables antialiasing; limited to the device's maximum.
     explicit GLFrameTarget(const GLContext& context, std::uint32_t samples = 1);
 
-    /// Remakes the target; a side of no pixels counts as one.
+    /// Recreates the target; a side of 0 pixels becomes 1.
     void Resize(Size newSize);
     Rendering::Size Size() const { return size; }
-    /// Draws go to the whole of this target from now on; clears it to the colour and to the farthest depth.
+    /// Makes the whole of this target current for draws; clears it to the colour and to the farthest depth.
     void Begin(const Utils::Vector4& colour);
-    /// Copies the picture to the window's framebuffer, whose buffers are the caller's to swap.
+    /// Copies the image to the window's framebuffer; the caller swaps the buffers.
     void Present();
-    /// The picture: red, green, blue, alpha, top row first. Waits for the device.
+    /// The image: red, green, blue, alpha, top row first. Waits for the device.
     MemBitmap Read();
 
 private:

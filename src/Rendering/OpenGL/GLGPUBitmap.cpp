@@ -11,7 +11,7 @@ namespace Rendering::OpenGL {
 
 namespace {
 
-/// GL's rows run upwards.
+/// GL's rows are bottom to top.
 MemBitmap BottomRowFirst(const MemBitmap& bitmap) {
     MemBitmap turned(bitmap.Width(), bitmap.Height());
     for (std::uint64_t y = 0; y < bitmap.Height(); ++y)
@@ -35,7 +35,7 @@ GLGPUBitmap::GLGPUBitmap(ContextToken owner, Rendering::Size size, bool withMips
         glTexImage2DMultisample(Target(), static_cast<GLsizei>(samples), GL_RGBA8, width, height, GL_TRUE);
     } else {
         glTexImage2D(Target(), 0, GL_RGBA8, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
-        // Without a last level the driver takes a texture that lacks smaller levels for incomplete and shows black.
+        // Without a maximum level the driver treats a texture that lacks smaller levels as incomplete and shows black.
         glTexParameteri(Target(), GL_TEXTURE_MAX_LEVEL, this->withMips ? LastLevel(size) : 0);
     }
     CheckGL(HERE, "making a texture");

@@ -7,8 +7,8 @@
 
 namespace Rendering::OpenGL {
 
-/// A texture of 8 bits a channel. Its first row in GL's order is the picture's bottom row, so that a picture put in
-/// from a file and one drawn into it stand alike.
+/// A texture of 8 bits per channel. Its first row in GL's order is the image's bottom row, so that images from files
+/// and drawn images have the same orientation.
 class GLGPUBitmap : public GPUBitmap {
 public:
     /// One level, or the whole chain of mip levels down to one pixel, with undefined pixels. `samples` above 1 makes a
@@ -19,13 +19,13 @@ public:
     bool IsMultisampled() const { return multisampled; }
     const ContextToken& Owner() const { return texture.Owner(); }
     GLuint Texture() const { return texture; }
-    /// The framebuffer that draws into the full-size level; made when it is first asked for.
+    /// The framebuffer for drawing into the full-size level; created on first use.
     GLuint Framebuffer();
 
-    /// Puts in levels from the full size down; the top row first in `levels`. `format` is GL_RGBA or GL_BGRA. A chain
-    /// that ends early is the whole chain from then on.
+    /// Uploads levels from the full size down, top row first. `format` is GL_RGBA or GL_BGRA. If fewer levels are
+    /// given, the texture has only those.
     void Upload(std::span<const MemBitmap> levels, GLenum format);
-    /// Makes the smaller levels from the full size.
+    /// Generates the smaller levels from the full size.
     void GenerateMips();
 
 private:

@@ -11,7 +11,7 @@ public:
     GLGeometry(ContextToken owner, std::span<const GeometryVertex> vertices);
 
     const ContextToken& Owner() const { return buffer.Owner(); }
-    /// Draws every triangle with the program and the state of the moment.
+    /// Draws all triangles with the current shader and state.
     void Draw() const;
 
 private:

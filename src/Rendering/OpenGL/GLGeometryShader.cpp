@@ -22,7 +22,7 @@ bool AreIdentities(const std::vector<Utils::Matrix4>& matrices) {
 }
 
 void SetMatrix(GLint location, const Utils::Matrix4& matrix) {
-    // A row-major matrix for row vectors lies in memory as GL's column-major one for column vectors.
+    // A row-major matrix for row vectors has the same memory layout as GL's column-major one for column vectors.
     glUniformMatrix4fv(location, 1, GL_FALSE, matrix.data());
 }
 
@@ -56,7 +56,7 @@ GLGeometryShader::GLGeometryShader(ContextToken owner)
 }
 
 void GLGeometryShader::UploadMatrices(const std::vector<Utils::Matrix4>& matrices, const Program& program) {
-    // Also where no matrix is read: a draw with a uniform block that has no buffer is undefined.
+    // Needed even if no matrix is read: a draw with a uniform block without a buffer is undefined.
     glBindBufferBase(GL_UNIFORM_BUFFER, kMatrixBinding, matrixBuffer);
     if (program.matrixCount < 0)
         return;
@@ -64,7 +64,7 @@ void GLGeometryShader::UploadMatrices(const std::vector<Utils::Matrix4>& matrice
     glUniform1i(program.matrixCount, used ? static_cast<GLint>(matrices.size()) : 0);
     if (!used)
         return;
-    // A new store each time: the driver may still read the old one for an earlier draw.
+    // Reallocated each time: the driver may still read the old data for an earlier draw.
     glBufferData(GL_UNIFORM_BUFFER, kMatrixBufferSize, nullptr, GL_STREAM_DRAW);
     glBufferSubData(GL_UNIFORM_BUFFER, 0, static_cast<GLsizeiptr>(matrices.size() * sizeof(Utils::Matrix4)),
                     matrices.front().data());
@@ -86,7 +86,7 @@ void GLGeometryShader::Draw(const Utils::Matrix4& world, const Utils::Matrix4& v
     glUniform3fv(program.colours, 4, colours.data());
     const float scalars[] = {params.opacity, params.shaderParam1, params.shaderParam2, params.shaderParam3,
                              params.shaderParam4};
-    glUniform1fv(program.scalars, 5, scalars); // what a program does not read is at -1 and costs nothing
+    glUniform1fv(program.scalars, 5, scalars); // a uniform that the shader does not read is at -1, which GL ignores
     UploadMatrices(params.matrices, program);
     for (std::size_t unit = 0; unit < textures.size(); ++unit)
         BindPicture(static_cast<GLuint>(unit), textures[unit], sampler);

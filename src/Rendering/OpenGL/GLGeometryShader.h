@@ -8,17 +8,17 @@
 
 namespace Rendering::OpenGL {
 
-/// The programs that draw meshes.
+/// The shaders that draw meshes.
 class GLGeometryShader : public Utils::NonAssignable {
 public:
     explicit GLGeometryShader(ContextToken owner);
 
-    /// One draw. `textures` go to the units from 0 on: the mesh's own, then the further ones.
+    /// One draw. `textures` are bound to units from 0: the mesh's own, then the further ones.
     void Draw(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
               const GLGeometry& geometry, std::span<const GLuint> textures, const GeometryDrawParams& params);
 
 private:
-    /// A program with the places of its uniforms; -1 for those that it does not read.
+    /// A shader with the locations of its uniforms; -1 for those that it does not read.
     struct Program {
         Program(const char* name, const char* vertexText, const char* fragmentText);
 

@@ -5,8 +5,8 @@
 
 namespace Rendering::OpenGL {
 
-/// Draws a camera's raw picture over the whole target, straightened by its distortion map. Where the map points
-/// outside the picture, the target keeps its colour.
+/// Draws a camera's raw image over the whole target, undistorted with its distortion map. Where the map points outside
+/// the image, the target is unchanged.
 class GLLeapShader : public Utils::NonAssignable {
 public:
     explicit GLLeapShader(ContextToken owner);

@@ -8,15 +8,16 @@
 
 namespace Rendering::OpenGL {
 
-/// Stands for a context among its objects: they compare it to tell whose they are, and it expires when the context
-/// goes, and all of the driver's objects with it.
+/// Identifies a context: its objects compare it to check their owner, and it expires when the context is destroyed
+/// together with all of the driver's objects.
 using ContextToken = std::weak_ptr<const void>;
 
 inline bool IsSameContext(const ContextToken& a, const ContextToken& b) {
     return !a.owner_before(b) && !b.owner_before(a);
 }
 
-/// A name of the driver for a texture, a buffer or the like; deleted with this object, unless its context has gone.
+/// The driver's name of a texture, a buffer or similar; deleted with this object unless its context is already
+/// destroyed.
 template <typename Kind>
 class GLName : public Utils::NonAssignable {
 public:
@@ -25,7 +26,7 @@ public:
         if (!owner.expired())
             Kind::Delete(&name);
     }
-    operator GLuint() const { return name; } // NOLINT: GL calls take the bare name
+    operator GLuint() const { return name; } // NOLINT: GL calls take the plain name
     const ContextToken& Owner() const { return owner; }
 
 private:

@@ -8,7 +8,7 @@
 
 namespace Rendering::OpenGL {
 
-/// The programs that draw a picture on a rectangle from -1 to 1 in x and y.
+/// The shaders that draw an image on a rectangle from -1 to 1 in x and y.
 class GLRectShader : public Utils::NonAssignable {
 public:
     explicit GLRectShader(ContextToken owner);

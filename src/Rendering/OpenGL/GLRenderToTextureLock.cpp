@@ -13,7 +13,7 @@ GLint DepthAttachment(GLenum question) {
     return answer;
 }
 
-/// The depth renderbuffer of the framebuffer that is bound for drawing; 0 when it has none or is a window's own.
+/// The depth renderbuffer of the framebuffer bound for drawing; 0 if it has none or is a window's framebuffer.
 GLuint DepthRenderbuffer(GLint framebuffer) {
     if (framebuffer == 0 || DepthAttachment(GL_FRAMEBUFFER_ATTACHMENT_OBJECT_TYPE) != GL_RENDERBUFFER)
         return 0;
@@ -27,7 +27,7 @@ void AttachDepth(GLuint renderbuffer) {
 } // namespace
 
 GLRenderToTextureLock::GLRenderToTextureLock(GLGPUBitmap& bitmap, bool keepDepth) : viewport(Viewport::Current()) {
-    restored = true; // should something below throw, nobody has to come back
+    restored = true; // if the code below throws, there is nothing to restore
     glGetIntegerv(GL_DRAW_FRAMEBUFFER_BINDING, &framebuffer);
     const GLuint depth = keepDepth ? DepthRenderbuffer(framebuffer) : 0;
     glBindFramebuffer(GL_DRAW_FRAMEBUFFER, bitmap.Framebuffer());

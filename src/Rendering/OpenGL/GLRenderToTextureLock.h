@@ -5,18 +5,18 @@
 
 namespace Rendering::OpenGL {
 
-/// Draws go to a bitmap, which must outlive it, until it is restored.
+/// Directs draws to a bitmap until restored. The bitmap must outlive it.
 class GLRenderToTextureLock : public RenderToTextureLock {
 public:
-    /// With `keepDepth` the depth of the earlier target serves on, where that is not a window's own.
+    /// With `keepDepth` the depth of the previous target stays in use, unless that is a window's framebuffer.
     GLRenderToTextureLock(GLGPUBitmap& bitmap, bool keepDepth);
     ~GLRenderToTextureLock() override;
 
     void Restore() override;
 
 private:
-    GLint framebuffer = 0; ///< the earlier one
-    Viewport viewport;     ///< the earlier one
+    GLint framebuffer = 0; ///< the previous one
+    Viewport viewport;     ///< the previous one
     bool depthShared = false;
 };
 

@@ -31,7 +31,7 @@ ReadBinding::~ReadBinding() {
     glBindFramebuffer(GL_READ_FRAMEBUFFER, static_cast<GLuint>(before));
 }
 
-// The driver answers from its own memory, without waiting for the device.
+// The driver answers from main memory without waiting for the device.
 Viewport Viewport::Current() {
     std::array<GLint, 4> values{};
     glGetIntegerv(GL_VIEWPORT, values.data());

@@ -7,7 +7,7 @@
 
 namespace Rendering::OpenGL {
 
-/// Binds a texture to the first unit and puts the one before back at the scope's end.
+/// Binds a texture to the first unit and restores the previous one at the end of the scope.
 class TextureBinding : public Utils::NonAssignable {
 public:
     TextureBinding(GLenum target, GLuint texture);
@@ -18,7 +18,7 @@ private:
     GLint before = 0;
 };
 
-/// Draws to a framebuffer for the length of a scope.
+/// Binds a framebuffer for drawing for a scope.
 class FramebufferBinding : public Utils::NonAssignable {
 public:
     explicit FramebufferBinding(GLuint framebuffer);
@@ -28,7 +28,7 @@ private:
     GLint before = 0;
 };
 
-/// Reads from a framebuffer for the length of a scope.
+/// Binds a framebuffer for reading for a scope.
 class ReadBinding : public Utils::NonAssignable {
 public:
     explicit ReadBinding(GLuint framebuffer);
@@ -49,7 +49,7 @@ struct Viewport {
     Viewport RightHalf() const { return {x + width / 2, y, width - width / 2, height}; }
 };
 
-/// Puts the viewport back at the scope's end.
+/// Restores the viewport at the end of the scope.
 class ViewportScope : public Utils::NonAssignable {
 public:
     ~ViewportScope() { before.Set(); }

@@ -6,8 +6,8 @@
 
 namespace Rendering::OpenGL {
 
-/// A framebuffer's picture, from its lower left corner on: red, green, blue, alpha, top row first. Waits for the
-/// device. The framebuffer is not multisampled.
+/// A framebuffer's pixels, starting at its lower left corner: red, green, blue, alpha, top row first. Waits for the
+/// device. The framebuffer must not be multisampled.
 MemBitmap ReadPixels(GLuint framebuffer, Size size);
 
 } // namespace Rendering::OpenGL

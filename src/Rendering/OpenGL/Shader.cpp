@@ -42,7 +42,7 @@ GLuint Compile(GLenum stage, const char* name, std::initializer_list<const char*
     const GLuint shader = glCreateShader(stage);
     glShaderSource(shader, static_cast<GLsizei>(text.size()), text.data(), nullptr);
     glCompileShader(shader);
-    GLint compiled = GL_FALSE; // asked here, as a failed compile is no GL error
+    GLint compiled = GL_FALSE; // queried here because a failed compilation is not a GL error
     glGetShaderiv(shader, GL_COMPILE_STATUS, &compiled);
     if (!compiled) {
         const std::string words = Words(shader, glGetShaderiv, glGetShaderInfoLog);
@@ -60,7 +60,7 @@ Shader::Shader(const char* name, std::initializer_list<const char*> vertexText,
     for (const auto& [stage, text] : {std::pair(GL_VERTEX_SHADER, vertexText), {GL_FRAGMENT_SHADER, fragmentText}}) {
         const GLuint shader = Compile(static_cast<GLenum>(stage), name, text);
         glAttachShader(program, shader);
-        glDeleteShader(shader); // lives on as a part of the program
+        glDeleteShader(shader); // stays alive as part of the program
     }
     glLinkProgram(program);
     GLint linked = GL_FALSE;

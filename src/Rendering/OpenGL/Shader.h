@@ -7,19 +7,19 @@
 
 namespace Rendering::OpenGL {
 
-/// One compiled program. A text that does not compile is shown in a box of its own in the compiler's words, then it
-/// is a fatal error.
+/// One compiled shader program. If a text does not compile, the compiler's messages are shown to the user, followed by
+/// a fatal error.
 class Shader : public Utils::NonAssignable {
 public:
-    /// The pieces of each text follow each other behind the version line. `name` is for the person who reads the box.
+    /// The pieces of each text are joined after the version line. `name` appears in the error box.
     Shader(const char* name, std::initializer_list<const char*> vertexText,
            std::initializer_list<const char*> fragmentText);
     ~Shader();
 
     void Use() const { glUseProgram(program); }
-    /// -1, which the driver ignores, for a uniform that the program does not read.
+    /// -1, which the driver ignores, for a uniform that the shader does not read.
     GLint Uniform(const char* uniform) const { return glGetUniformLocation(program, uniform); }
-    /// Ties a sampler to a texture unit, a uniform block to a binding point, where the program has them.
+    /// Assigns a texture unit to a sampler, a binding point to a uniform block, if the shader has them.
     void SetUnit(const char* sampler, GLint unit) const;
     void SetBlock(const char* block, GLuint binding) const;
 

@@ -47,7 +47,7 @@ void main() {
 }
 )glsl";
 
-// The picture was drawn earlier with matrices[0] from world to clip space; it is put where its points are now.
+// Reprojects an image that was drawn earlier with matrices[0] from world to clip space to the current view.
 const char* const kTimeWarpVertex = R"glsl(
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
@@ -65,7 +65,7 @@ void main() {
 }
 )glsl";
 
-// The light comes over the viewer's shoulder. It shines on both sides of a face, as faces are not culled.
+// The light comes over the viewer's shoulder. It lights both sides of a face because faces are not culled.
 const char* const kLighting = R"glsl(
 uniform sampler2D picture;
 in vec3 viewNormal;
@@ -74,7 +74,7 @@ out vec4 result;
 const vec3 kLight = vec3(0.36, 0.48, -0.8);
 
 // A face whose corners share one texture position has no gradient, which Mesa's software renderer (25.0) filters to
-// black where the sampler is anisotropic.
+// black if the sampler is anisotropic.
 vec4 Texel(vec2 place) {
     vec4 filtered = texture(picture, place);
     return fwidth(place) == vec2(0.0) ? textureLod(picture, place, 0.0) : filtered;
@@ -103,7 +103,7 @@ void main() {
 }
 )glsl";
 
-// Fades out towards the picture's edges; scalars[2] is one over the width of the fading.
+// Fades out towards the image's edges; scalars[2] is 1 / width of the fade.
 const char* const kGeometryEdgeBlend = R"glsl(
 in vec2 at;
 
@@ -125,7 +125,7 @@ void main() {
 }
 )glsl";
 
-// What the earlier picture did not show is black and transparent, and the second picture's alpha masks the rest.
+// Areas outside the earlier image are black and transparent; the second image's alpha masks the rest.
 const char* const kGeometryTimeWarpTextureClip = R"glsl(
 uniform sampler2D furtherPicture;
 in vec4 earlier;
@@ -138,7 +138,8 @@ void main() {
 }
 )glsl";
 
-// The third colour is the level of black, one minus the fourth that of white; scalars[4] bends the curve between.
+// The third colour is the black level, 1 - the fourth the white level; scalars[4] changes the exponent of the curve
+// between.
 const char* const kGeometryLevels = R"glsl(
 in vec2 at;
 
@@ -151,7 +152,7 @@ void main() {
 }
 )glsl";
 
-// Smooths along an edge of the picture: the direction comes from the brightness of the four diagonal neighbours.
+// Smooths along an edge of the image; the direction comes from the brightness of the four diagonal neighbours.
 const char* const kGeometryFxaa = R"glsl(
 in vec2 at;
 
@@ -209,7 +210,7 @@ void main() {
 }
 )glsl";
 
-// The steepness of the picture's brightness.
+// The gradient of the image's brightness.
 const char* const kRectSobel = R"glsl(
 uniform sampler2D picture;
 in vec2 at;
@@ -241,7 +242,7 @@ void main() {
 }
 )glsl";
 
-// Both textures lie with their first row at v = 0, which is the top of the camera's picture.
+// Both textures have their first row at v = 0, which is the top of the camera's image.
 const char* const kLeapPlain = R"glsl(
 uniform sampler2D picture;
 uniform sampler2D distortion;

@@ -32,7 +32,7 @@ bool SetGlxInterval() {
 
 void WaitForDisplay() {
     if (!(eglGetCurrentContext() != EGL_NO_CONTEXT ? SetEglInterval() : SetGlxInterval()))
-        Logging::Logger::Get().Log(HERE, "The driver does not wait for the display");
+        Logging::Logger::Get().Log(HERE, "The driver does not support vertical synchronisation");
 }
 
 } // namespace Rendering::OpenGL

@@ -2,8 +2,8 @@
 
 namespace Rendering::OpenGL {
 
-/// Asks for one frame a refresh of the display: swapping the buffers of the window that is current waits for it. A
-/// driver that cannot wait is left as it is.
+/// Enables vertical synchronisation: swapping the current window's buffers waits for the display's refresh. Only logs
+/// if the driver does not support it.
 void WaitForDisplay();
 
 } // namespace Rendering::OpenGL
