@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > kLargestInput)
         return 0;
     const Fuzz::MemoryFile file(Fuzz::Text(data, size));
-    const auto levels = Rendering::ReadBitmapFile(file.Path());
-    Fuzz::Require(levels.size() == 1 && levels[0].Width() > 0 && levels[0].Height() > 0);
+    const Rendering::MemBitmap image = Rendering::ReadPngFile(file.Path());
+    Fuzz::Require(image.Width() > 0 && image.Height() > 0);
     return 0;
 }
