@@ -144,7 +144,6 @@ void AddParts(const ModelData& model, const RiffBlockPART& block, const PanelSet
     if (soup.size() < 3)
         return;
     auto part = std::make_unique<NodePart>();
-    part->node = &node;
     part->vertices = std::move(soup);
     part->block = block;
     part->material = &FindMaterial(model, block);
