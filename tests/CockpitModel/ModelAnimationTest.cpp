@@ -74,7 +74,7 @@ TEST(ApplyAnimation, StopsAtTheEndOfTheTimeAxis) {
     }
 }
 
-TEST(ApplyAnimation, TurnsOnTheShorterArcByTheKindOfTheFirstKey) {
+TEST(ApplyAnimation, RotatesAlongTheShorterArcAndUsesTheKindOfTheFirstKey) {
     const float root = std::sqrt(0.5f);
     RiffBlockXANK otherSign = TurnZ(100, kHalfPi);
     otherSign.Rotation.coeffs() *= -1.0f;
@@ -98,7 +98,7 @@ TEST(ApplyAnimation, TurnsOnTheShorterArcByTheKindOfTheFirstKey) {
     }
 }
 
-TEST(ApplyAnimation, ActsAheadOfTheMatrixAndLaterTracksNearerToTheVertex) {
+TEST(ApplyAnimation, MultipliesFromTheLeftWithLaterTracksNearestTheVertex) {
     const Track shift = {ShiftX(0, 5), ShiftX(100, 5)}, turn = {TurnZ(0, kHalfPi), TurnZ(100, kHalfPi)};
     // Turned to (0, 1, 0), then moved by 5 along x, then placed by what the matrix held.
     const Vector3 both = Moved({1, 0, 0}, {shift, turn}, 1, Utils::Translation({0, 0, 7}));

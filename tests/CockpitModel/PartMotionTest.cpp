@@ -42,7 +42,7 @@ Track Turn(const Vector3& axis, float from, float to) {
             Support::RotationKey(100, Utils::RotationAboutAxis(axis, to))};
 }
 
-TEST(PartMotionTest, AStillPartIsMeasuredByItsMean) {
+TEST(PartMotionTest, AStaticPartIsMeasuredByItsMean) {
     const Measured part({{1, 0, 0}, {0, 2, 0}, {0, 0, 6}}, {});
     ExpectNear(part.FarthestVertex, {1 / 3.0f, 2 / 3.0f, 2});
     ExpectNear(part.AxisTip, part.FarthestVertex);
@@ -51,7 +51,7 @@ TEST(PartMotionTest, AStillPartIsMeasuredByItsMean) {
     EXPECT_EQ(part.SweepRadius, 0);
 }
 
-TEST(PartMotionTest, ATurnIsMeasuredAcrossItsSignedAxis) {
+TEST(PartMotionTest, ARotationIsMeasuredAcrossItsSignedAxis) {
     // M = (1, 1, 0.29289), d = (0.69241, 0.69241, 0.20280), S = (0, 0.013848, 0).
     const Measured part({{0.02f, 0, 0}, {-0.02f, 0, 0}, {0, 0.02f, 0}}, {Turn({0, 0, 1}, 0, kQuarterTurn)});
     EXPECT_NEAR(part.BalanceFactor, 0.013848f, 1e-6);
@@ -88,7 +88,7 @@ TEST(PartMotionTest, BothKeysOfATrackCount) {
     EXPECT_NEAR(travelling.SweepRadius, 0.23431f / 0.64413f, 1e-4);
 }
 
-TEST(PartMotionTest, ATravelAboveItsLimitNarrowsTheMotionToItsDirection) {
+TEST(PartMotionTest, ATranslationAboveTheLimitRestrictsTheMotionToItsDirection) {
     const std::vector<Corner> corners = {{3, 1, 0}, {-3, 1, 0}, {0, 1, 9}};
     // d = (0, 1, 0): all three corners lie 1 to one side, so the sum equals the absolute sum.
     const Measured part(corners, {Slide(0, 0.105f, 0)});
@@ -107,7 +107,7 @@ TEST(PartMotionTest, TheDivisorIsAtLeastOne) {
     EXPECT_NEAR(Measured({{0, 1, 0}, {0, -1, 0}, {0, 4, 0}}, {up}).BalanceFactor, 4 / 6.0f, 1e-6);
 }
 
-TEST(PartMotionTest, TheFirstOfEqualsCountsAndWhatIsNoNumberStaysInTheMeasure) {
+TEST(PartMotionTest, TheFirstOfEqualsCountsAndNanIsKept) {
     ExpectNear(Measured({{0, 2, 0}, {2, 0, 0}, {0, 0, -2}}, {Slide(0, 0, 0)}).FarthestVertex, {0, 2, 0});
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const Measured part({{nan, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {Slide(0, 0, 0)});

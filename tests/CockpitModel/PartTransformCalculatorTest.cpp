@@ -59,7 +59,7 @@ TEST_F(PartTransforms, VaryOneAnimationAndKeepTheOthers) {
         EXPECT_EQ(Origin(calculator.TransformAt(t)), Vector3(1500.5f, y, 5)) << t;
 }
 
-TEST_F(PartTransforms, MoveThePartWithinTurnedFrames) {
+TEST_F(PartTransforms, MoveThePartWithinRotatedFrames) {
     const Utils::Matrix4 quarterTurn = Utils::RotationZ(std::acos(-1.0f) / 2);
     Node& lever = AddAnimated("lever", {}, {1, 0, 0});
     lever.localMatrix = quarterTurn * Utils::Translation({0, 0, 3});
@@ -94,14 +94,14 @@ TEST_F(PartTransforms, FindTheNearestAnimationThatMovesAnything) {
     }
 }
 
-TEST_F(PartTransforms, AreAFatalErrorForAnAnimationElsewhere) {
+TEST_F(PartTransforms, ReportAFatalErrorForAnUnrelatedAnimation) {
     AddNode();
     const Support::FatalErrorRecorder recorder;
     EXPECT_ANY_THROW(PartTransformCalculator(part, ModelAnimation()));
     EXPECT_THAT(recorder.texts, testing::ElementsAre(testing::HasSubstr("CockpitModel\\PartTransformCalculator.cpp")));
 }
 
-TEST(YokeNames, StandAnywhereInTheAnimationsName) {
+TEST(YokeNames, MatchAnywhereInTheAnimationsName) {
     const struct {
         const char* name;
         bool roll, pitch;

@@ -29,7 +29,7 @@ std::vector<int> VisitOrder(SceneGraph& graph) {
     return order;
 }
 
-TEST(SceneGraphTest, LinksParentsThroughTheFirstChildAndVisitsPeersAheadOfChildren) {
+TEST(SceneGraphTest, LinksParentsThroughTheFirstChildAndVisitsPeersBeforeChildren) {
     ModelBuilder builder;
     const int a = builder.Node(0), b = builder.Node(0), c = builder.Node(0);
     const int below = builder.Node(a);
@@ -66,7 +66,7 @@ TEST(SceneGraphTest, WorldIsAnimationTimesLocalTimesParent) {
     EXPECT_EQ(unlinked.Nodes()[0]->animation, nullptr) << "the root has a record and no animation";
 }
 
-TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
+TEST(SceneGraphTest, InvalidIndicesAreOutOfRange) {
     const struct {
         const char* name;
         void (*damage)(ModelData&);
@@ -175,7 +175,7 @@ TEST(SceneGraphTest, VisibilityIsRefreshedInSlices) {
     }
 }
 
-TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
+TEST(SceneGraphTest, CreatesGeometryAndTexturesOncePerDevice) {
     Support::TemporaryFolder folder;
     folder.Write("Panel.PNG", "no picture, but a file");
     ModelBuilder builder;
@@ -203,7 +203,7 @@ TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
     EXPECT_TRUE(second.IsBitmapValid(graph.Texture(0)));
 }
 
-TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
+TEST(SceneGraphTest, WorkerAndFrameShareNothingWithoutALock) {
     ModelBuilder builder;
     for (int i = 0; i < 50; ++i)
         builder.Node(i, "slider", Slide(1, 0, 0));
@@ -224,7 +224,7 @@ TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
     }
 }
 
-TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
+TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsPartsWithoutTriangles) {
     const std::vector<Support::Corner> corners = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}};
     struct Row {
         std::uint32_t type;
@@ -254,7 +254,7 @@ TEST(PartBuildTest, UnrollsFansAndStripsAndSkipsWhatHasNoTriangle) {
     }
 }
 
-TEST(PartBuildTest, PartsKnowTheirPlaceTextureAndRectangle) {
+TEST(PartBuildTest, PartsKnowTheirIndexTextureAndRectangle) {
     ModelBuilder builder;
     const int texture = builder.Texture("second.png");
     builder.Part(0, TriangleAt(0));

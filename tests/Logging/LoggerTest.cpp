@@ -58,7 +58,7 @@ protected:
     Support::TemporaryFolder data;
 };
 
-TEST_F(LoggerTest, WritesFourColumnsInOrderAndStartsAnew) {
+TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
     data.Write("Vorelle/log.txt", "of an earlier run\n");
     data.Write("Vorelle/taken.txt", "another program's copy");
     ASSERT_EQ(InOwnProcess([this] {
@@ -82,7 +82,7 @@ TEST_F(LoggerTest, WritesFourColumnsInOrderAndStartsAnew) {
     EXPECT_EQ(data.Read("Vorelle/taken.txt"), "another program's copy");
 }
 
-TEST_F(LoggerTest, TakesLinesFromManyThreadsAndDropsThemAfterStop) {
+TEST_F(LoggerTest, AcceptsLinesFromManyThreadsAndDropsThemAfterStop) {
     constexpr int kThreads = 8, kLines = 1000;
     ASSERT_EQ(InOwnProcess([] {
                   Logger::Get().Start();
@@ -140,7 +140,7 @@ TEST_F(LoggerTest, FatalErrorKeepsACopyShowsTheTextAndThrows) {
     EXPECT_EQ(data.Read(crashLog), data.Read("Vorelle/log.txt"));
 }
 
-TEST_F(LoggerTest, WhateverIsInItsWayCostsOnlyTheLog) {
+TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
     const struct {
         const char* name;
         std::function<bool()> prepare; ///< in the process; false where it cannot be tried
@@ -184,7 +184,7 @@ TEST_F(LoggerTest, WhateverIsInItsWayCostsOnlyTheLog) {
     }
 }
 
-TEST_F(LoggerTest, GoesOnWhenAFullDiskHasSpaceAgain) {
+TEST_F(LoggerTest, ContinuesWhenAFullDiskHasSpaceAgain) {
     ASSERT_EQ(InOwnProcess([this] {
                   signal(SIGXFSZ, SIG_IGN); // a write beyond the limit then fails as on a full disk
                   rlimit limit{};
@@ -205,7 +205,7 @@ TEST_F(LoggerTest, GoesOnWhenAFullDiskHasSpaceAgain) {
 }
 
 /// With a pipe for a log the writer waits at its start for someone to read.
-TEST_F(LoggerTest, NeverHoldsUpItsCallersAndGivesTheLinesBack) {
+TEST_F(LoggerTest, NeverBlocksCallersAndFreesTheLines) {
     constexpr std::size_t kLines = 200'000, kLength = 200;
     boost::filesystem::create_directories(data / "Vorelle");
     ASSERT_EQ(mkfifo((data / "Vorelle/log.txt").c_str(), 0600), 0);

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-TEST(BitmapFileTest, APngComesAsCairoHoldsIt) {
+TEST(BitmapFileTest, APngIsReadInCairosFormat) {
     const Support::TemporaryFolder folder;
     // Alpha, red, green, blue in a word, premultiplied.
     std::uint32_t pixels[] = {0xFF010203, 0x80400000, 0x00000000, 0x40404040};
@@ -24,7 +24,7 @@ TEST(BitmapFileTest, APngComesAsCairoHoldsIt) {
     EXPECT_THAT(Rendering::ReadPngFile(folder / "a.png").Pixels(), ElementsAreArray(pixels));
 }
 
-TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
+TEST(BitmapFileTest, AnUnreadablePngIsOneTransparentPixel) {
     const Support::TemporaryFolder folder;
 #ifndef _WIN32 // where it is one more file that is missing
     ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
@@ -37,7 +37,7 @@ TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
         EXPECT_THAT(Rendering::ReadPngFile(path).Pixels(), ElementsAre(0)) << path;
 }
 
-TEST(BitmapFileTest, AnyNameThatHoldsDdsIsReadAsOneAndADamagedOneIsFatal) {
+TEST(BitmapFileTest, AnyNameContainingDdsIsReadAsDdsAndADamagedFileIsFatal) {
     const Support::TemporaryFolder folder;
     const std::string bytes = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({1, 2, 3, 4}).bytes;
     for (const char* name : {"a.dds", "A.DDS", "a.dds.png", "b.DdS old"})

@@ -27,7 +27,7 @@ const Row kRows[] = {
     {"all three", {kQuarter, kQuarter, kQuarter}, {-1, 0, 0}, {1, 0, 0}},
 };
 
-TEST(CameraTest, SeesTheWorldFromWhereItStandsAndLooks) {
+TEST(CameraTest, TransformsTheWorldByPositionAndRotation) {
     for (const Row& row : kRows) {
         Rendering::Camera camera;
         camera.SetPosition({1, 2, 3}); // stands at (1, 2, -3) of the world

@@ -11,7 +11,7 @@ using Rendering::Memory::NullContext;
 using testing::ElementsAre;
 using Utils::Matrix4;
 
-TEST(ContextTest, ReleasesWhatAnyThreadHandedOverOnceAndInOrder) {
+TEST(ContextTest, ReleasesObjectsOfAnyThreadOnceAndInOrder) {
     NullContext context;
     std::vector<int> released;
     const auto noting = [&](int number) {
@@ -30,7 +30,7 @@ TEST(ContextTest, ReleasesWhatAnyThreadHandedOverOnceAndInOrder) {
     EXPECT_THAT(released, ElementsAre(1, 2, 3, 4));
 }
 
-TEST(ContextTest, DrawsTheQueueFromTheFarthestAndEmptiesIt) {
+TEST(ContextTest, DrawsTheQueueFarthestFirstAndEmptiesIt) {
     NullContext context;
     const Matrix4 view = Utils::Translation({0, 0, 10});
     std::vector<int> drawn;

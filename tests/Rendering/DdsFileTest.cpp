@@ -153,7 +153,7 @@ TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
     EXPECT_THROW(Rendering::ReadDdsFile("no/such.dds"), DdsFault);
 }
 
-TEST(DdsFileTest, SurvivesCutAndBentFiles) {
+TEST(DdsFileTest, SurvivesTruncatedAndCorruptedFiles) {
     std::minstd_rand random(1);
     for (const Row& row : kRows) {
         for (std::size_t length = 0; length < row.bytes.size(); ++length)

@@ -19,7 +19,7 @@ std::vector<GeometryVertex> Load(const std::string& path) {
     return dynamic_cast<const Rendering::Memory::MemoryGeometry&>(*geometry).vertices;
 }
 
-TEST(GeometryLoaderTest, ReadsTrianglesAsTheyStand) {
+TEST(GeometryLoaderTest, ReadsTrianglesUnchanged) {
     const Support::TemporaryFolder folder;
     const auto vertices = Load(folder.Write(
         "mesh.obj", "# a comment\r\no thing\nvn 0 0 -1\nvn\t1 0 0\nv 1 2 -3.5e0\nv +4 5 6\r\n  v 7 8 9\nvt .25 .75\n"
@@ -36,7 +36,7 @@ TEST(GeometryLoaderTest, ReadsTrianglesAsTheyStand) {
     EXPECT_EQ(vertices[1].blendWeights, (std::array{1.0f, 0.0f, 0.0f, 0.0f}));
 }
 
-TEST(GeometryLoaderTest, AFaceThatNamesNoEntryThrowsAndSaysWhere) {
+TEST(GeometryLoaderTest, AFaceWithAnInvalidIndexThrowsWithItsLocation) {
     const Support::TemporaryFolder folder;
     const std::string lists = "v 1 2 3\nvt 0 0\nvn 0 0 1\n";
     for (const char* face : {"f 0/1/1 1/1/1 1/1/1", "f 1/1/1 2/1/1 1/1/1", "f 1/1/1 1/2/1 1/1/1",

@@ -9,7 +9,7 @@ namespace {
 using Rendering::MemBitmap;
 using testing::ElementsAre;
 
-TEST(MemBitmapTest, KeepsRowsOfPixelsAndRefusesNoSize) {
+TEST(MemBitmapTest, KeepsRowsOfPixelsAndRejectsSizeZero) {
     MemBitmap bitmap(1, 2), target(5, 5);
     bitmap.SetPixel(0, 0, 1, 2, 3, 4);
     bitmap.SetPixel(0, 1, 0xFF, 0, 0x80, 0x7F);

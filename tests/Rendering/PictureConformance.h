@@ -120,7 +120,7 @@ TYPED_TEST_P(ContextPictures, DrawsATriangleOfEitherWinding) {
     }
 }
 
-TYPED_TEST_P(ContextPictures, TransformsByWorldThenViewThenProjectionAndClipsDepthAtNoughtAndOne) {
+TYPED_TEST_P(ContextPictures, TransformsByWorldThenViewThenProjectionAndClipsDepthAtZeroAndOne) {
     this->Begin({4, 4});
     this->Draw(Utils::Translation({1, 0, 0}), Utils::Scaling(0.5f), this->same, FullView(), Flat());
     EXPECT_EQ(this->Frame(), "....\n..WW\n..WW\n....\n") << "(x + 1) / 2, not x / 2 + 1";
@@ -136,7 +136,7 @@ TYPED_TEST_P(ContextPictures, TransformsByWorldThenViewThenProjectionAndClipsDep
     }
 }
 
-TYPED_TEST_P(ContextPictures, KeepsDepthOrderAsItsSwitchesSay) {
+TYPED_TEST_P(ContextPictures, TestsAndWritesDepthAsRequested) {
     struct Row {
         const char* name;
         float firstDepth, secondDepth;
@@ -191,7 +191,7 @@ TYPED_TEST_P(ContextPictures, BlendsByOpacityAndTheTexturesAlpha) {
     }
 }
 
-TYPED_TEST_P(ContextPictures, TexturesStandUprightAndWrap) {
+TYPED_TEST_P(ContextPictures, TexturesAreUprightAndWrap) {
     const auto texture = this->Make("RG\nBW\n");
     this->Begin({2, 2});
     this->Draw(FullView(), Flat(), texture.get());
@@ -289,7 +289,7 @@ TYPED_TEST_P(ContextPictures, EffectsDoWhatTheirNamesSay) {
                                               "<333333><555555><555555><555555><333333>\n");
 }
 
-TYPED_TEST_P(ContextPictures, MatricesMoveTheVerticesThatNameThem) {
+TYPED_TEST_P(ContextPictures, MatricesMoveTheVerticesThatReferenceThem) {
     Vertices leftHalf = Rectangle({-1, -1}, {0, 1});
     for (GeometryVertex& vertex : leftHalf)
         vertex.blendIndices = {98, 1, 0, 0};
@@ -336,7 +336,7 @@ TYPED_TEST_P(ContextPictures, DrawsToTheHalvesOfBothEyesOrOnce) {
     EXPECT_EQ(this->Frame(), "WWWW\n") << "the viewport is the whole again, even after a refused draw";
 }
 
-TYPED_TEST_P(ContextPictures, ShrunkTexturesShowTheirMipLevels) {
+TYPED_TEST_P(ContextPictures, MinifiedTexturesShowTheirMipLevels) {
     const auto board = this->Context().CreateBitmap(Support::Bitmap(".W.W\nW.W.\n.W.W\nW.W.\n"));
     const auto shrunk = [&] {
         this->device->Begin({1, 1});
@@ -380,7 +380,7 @@ TYPED_TEST_P(ContextPictures, DrawsToABitmapUntilItIsRestored) {
     }
 }
 
-TYPED_TEST_P(ContextPictures, CopiesWholesRegionsAndResolvesSamples) {
+TYPED_TEST_P(ContextPictures, CopiesBitmapsAndRegionsAndResolvesSamples) {
     const auto source = this->Make("RGB\nCMY\n");
     const auto target = this->MakeTarget({3, 2});
     this->Context().CopyBitmap(*target, *source);
@@ -460,7 +460,7 @@ TYPED_TEST_P(ContextPictures, BlendsAndHidesRectanglesLikeGeometry) {
     ExpectPixel(this->device->ReadFrame(), {191, 0, 64, 64}, "a quarter of blue");
 }
 
-TYPED_TEST_P(ContextPictures, StraightensACameraImage) {
+TYPED_TEST_P(ContextPictures, UndistortsACameraImage) {
     const std::uint8_t grey[] = {0, 128, 255, 255};
     const auto straightened = [&](std::span<const float> map) {
         return Support::Picture(
@@ -472,7 +472,7 @@ TYPED_TEST_P(ContextPictures, StraightensACameraImage) {
     EXPECT_EQ(straightened(turned), "W<000080>\ng<000080>\n") << "dark blue where the map points outside";
 }
 
-TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
+TYPED_TEST_P(ContextPictures, LoadsImagesUprightWithCorrectColours) {
     const Support::TemporaryFolder folder;
     // The writer takes red first, where the bitmap has blue.
     const auto png = this->Context().LoadBitmap(folder.Write("a.png", Rendering::ToPng(Support::Bitmap("BG\nRW\n"))));
@@ -500,13 +500,13 @@ TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
 }
 
 REGISTER_TYPED_TEST_SUITE_P(ContextPictures, DrawsATriangleOfEitherWinding,
-                            TransformsByWorldThenViewThenProjectionAndClipsDepthAtNoughtAndOne,
-                            KeepsDepthOrderAsItsSwitchesSay, BlendsByOpacityAndTheTexturesAlpha,
-                            TexturesStandUprightAndWrap, LightsASurfaceByItsColourTerms, EffectsDoWhatTheirNamesSay,
-                            MatricesMoveTheVerticesThatNameThem, DrawsToTheHalvesOfBothEyesOrOnce,
-                            ShrunkTexturesShowTheirMipLevels, DrawsToABitmapUntilItIsRestored,
-                            CopiesWholesRegionsAndResolvesSamples, DrawsABitmapOnARectangle,
-                            BlendsAndHidesRectanglesLikeGeometry, StraightensACameraImage,
-                            LoadsPicturesUprightInTheirColours);
+                            TransformsByWorldThenViewThenProjectionAndClipsDepthAtZeroAndOne,
+                            TestsAndWritesDepthAsRequested, BlendsByOpacityAndTheTexturesAlpha,
+                            TexturesAreUprightAndWrap, LightsASurfaceByItsColourTerms, EffectsDoWhatTheirNamesSay,
+                            MatricesMoveTheVerticesThatReferenceThem, DrawsToTheHalvesOfBothEyesOrOnce,
+                            MinifiedTexturesShowTheirMipLevels, DrawsToABitmapUntilItIsRestored,
+                            CopiesBitmapsAndRegionsAndResolvesSamples, DrawsABitmapOnARectangle,
+                            BlendsAndHidesRectanglesLikeGeometry, UndistortsACameraImage,
+                            LoadsImagesUprightWithCorrectColours);
 
 } // namespace Conformance

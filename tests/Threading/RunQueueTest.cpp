@@ -8,7 +8,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(RunQueueTest, RunsWorkOnceInOrderAndItsOwnPostsInTheNextFrame) {
+TEST(RunQueueTest, RunsWorkOnceInOrderAndNestedPostsInTheNextFrame) {
     Threading::RunQueue queue;
     std::vector<int> ran;
     queue.RunAll();
@@ -24,7 +24,7 @@ TEST(RunQueueTest, RunsWorkOnceInOrderAndItsOwnPostsInTheNextFrame) {
     EXPECT_THAT(ran, ElementsAre(1, 2, 3));
 }
 
-TEST(RunQueueTest, LetsGoOfEachWorkBeforeTheNextRunsAndOfAllBehindAnException) {
+TEST(RunQueueTest, DestroysEachItemBeforeTheNextRunsAndAllAfterAnException) {
     Threading::RunQueue queue;
     auto held = std::make_shared<int>(0);
     const std::weak_ptr watched = held;
@@ -36,7 +36,7 @@ TEST(RunQueueTest, LetsGoOfEachWorkBeforeTheNextRunsAndOfAllBehindAnException) {
     queue.RunAll();
 }
 
-TEST(RunQueueTest, TakesWorkFromOtherThreadsDuringAFrame) {
+TEST(RunQueueTest, AcceptsWorkFromOtherThreadsDuringAFrame) {
     Threading::RunQueue queue;
     int ran = 0;
     std::thread poster([&] {

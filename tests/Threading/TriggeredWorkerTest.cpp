@@ -14,7 +14,7 @@ public:
     using TriggeredWorker::TriggeredWorker;
 };
 
-TEST(TriggeredWorkerTest, RunsOnAThreadOfItsOwnEachTimeItIsAsked) {
+TEST(TriggeredWorkerTest, RunsOnItsOwnThreadOnEachTrigger) {
     int runs = 0; // guarded by the waits
     std::thread::id thread;
     Worker worker([&] {
@@ -52,7 +52,7 @@ TEST(TriggeredWorkerTest, TriggerReturnsWhileTheWorkIsStillRunning) {
     EXPECT_EQ(finished, 1) << "stopping waits for the present run and starts no other";
 }
 
-TEST(TriggeredWorkerTest, EndsWithoutEverHavingRun) {
+TEST(TriggeredWorkerTest, StopsWithoutEverRunning) {
     const auto fail = [] { ADD_FAILURE() << "nobody asked for it"; };
     { Worker worker(fail); }
     Worker stopped(fail);

@@ -12,7 +12,7 @@ namespace fs = boost::filesystem;
 namespace Utils {
 namespace {
 
-TEST(FindIgnoringCase, TakesTheExactNameFirstAndElseTheFirstInByteOrder) {
+TEST(FindIgnoringCase, PrefersTheExactNameThenTheFirstInByteOrder) {
     const Support::TemporaryFolder folder;
     const Support::WorkingDirectory inside(folder.path);
     for (const char* file :
@@ -45,7 +45,7 @@ TEST(FindIgnoringCase, TakesTheExactNameFirstAndElseTheFirstInByteOrder) {
     EXPECT_EQ(OnDiskCase("PLANE/objects/../Objects/B.PNG/new"), "Plane/Objects/../Objects/B.png/new");
 }
 
-TEST(Paths, NamesAnAircraftsFilesByItsFolder) {
+TEST(Paths, NamesAnAircraftsFilesAfterItsFolder) {
     EXPECT_EQ(FolderStem("Aircraft/G/Big.Jet 1.2/x.acf"), "Big.Jet 1");
     EXPECT_EQ(FolderStem("Aircraft/G/Plane./x.acf"), "Plane");
     EXPECT_EQ(FolderStem("x.acf"), "");
@@ -91,7 +91,7 @@ TEST(Paths, LogsAFileThatIsTooLargeToBeRead) {
                     .ends_with("/sparse has 1073741825 bytes; a file of more than 1073741824 bytes is not read\n"));
 }
 
-TEST(Paths, ReadsStreamsThatDoNotKnowTheirSize) {
+TEST(Paths, ReadsStreamsOfUnknownSize) {
     struct Pipe : std::stringbuf {
         using std::stringbuf::basic_stringbuf;
         pos_type seekoff(off_type, std::ios::seekdir, std::ios::openmode) override { return -1; }
@@ -104,7 +104,7 @@ TEST(Paths, ReadsStreamsThatDoNotKnowTheirSize) {
     EXPECT_EQ(ReadAll(stream), text);
 }
 
-TEST(Paths, KeepsUserDataWhereThePlatformSays) {
+TEST(Paths, KeepsUserDataInThePlatformsFolder) {
     const auto answer = [] {
         setenv("HOME", "/home/pilot", 1);
         setenv("XDG_DATA_HOME", "/data", 1);

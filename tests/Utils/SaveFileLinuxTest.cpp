@@ -44,7 +44,7 @@ mode_t ModeOf(const std::string& path) {
 
 } // namespace
 
-TEST(SaveFile, MakesAndReplacesFilesAndKeepsTheirMode) {
+TEST(SaveFile, CreatesAndReplacesFilesAndKeepsTheirMode) {
     const Support::TemporaryFolder folder;
     const std::string longest(255, 'n');
     for (const std::string& bytes : {std::string("a\0\r\n\xFF", 5), std::string(1 << 20, 'x'), std::string()})
@@ -79,7 +79,7 @@ TEST(SaveFile, FollowsLinks) {
     EXPECT_EQ(Names(folder.path / "real"), (Strings{"f", "none-yet"}));
 }
 
-TEST(SaveFile, SaysWhatIsInTheWay) {
+TEST(SaveFile, ReportsTheReasonOfAFailure) {
     const Support::TemporaryFolder folder;
     const std::string inside = folder.Write("folder/inside", "kept"), file = folder.Write("file", "kept");
     fs::create_symlink("loop", folder / "loop");
@@ -100,7 +100,7 @@ TEST(SaveFile, SaysWhatIsInTheWay) {
     EXPECT_EQ(Names(folder.path), (Strings{"file", "folder", "loop", "pipe"}));
 }
 
-TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
+TEST(SaveFile, LeavesTheOldFileIfTheSizeLimitIsReached) {
     const Support::TemporaryFolder folder;
     const std::string path = folder.Write("f", "old");
     const pid_t child = Fork([&] {
@@ -113,7 +113,7 @@ TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
     EXPECT_EQ(Names(folder.path), Strings{"f"});
 }
 
-TEST(SaveFile, LeavesTheOldFileWithoutARight) {
+TEST(SaveFile, LeavesTheOldFileWithoutPermission) {
     const Support::TemporaryFolder folder;
     const std::string inReadOnlyFolder = folder.Write("closed/f", "old");
     const std::string readOnly = folder.Write("open/f", "old");
@@ -138,7 +138,7 @@ TEST(SaveFile, LeavesTheOldFileWithoutARight) {
     }
 }
 
-TEST(SaveFile, SweepsWhatTheDeadLeftAndSparesTheLiving) {
+TEST(SaveFile, RemovesOnlyTemporariesOfDeadProcesses) {
     const Support::TemporaryFolder folder;
     const pid_t dead = Fork([] { return 0; });
     ExitCode(dead);
@@ -161,7 +161,7 @@ TEST(SaveFile, SweepsWhatTheDeadLeftAndSparesTheLiving) {
     EXPECT_EQ(Names(folder.path), expected);
 }
 
-TEST(SaveFile, AKillLeavesOneTextWhole) {
+TEST(SaveFile, AKillLeavesOneTextComplete) {
     const Support::TemporaryFolder folder;
     const std::string path = folder / "f";
     const std::string texts[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};

@@ -22,18 +22,18 @@ TEST(Text, EndsLinesAtLineFeeds) {
     EXPECT_EQ(Lines("\0\n\0"sv), (Views{"\0"sv, "\0"sv}));
 }
 
-TEST(Text, SplitsAtBlanksAndTabsAlone) {
+TEST(Text, SplitsOnlyAtSpacesAndTabs) {
     EXPECT_EQ(Words(" \tP\t acf/_descrip  Sky\xA0X \r"), (Views{"P", "acf/_descrip", "Sky\xA0X", "\r"}));
     EXPECT_EQ(Words(" \t"), Views());
     EXPECT_EQ(Trim("\t a b\v \t"), "a b\v");
     EXPECT_EQ(Trim(" \t "), "");
 }
 
-TEST(Text, LowersAsciiLettersAlone) {
+TEST(Text, LowersOnlyAsciiLetters) {
     EXPECT_EQ(ToLowerAscii("AZaz@[`{09.ACF\xC9\xC3\x89"), "azaz@[`{09.acf\xC9\xC3\x89");
 }
 
-TEST(Text, ReplacesWhatIsNoUtf8) {
+TEST(Text, ReplacesInvalidUtf8) {
     const std::string bad = "\xEF\xBF\xBD";
     const struct {
         std::string text, readable;

@@ -88,7 +88,7 @@ TEST_F(AnnotationStoreTest, WritesFilledSlotsInTheirOrder) {
     EXPECT_EQ(other.ListAll(), std::vector<AnnotationRecord>{before[1]});
 }
 
-TEST_F(AnnotationStoreTest, ReadsFieldsAndLeavesUnknownWordsOut) {
+TEST_F(AnnotationStoreTest, ReadsFieldsAndSkipsUnknownWords) {
     const struct {
         const char* elements;
         AnnotationRecord record;
@@ -112,7 +112,7 @@ TEST_F(AnnotationStoreTest, ReadsFieldsAndLeavesUnknownWordsOut) {
         EXPECT_TRUE(ReadRecord("<Reverse>" + std::string(yes) + "</Reverse>").Reverse) << yes;
 }
 
-TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
+TEST_F(AnnotationStoreTest, DropsRecordsOfMissingParts) {
     const struct {
         const char* nodeId;
         const char* partId;
@@ -133,7 +133,7 @@ TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
     EXPECT_TRUE(store.ListAll().empty());
 }
 
-TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
+TEST_F(AnnotationStoreTest, BacksUpContentThatASaveWouldLose) {
     const std::string first = "<Override><NodeId>0</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
     const std::string far = "<Override><NodeId>7</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
     const auto with = [&](const std::string& more) { return "<Override><NodeId>0</NodeId>" + more + "</Override>"; };
@@ -199,7 +199,7 @@ TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
     EXPECT_EQ(folder.Read("b.xml"), "kept");
 }
 
-TEST_F(AnnotationStoreTest, TakesAnyRootAndTheLaterOfTwoRecords) {
+TEST_F(AnnotationStoreTest, AcceptsAnyRootAndUsesTheLaterOfTwoRecords) {
     Read("<?xml version=\"1.0\"?><Other><Overrides/><Override><NodeId>1</NodeId><PartId>1</PartId>"
          "<Tooltip>first</Tooltip><Reverse>1</Reverse></Override><override/>"
          "<Override><NodeId>1</NodeId><PartId>1</PartId><EventType>Wheel</EventType></Override></Other>");
@@ -216,7 +216,7 @@ TEST_F(AnnotationStoreTest, TakesAnyRootAndTheLaterOfTwoRecords) {
     EXPECT_EQ(store.ListAll(), expected);
 }
 
-TEST_F(AnnotationStoreTest, EvaluatesTheDetectedTypeAgainstTheTest) {
+TEST_F(AnnotationStoreTest, ComparesTheDetectedTypeWithTheExpectation) {
     NodePart& part = Part(1, 0);
     part.InteractionType = Type::Twist;
     const struct {
@@ -240,7 +240,7 @@ TEST_F(AnnotationStoreTest, EvaluatesTheDetectedTypeAgainstTheTest) {
     }
 }
 
-TEST_F(AnnotationStoreTest, RejectsPartsOfNoPlace) {
+TEST_F(AnnotationStoreTest, RejectsPartsOutsideTheTable) {
     Node stranger;
     NodePart part;
     part.node = &stranger;
@@ -252,7 +252,7 @@ TEST_F(AnnotationStoreTest, RejectsPartsOfNoPlace) {
     }
 }
 
-TEST(AnnotationPath, NamesTheFileByTheFolder) {
+TEST(AnnotationPath, NamesTheFileAfterTheFolder) {
     const Support::TemporaryFolder installation;
     const Support::WorkingDirectory inside(installation.path);
     EXPECT_EQ(PathFor("G/Foo.Bar"), "QVRA/Annotations/Foo.xml");

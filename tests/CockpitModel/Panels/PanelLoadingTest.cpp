@@ -46,7 +46,7 @@ protected:
 
 } // namespace
 
-TEST_F(PanelLoadingTest, PanelPartsStandBeforeTheirBasePart) {
+TEST_F(PanelLoadingTest, PanelPartsPrecedeTheirBasePart) {
     gauge->MouseAreas = {Support::CodeArea(10, 10, 20, 20, "push", 0x20000000),
                          Support::CodeArea(150, 0, 9, 9, "off", 0), Support::PairArea(40, 10, 20, 20, "less", "more"),
                          Support::CodeArea(10, 40, 20, 20, "WheelUp WheelDown", kWheelAndRightClick)};
@@ -93,7 +93,7 @@ TEST_F(PanelLoadingTest, PanelPartsStandBeforeTheirBasePart) {
     EXPECT_TRUE(parts[3]->Tree().Intersect(beside));
 }
 
-TEST_F(PanelLoadingTest, ALeverIsDrivenByPercentWhileThePanelKeepsItsSteps) {
+TEST_F(PanelLoadingTest, ALeverIsSetInPercentWhileThePanelKeepsItsSteps) {
     gauge->MouseAreas = {Support::PairArea(10, 10, 20, 20, "less", "more")};
     const int lever = builder.Node(0, "(L:Throttle1Position,percent)", Support::Slide(0, 0.1f, 0));
     builder.Part(lever, Support::TriangleAt(2));

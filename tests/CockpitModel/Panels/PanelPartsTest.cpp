@@ -57,7 +57,7 @@ double AreaOf(const std::vector<Corner>& soup) {
 
 } // namespace
 
-TEST(ClipEntryToPart, GivesAWholeTriangleBackAsAFan) {
+TEST(ClipEntryToPart, ReturnsAWholeTriangleAsAFan) {
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
     std::vector<PanelPartEntry> out;
@@ -94,7 +94,7 @@ TEST(ClipEntryToPart, CutsAtTheRectangle) {
     EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.00005f, 0.3f), part).size(), 12u) << "100 steps wide";
 }
 
-TEST(ClipEntryToPart, TakesAllTrianglesThatShowTheRectangle) {
+TEST(ClipEntryToPart, UsesAllTrianglesThatShowTheRectangle) {
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
     AddTriangle(part, {{5, 5}, {6, 5}, {5, 6}});

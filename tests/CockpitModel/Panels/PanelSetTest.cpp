@@ -113,7 +113,7 @@ TEST_F(PanelSetTest, ChoosesTheSizesOfPanelAndGauge) {
     EXPECT_EQ(file->loads, 1) << "only a known file is loaded";
 }
 
-TEST_F(PanelSetTest, AnActionMakesARectangleOfItsCallback) {
+TEST_F(PanelSetTest, AnActionMakesARectangleWithItsCallback) {
     MouseArea area = Support::CodeArea(0, 0, 10, 10, "go", kClicks);
     area.Tooltip = "Tip";
     area.TooltipID = 5;

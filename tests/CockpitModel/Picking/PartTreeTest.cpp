@@ -63,7 +63,7 @@ TEST(PartTree, FindsTheNearestTriangleFromBothSides) {
         EXPECT_EQ(Distance(tree, Ray(row.origin, row.direction)), row.distance) << row.name;
 }
 
-TEST(PartTree, HasABoxWithCornersInTheirOrder) {
+TEST(PartTree, HasABoxWithCornersInOrder) {
     const PartTree tree = Tree({{Vector3(0, 0, 0), Vector3(2, 0, 6), Vector3(0, 4, 0)}});
     EXPECT_EQ(tree.box.Centre(), Vector3(1, 2, 3));
     EXPECT_FLOAT_EQ(tree.box.radius, std::sqrt(1.0f + 4 + 9));
@@ -72,7 +72,7 @@ TEST(PartTree, HasABoxWithCornersInTheirOrder) {
                             Vector3(0, 0, 6), Vector3(2, 0, 0), Vector3(2, 0, 6)));
 }
 
-TEST(PartTree, CutsTheListToWholeTrianglesAndMayBeEmpty) {
+TEST(PartTree, IgnoresAnIncompleteTriangleAndMayBeEmpty) {
     auto vertices = Vertices({Flat(0, 0, 1), Flat(0, 0, 0.5f)});
     vertices.pop_back();
     EXPECT_EQ(Distance(PartTree(vertices), Ray({0.25f, 0.25f, 0}, {0, 0, 1})), 1);
@@ -82,7 +82,7 @@ TEST(PartTree, CutsTheListToWholeTrianglesAndMayBeEmpty) {
     }
 }
 
-TEST(PartTree, GivesTextureCoordinatesWhenKept) {
+TEST(PartTree, ReturnsTextureCoordinatesIfKept) {
     auto vertices = Vertices({Flat(0, 0, 2, 4)});
     vertices[0].texture = {0, 0};
     vertices[1].texture = {1, 0};
@@ -235,7 +235,7 @@ void ExpectSameAnswers(const PartTree& tree, const Support::PlainTree& plain, co
     }
 }
 
-TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
+TEST(PartTree, MatchesTheReferenceTreeAndItsHits) {
     Seeded seeded(20);
     const auto joined = [](Soup a, const Soup& b) {
         a.insert(a.end(), b.begin(), b.end());
@@ -296,7 +296,7 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
     ExpectSameAnswers(Tree(specks), Support::PlainTree(specks), farRays, "flat, from far away");
 }
 
-TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
+TEST(PartTree, MatchesTheReferenceHitsForNanAndInfinity) {
     Seeded seeded(21);
     const float nan = std::numeric_limits<float>::quiet_NaN(), infinity = std::numeric_limits<float>::infinity();
     const float oddities[] = {nan, infinity, -infinity, 3e38f, -2e30f, 1e-42f, 0};
@@ -316,7 +316,7 @@ TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
     ExpectSameAnswers(Tree(spoilt), Support::PlainTree(spoilt), spoiltRays, "spoilt triangles and rays");
 }
 
-TEST(PartTree, TakesMemoryInProportionToItsTriangles) {
+TEST(PartTree, UsesMemoryInProportionToItsTriangles) {
     Seeded seeded(23);
     Soup spiral; // each triangle half as far from the corner as the one before
     for (int i = -10; i < 120; ++i) {

@@ -87,7 +87,7 @@ constexpr NamedFlag kWheelUp{"WheelUp", 0x00004000}, kWheelDown{"WheelDown", 0x0
 
 } // namespace
 
-TEST(CallbackFire, CodeAndFunctionsTakeTheEventsThatTheRectangleTakes) {
+TEST(CallbackFire, CodeAndFunctionsHandleTheEventsThatTheRectangleAccepts) {
     const auto code = Code("(M:Event) x (M:Event)");
     CallbackFSFunc function;
     EXPECT_TRUE(Fired(function, LeftClick).empty()) << "no function";
@@ -131,7 +131,7 @@ TEST(CallbackFire, CodeAndFunctionsTakeTheEventsThatTheRectangleTakes) {
     EXPECT_TRUE(gaugeCalls.empty()) << "an event of no kind";
 }
 
-TEST(CallbackFire, EventsAndTogglesTakeNoNoticeOfTheRectangle) {
+TEST(CallbackFire, EventsAndTogglesIgnoreTheRectangle) {
     CallbackEventID event;
     event.EventID = 66587;
     for (const MouseEventKind kind : {LeftClick, WheelUp, MouseEventKind{9}}) {
@@ -154,7 +154,7 @@ TEST(CallbackApply, SetsVariables) {
         EXPECT_EQ(Applied(code, value), Calls{std::string(number) + " (>L:Throttle1Position,percent)"});
 }
 
-TEST(CallbackJumpDraggingApply, TurnsADragIntoSteps) {
+TEST(CallbackJumpDraggingApply, ConvertsADragToSteps) {
     const Calls up = {"more 'WheelUp'"}, down = {"less 'WheelDown'"};
     const struct {
         std::int32_t xDelta, yDelta;
@@ -174,7 +174,7 @@ TEST(CallbackJumpDraggingApply, TurnsADragIntoSteps) {
     }
 }
 
-TEST(CallbackJumpDraggingApply, TakesTheEventsOfThePart) {
+TEST(CallbackJumpDraggingApply, UsesTheEventTypeOfThePart) {
     const struct {
         TouchEventType type;
         Calls positive, negative;

@@ -35,7 +35,7 @@ const NodePart& PartOf(const SceneGraph& graph, int node, int part = 0) {
     return *graph.Nodes().at(static_cast<std::size_t>(node))->parts.at(static_cast<std::size_t>(part));
 }
 
-TEST(InteractionDetectorTest, TheCallbackTypeDecidesAheadOfTheMotionOfTheOwnNode) {
+TEST(InteractionDetectorTest, TheCallbackTypeDecidesBeforeTheMotionOfTheOwnNode) {
     const struct {
         const char* name;
         std::uint32_t callbackType;
@@ -136,7 +136,7 @@ TEST(InteractionDetectorTest, ThePrimaryYokeIsWideAndToTheLeftAndTheFirstOfEqual
     }
 }
 
-TEST(InteractionDetectorTest, ALeverThatStepsIsDrivenByPercentFromThenOn) {
+TEST(InteractionDetectorTest, ASteppingLeverIsSwitchedToPercent) {
     const struct {
         const char* animation;
         std::uint32_t callbackType;

@@ -67,7 +67,7 @@ TEST(NumberText, ReadsTheLongestNumberAndLeavesTheRest) {
         EXPECT_EQ(Read(ReadFloat, text), expected) << text;
 }
 
-TEST(NumberText, TakesNoWordsLoneSignsOrSecondSignsForNumbers) {
+TEST(NumberText, RejectsWordsLoneSignsAndDoubleSigns) {
     for (const char* text : {"", "+", "-", ".", "-.", "+-1", "-+1", "++1", "--1", "e5", ".e5", "inf", "-inf", "+inf",
                              "nan", "infinity", "NAN", "x1", "\xFF"}) {
         EXPECT_EQ(Read(ReadFloat, text), "none") << text;

@@ -53,7 +53,7 @@ TEST(XPObjConverter, MakesOneMaterialForEachTexture) {
     EXPECT_EQ(model.materials.Children[2].Alpha, 1.0f);
 }
 
-TEST(XPObjConverter, TurnsVerticesToLeftHandedAxes) {
+TEST(XPObjConverter, ConvertsVerticesToLeftHandedAxes) {
     const ModelData model = Model("VT 1 2 3 0 0 1 0.25 0.75\nIDX 0\nIDX -1\n");
     ASSERT_TRUE(model.vertexBlocks.size() == 1 && model.indexBlocks.size() == 1);
     const Vertex& v = model.vertexBlocks[0].Children.at(0);
@@ -62,7 +62,7 @@ TEST(XPObjConverter, TurnsVerticesToLeftHandedAxes) {
     EXPECT_EQ(model.indexBlocks[0].Children, (std::vector<std::uint32_t>{0, 0xFFFFFFFF}));
 }
 
-TEST(XPObjConverter, KeepsDrawCallsThatShowOrTakeAHand) {
+TEST(XPObjConverter, KeepsVisibleOrClickableDrawCalls) {
     const ModelData model =
         Model("TRIS 0 3\nATTR_draw_disable\nTRIS 3 3\nATTR_manip_toggle hand 0 1 sim/gear\nTRIS -6 -9\n"
               "ATTR_manip_drag_axis hand 1 0 0 -0.5 1e7 sim/throttle\nTRIS 9 3\n");
@@ -140,7 +140,7 @@ TEST(XPObjConverter, SplitsTheRootAndKeepsTheOrderOfSiblings) {
     EXPECT_EQ(model.animationLinks.Children.at(0), -1);
 }
 
-TEST(XPObjConverter, MakesAsManyNodesAsTheTableCanName) {
+TEST(XPObjConverter, MakesAsManyNodesAsTheTableCanAddress) {
     const ModelData most = Model("ANIM_begin\n" + Steps(32766) + "TRIS 0 3\n");
     EXPECT_EQ(most.animations.size(), 32767u);
     EXPECT_EQ(most.parts.at(0).Node, 32766u);
@@ -150,7 +150,7 @@ TEST(XPObjConverter, MakesAsManyNodesAsTheTableCanName) {
     EXPECT_THROW(Model("ANIM_begin\n" + Steps(32767)), Utils::OutOfRange);
 }
 
-TEST(XPObjConverter, StopsAtBrokenTrees) {
+TEST(XPObjConverter, RejectsBrokenTrees) {
     const Support::FatalErrorRecorder recorder;
     std::vector<XPObjDrawCall> drawCalls;
     std::vector<XPObjAnimNode> strangers(3); // node 2 is node 1's child and names node 0

@@ -34,7 +34,7 @@ protected:
     static inline std::unique_ptr<Conformance::D3D11Device> device;
 };
 
-TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
+TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesHaveATypedFormat) {
     const std::tuple<DXGI_FORMAT, UINT, DXGI_FORMAT, D3D11_RTV_DIMENSION> rows[] = {
         {DXGI_FORMAT_R8G8B8A8_TYPELESS, 1, DXGI_FORMAT_R8G8B8A8_UNORM, D3D11_RTV_DIMENSION_TEXTURE2D},
         {DXGI_FORMAT_R16G16B16A16_TYPELESS, 1, DXGI_FORMAT_R16G16B16A16_UNORM, D3D11_RTV_DIMENSION_TEXTURE2D},
@@ -52,7 +52,7 @@ TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
     }
 }
 
-TEST_F(D3D11ContextTest, AWrappedTextureIsOneMoreReference) {
+TEST_F(D3D11ContextTest, WrappingATextureAddsAReference) {
     const Support::FatalErrorRecorder dialog;
     auto texture = Texture(DXGI_FORMAT_R8G8B8A8_UNORM);
     { const Rendering::D3D11::TextureRenderLock needsNoMutex(texture.Get()); }
@@ -64,7 +64,7 @@ TEST_F(D3D11ContextTest, AWrappedTextureIsOneMoreReference) {
     EXPECT_TRUE(dialog.texts.empty());
 }
 
-TEST_F(D3D11ContextTest, ASharedBitmapIsThereOrNull) {
+TEST_F(D3D11ContextTest, ASharedBitmapIsCreatedOrNull) {
     Support::FatalErrorRecorder dialog;
     EXPECT_EQ(device->Context().CreateSharedBitmap({1u << 20, 1}), nullptr) << "wider than a texture may be";
     if (const auto shared = device->Context().CreateSharedBitmap({4, 4})) {
@@ -94,7 +94,7 @@ struct MutexTexture final : IDXGIKeyedMutex {
     HRESULT acquired = S_OK, released = S_OK;
 };
 
-TEST(TextureRenderLockTest, FailsOnlyWhereNoExceptionIsUnderWay) {
+TEST(TextureRenderLockTest, FailsOnlyOutsideStackUnwinding) {
     MutexTexture texture;
     const auto lock = [&] { Rendering::D3D11::TextureRenderLock{&texture}; };
     const Support::FatalErrorRecorder dialog;

@@ -56,7 +56,7 @@ TEST_F(GLContextTest, ObjectsThatOutliveTheirContextLeaveTheNextOneAlone) {
         EXPECT_EQ(Support::Picture(device.Read(*bitmap)), "R\n");
 }
 
-TEST_F(GLContextTest, AFrameTargetMayBeResizedAndSmoothEdges) {
+TEST_F(GLContextTest, AFrameTargetCanBeResizedAndAntialiased) {
     Rendering::OpenGL::GLFrameTarget frame(device.Context(), 4);
     frame.Resize({0, 0});
     EXPECT_EQ(frame.Size(), (Rendering::Size{1, 1}));
