@@ -15,8 +15,8 @@ using Type = TouchInteractionType;
 
 constexpr std::uint32_t kWheelAndRightClick = 0x80086000;
 
-/// From the text of a configuration to detected parts. The one gauge, of 100 x 100 pixels, fills the panel, so that an
-/// area's place on the texture is a hundredth of its pixels; the parts show texture coordinates equal to x and y.
+/// From the text of a configuration to detected parts. The only gauge, of 100 x 100 pixels, fills the panel, so that an
+/// area's texture coordinates are its pixels / 100; the parts show texture coordinates equal to x and y.
 class PanelLoadingTest : public testing::Test {
 protected:
     PanelLoadingTest() {
@@ -85,7 +85,7 @@ TEST_F(PanelLoadingTest, PanelPartsPrecedeTheirBasePart) {
     ASSERT_EQ(Parts(onOther).size(), 1u) << "another texture shows nothing";
     EXPECT_EQ(Parts(onOther)[0]->panel, nullptr);
 
-    // The first area lies ahead of the surface, from (0.1, 0.1) to (0.3, 0.3).
+    // The first area is in front of the surface, from (0.1, 0.1) to (0.3, 0.3).
     const PartRay through{{0.2f, 0.15f, 0}, {0, 0, 1}}, beside{{0.35f, 0.15f, 0}, {0, 0, 1}};
     EXPECT_NEAR(parts[0]->Tree().Intersect(through).value().distance, 1.999f, 1e-5f);
     EXPECT_NEAR(parts[3]->Tree().Intersect(through).value().distance, 2.0f, 1e-5f);

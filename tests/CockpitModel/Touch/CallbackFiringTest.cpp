@@ -52,14 +52,14 @@ Calls Applied(const MouseRectCallbackVariable& callback, float value, const Node
     return target.calls;
 }
 
-/// What the mouse function of a gauge was given.
+/// Arguments passed to the mouse function of a gauge.
 using ArgumentBlock = std::array<unsigned char, 40>;
 std::vector<std::pair<ArgumentBlock, std::uint32_t>> gaugeCalls;
 
 void RecordGaugeCall(void* arguments, std::uint32_t flag) {
     std::memcpy(gaugeCalls.emplace_back().first.data(), arguments, 40);
     gaugeCalls.back().second = flag;
-    std::memset(arguments, 0xEE, 40); // what a gauge leaves there does not reach the next call
+    std::memset(arguments, 0xEE, 40); // must not affect the next call
 }
 
 std::shared_ptr<CallbackCode> Code(const std::string& text) {
@@ -128,7 +128,7 @@ TEST(CallbackFire, CodeAndFunctionsHandleTheEventsThatTheRectangleAccepts) {
     gaugeCalls.clear();
     EXPECT_EQ(Fired(*code, MouseEventKind{6}), Calls{"'WheelDown' x 'WheelDown'"});
     Fired(function, MouseEventKind{6});
-    EXPECT_TRUE(gaugeCalls.empty()) << "an event of no kind";
+    EXPECT_TRUE(gaugeCalls.empty()) << "an event of unknown kind";
 }
 
 TEST(CallbackFire, EventsAndTogglesIgnoreTheRectangle) {

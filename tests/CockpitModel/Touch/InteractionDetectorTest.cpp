@@ -48,7 +48,7 @@ TEST(InteractionDetectorTest, TheCallbackTypeDecidesBeforeTheMotionOfTheOwnNode)
         {"drag", 2, {}, Type::Twist},
         {"drag that turns", 2, {kTurn}, Type::Twist},
         {"drag that slides", 2, {kSlide}, Type::Move},
-        {"drag with w of exactly 1, which is no turn", 2, {TurnTo(0)}, Type::Move},
+        {"drag with w of exactly 1, not a rotation", 2, {TurnTo(0)}, Type::Move},
         {"steps", 3, {}, Type::Twist},
         {"a type that there is not", 4, {}, Type::None},
     };
@@ -140,7 +140,7 @@ TEST(InteractionDetectorTest, ASteppingLeverIsSwitchedToPercent) {
     const struct {
         const char* animation;
         std::uint32_t callbackType;
-        const char* code; ///< empty for a rectangle that stays what it is
+        const char* code; ///< empty for a rectangle that is not changed
     } rows[] = {
         {"x L:Throttle1Position", 3, "L:Throttle1Position"},
         {"L:RPMLever1Position L:Throttle1Position", 3, "L:RPMLever1Position"},

@@ -107,7 +107,7 @@ TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
 
     const RiffBlockXANK& turned = model.animations[2].tracks[0][1];
     EXPECT_FALSE(turned.IsTranslation);
-    const float unit = std::sqrt(0.75f / 14); // the sine of 60 degrees through the length of the axis
+    const float unit = std::sqrt(0.75f / 14); // the sine of 60 degrees divided by the length of the axis
     EXPECT_TRUE(turned.Rotation.isApprox(Utils::Quaternion(0.5f, -unit, -2 * unit, 3 * unit), 1e-6f));
     const RiffBlockXANK& zero = model.animations[3].tracks[0][1];
     EXPECT_NEAR(zero.Rotation.w(), 0.0f, 1e-7f);
@@ -115,7 +115,7 @@ TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
 }
 
 TEST(XPObjConverter, SplitsStepsIntoAChain) {
-    // Node 1 has three steps and the child 2: the chain is 1, 3, 4, and 2 and the draw call hang on its end.
+    // Node 1 has three steps and the child 2: the chain is 1, 3, 4, and 2 and the draw call are at its end.
     const ModelData model =
         Model("ANIM_begin\n" + Steps(3) + "TRIS 0 3\nANIM_begin\nTRIS 3 3\nANIM_end\nANIM_end\nTRIS 6 3\n");
     EXPECT_EQ(Names(model), "Dummy Animation step0 Dummy Animation step1 step2 ");
@@ -135,7 +135,7 @@ TEST(XPObjConverter, SplitsStepsIntoAChain) {
 TEST(XPObjConverter, SplitsTheRootAndKeepsTheOrderOfSiblings) {
     const ModelData model =
         Model(Steps(2) + "ANIM_begin\nANIM_end\nANIM_begin\n" + Steps(2) + "ANIM_end\nANIM_begin\n");
-    // Root 0 to its second step 4, whose children are 1, 2 and 3 in order; 2 goes on in 5.
+    // Root 0 to its second step 4, whose children are 1, 2 and 3 in order; 2 continues in 5.
     EXPECT_EQ(Links(model), "4,-1 -1,2 5,3 -1,-1 1,-1 -1,-1 ");
     EXPECT_EQ(model.animationLinks.Children.at(0), -1);
 }

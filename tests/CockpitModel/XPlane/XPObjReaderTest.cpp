@@ -90,7 +90,7 @@ TEST(XPObjReader, KeepsPanelTextureAndRootIfNothingIsRead) {
     unopened.setstate(std::ios::failbit);
     XPObjData fromUnopened;
     ReadXPObj(unopened, fromUnopened);
-    // Keywords count in full and with their case.
+    // Keywords must match in full and in case.
     const char* const unread = "vt 1 2 3 4 5 6 7 8\nVTX 1 2 3 4 5 6 7 8\nVT\v1 2 3\n#VT 1\nV\nTEXTURE_LIT a.png\n"
                                "ANIM_trans_key 0 1 2 3\nIDX1 4\nTRISX 0 3\n\n \t \nANIM_begins\nIDX10x 1\n";
     for (const XPObjData& data : {fromUnopened, ReadText(""), ReadText(unread)}) {
