@@ -15,7 +15,7 @@ using testing::ElementsAreArray;
 
 TEST(BitmapFileTest, APngIsReadInCairosFormat) {
     const Support::TemporaryFolder folder;
-    // Alpha, red, green, blue in a word, premultiplied.
+    // Alpha, red, green, blue in a 32-bit word, premultiplied.
     std::uint32_t pixels[] = {0xFF010203, 0x80400000, 0x00000000, 0x40404040};
     cairo_surface_t* surface =
         cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels), CAIRO_FORMAT_ARGB32, 2, 2, 8);
@@ -26,10 +26,10 @@ TEST(BitmapFileTest, APngIsReadInCairosFormat) {
 
 TEST(BitmapFileTest, AnUnreadablePngIsOneTransparentPixel) {
     const Support::TemporaryFolder folder;
-#ifndef _WIN32 // where it is one more file that is missing
+#ifndef _WIN32 // there it would be just another missing file
     ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
 #endif
-    // A header that promises 32,767 by 32,767 pixels, for which there is room in cairo and hardly in the machine.
+    // A header of 32,767 by 32,767 pixels, which cairo allows but which hardly fits in memory.
     const std::string vast =
         folder.Write("vast.png", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x7F\xFF\0\0\x7F\xFF", 24));
     for (const std::string& path :

@@ -24,7 +24,7 @@ TEST(ContextTest, ReleasesObjectsOfAnyThreadOnceAndInOrder) {
     context.DeferRelease(noting(3));
     EXPECT_THAT(released, ElementsAre());
     context.ReleaseDeferred();
-    EXPECT_THAT(released, ElementsAre(1, 2, 3)) << "what an object hands over when it goes waits for the next call";
+    EXPECT_THAT(released, ElementsAre(1, 2, 3)) << "objects deferred by a destructor wait for the next call";
     context.ReleaseDeferred();
     context.ReleaseDeferred();
     EXPECT_THAT(released, ElementsAre(1, 2, 3, 4));

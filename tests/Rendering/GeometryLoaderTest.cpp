@@ -81,7 +81,7 @@ TEST(DataFilesTest, TheMarkerSphereIsClosedRoundAndFacesOutwards) {
         EXPECT_GT((b - a).cross(c - a).dot(a + b + c), 0.0f) << "triangle " << i / 3 << " is flat or turned inwards";
         EXPECT_LT(Utils::Length(vertices[i].normal - a / kRadius), 1e-5f) << "and its first corner is on the sphere";
     }
-    // A closed surface has its volume; 4/3 pi for the round one, a little less for its facets.
+    // A closed surface has a volume: 4/3 pi for the sphere, a little less because of its facets.
     EXPECT_NEAR(volume / (kRadius * kRadius * kRadius), 4.18879, 0.06);
 }
 

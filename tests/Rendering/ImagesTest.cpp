@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// The pixels that a bitmap of another size has afterwards.
+/// The pixels of a bitmap that had another size before.
 std::vector<std::uint32_t> PixelsOf(cairo_surface_t* surface) {
     MemBitmap target(7, 7);
     Rendering::FromCairoSurface(target, surface);
@@ -35,11 +35,11 @@ TEST(ImagesTest, ASurfaceWithoutASizeIsOneTransparentPixelAndTooShortRowsAreFata
         EXPECT_THAT(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 5)), ElementsAre(0));
         EXPECT_THAT(PixelsOf(cairo_image_surface_create_from_png("no/such.png")), ElementsAre(0));
         const Support::FatalErrorRecorder dialog;
-        EXPECT_THROW(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_A8, 9, 2)), std::exception); // one byte a pixel
+        EXPECT_THROW(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_A8, 9, 2)), std::exception); // one byte per pixel
         EXPECT_EQ(dialog.texts.size(), 1u);
         std::_Exit(testing::Test::HasFailure() ? 1 : 0);
     };
-    // In a process of its own, as a fatal error ends the log, of which there is one a process.
+    // In its own process, because a fatal error ends the process's log.
     EXPECT_EXIT(readOdd(), testing::ExitedWithCode(0), "");
     EXPECT_THAT(data.Read("Vorelle/log.txt"), HasSubstr("\t\tInvalid Bitmap from Cairo\n"));
 }

@@ -76,7 +76,7 @@ TEST_F(D3D11ContextTest, ASharedBitmapIsCreatedOrNull) {
     EXPECT_TRUE(dialog.texts.empty()) << dialog.texts.front();
 }
 
-/// A texture with a keyed mutex that answers as it is told.
+/// A texture with a keyed mutex that returns given results.
 struct MutexTexture final : IDXGIKeyedMutex {
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
         *object = this;
@@ -139,7 +139,7 @@ TEST_F(D3D11ContextTest, AFileThatDoesNotCompileIsShownBeforeTheFatalError) {
     ASSERT_EQ(dialog.captions, (std::vector<std::string>{"Vorelle FSX: Shader compilation error", "Vorelle FSX"}));
     EXPECT_NE(dialog.texts[0].find("nonsense"), std::string::npos) << dialog.texts[0];
     EXPECT_THROW(compile(folder / "missing.fx"), std::exception);
-    EXPECT_EQ(dialog.captions.size(), 3u) << "no compiler's words about a file that is not there";
+    EXPECT_EQ(dialog.captions.size(), 3u) << "no compiler messages about a missing file";
 }
 
 } // namespace
