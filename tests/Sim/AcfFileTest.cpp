@@ -42,7 +42,7 @@ TEST(AcfFile, ReturnsEachLineOfAKeyInOrder) {
 
 TEST(AcfFile, IsLinearInFalseMatches) {
     std::string text;
-    for (int i = 0; i < (Support::kSanitized ? 1'000 : 1'000'000); ++i) // a sanitizer reads all the text at each search
+    for (int i = 0; i < (Support::kSanitized ? 1'000 : 1'000'000); ++i) // with a sanitizer each search reads all text
         text += " key";
     EXPECT_EQ(LastAcfProperty(text, "key"), "");
     EXPECT_EQ(LastAcfProperty("P key" + text, "key").size(), text.size() - 1);

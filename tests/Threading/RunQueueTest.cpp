@@ -31,7 +31,7 @@ TEST(RunQueueTest, DestroysEachItemBeforeTheNextRunsAndAllAfterAnException) {
     queue.Post([kept = std::move(held)] {});
     queue.Post([&] { EXPECT_TRUE(watched.expired()); });
     queue.Post(nullptr);
-    queue.Post([] { ADD_FAILURE() << "what is behind an exception ran"; });
+    queue.Post([] { ADD_FAILURE() << "work after an exception ran"; });
     EXPECT_THROW(queue.RunAll(), std::bad_function_call);
     queue.RunAll();
 }

@@ -49,11 +49,11 @@ TEST(TriggeredWorkerTest, TriggerReturnsWhileTheWorkIsStillRunning) {
     std::thread stopping([&] { worker.Stop(); });
     gate.set_value();
     stopping.join();
-    EXPECT_EQ(finished, 1) << "stopping waits for the present run and starts no other";
+    EXPECT_EQ(finished, 1) << "stopping waits for the current run and starts no other";
 }
 
 TEST(TriggeredWorkerTest, StopsWithoutEverRunning) {
-    const auto fail = [] { ADD_FAILURE() << "nobody asked for it"; };
+    const auto fail = [] { ADD_FAILURE() << "it was not triggered"; };
     { Worker worker(fail); }
     Worker stopped(fail);
     stopped.Stop();

@@ -20,7 +20,8 @@ TEST(LinearAlgebra, RotationsMapEachAxisToTheNextAsRowVectors) {
     for (const auto& row : rows) {
         EXPECT_TRUE(TransformPoint(row.from, row.matrix).isApprox(row.to, 1e-6f)) << row.axis;
         EXPECT_TRUE(TransformPoint(row.axis, row.matrix).isApprox(row.axis)) << row.axis;
-        // The quaternion's matrix is the same turn, for an axis of any length and at an angle that is not symmetric.
+        // The quaternion's matrix is the same rotation, for an axis of any length and at an angle that is not
+        // symmetric.
         const Matrix4 third = Rotation(RotationAboutAxis(7 * row.axis, kHalfPi / 3));
         EXPECT_TRUE((third * third * third).isApprox(row.matrix, 1e-6f)) << row.axis;
     }

@@ -57,7 +57,7 @@ TEST(Paths, ReadsWholeFiles) {
     EXPECT_EQ(ReadFile(folder.Write("file", bytes)), bytes);
     EXPECT_EQ(ReadFile(folder.Write("empty", "")), "");
 
-    // What would keep a reader waiting or fill the memory is not opened.
+    // Files that would block a reader or exhaust memory are not opened.
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     fs::create_symlink("/dev/zero", folder / "zeros");
     fs::create_symlink("circle", folder / "circle");
@@ -86,7 +86,7 @@ TEST(Paths, LogsAFileThatIsTooLargeToBeRead) {
         Logging::Logger::Get().Stop("");
         std::_Exit(testing::Test::HasFailure() ? 1 : 0);
     };
-    EXPECT_EXIT(read(), testing::ExitedWithCode(0), ""); // the log is one for a process
+    EXPECT_EXIT(read(), testing::ExitedWithCode(0), ""); // there is one log per process
     EXPECT_TRUE(folder.Read("Vorelle/log.txt")
                     .ends_with("/sparse has 1073741825 bytes; a file of more than 1073741824 bytes is not read\n"));
 }
@@ -109,7 +109,7 @@ TEST(Paths, KeepsUserDataInThePlatformsFolder) {
         setenv("HOME", "/home/pilot", 1);
         setenv("XDG_DATA_HOME", "/data", 1);
         EXPECT_EQ(UserDataFolder(), "/data");
-        setenv("XDG_DATA_HOME", "relative", 1); // which the platform's rules say to leave aside
+        setenv("XDG_DATA_HOME", "relative", 1); // to be ignored according to the platform's rules
         EXPECT_EQ(UserDataFolder(), "/home/pilot/.local/share");
         unsetenv("XDG_DATA_HOME");
         EXPECT_EQ(UserDataFolder(), "/home/pilot/.local/share");

@@ -49,7 +49,7 @@ TEST(WindowsServices, ASaveReplacesAllOrNothing) {
     }
     SetFileAttributesW(boost::filesystem::path(path).c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(ReadFile(path), "kept");
-    EXPECT_EQ(std::distance(boost::filesystem::directory_iterator(folder.path), {}), 1) << "nothing is left beside it";
+    EXPECT_EQ(std::distance(boost::filesystem::directory_iterator(folder.path), {}), 1) << "no temporary is left";
 }
 
 TEST(WindowsServices, TheSystemServicesWork) {
