@@ -3,7 +3,7 @@
 #include "Rendering/BitmapFile.h"
 #include "Rendering/Memory/NullContext.h"
 
-/// Pictures of more pixels are the library's matter and only slow the search.
+/// Larger images only test the library and slow down the search.
 constexpr std::size_t kLargestInput = 1 << 16;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -12,14 +12,14 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// The pixels that a bitmap of another size has afterwards.
+/// The pixels of a bitmap that had another size before.
 std::vector<std::uint32_t> PixelsOf(cairo_surface_t* surface) {
     Rendering::MemBitmap target(7, 7);
     Rendering::FromCairoSurface(target, surface);
     return {target.Pixels().begin(), target.Pixels().end()};
 }
 
-TEST(ImagesTest, CopiesTheRowsOfASurfaceWithoutTheirGaps) {
+TEST(ImagesTest, CopiesTheRowsOfASurfaceWithoutPadding) {
     std::uint32_t rows[2][16] = {{1, 2, 0xEE}, {3, 4, 0xEE}};
     cairo_surface_t* surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(rows),
                                                                    CAIRO_FORMAT_ARGB32, 2, 2, sizeof(rows[0]));
