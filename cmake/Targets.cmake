@@ -49,10 +49,11 @@ function(vorelle_program name)
     set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ${PROGRAM_WINDOW})
     target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/packaging/windows/${name}.rc)
     string(REPLACE "." "," numbers ${PROJECT_VERSION}.0)
-    set(manifest ${PROJECT_BINARY_DIR}/packaging/vorelle.manifest)
-    configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/vorelle.manifest ${manifest} @ONLY)
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/vorelle.manifest.in
+      ${PROJECT_BINARY_DIR}/packaging/vorelle.manifest @ONLY)
+    target_include_directories(${name} PRIVATE $<$<COMPILE_LANGUAGE:RC>:${PROJECT_BINARY_DIR}/packaging>)
     target_compile_definitions(${name} PRIVATE
-      "$<$<COMPILE_LANGUAGE:RC>:VORELLE_VERSION=${PROJECT_VERSION};VORELLE_VERSION_NUMBERS=${numbers};VORELLE_MANIFEST=\"${manifest}\">")
+      "$<$<COMPILE_LANGUAGE:RC>:VORELLE_VERSION=${PROJECT_VERSION};VORELLE_VERSION_NUMBERS=${numbers}>")
   endif()
 endfunction()
 
