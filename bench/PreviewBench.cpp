@@ -1,6 +1,7 @@
 #include "Annotator/AircraftLoading.h"
 #include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Preview/CockpitPreview.h"
+#include "CockpitModel/Picking/PartTree.h"
 #include "Compare.h"
 #include "Rendering/Memory/NullContext.h"
 #include "Sim/XPAircraftListLoader.h"
