@@ -59,14 +59,14 @@ DetectedParts ReadDetectedData(const std::string& path) {
         throw std::runtime_error("its root element is not NodePartList, so that it is no detected-data file");
     DetectedParts parts;
     for (const XMLElement* part = root->FirstChildElement("Part"); part; part = part->NextSiblingElement("Part")) {
-        const std::pair place{Field(*part, "NodeId", "a number from 0 up", IdFromText),
-                              Field(*part, "PartId", "a number from 0 up", IdFromText)};
+        const CockpitModel::PartAddress address{Field(*part, "NodeId", "a number from 0 up", IdFromText),
+                                                Field(*part, "PartId", "a number from 0 up", IdFromText)};
         const DetectedPart detected{
             Field(*part, "InteractionType", "an interaction type", CockpitModel::TouchInteractionTypeFromText),
             Field(*part, "EventType", "an event type", CockpitModel::TouchEventTypeFromText),
             Field(*part, "Reverse", "0 or 1", FlagFromText)};
-        if (!parts.emplace(place, detected).second)
-            Refuse(*part, "node " + std::to_string(place.first) + " part " + std::to_string(place.second) +
+        if (!parts.emplace(address, detected).second)
+            Refuse(*part, "node " + std::to_string(address.node) + " part " + std::to_string(address.part) +
                               " stands in the file twice");
     }
     return parts;

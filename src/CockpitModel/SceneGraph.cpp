@@ -6,6 +6,7 @@
 #include "Utils/RangeCheck.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace CockpitModel {
 
@@ -13,6 +14,12 @@ namespace {
 
 /// Visibility flags are refreshed in this many slices, so that a frame touches few nodes.
 constexpr std::size_t kVisibilitySlices = 20;
+
+/// Null where the list has no such index.
+template <typename Entry>
+Entry* FindEntry(const std::vector<std::unique_ptr<Entry>>& list, std::int32_t index) {
+    return index >= 0 && std::cmp_less(index, list.size()) ? list[static_cast<std::size_t>(index)].get() : nullptr;
+}
 
 /// Where a texture lies on disk, its name taken without notice of case; empty when there is no such file.
 boost::filesystem::path TexturePath(const std::string& folder, const std::string& name) {
@@ -189,6 +196,15 @@ void SceneGraph::AdoptPublished() {
         entry.node->parentMatrix = entry.parentMatrix;
     }
     publishedIsNew = false;
+}
+
+Node* SceneGraph::FindNode(std::int32_t index) const {
+    return FindEntry(nodes, index);
+}
+
+NodePart* SceneGraph::FindPart(PartAddress address) const {
+    const Node* const node = FindNode(address.node);
+    return node ? FindEntry(node->parts, address.part) : nullptr;
 }
 
 Rendering::GPUBitmap* SceneGraph::Texture(std::int32_t index) const {

@@ -4,6 +4,7 @@
 #include "CockpitModel/ModelData.h"
 #include "CockpitModel/MotionTable.h"
 #include "CockpitModel/Node.h"
+#include "CockpitModel/PartAddress.h"
 #include "Rendering/Context.h"
 #include "Threading/TriggeredWorker.h"
 #include "Utils/LinearAlgebra.h"
@@ -37,6 +38,9 @@ public:
     ~SceneGraph();
 
     const std::vector<std::unique_ptr<Node>>& Nodes() const { return nodes; }
+    /// Null for one that the cockpit does not have.
+    Node* FindNode(std::int32_t index) const;
+    NodePart* FindPart(PartAddress address) const;
     const ModelData& Model() const { return model; }
     /// Null where there is no such file; an index outside the list throws Utils::OutOfRange.
     Rendering::GPUBitmap* Texture(std::int32_t index) const;

@@ -88,8 +88,9 @@ void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
             picture.look = Utils::Vector2(yaw, pitch) * kRadiansPerDegree;
         });
     add("--select", "NODE,PART", "Marks a part as the selected one", [&picture](const std::string& text) {
-        const auto [node, part] = ParseNumbers<std::int32_t, 2>("--select", text, ',', "NODE,PART");
-        picture.selected = PictureRequest::PartPlace{node, part};
+        picture.selected = CockpitModel::ParsePartAddress(text);
+        if (!picture.selected)
+            throw CLI::ValidationError("--select", "'" + text + "' is not of the form NODE,PART");
     });
     app.add_option_function<std::vector<std::string>>(
            "--position",

@@ -137,7 +137,7 @@ TEST_F(Picture, SaysWhatTheAircraftDoesNotHave) {
     PictureRequest request;
     request.positions = {{"sim/slide", 0.0f}, {"sim/flaps", 1.0f}};
     EXPECT_EQ(reason(request), "no animation of the cockpit follows sim/flaps");
-    const std::pair<PictureRequest::PartPlace, const char*> rows[] = {
+    const std::pair<CockpitModel::PartAddress, const char*> rows[] = {
         {{2, 0}, "the cockpit has no node 2, but 2 nodes from 0 on"},
         {{-1, 0}, "the cockpit has no node -1, but 2 nodes from 0 on"},
         {{0, 2}, "node 0 has no part 2, but 2 parts from 0 on"},
