@@ -2,7 +2,6 @@
 
 #include "Annotator/AircraftLoading.h"
 #include "CockpitModel/Annotations/AnnotationRecord.h"
-#include "CockpitModel/Panels/GaugeRepository.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 #include "Sim/AircraftListLoader.h"
 
@@ -48,10 +47,8 @@ struct AircraftCheckError : std::runtime_error {
 
 /// Loads one aircraft, runs the detection and holds its parts against the expectations of its annotation file. Empty,
 /// and nothing loaded, for an aircraft without such a file. Whatever stops it comes out as an AircraftCheckError with
-/// the cause nested in it. It makes no file or folder, and different threads may test different aircraft, each with a
-/// repository of its own.
-std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
-                                            const LoadOptions& options = {});
+/// the cause nested in it. It makes no file or folder, and different threads may test different aircraft.
+std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options = {});
 
 /// Tests every aircraft that has an annotation file, in list order, one in memory at a time. An aircraft whose file
 /// holds no expectation is in the result with a total of 0. The first one that fails to load ends the run.

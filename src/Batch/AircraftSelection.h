@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Annotator/AircraftLoading.h"
 #include "Batch/Command.h"
 #include "Sim/AircraftListLoader.h"
 
@@ -21,11 +20,6 @@ Sim::AircraftList LoadInstallation(Console& console);
 /// mean.
 AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& words);
 const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& word);
-
-/// The options that commands share: AIRCRAFT..., --jobs N and --untextured.
-void AddAircraftOption(CLI::App& app, std::vector<std::string>& words);
-void AddJobsOption(CLI::App& app, std::size_t& jobs);
-void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load);
 
 /// An aircraft in a message: its name and its path, as Shown gives them.
 std::string NameOf(const Sim::AircraftInfo& info);

@@ -1,7 +1,6 @@
 #include "Annotator/Lint/Lint.h"
-#include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/Jobs.h"
+#include "Batch/ForEachAircraft.h"
 #include "Batch/Reports/Json.h"
 
 #include <CLI/CLI.hpp>
@@ -24,8 +23,7 @@ constexpr std::size_t kLinesOfRest = 12;
 
 struct LintOptions {
     bool json = false, all = false;
-    std::size_t jobs = DefaultProcesses();
-    std::vector<std::string> aircraft;
+    AircraftOptions aircraft;
 };
 
 /// The findings on their way to the parent, and as --json prints them.
@@ -103,18 +101,11 @@ std::string Totals(const std::map<std::string, std::size_t>& counts) {
 }
 
 ExitCode Lint(const LintOptions& options, Session& session) {
-    const Sim::AircraftList list = LoadInstallation(session.console);
-    const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
+    const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
     Json everything = Json::array();
     std::map<std::string, std::size_t> counts; // by severity
-    std::size_t failed = 0;
-    const auto take = [&](const JobResult& result) {
-        if (result.failure) {
-            session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
-            ++failed;
-            return;
-        }
-        const auto findings = Json::parse(result.output).get<std::vector<Json>>();
+    const auto take = [&](const Sim::AircraftInfo&, const std::string& output) {
+        const auto findings = Json::parse(output).get<std::vector<Json>>();
         for (const Json& finding : findings)
             ++counts[finding["severity"].get<std::string>()];
         if (options.json)
@@ -122,11 +113,11 @@ ExitCode Lint(const LintOptions& options, Session& session) {
         else
             Print(FindingsText(findings, options.all));
     };
-    RunJobs(aircraft, options.jobs, LintOne, take);
+    const std::size_t failed = ForEachAircraft(aircraft, session.console, LintOne, {.take = take});
     if (options.json)
         PrintJson(everything.dump(1) + '\n');
     FlushPrinted();
-    session.console.Message(Totals(counts) + " in " + std::to_string(aircraft.size() - failed) + " aircraft" +
+    session.console.Message(Totals(counts) + " in " + std::to_string(aircraft.selection.size() - failed) + " aircraft" +
                             (failed > 0 ? ", " + std::to_string(failed) + " more could not be read" : ""));
     const bool clean =
         counts[LintSeverityText(LintSeverity::Error)] + counts[LintSeverityText(LintSeverity::Warning)] == 0;
@@ -139,8 +130,7 @@ Action PrepareLint(CLI::App& app) {
     auto options = std::make_shared<LintOptions>();
     app.add_flag("--all", options->all, "Prints every finding, however often it repeats itself");
     app.add_flag("--json", options->json, "A list of objects, with every finding");
-    AddJobsOption(app, options->jobs);
-    AddAircraftOption(app, options->aircraft);
+    AddSelectionOptions(app, options->aircraft);
     return [options](Session& session) { return Lint(*options, session); };
 }
 

@@ -1,6 +1,7 @@
 #include "Annotator/DataFiles.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Preview/PreviewPicture.h"
+#include "Batch/AircraftOptions.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"
@@ -32,9 +33,8 @@ constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
 
 struct RenderOptions {
     PictureRequest picture;
-    Annotator::LoadOptions load;
     std::string file;
-    std::string aircraft;
+    SingleAircraftOptions aircraft;
 };
 
 /// Exactly so many numbers with a separator between them.
@@ -124,7 +124,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     if (!opened.cockpit->IsValid())
         throw std::runtime_error("there is no cockpit object beside the .acf file");
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.load);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.aircraft.load);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
     annotations.Read(CockpitModel::AnnotationFile(info));
     try {
@@ -147,7 +147,7 @@ void RequireData() {
 
 ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
-    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.word);
     RequireData();
     const std::string answer = RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options); });
     const std::string_view bytes = std::string_view(answer).substr(1);
@@ -166,8 +166,7 @@ Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
     app.add_option("--out", options->file, "The picture, a PNG")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
-    AddUntexturedOption(app, options->load);
-    app.add_option("AIRCRAFT", options->aircraft, "The aircraft")->type_name("")->required();
+    AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Render(*options, session); };
 }
 
