@@ -110,14 +110,14 @@ DetectedParts ReadDetectedData(const std::string& path) {
         throw std::runtime_error("not a detected-data file: the root element is not NodePartList");
     DetectedParts parts;
     for (const XMLElement* part = root->FirstChildElement("Part"); part; part = part->NextSiblingElement("Part")) {
-        const std::pair place{Field(*part, "NodeId", "a number of at least 0", IdFromText),
-                              Field(*part, "PartId", "a number of at least 0", IdFromText)};
+        const CockpitModel::PartAddress address{Field(*part, "NodeId", "a number of at least 0", IdFromText),
+                                                Field(*part, "PartId", "a number of at least 0", IdFromText)};
         const DetectedPart detected{
             Field(*part, "InteractionType", "an interaction type", CockpitModel::TouchInteractionTypeFromText),
             Field(*part, "EventType", "an event type", CockpitModel::TouchEventTypeFromText),
             Field(*part, "Reverse", "0 or 1", FlagFromText)};
-        if (!parts.emplace(place, detected).second)
-            Refuse(*part, "node " + std::to_string(place.first) + " part " + std::to_string(place.second) +
+        if (!parts.emplace(address, detected).second)
+            Refuse(*part, "node " + std::to_string(address.node) + " part " + std::to_string(address.part) +
                               " is in the file twice");
     }
     return parts;

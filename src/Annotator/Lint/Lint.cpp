@@ -152,12 +152,10 @@ void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline
                        LintFindings& findings) {
     if (outline.doubledReturns.count > 0)
         return; // the built cockpit would not match the file
-    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
-        const OpenedAircraft opened = OpenAircraft(info, repository);
-        const BuiltAircraft built = BuildAircraft(opened, {.untextured = true});
-        CheckYokes(*built.sceneGraph, outline, findings);
-        CheckAnnotations(info, *built.sceneGraph, all);
+        const LoadedAircraft aircraft = LoadAircraft(info, {.untextured = true});
+        CheckYokes(*aircraft.built.sceneGraph, outline, findings);
+        CheckAnnotations(info, *aircraft.built.sceneGraph, all);
     } catch (const std::exception& error) {
         if (std::ranges::find(all, Error, &LintFinding::severity) == all.end())
             findings.Add(Error, "not-loaded", 0, Utils::Describe(error), "fix what the message names");

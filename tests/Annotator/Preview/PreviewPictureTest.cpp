@@ -137,14 +137,14 @@ TEST_F(Picture, ReportsUnknownDatarefsAndParts) {
     PictureRequest request;
     request.positions = {{"sim/slide", 0.0f}, {"sim/flaps", 1.0f}};
     EXPECT_EQ(reason(request), "no animation of the cockpit uses the dataref sim/flaps");
-    const std::pair<PictureRequest::PartPlace, const char*> rows[] = {
-        {{2, 0}, "the cockpit has no node 2, but 2 nodes from 0 on"},
-        {{-1, 0}, "the cockpit has no node -1, but 2 nodes from 0 on"},
-        {{0, 2}, "node 0 has no part 2, but 2 parts from 0 on"},
+    const std::pair<CockpitModel::PartAddress, const char*> rows[] = {
+        {{2, 0}, "the cockpit has no node 2; it has 2 nodes, numbered from 0"},
+        {{-1, 0}, "the cockpit has no node -1; it has 2 nodes, numbered from 0"},
+        {{0, 2}, "node 0 has no part 2; it has 2 parts, numbered from 0"},
     };
     request.positions.clear();
-    for (const auto& [place, text] : rows) {
-        request.selected = place;
+    for (const auto& [address, text] : rows) {
+        request.selected = address;
         EXPECT_EQ(reason(request), text);
     }
     EXPECT_TRUE(context.draws.empty());
