@@ -7,7 +7,7 @@
 
 namespace Bench {
 
-/// Processor time of the calling thread, or of the whole process where several threads share the work.
+/// Processor time of the calling thread, or of the whole process if several threads share the work.
 inline double Seconds(clockid_t clock = CLOCK_THREAD_CPUTIME_ID) {
     timespec time{};
     clock_gettime(clock, &time);
@@ -21,7 +21,7 @@ double Cost(Work work, clockid_t clock = CLOCK_THREAD_CPUTIME_ID) {
     return Seconds(clock) - start;
 }
 
-/// Both in turn within each iteration, so that what slows the machine down slows down both; best times count.
+/// Alternates both within each iteration, so that a slow machine affects both; the best times count.
 template <typename Work, typename BareWork>
 void Compare(benchmark::State& state, Work work, BareWork bareWork, double runs = 1) {
     double best = std::numeric_limits<double>::max(), bare = best;

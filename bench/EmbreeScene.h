@@ -15,7 +15,7 @@ namespace Bench {
 
 using Soup = std::vector<CockpitModel::PartTriangle>;
 
-/// Triangles as Embree sees them, on one thread so that its processor time can be set beside ours.
+/// The triangles in Embree, on one thread so that its processor time can be compared with ours.
 class EmbreeScene : Utils::NonAssignable {
 public:
     explicit EmbreeScene(const Soup& soup) : scene(rtcNewScene(Device())) {
@@ -34,7 +34,7 @@ public:
     }
     ~EmbreeScene() { rtcReleaseScene(scene); }
 
-    /// Builds what it finds hits with.
+    /// Builds the acceleration structure.
     void Commit() { rtcCommitScene(scene); }
 
     float Distance(const CockpitModel::PartRay& ray) const {

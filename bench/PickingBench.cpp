@@ -76,7 +76,7 @@ void AddKnob(Vertices& vertices, const Vector3& place, float radius) {
     }
 }
 
-/// Panels of knobs, a part each, and four hundred parts of one knob, around an eye at the origin.
+/// Panels of knobs, one part each, and four hundred parts of one knob, around an eye at the origin.
 Cockpit SyntheticCockpit() {
     std::mt19937 random(20240229);
     std::uniform_real_distribution<float> place(-0.8f, 0.8f), depth(0.6f, 0.7f), radius(0.002f, 0.01f);
@@ -142,7 +142,7 @@ void Build(benchmark::State& state, const Cockpit& cockpit) {
 #endif
 }
 
-/// From the pilot's eye at a random place of a random triangle.
+/// From the pilot's eye to a random point of a random triangle.
 struct AimedRay {
     PartRay ray;
     std::size_t part = 0; ///< of the triangle
@@ -171,7 +171,7 @@ struct Tested {
     PartRay ray; ///< in the part's space
 };
 
-/// The time of one of `rays` rays, whose tests are given.
+/// The time per ray of testing `rays` rays.
 template <typename Test>
 double MicrosecondsARay(const std::vector<Tested>& tests, std::size_t rays, Test test) {
     return Bench::Cost([&] {
@@ -181,7 +181,7 @@ double MicrosecondsARay(const std::vector<Tested>& tests, std::size_t rays, Test
            static_cast<double>(rays) * 1e6;
 }
 
-/// Aimed rays brought into the space of the parts that they are tested against: the one that they are aimed at, or all.
+/// Aimed rays in the space of the parts that they are tested against: the part that they are aimed at, or all.
 void Rays(benchmark::State& state, const Cockpit& cockpit, bool allParts) {
     constexpr std::size_t kRays = 1000;
     std::vector<Tested> tests;
@@ -224,8 +224,8 @@ void Rays(benchmark::State& state, const Cockpit& cockpit, bool allParts) {
 #endif
 }
 
-/// Triangles half as large as the space that they are scattered in: the rule alone takes more than 100 references a
-/// triangle from a few thousand on, and ever more.
+/// Triangles half as large as the space that they are scattered in: from a few thousand triangles on, the splitting
+/// rule alone takes more than 100 references per triangle, growing with their number.
 void Growth(benchmark::State& state) {
     std::mt19937 random(1);
     std::uniform_real_distribution<float> unit(-1, 1);
@@ -265,7 +265,7 @@ void RegisterAircraft(const char* installation) {
         try {
             Register(RealCockpit(*info));
         } catch (const Utils::OutOfRange&) {
-            continue; // has no materials, so that it cannot be loaded
+            continue; // cannot be loaded: it has no materials
         }
 }
 

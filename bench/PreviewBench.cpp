@@ -21,7 +21,7 @@ using Utils::Matrix4;
 
 constexpr Annotator::CanvasPoint kCanvas{1280, 800};
 
-/// A scene with everything that a preview of it needs.
+/// A scene and everything that its preview needs.
 struct Scene {
     void Show() {
         store = std::make_unique<CockpitModel::AnnotationStore>(*built.sceneGraph);
@@ -65,7 +65,7 @@ Scene SyntheticScene(int partCount) {
     return scene;
 }
 
-/// A frame on the memory context, beside the same draw calls with a record made ahead.
+/// A frame on the null context, compared with the same draw calls from a prepared list.
 void Frame(benchmark::State& state) {
     Support::BindDataFolder();
     Scene scene = SyntheticScene(static_cast<int>(state.range(0)));
@@ -84,8 +84,8 @@ void Frame(benchmark::State& state) {
 }
 BENCHMARK(Frame)->Arg(2000);
 
-/// Moves of the pointer over the whole canvas, with the cockpit seen from the pilot's eye, beside a plain walk over all
-/// parts with an inverse for each node.
+/// Moves of the pointer over the whole canvas, with the cockpit seen from the pilot's eye, compared with a simple loop
+/// over all parts with an inverse for each node.
 void Pointer(benchmark::State& state, const Sim::AircraftInfo& info) {
     Scene scene;
     Annotator::LoadedAircraft loaded = Annotator::LoadAircraft(info);
@@ -124,7 +124,7 @@ void Pointer(benchmark::State& state, const Sim::AircraftInfo& info) {
     state.counters["parts"] = parts;
 }
 
-/// A wall of 500 wavy sheets of 2,048 triangles before the camera.
+/// A wall of 500 wavy sheets of 2,048 triangles in front of the camera.
 Scene MillionTriangles() {
     constexpr int kQuads = 32;
     const auto corner = [](int sheet, int x, int y) -> Support::Corner {
@@ -148,8 +148,8 @@ Scene MillionTriangles() {
     return scene;
 }
 
-/// The first move of the pointer after a load that built the trees, beside the median of the next hundred; wall-clock
-/// time, the worst of the runs.
+/// The first move of the pointer after a load that built the trees, compared with the median of the next hundred;
+/// wall-clock time, the worst of the runs.
 void FirstPick(benchmark::State& state) {
     double first = 0, ratio = 0, trees = 0;
     for (auto _ : state) {

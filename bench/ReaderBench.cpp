@@ -27,7 +27,7 @@ namespace fs = boost::filesystem;
 
 namespace {
 
-/// Cockpit-like text: animation blocks of vertices with six decimals, ten indices a line.
+/// Text like a cockpit's: animation blocks of vertices with six decimals, ten indices per line.
 std::string SyntheticObj() {
     constexpr int kVertices = 40000;
     std::mt19937 random(20240229);
@@ -69,7 +69,7 @@ Number SumOfNumbers(std::string_view text) {
     return sum;
 }
 
-/// The measure: the numbers of the lines that make up an object, read by the standard library and kept nowhere.
+/// The baseline: the numbers of an object's lines, read by the standard library without storing them.
 void FromCharsWalk(const std::string& text) {
     float floats = 0;
     int integers = 0;
@@ -96,7 +96,7 @@ void Read(const std::string& text, CockpitModel::XPObjData& data) {
     CockpitModel::ReadXPObj(stream, data);
 }
 
-/// `heap` is what the data hold.
+/// `heap` is the memory of the data.
 double ReadSeconds(const std::string& text, std::size_t& heap) {
     const std::size_t heapBefore = HeapInUse();
     CockpitModel::XPObjData data;
@@ -105,8 +105,8 @@ double ReadSeconds(const std::string& text, std::size_t& heap) {
     return seconds;
 }
 
-/// Both readings in turn within each iteration, so that what slows the machine down slows down both; the ratio is that
-/// of their best times.
+/// Alternates both readings within each iteration, so that a slow machine affects both; the ratio is that of the best
+/// times.
 void BesideFromChars(benchmark::State& state, const std::string& text) {
     double walk = 1e9, reader = 1e9;
     std::size_t heap = 0;
@@ -121,8 +121,8 @@ void BesideFromChars(benchmark::State& state, const std::string& text) {
     state.counters["heap_per_byte"] = static_cast<double>(heap) / bytes;
 }
 
-/// From the text to the types of all parts; `heap` is what is live then.
-double RoadSeconds(const std::string& text, std::size_t& heap) {
+/// From the text to the types of all parts; `heap` is the memory in use at the end.
+double PipelineSeconds(const std::string& text, std::size_t& heap) {
     const std::size_t heapBefore = HeapInUse();
     const double start = Bench::Seconds(CLOCK_PROCESS_CPUTIME_ID);
     CockpitModel::ModelData model;
@@ -138,22 +138,22 @@ double RoadSeconds(const std::string& text, std::size_t& heap) {
     return seconds;
 }
 
-/// The whole road of an object beside its reading alone.
-void RoadBesideReader(benchmark::State& state, const std::string& text) {
-    double reader = 1e9, road = 1e9;
-    std::size_t heap = 0, roadHeap = 0;
+/// Reading, building and detecting an object, compared with only reading it.
+void PipelineBesideReader(benchmark::State& state, const std::string& text) {
+    double reader = 1e9, pipeline = 1e9;
+    std::size_t heap = 0, pipelineHeap = 0;
     try {
         for (auto _ : state) {
             reader = std::min(reader, ReadSeconds(text, heap));
-            road = std::min(road, RoadSeconds(text, roadHeap));
+            pipeline = std::min(pipeline, PipelineSeconds(text, pipelineHeap));
         }
     } catch (const Utils::OutOfRange& failure) {
         state.SkipWithError(failure.Reason().c_str());
     }
     state.counters["reader_ms"] = reader * 1e3;
-    state.counters["road_ms"] = road * 1e3;
-    state.counters["ratio"] = road / reader;
-    state.counters["heap_per_byte"] = static_cast<double>(roadHeap) / static_cast<double>(text.size());
+    state.counters["pipeline_ms"] = pipeline * 1e3;
+    state.counters["ratio"] = pipeline / reader;
+    state.counters["heap_per_byte"] = static_cast<double>(pipelineHeap) / static_cast<double>(text.size());
 }
 
 std::vector<std::string> FilesBelow(const fs::path& folder, const std::string& extension, std::uintmax_t leastSize) {
@@ -165,7 +165,7 @@ std::vector<std::string> FilesBelow(const fs::path& folder, const std::string& e
     return files;
 }
 
-/// The least that a listing does: reads the files and finds their lines' ends.
+/// The minimum work of a listing: reads the files and finds the ends of lines.
 std::size_t CountLines(const std::vector<std::string>& paths) {
     std::size_t lines = 0;
     std::string buffer(64 << 10, '\0');
@@ -193,7 +193,7 @@ void ListAircraft(benchmark::State& state) {
 
 void RegisterObject(const std::string& name, const std::string& text) {
     benchmark::RegisterBenchmark(("BesideFromChars/" + name).c_str(), BesideFromChars, text);
-    benchmark::RegisterBenchmark(("RoadBesideReader/" + name).c_str(), RoadBesideReader, text);
+    benchmark::RegisterBenchmark(("PipelineBesideReader/" + name).c_str(), PipelineBesideReader, text);
 }
 
 void RegisterInstallation(const fs::path& folder) {

@@ -21,7 +21,7 @@ struct BareNode {
     Utils::Quaternion rotation[2];
 };
 
-/// Nodes that turn and slide by rotations, up to five below each other as in a cockpit's chains.
+/// Nodes that rotate and translate, nested up to five levels as in a cockpit's chains.
 std::vector<BareNode> MakeNodes() {
     std::vector<BareNode> nodes(kNodes);
     for (int i = 1; i < kNodes; ++i) {
@@ -65,8 +65,8 @@ void UpdateBare(const std::vector<BareNode>& nodes, float position, std::vector<
     }
 }
 
-/// A scene graph's whole update, hand-over to the worker and back included, beside a bare loop of the same products and
-/// interpolations. A graph's first refresh waits for the worker, so each run has a graph of its own.
+/// A scene graph's whole update, including the hand-over to the worker and back, compared with a bare loop of the same
+/// products and interpolations. A graph's first refresh waits for the worker, so each run has its own graph.
 void UpdateTransforms(benchmark::State& state) {
     const std::vector<BareNode> nodes = MakeNodes();
     const Support::ModelCockpit cockpit(MakeModel(nodes));

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kKey = "acf/_descrip";
 
-/// The same rule, told line by line and word by word.
+/// A simple implementation of the same rule, line by line and word by word.
 std::vector<std::string> ValuesByWords(std::string_view text) {
     std::vector<std::string> values;
     std::string_view line;

@@ -2,7 +2,7 @@
 
 #include "CockpitModel/Annotations/AnnotationXml.h"
 
-/// What was read, written and read again is the same.
+/// Reading, writing and reading again gives the same records.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const Fuzz::MemoryFile file(Fuzz::Text(data, size));
     const auto records = CockpitModel::ReadAnnotations(file.Path());

@@ -6,7 +6,7 @@
 
 using namespace CockpitModel;
 
-/// A rectangle and triangles of any floats at all.
+/// A rectangle and triangles of arbitrary floats.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Fuzz::Values values(data, size);
     PanelEntry entry;

@@ -12,10 +12,10 @@
 
 namespace Fuzz {
 
-/// Nobody writes the log here: its lines are dropped, not hoarded.
+/// No log writer runs here: lines are dropped so that they do not accumulate.
 inline const std::string logIsOff = Logging::Logger::Get().Stop("");
 
-/// Stops the run where a property does not hold.
+/// Aborts the run if a property does not hold.
 inline void Require(bool holds) {
     if (!holds)
         __builtin_trap();
@@ -43,7 +43,7 @@ private:
     int descriptor;
 };
 
-/// Takes values off the front of an input; zeros once it is used up.
+/// Takes values from the front of an input; zeros after its end.
 class Values {
 public:
     Values(const std::uint8_t* data, std::size_t size) : data(data), size(size) {}

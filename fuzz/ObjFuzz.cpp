@@ -16,7 +16,7 @@ namespace {
 
 using namespace CockpitModel;
 
-/// Rays from the corners of every part's box: the tree must answer, and a hit lies in front of the ray.
+/// Rays from the corners of every part's box: the tree must not fail, and a hit must be in front of the ray's origin.
 void Pick(const SceneGraph& graph) {
     for (const auto& node : graph.Nodes()) {
         for (const auto& part : node->parts) {
@@ -30,7 +30,7 @@ void Pick(const SceneGraph& graph) {
 
 } // namespace
 
-/// The whole road of an object's text: reader, converter, scene graph, detection and export.
+/// All processing of an object's text: reader, converter, scene graph, detection and export.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::istringstream stream{std::string(Fuzz::Text(data, size))};
     XPObjData object;

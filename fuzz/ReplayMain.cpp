@@ -14,13 +14,13 @@ namespace fs = boost::filesystem;
 void Replay(const fs::path& file) {
     fs::ifstream stream(file, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    std::cout << file.filename().string() << std::endl; // before the run, so that a crash is named
+    std::cout << file.filename().string() << std::endl; // before the run, so that a crash shows its input
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
 }
 
 } // namespace
 
-/// Runs a target once over each file of the folders that are named. An empty corpus is a mistake, not a success.
+/// Runs a target once on each file of the folders given as arguments. An empty corpus is an error.
 int main(int argumentCount, char** arguments) {
     int replayed = 0;
     for (int i = 1; i < argumentCount; ++i) {

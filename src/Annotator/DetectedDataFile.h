@@ -19,7 +19,7 @@ namespace Annotator {
 std::string DetectedDataFolder();
 /// The name of an aircraft's detected-data file in that folder.
 std::string DetectedDataFileName(const Sim::AircraftInfo& info);
-/// One XML document with the detected types of all parts, as it stands in the file.
+/// The content of a detected-data file: an XML document with the detected types of all parts.
 std::string DetectedDataXml(const CockpitModel::SceneGraph& sceneGraph);
 
 /// One part of a detected-data file.

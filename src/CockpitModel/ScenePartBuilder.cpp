@@ -100,6 +100,7 @@ const Material& FindMaterial(const ModelData& model, const RiffBlockPART& block)
 }
 
 void AddToNode(Node& node, std::unique_ptr<NodePart> part) {
+    part->node = &node;
     part->id = static_cast<std::int32_t>(node.parts.size());
     if (part->Rect())
         node.clickableParts.push_back(part.get());
@@ -125,7 +126,6 @@ void AddPanelParts(Node& node, NodePart& base, const PanelSet* panels) {
     base.panel->ProduceEntries(base, entries);
     for (PanelPartEntry& entry : entries) {
         auto part = std::make_unique<NodePart>();
-        part->node = &node;
         part->vertices = std::move(entry.vertices);
         part->panelRect = std::move(entry.rect);
         part->block.mouseRect = &part->panelRect;

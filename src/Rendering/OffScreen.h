@@ -7,12 +7,12 @@
 
 namespace Rendering {
 
-/// A picture that `draw` makes on a graphics device without a window: red, green, blue, alpha, top row first. The
-/// context's target has this size, smooth edges, and is cleared to the background. Throws std::runtime_error where the
-/// system has no device to give. Defined by the device library.
+/// An image that `draw` renders on a graphics device without a window: red, green, blue, alpha, top row first. The
+/// context's target has this size, is multisampled and is cleared to the background. Throws std::runtime_error if the
+/// system offers no device. Defined in the device library.
 MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background, const std::function<void(Context&)>& draw);
 
-/// Samples a pixel.
+/// Samples per pixel.
 inline constexpr std::uint32_t kOffScreenSamples = 4;
 
 } // namespace Rendering

@@ -12,9 +12,9 @@ namespace Utils {
 
 namespace {
 
-/// What is read at once from a stream that does not know its size.
+/// Bytes of the first read from a stream of unknown size.
 constexpr std::size_t kFirstRead = 64 << 10;
-/// A size above is no file's: the end of a folder opened as a file, for one.
+/// A greater size is not that of a file: seeking to the end of a folder opened as a file reports one.
 constexpr std::streamoff kGreatestSize = std::streamoff{4} << 30;
 
 } // namespace
@@ -60,13 +60,13 @@ std::size_t SizeLeft(std::istream& stream) {
 std::string ReadAll(std::istream& stream) {
     std::string text;
     const std::size_t size = SizeLeft(stream);
-    std::size_t room = size == 0 ? kFirstRead : size + 1; // so that the first read meets the end
+    std::size_t chunk = size == 0 ? kFirstRead : size + 1; // so that the first read reaches the end
     while (stream && text.size() < kLargestFile) {
         const std::size_t had = text.size();
-        text.resize(had + room);
-        stream.read(text.data() + had, static_cast<std::streamsize>(room));
+        text.resize(had + chunk);
+        stream.read(text.data() + had, static_cast<std::streamsize>(chunk));
         text.resize(had + static_cast<std::size_t>(stream.gcount()));
-        room = std::max(kFirstRead, text.size());
+        chunk = std::max(kFirstRead, text.size());
     }
     return text;
 }

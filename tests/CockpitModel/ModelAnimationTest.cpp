@@ -26,7 +26,7 @@ RiffBlockXANK TurnZ(float time, float radians) {
     return Support::RotationKey(time, Utils::RotationAboutAxis({0, 0, 1}, radians));
 }
 
-/// Where the animation, ahead of a matrix, takes a point on the x axis.
+/// Where the animation, applied before a matrix, moves a point on the x axis.
 Vector3 Moved(const Vector3& point, std::vector<Track> tracks, float position,
               Utils::Matrix4 m = Utils::Matrix4::Identity()) {
     ApplyAnimation(Animation("test/lever", std::move(tracks)), m, position);
@@ -52,11 +52,11 @@ TEST(ApplyAnimation, FindsTheSegmentAndDoesNotClampWithinIt) {
         {"second segment", three, 0.75f, 5},
         {"at a jump", {ShiftX(0, 0), ShiftX(50, 8), ShiftX(50, 2), ShiftX(100, 2)}, 0.5f, 8},
         // u = (0.1 - 0.2) / (1 - 0.2) = -0.125
-        {"ahead of the first key", {ShiftX(20, 0), ShiftX(100, 8)}, 0.1f, -1},
-        // Both 0 and 20 lie before 0.5, and the last of them in list order counts: from 20 on to 60.
+        {"before the first key", {ShiftX(20, 0), ShiftX(100, 8)}, 0.1f, -1},
+        // Both 0 and 20 are before 0.5, and the last of them in list order counts: from 20 to 60.
         {"out of order", {ShiftX(0, 0), ShiftX(80, 1), ShiftX(20, 2), ShiftX(60, 6)}, 0.5f, 5},
-        // The last key never begins a segment: u = (1 - 0) / (0.5 - 0) = 2
-        {"behind the last key", {ShiftX(0, 0), ShiftX(50, 4)}, 1, 8},
+        // The last key never starts a segment: u = (1 - 0) / (0.5 - 0) = 2
+        {"after the last key", {ShiftX(0, 0), ShiftX(50, 4)}, 1, 8},
     };
     for (const auto& row : rows)
         EXPECT_FLOAT_EQ(Moved({0, 0, 0}, {row.track}, row.position).x(), row.x) << row.name;
@@ -74,7 +74,7 @@ TEST(ApplyAnimation, StopsAtTheEndOfTheTimeAxis) {
     }
 }
 
-TEST(ApplyAnimation, TurnsOnTheShorterArcByTheKindOfTheFirstKey) {
+TEST(ApplyAnimation, RotatesAlongTheShorterArcAndUsesTheKindOfTheFirstKey) {
     const float root = std::sqrt(0.5f);
     RiffBlockXANK otherSign = TurnZ(100, kHalfPi);
     otherSign.Rotation.coeffs() *= -1.0f;
@@ -82,15 +82,15 @@ TEST(ApplyAnimation, TurnsOnTheShorterArcByTheKindOfTheFirstKey) {
         const char* name;
         Track track;
         float position;
-        Vector3 end; ///< of a positive turn about z, which takes x to y
+        Vector3 end; ///< of a positive rotation about z, which maps x to y
     } rows[] = {
         {"start", {TurnZ(0, 0), TurnZ(100, kHalfPi)}, 0, {1, 0, 0}},
         {"half way", {TurnZ(0, 0), TurnZ(100, kHalfPi)}, 0.5f, {root, root, 0}},
         {"end", {TurnZ(0, 0), TurnZ(100, kHalfPi)}, 1, {0, 1, 0}},
         {"the same turn by its other sign", {TurnZ(0, 0), otherSign}, 0.5f, {root, root, 0}},
-        // The turn's own translation is zero, the shift's own rotation is none.
-        {"a shift that goes on as a turn", {ShiftX(0, 4), TurnZ(100, kHalfPi)}, 0.5f, {3, 0, 0}},
-        {"a turn that goes on as a shift", {TurnZ(0, kHalfPi), ShiftX(100, 4)}, 0, {0, 1, 0}},
+        // A rotation key has no translation, a translation key no rotation.
+        {"a translation followed by a rotation", {ShiftX(0, 4), TurnZ(100, kHalfPi)}, 0.5f, {3, 0, 0}},
+        {"a rotation followed by a translation", {TurnZ(0, kHalfPi), ShiftX(100, 4)}, 0, {0, 1, 0}},
     };
     for (const auto& row : rows) {
         const Vector3 end = Moved({1, 0, 0}, {row.track}, row.position);
@@ -98,9 +98,9 @@ TEST(ApplyAnimation, TurnsOnTheShorterArcByTheKindOfTheFirstKey) {
     }
 }
 
-TEST(ApplyAnimation, ActsAheadOfTheMatrixAndLaterTracksNearerToTheVertex) {
+TEST(ApplyAnimation, MultipliesFromTheLeftWithLaterTracksNearestTheVertex) {
     const Track shift = {ShiftX(0, 5), ShiftX(100, 5)}, turn = {TurnZ(0, kHalfPi), TurnZ(100, kHalfPi)};
-    // Turned to (0, 1, 0), then moved by 5 along x, then placed by what the matrix held.
+    // Rotated to (0, 1, 0), then moved by 5 along x, then transformed by the original matrix.
     const Vector3 both = Moved({1, 0, 0}, {shift, turn}, 1, Utils::Translation({0, 0, 7}));
     EXPECT_TRUE(both.isApprox(Vector3(5, 1, 7), 1e-5f)) << both;
     const Vector3 within = Moved({1, 0, 0}, {shift}, 1, Utils::RotationZ(kHalfPi));

@@ -44,30 +44,30 @@ Vector3 Origin(const Utils::Matrix4& m) {
 TEST_F(PartTransforms, VaryOneAnimationAndKeepTheOthers) {
     AddAnimated("above", {1000, 0, 0}, {500, 0, 0});
     Node& lever = AddAnimated("lever", {0, 10, 0}, {0, 4, 0});
-    lever.parentMatrix = Utils::Translation({1500, 0, 0}); // as the graph last placed the node above
+    lever.parentMatrix = Utils::Translation({1500, 0, 0}); // from the graph's last update
     AddAnimated("below", {0, 0, 1}, {0, 0, 8});
     AddNode({0.5f, 0, 0});
-    animations[0]->position = 0.25f; // moved since, and not yet seen
-    animations[1]->position = 0.75f; // the varied one's own position does not count
+    animations[0]->position = 0.25f; // moved since, not yet updated
+    animations[1]->position = 0.75f; // the varied animation's own position does not count
     animations[2]->position = 0.5f;
 
     const PartTransformCalculator calculator(part, *lever.animation);
-    animations[2]->position = 0; // too late
+    animations[2]->position = 0; // after construction: ignored
     EXPECT_EQ(calculator.node, &lever);
     EXPECT_EQ(Origin(calculator.prefix), Vector3(0.5f, 0, 1 + 4));
     for (const auto& [t, y] : {std::pair(0.0f, 10.0f), {0.5f, 12.0f}, {1.0f, 14.0f}})
         EXPECT_EQ(Origin(calculator.TransformAt(t)), Vector3(1500.5f, y, 5)) << t;
 }
 
-TEST_F(PartTransforms, MoveThePartWithinTurnedFrames) {
+TEST_F(PartTransforms, MoveThePartWithinRotatedFrames) {
     const Utils::Matrix4 quarterTurn = Utils::RotationZ(std::acos(-1.0f) / 2);
     Node& lever = AddAnimated("lever", {}, {1, 0, 0});
     lever.localMatrix = quarterTurn * Utils::Translation({0, 0, 3});
     lever.parentMatrix = Utils::Translation({100, 0, 0});
     AddNode().localMatrix = quarterTurn;
     AddNode({1, 0, 0});
-    // The part stands at (0, 1, 0) in the lever's frame and is moved to (1, 1, 0) there, which is (-1, 1, 3) in its
-    // parent's.
+    // The part is at (0, 1, 0) in the lever's frame and is moved to (1, 1, 0) there, which is (-1, 1, 3) in its
+    // parent's frame.
     const Vector3 moved = Origin(PartTransformCalculator(part, *lever.animation).TransformAt(1));
     EXPECT_TRUE(moved.isApprox(Vector3(99, 1, 3))) << moved;
 }
@@ -94,14 +94,14 @@ TEST_F(PartTransforms, FindTheNearestAnimationThatMovesAnything) {
     }
 }
 
-TEST_F(PartTransforms, AreAFatalErrorForAnAnimationElsewhere) {
+TEST_F(PartTransforms, ReportAFatalErrorForAnUnrelatedAnimation) {
     AddNode();
     const Support::FatalErrorRecorder recorder;
     EXPECT_ANY_THROW(PartTransformCalculator(part, ModelAnimation()));
     EXPECT_THAT(recorder.texts, testing::ElementsAre(testing::HasSubstr("CockpitModel\\PartTransformCalculator.cpp")));
 }
 
-TEST(YokeNames, StandAnywhereInTheAnimationsName) {
+TEST(YokeNames, MatchAnywhereInTheAnimationsName) {
     const struct {
         const char* name;
         bool roll, pitch;

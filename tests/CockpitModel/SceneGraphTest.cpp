@@ -30,7 +30,7 @@ std::vector<int> VisitOrder(SceneGraph& graph) {
     return order;
 }
 
-TEST(SceneGraphTest, LinksParentsThroughTheFirstChildAndVisitsPeersAheadOfChildren) {
+TEST(SceneGraphTest, LinksParentsThroughTheFirstChildAndVisitsPeersBeforeChildren) {
     ModelBuilder builder;
     const int a = builder.Node(0), b = builder.Node(0), c = builder.Node(0);
     const int below = builder.Node(a);
@@ -52,7 +52,8 @@ TEST(SceneGraphTest, WorldIsAnimationTimesLocalTimesParent) {
     builder.model.matrices.Children[still] = Utils::Translation({99, 0, 0});
     SceneGraph graph(builder.model, Support::ModelCockpit(), nullptr);
     const Node& node = *graph.Nodes()[inner];
-    // At position 1: the inner slide (1, 0, 0) is turned to (0, 1, 0), moved by (0, 5, 0) and by the outer slide.
+    // At position 1: the inner translation (1, 0, 0) is rotated to (0, 1, 0), moved by (0, 5, 0) and by the outer
+    // translation.
     EXPECT_NEAR(node.worldMatrix(3, 0), 2, 1e-6);
     EXPECT_NEAR(node.worldMatrix(3, 1), 6, 1e-6);
     EXPECT_NEAR(node.parentMatrix(3, 0), 2, 1e-6);
@@ -60,14 +61,14 @@ TEST(SceneGraphTest, WorldIsAnimationTimesLocalTimesParent) {
         << "no map offset, no matrix";
     EXPECT_NEAR(X(*graph.Nodes()[still]), 2, 1e-6);
 
-    builder.model.animationLinks.Children[inner] = 4; // as many as there are animations
+    builder.model.animationLinks.Children[inner] = 4; // the number of animations: one too many
     const SceneGraph unlinked(builder.model, Support::ModelCockpit(), nullptr);
     EXPECT_EQ(unlinked.Nodes()[inner]->animation, nullptr);
     EXPECT_FALSE(unlinked.Nodes()[inner]->animationIndex);
     EXPECT_EQ(unlinked.Nodes()[0]->animation, nullptr) << "the root has a record and no animation";
 }
 
-TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
+TEST(SceneGraphTest, InvalidIndicesAreOutOfRange) {
     const struct {
         const char* name;
         void (*damage)(ModelData&);
@@ -117,7 +118,7 @@ TEST(SceneGraphTest, IndicesThatNameNothingAreOutOfRange) {
         row.damage(builder.model);
         try {
             SceneGraph(builder.model, Support::ModelCockpit(), nullptr);
-            ADD_FAILURE() << row.name << " was taken";
+            ADD_FAILURE() << row.name << " was accepted";
         } catch (const std::out_of_range& error) {
             EXPECT_STREQ(error.what(), "invalid vector<T> subscript") << row.name;
             EXPECT_THAT(Utils::Describe(error), testing::HasSubstr(row.reason)) << row.name;
@@ -132,7 +133,7 @@ TEST(SceneGraphTest, PositionsFlowInAndEnabledFlagsFlowOut) {
     builder.Part(inner, TriangleAt(0));
     ModelData source = builder.model;
     SceneGraph graph(source, Support::ModelCockpit(), nullptr);
-    EXPECT_FLOAT_EQ(X(*graph.Nodes()[inner]), 3) << "a new graph stands at position 1";
+    EXPECT_FLOAT_EQ(X(*graph.Nodes()[inner]), 3) << "a new graph is at position 1";
     source.animations[inner].position = 0.5f;
     graph.SetYokePrimary(*graph.Nodes()[inner]->parts[0]);
     graph.SyncFromModel(source);
@@ -176,7 +177,7 @@ TEST(SceneGraphTest, VisibilityIsRefreshedInSlices) {
     }
 }
 
-TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
+TEST(SceneGraphTest, CreatesGeometryAndTexturesOncePerDevice) {
     Support::TemporaryFolder folder;
     folder.Write("Panel.PNG", "no picture, but a file");
     ModelBuilder builder;
@@ -204,7 +205,7 @@ TEST(SceneGraphTest, MakesGeometryAndTexturesOnceForEachDevice) {
     EXPECT_TRUE(second.IsBitmapValid(graph.Texture(0)));
 }
 
-TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
+TEST(SceneGraphTest, WorkerAndFrameShareNothingWithoutALock) {
     ModelBuilder builder;
     for (int i = 0; i < 50; ++i)
         builder.Node(i, "slider", Slide(1, 0, 0));
@@ -218,7 +219,7 @@ TEST(SceneGraphTest, WorkerAndFrameShareNothingUnguarded) {
         graph.Refresh();
         float previous = 0;
         graph.VisitNodes({}, {}, [&](const auto& world, const auto& parent, const auto&, const auto&, Node& node) {
-            EXPECT_EQ(parent(3, 0), previous) << "a visit sees one update, whole";
+            EXPECT_EQ(parent(3, 0), previous) << "a visit sees one complete update";
             EXPECT_EQ(node.worldMatrix, world);
             previous = world(3, 0);
         });
@@ -256,7 +257,7 @@ TEST(ScenePartBuilderTest, PartsKnowTheirPlaceTextureAndRectangle) {
     ModelBuilder builder;
     const int texture = builder.Texture("second.png");
     builder.Part(0, TriangleAt(0));
-    // Makes no part and takes no place, so that its material does not matter.
+    // Makes no part and uses no index, so that its material does not matter.
     builder.Part(0, {{0, 0, 0}, {1, 0, 0}}).MaterialIndex = 0xFFFFFFFF;
     auto& clickable = builder.Part(0, {{0, 0, 0}, {0.5f, 0, 0}, {0, 1, 0}});
     clickable.MaterialIndex = static_cast<std::uint32_t>(texture);
@@ -275,7 +276,7 @@ TEST(ScenePartBuilderTest, PartsKnowTheirPlaceTextureAndRectangle) {
     EXPECT_EQ(node.clickableParts, std::vector<NodePart*>{node.parts[1].get()});
     graph.BuildPartTrees();
     node.parts[1]->vertices.clear();
-    EXPECT_TRUE(node.parts[1]->Tree().Intersect({{0.1f, 0.1f, -1}, {0, 0, 1}})) << "built before it is asked";
+    EXPECT_TRUE(node.parts[1]->Tree().Intersect({{0.1f, 0.1f, -1}, {0, 0, 1}})) << "built before first use";
 }
 
 } // namespace

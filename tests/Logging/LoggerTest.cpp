@@ -28,7 +28,7 @@ using testing::HasSubstr;
 using testing::MatchesRegex;
 using testing::StartsWith;
 
-/// The log is one for a process and a fatal error ends it, so each case has a process of its own, with its own data
+/// There is one log per process and a fatal error ends it, so each case runs in its own process with its own data
 /// folder; it reports through that folder's files and its exit code.
 class LoggerTest : public testing::Test {
 protected:
@@ -58,7 +58,7 @@ protected:
     Support::TemporaryFolder data;
 };
 
-TEST_F(LoggerTest, WritesFourColumnsInOrderAndStartsAnew) {
+TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
     data.Write("Vorelle/log.txt", "of an earlier run\n");
     data.Write("Vorelle/taken.txt", "another program's copy");
     ASSERT_EQ(InOwnProcess([this] {
@@ -69,11 +69,11 @@ TEST_F(LoggerTest, WritesFourColumnsInOrderAndStartsAnew) {
                   const auto isWritten = [&] { return data.Read("Vorelle/log.txt").ends_with("Usage = 3}\n"); };
                   for (int wait = 0; wait < 1000 && !isWritten(); ++wait)
                       std::this_thread::sleep_for(std::chrono::milliseconds(10));
-                  EXPECT_TRUE(isWritten()) << "a line is in the file without a stop";
+                  EXPECT_TRUE(isWritten()) << "lines are written before the stop";
                   EXPECT_EQ(Logger::Get().Stop("taken.txt"), "");
               }),
               0);
-    // Seconds since the start: those of the day are many enough to be written with e+.
+    // Seconds since the start; seconds of the day would be large enough to be written with e+.
     EXPECT_THAT(LogLines(),
                 ElementsAre(MatchesRegex("[0-9.e-]+\t\tA\\\\B\\.cpp\t\t7\t\tqueued before the start"),
                             EndsWith("\t\tA\\B.cpp\t\t-1\t\ta\ttab"),
@@ -82,7 +82,7 @@ TEST_F(LoggerTest, WritesFourColumnsInOrderAndStartsAnew) {
     EXPECT_EQ(data.Read("Vorelle/taken.txt"), "another program's copy");
 }
 
-TEST_F(LoggerTest, TakesLinesFromManyThreadsAndDropsThemAfterStop) {
+TEST_F(LoggerTest, AcceptsLinesFromManyThreadsAndDropsThemAfterStop) {
     constexpr int kThreads = 8, kLines = 1000;
     ASSERT_EQ(InOwnProcess([] {
                   Logger::Get().Start();
@@ -140,10 +140,10 @@ TEST_F(LoggerTest, FatalErrorKeepsACopyShowsTheTextAndThrows) {
     EXPECT_EQ(data.Read(crashLog), data.Read("Vorelle/log.txt"));
 }
 
-TEST_F(LoggerTest, WhateverIsInItsWayCostsOnlyTheLog) {
+TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
     const struct {
         const char* name;
-        std::function<bool()> prepare; ///< in the process; false where it cannot be tried
+        std::function<bool()> prepare; ///< runs in the process; false if not possible
     } rows[] = {
         {"a file for a folder", [this] { return !data.Write("Vorelle", "in the way").empty(); }},
         {"a folder for the log", [this] { return boost::filesystem::create_directories(data / "Vorelle/log.txt"); }},
@@ -153,7 +153,7 @@ TEST_F(LoggerTest, WhateverIsInItsWayCostsOnlyTheLog) {
              return symlink("no/such/file", (data / "Vorelle/log.txt").c_str()) == 0;
          }},
         {"no right", [&] { return chmod(data.path.c_str(), 0555) == 0 && Support::BecomeNobody(); }},
-        {"no room", [this] { return Support::MountSmall(data.path.string(), "16k"); }},
+        {"no space", [this] { return Support::MountSmall(data.path.string(), "16k"); }},
         {"no home", [] { return unsetenv("XDG_DATA_HOME") == 0 && unsetenv("HOME") == 0; }},
         {"a home that is not there",
          [&] {
@@ -173,7 +173,7 @@ TEST_F(LoggerTest, WhateverIsInItsWayCostsOnlyTheLog) {
             const Support::FatalErrorRecorder dialog;
             EXPECT_THROW(Utils::FatalError("A.cpp", 7), std::exception);
             EXPECT_THAT(dialog.texts, ElementsAre(HasSubstr("A.cpp: Line 7\n")));
-            EXPECT_TRUE(boost::filesystem::is_empty(".")) << "it logs where it happens to be";
+            EXPECT_TRUE(boost::filesystem::is_empty(".")) << "it logs to the working directory";
         });
         if (code == Support::kCannotTry)
             std::cout << "[  SKIPPED ] " << row.name << ": not possible with the rights of this process\n";
@@ -184,9 +184,9 @@ TEST_F(LoggerTest, WhateverIsInItsWayCostsOnlyTheLog) {
     }
 }
 
-TEST_F(LoggerTest, GoesOnWhenAFullDiskHasSpaceAgain) {
+TEST_F(LoggerTest, ContinuesWhenAFullDiskHasSpaceAgain) {
     ASSERT_EQ(InOwnProcess([this] {
-                  signal(SIGXFSZ, SIG_IGN); // a write beyond the limit then fails as on a full disk
+                  signal(SIGXFSZ, SIG_IGN); // a write beyond the limit then fails like on a full disk
                   rlimit limit{};
                   getrlimit(RLIMIT_FSIZE, &limit);
                   const rlim_t most = std::exchange(limit.rlim_cur, 100);
@@ -194,7 +194,7 @@ TEST_F(LoggerTest, GoesOnWhenAFullDiskHasSpaceAgain) {
                   Logger::Get().Start();
                   for (int i = 0; i < 10; ++i)
                       Logger::Get().Log("T", i, "no space");
-                  std::this_thread::sleep_for(std::chrono::milliseconds(300)); // three times the writer's poll
+                  std::this_thread::sleep_for(std::chrono::milliseconds(300)); // three polling intervals
                   limit.rlim_cur = most;
                   setrlimit(RLIMIT_FSIZE, &limit);
                   Logger::Get().Log("T", 1, "space again");
@@ -204,8 +204,8 @@ TEST_F(LoggerTest, GoesOnWhenAFullDiskHasSpaceAgain) {
     EXPECT_THAT(LogLines().back(), EndsWith("\t\tT\t\t1\t\tspace again"));
 }
 
-/// With a pipe for a log the writer waits at its start for someone to read.
-TEST_F(LoggerTest, NeverHoldsUpItsCallersAndGivesTheLinesBack) {
+/// If the log is a pipe, the writer waits at its start for a reader.
+TEST_F(LoggerTest, NeverBlocksCallersAndFreesTheLines) {
     constexpr std::size_t kLines = 200'000, kLength = 200;
     boost::filesystem::create_directories(data / "Vorelle");
     ASSERT_EQ(mkfifo((data / "Vorelle/log.txt").c_str(), 0600), 0);
@@ -227,7 +227,7 @@ TEST_F(LoggerTest, NeverHoldsUpItsCallersAndGivesTheLinesBack) {
                   if (Support::kSanitized)
                       return;
                   EXPECT_GT(waiting, kLines * kLength);
-                  EXPECT_LT(mallinfo2().uordblks - before, waiting / 3) << "only the queue's own links stay";
+                  EXPECT_LT(mallinfo2().uordblks - before, waiting / 3) << "only the queue's own nodes stay allocated";
               }),
               0);
 }

@@ -13,9 +13,9 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-TEST(BitmapFileTest, APngComesAsCairoHoldsIt) {
+TEST(BitmapFileTest, APngIsReadInCairosFormat) {
     const Support::TemporaryFolder folder;
-    // Alpha, red, green, blue in a word, premultiplied.
+    // Alpha, red, green, blue in a 32-bit word, premultiplied.
     std::uint32_t pixels[] = {0xFF010203, 0x80400000, 0x00000000, 0x40404040};
     cairo_surface_t* surface =
         cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels), CAIRO_FORMAT_ARGB32, 2, 2, 8);
@@ -24,12 +24,12 @@ TEST(BitmapFileTest, APngComesAsCairoHoldsIt) {
     EXPECT_THAT(Rendering::ReadPngFile(folder / "a.png").Pixels(), ElementsAreArray(pixels));
 }
 
-TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
+TEST(BitmapFileTest, AnUnreadablePngIsOneTransparentPixel) {
     const Support::TemporaryFolder folder;
-#ifndef _WIN32 // where it is one more file that is missing
+#ifndef _WIN32 // there it would be just another missing file
     ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
 #endif
-    // A header that promises 32,767 by 32,767 pixels, for which there is room in cairo and hardly in the machine.
+    // A header of 32,767 by 32,767 pixels, which cairo allows but which hardly fits in memory.
     const std::string vast =
         folder.Write("vast.png", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x7F\xFF\0\0\x7F\xFF", 24));
     for (const std::string& path :
@@ -37,7 +37,7 @@ TEST(BitmapFileTest, APngThatCannotBeReadIsOneTransparentPixel) {
         EXPECT_THAT(Rendering::ReadPngFile(path).Pixels(), ElementsAre(0)) << path;
 }
 
-TEST(BitmapFileTest, AnyNameThatHoldsDdsIsReadAsOneAndADamagedOneIsFatal) {
+TEST(BitmapFileTest, AnyNameContainingDdsIsReadAsDdsAndADamagedFileIsFatal) {
     const Support::TemporaryFolder folder;
     const std::string bytes = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({1, 2, 3, 4}).bytes;
     for (const char* name : {"a.dds", "A.DDS", "a.dds.png", "b.DdS old"})

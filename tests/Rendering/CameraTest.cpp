@@ -12,7 +12,7 @@ constexpr float kQuarter = std::numbers::pi_v<float> / 2.0f;
 struct Row {
     const char* name;
     Vector3 rotation;   ///< pitch, roll, yaw
-    Vector3 fromCamera; ///< in the world's axes
+    Vector3 fromCamera; ///< in world axes
     Vector3 seenAt;     ///< view space: right, up, ahead
 };
 
@@ -27,10 +27,10 @@ const Row kRows[] = {
     {"all three", {kQuarter, kQuarter, kQuarter}, {-1, 0, 0}, {1, 0, 0}},
 };
 
-TEST(CameraTest, SeesTheWorldFromWhereItStandsAndLooks) {
+TEST(CameraTest, TransformsTheWorldByPositionAndRotation) {
     for (const Row& row : kRows) {
         Rendering::Camera camera;
-        camera.SetPosition({1, 2, 3}); // stands at (1, 2, -3) of the world
+        camera.SetPosition({1, 2, 3}); // (1, 2, -3) in the world
         camera.SetRotation(row.rotation);
         const Vector3 seen = Utils::TransformPoint(Vector3(Vector3(1, 2, -3) + row.fromCamera), camera.ViewMatrix());
         EXPECT_LT(Utils::Length(seen - row.seenAt), 1e-5f) << row.name << ": seen at " << seen;

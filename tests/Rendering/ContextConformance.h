@@ -10,7 +10,7 @@
 #include <memory>
 #include <stdexcept>
 
-/// What holds for every Context, whether it draws or not. A device is a class with
+/// Requirements on every Context, whether it draws or not. A device is a class with
 ///     Rendering::Context& Context();
 ///     void MakeCurrent();     the calling thread's operations go to this device from now on
 namespace Conformance {
@@ -98,7 +98,7 @@ TYPED_TEST_P(ContextObjects, RefusesBadDrawParameters) {
     }
     EXPECT_EQ(dialog.texts.size(), 2u);
     this->device->MakeCurrent();
-    EXPECT_NO_THROW(context.ClearBitmap(nullptr, {1, 1, 1, 1})) << "where none need be given";
+    EXPECT_NO_THROW(context.ClearBitmap(nullptr, {1, 1, 1, 1})) << "a missing bitmap is allowed";
     EXPECT_NO_THROW(context.GenerateMips(nullptr));
 }
 

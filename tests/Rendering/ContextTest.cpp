@@ -11,7 +11,7 @@ using Rendering::Memory::NullContext;
 using testing::ElementsAre;
 using Utils::Matrix4;
 
-TEST(ContextTest, ReleasesWhatAnyThreadHandedOverOnceAndInOrder) {
+TEST(ContextTest, ReleasesObjectsOfAnyThreadOnceAndInOrder) {
     NullContext context;
     std::vector<int> released;
     const auto noting = [&](int number) {
@@ -24,13 +24,13 @@ TEST(ContextTest, ReleasesWhatAnyThreadHandedOverOnceAndInOrder) {
     context.DeferRelease(noting(3));
     EXPECT_THAT(released, ElementsAre());
     context.ReleaseDeferred();
-    EXPECT_THAT(released, ElementsAre(1, 2, 3)) << "what an object hands over when it goes waits for the next call";
+    EXPECT_THAT(released, ElementsAre(1, 2, 3)) << "objects deferred by a destructor wait for the next call";
     context.ReleaseDeferred();
     context.ReleaseDeferred();
     EXPECT_THAT(released, ElementsAre(1, 2, 3, 4));
 }
 
-TEST(ContextTest, DrawsTheQueueFromTheFarthestAndEmptiesIt) {
+TEST(ContextTest, DrawsTheQueueFarthestFirstAndEmptiesIt) {
     NullContext context;
     const Matrix4 view = Utils::Translation({0, 0, 10});
     std::vector<int> drawn;

@@ -14,7 +14,7 @@ using Rendering::DdsFault;
 using Rendering::MemBitmap;
 using Support::DdsBuilder;
 
-/// The levels as text: a row a line from the top, a pixel as red, green, blue, alpha in hexadecimal.
+/// The levels as text: one row per line from the top, a pixel as red, green, blue, alpha in hexadecimal.
 std::string Decoded(const std::string& bytes) {
     std::ostringstream text;
     for (const MemBitmap& level : Rendering::DecodeDds(bytes, "a.dds"))
@@ -31,7 +31,7 @@ struct Row {
 };
 
 // Red is F800 and blue 001F in five, six and five bits. The choices of a block's row are a byte, first pixel lowest;
-// E4 chooses 0, 1, 2, 3 from left to right. File rows run from the picture's bottom upwards.
+// E4 chooses 0, 1, 2, 3 from left to right. File rows run from the image's bottom upwards.
 const Row kRows[] = {
     {"BC1, first colour larger: two mixtures of a third each",
      DdsBuilder(4, 1).Code("DXT1").Pixels({0x00, 0xF8, 0x1F, 0x00, 0xE4, 0, 0, 0}).bytes,
@@ -118,7 +118,7 @@ TEST(DdsFileTest, KnowsTheCodesOfTheOldHeader) {
 
 TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
     const struct {
-        const char* fault; ///< what the message must tell
+        const char* fault; ///< what the message must contain
         DdsBuilder file;
     } rows[] = {
         {"not a DDS file", DdsBuilder(8, 8).Word(0, 0)},
@@ -144,7 +144,7 @@ TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
     for (const auto& row : rows) {
         try {
             Rendering::DecodeDds(row.file.bytes, "x/a.dds");
-            ADD_FAILURE() << "taken in spite of: " << row.fault;
+            ADD_FAILURE() << "accepted despite: " << row.fault;
         } catch (const DdsFault& fault) {
             const std::string text = fault.what();
             EXPECT_TRUE(text.starts_with("x/a.dds: ") && text.find(row.fault) != std::string::npos) << text;
@@ -153,7 +153,7 @@ TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
     EXPECT_THROW(Rendering::ReadDdsFile("no/such.dds"), DdsFault);
 }
 
-TEST(DdsFileTest, SurvivesCutAndBentFiles) {
+TEST(DdsFileTest, SurvivesTruncatedAndCorruptedFiles) {
     std::minstd_rand random(1);
     for (const Row& row : kRows) {
         for (std::size_t length = 0; length < row.bytes.size(); ++length)

@@ -19,7 +19,7 @@ std::vector<GeometryVertex> Load(const std::string& path) {
     return dynamic_cast<const Rendering::Memory::MemoryGeometry&>(*geometry).vertices;
 }
 
-TEST(GeometryLoaderTest, ReadsTrianglesAsTheyStand) {
+TEST(GeometryLoaderTest, ReadsTrianglesUnchanged) {
     const Support::TemporaryFolder folder;
     const auto vertices = Load(folder.Write(
         "mesh.obj", "# a comment\r\no thing\nvn 0 0 -1\nvn\t1 0 0\nv 1 2 -3.5e0\nv +4 5 6\r\n  v 7 8 9\nvt .25 .75\n"
@@ -36,7 +36,7 @@ TEST(GeometryLoaderTest, ReadsTrianglesAsTheyStand) {
     EXPECT_EQ(vertices[1].blendWeights, (std::array{1.0f, 0.0f, 0.0f, 0.0f}));
 }
 
-TEST(GeometryLoaderTest, AFaceThatNamesNoEntryThrowsAndSaysWhere) {
+TEST(GeometryLoaderTest, AFaceWithAnInvalidIndexThrowsWithItsLocation) {
     const Support::TemporaryFolder folder;
     const std::string lists = "v 1 2 3\nvt 0 0\nvn 0 0 1\n";
     for (const char* face : {"f 0/1/1 1/1/1 1/1/1", "f 1/1/1 2/1/1 1/1/1", "f 1/1/1 1/2/1 1/1/1",
@@ -81,7 +81,7 @@ TEST(DataFilesTest, TheMarkerSphereIsClosedRoundAndFacesOutwards) {
         EXPECT_GT((b - a).cross(c - a).dot(a + b + c), 0.0f) << "triangle " << i / 3 << " is flat or turned inwards";
         EXPECT_LT(Utils::Length(vertices[i].normal - a / kRadius), 1e-5f) << "and its first corner is on the sphere";
     }
-    // A closed surface has its volume; 4/3 pi for the round one, a little less for its facets.
+    // A closed surface has a volume: 4/3 pi for the sphere, a little less because of its facets.
     EXPECT_NEAR(volume / (kRadius * kRadius * kRadius), 4.18879, 0.06);
 }
 

@@ -12,14 +12,14 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// The pixels that a bitmap of another size has afterwards.
+/// The pixels of a bitmap that had another size before.
 std::vector<std::uint32_t> PixelsOf(cairo_surface_t* surface) {
     Rendering::MemBitmap target(7, 7);
     Rendering::FromCairoSurface(target, surface);
     return {target.Pixels().begin(), target.Pixels().end()};
 }
 
-TEST(ImagesTest, CopiesTheRowsOfASurfaceWithoutTheirGaps) {
+TEST(ImagesTest, CopiesTheRowsOfASurfaceWithoutPadding) {
     std::uint32_t rows[2][16] = {{1, 2, 0xEE}, {3, 4, 0xEE}};
     cairo_surface_t* surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(rows),
                                                                    CAIRO_FORMAT_ARGB32, 2, 2, sizeof(rows[0]));
@@ -28,20 +28,24 @@ TEST(ImagesTest, CopiesTheRowsOfASurfaceWithoutTheirGaps) {
 }
 
 TEST(ImagesTest, ASurfaceWithoutASizeIsOneTransparentPixelAndTooShortRowsAreFatal) {
-    const Support::TemporaryFolder data;
-    const auto readOdd = [&] {
-        setenv("XDG_DATA_HOME", data.path.c_str(), 1);
-        Logging::Logger::Get().Start();
-        EXPECT_THAT(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 5)), ElementsAre(0));
-        EXPECT_THAT(PixelsOf(cairo_image_surface_create_from_png("no/such.png")), ElementsAre(0));
-        const Support::FatalErrorRecorder dialog;
-        EXPECT_THROW(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_A8, 9, 2)), std::exception); // one byte a pixel
-        EXPECT_EQ(dialog.texts.size(), 1u);
+    const auto readOdd = [] {
+        {
+            const Support::TemporaryFolder data;
+            setenv("XDG_DATA_HOME", data.path.c_str(), 1);
+            Logging::Logger::Get().Start();
+            EXPECT_THAT(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 5)), ElementsAre(0));
+            EXPECT_THAT(PixelsOf(cairo_image_surface_create_from_png("no/such.png")), ElementsAre(0));
+            const Support::FatalErrorRecorder dialog;
+            EXPECT_THROW(PixelsOf(cairo_image_surface_create(CAIRO_FORMAT_A8, 9, 2)),
+                         std::exception); // one byte a pixel
+            EXPECT_EQ(dialog.texts.size(), 1u);
+            EXPECT_THAT(data.Read("Vorelle/log.txt"), HasSubstr("\t\tInvalid Bitmap from Cairo\n"));
+        }
         std::_Exit(testing::Test::HasFailure() ? 1 : 0);
     };
-    // In a process of its own, as a fatal error ends the log, of which there is one a process.
+    // In a new process, because a fatal error ends the one log of a process, and an earlier test may have done so.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(readOdd(), testing::ExitedWithCode(0), "");
-    EXPECT_THAT(data.Read("Vorelle/log.txt"), HasSubstr("\t\tInvalid Bitmap from Cairo\n"));
 }
 
 } // namespace

@@ -9,7 +9,7 @@ namespace {
 using Rendering::MemBitmap;
 using testing::ElementsAre;
 
-TEST(MemBitmapTest, KeepsRowsOfPixelsAndRefusesNoSize) {
+TEST(MemBitmapTest, KeepsRowsOfPixelsAndRejectsSizeZero) {
     MemBitmap bitmap(1, 2), target(5, 5);
     bitmap.SetPixel(0, 0, 1, 2, 3, 4);
     bitmap.SetPixel(0, 1, 0xFF, 0, 0x80, 0x7F);
@@ -19,7 +19,7 @@ TEST(MemBitmapTest, KeepsRowsOfPixelsAndRefusesNoSize) {
     EXPECT_THROW(bitmap.Resize(0, 4), std::exception);
     EXPECT_THROW(MemBitmap(4, 0), std::exception);
     EXPECT_EQ(dialog.texts.size(), 2u);
-    EXPECT_THAT(bitmap.Pixels(), ElementsAre(0x04030201, 0x7F8000FF)) << "a refused size leaves the bitmap as it was";
+    EXPECT_THAT(bitmap.Pixels(), ElementsAre(0x04030201, 0x7F8000FF)) << "a rejected size leaves the bitmap unchanged";
     bitmap.CopySwappingRedBlue(bitmap);
     EXPECT_THAT(bitmap.Pixels(), ElementsAre(0x04010203, 0x7FFF0080)) << "to itself";
     bitmap.Resize(2, 1);

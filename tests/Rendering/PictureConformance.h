@@ -13,13 +13,13 @@
 #include <memory>
 #include <numbers>
 
-/// What every device that draws must show: small targets are drawn, read back and compared as pictures, whose letters
-/// are fields of 9 by 9 pixels, so that no filter reaches from the neighbours to the middle. A device is a
+/// Requirements on every device that draws: small targets are drawn, read back and compared as text images, whose
+/// letters are fields of 9 by 9 pixels, so that no filter reaches from the neighbours to the middle. A device is a
 /// class as for ContextObjects, with
 ///     void Begin(Size size);                  a frame of that size is the target, black and transparent, depth 1
-///     MemBitmap ReadFrame();                  the frame's picture; red, green, blue, alpha, top row first
-///     MemBitmap Read(GPUBitmap& bitmap);      a bitmap's picture
-///     kDropsMipLevelsOfFiles                  only where a picture from a file shows without its smaller levels
+///     MemBitmap ReadFrame();                  the frame's image; red, green, blue, alpha, top row first
+///     MemBitmap Read(GPUBitmap& bitmap);      a bitmap's image
+///     kDropsMipLevelsOfFiles                  only if an image from a file is drawn without its smaller levels
 namespace Conformance {
 
 using Rendering::GeometryDrawParams;
@@ -43,7 +43,7 @@ inline Vertices Rectangle(Vector2 lowerLeft, Vector2 upperRight, float z = 0.5f,
     return {corner(0, 0), corner(0, 1), corner(1, 1), corner(1, 1), corner(1, 0), corner(0, 0)};
 }
 
-constexpr std::uint32_t kField = 9; ///< pixels a side
+constexpr std::uint32_t kField = 9; ///< pixels per side
 
 constexpr Rendering::Size InFields(Rendering::Size fields) {
     return {fields.width * kField, fields.height * kField};
@@ -53,7 +53,7 @@ inline Vertices FullView(float z = 0.5f) {
     return Rectangle({-1, -1}, {1, 1}, z);
 }
 
-/// Draws once, in a colour without light.
+/// Draws once, in an unlit colour.
 inline GeometryDrawParams Flat(Vector3 colour = {1, 1, 1}) {
     GeometryDrawParams params;
     params.leftEye = params.rightEye = false;
@@ -63,7 +63,7 @@ inline GeometryDrawParams Flat(Vector3 colour = {1, 1, 1}) {
     return params;
 }
 
-/// The first pixel: red, green, blue, alpha, each give or take 2.
+/// The first pixel: red, green, blue, alpha, tolerance 2 each.
 inline void ExpectPixel(const Rendering::MemBitmap& bitmap, std::array<int, 4> wanted, const char* name) {
     const std::uint32_t pixel = bitmap.Pixels()[0];
     for (int channel = 0; channel < 4; ++channel)
@@ -108,7 +108,7 @@ protected:
 TYPED_TEST_SUITE_P(ContextPictures);
 
 TYPED_TEST_P(ContextPictures, DrawsATriangleOfEitherWinding) {
-    Vertices triangle(3); // the centres of ten pixels lie below its long side
+    Vertices triangle(3); // the centres of ten pixels are below its long side
     triangle[0].position = {-1, -1, 0.5f};
     triangle[1].position = {-1, 1.25f, 0.5f};
     triangle[2].position = {1.25f, -1, 0.5f};
@@ -120,7 +120,7 @@ TYPED_TEST_P(ContextPictures, DrawsATriangleOfEitherWinding) {
     }
 }
 
-TYPED_TEST_P(ContextPictures, TransformsByWorldThenViewThenProjectionAndClipsDepthAtNoughtAndOne) {
+TYPED_TEST_P(ContextPictures, TransformsByWorldThenViewThenProjectionAndClipsDepthAtZeroAndOne) {
     this->Begin({4, 4});
     this->Draw(Utils::Translation({1, 0, 0}), Utils::Scaling(0.5f), this->same, FullView(), Flat());
     EXPECT_EQ(this->Frame(), "....\n..WW\n..WW\n....\n") << "(x + 1) / 2, not x / 2 + 1";
@@ -136,7 +136,7 @@ TYPED_TEST_P(ContextPictures, TransformsByWorldThenViewThenProjectionAndClipsDep
     }
 }
 
-TYPED_TEST_P(ContextPictures, KeepsDepthOrderAsItsSwitchesSay) {
+TYPED_TEST_P(ContextPictures, TestsAndWritesDepthAsRequested) {
     struct Row {
         const char* name;
         float firstDepth, secondDepth;
@@ -173,7 +173,7 @@ TYPED_TEST_P(ContextPictures, BlendsByOpacityAndTheTexturesAlpha) {
         float opacity;
         std::array<int, 4> pixel;
     };
-    // Blue with half an alpha is drawn on red. The alpha that is written is the source's alone.
+    // Blue with alpha 0.5 is drawn on red. The written alpha is the source's only.
     const auto half = this->Make("W\n", 128);
     for (const Row& row : {Row{"no blending", false, false, 0.5f, {0, 0, 255, 128}},
                            Row{"blending takes both", true, false, 0.5f, {191, 0, 64, 64}},
@@ -191,7 +191,7 @@ TYPED_TEST_P(ContextPictures, BlendsByOpacityAndTheTexturesAlpha) {
     }
 }
 
-TYPED_TEST_P(ContextPictures, TexturesStandUprightAndWrap) {
+TYPED_TEST_P(ContextPictures, TexturesAreUprightAndWrap) {
     const auto texture = this->Make("RG\nBW\n");
     this->Begin({2, 2});
     this->Draw(FullView(), Flat(), texture.get());
@@ -201,7 +201,7 @@ TYPED_TEST_P(ContextPictures, TexturesStandUprightAndWrap) {
     EXPECT_EQ(this->Frame(), "RGRG\nBWBW\nRGRG\nBWBW\n");
     this->Begin({2, 1});
     this->Draw(FullView(), Flat({0, 1, 1}));
-    EXPECT_EQ(this->Frame(), "CC\n") << "white where no bitmap is given";
+    EXPECT_EQ(this->Frame(), "CC\n") << "white without a bitmap";
 }
 
 TYPED_TEST_P(ContextPictures, LightsASurfaceByItsColourTerms) {
@@ -225,13 +225,13 @@ TYPED_TEST_P(ContextPictures, LightsASurfaceByItsColourTerms) {
         this->Draw(Rectangle({-1, -1}, {1, 1}, 0.5f, {1, 1}, row.normal), params);
         ExpectPixel(this->device->ReadFrame(), row.pixel, row.name);
     }
-    // A quarter turn about z carries the world's (0.48, -0.36, -0.8) to the view's direction of the light.
+    // A quarter turn about z maps the world's (0.48, -0.36, -0.8) to the light's direction in the view.
     this->Begin({1, 1});
     GeometryDrawParams params = Flat({0, 0, 0});
     params.secondColour = {1, 1, 1};
     this->Draw(this->same, Utils::RotationZ(std::numbers::pi_v<float> / 2), this->same,
                Rectangle({-1, -1}, {1, 1}, 0.5f, {1, 1}, {0.48f, -0.36f, -0.8f}), params);
-    EXPECT_EQ(this->Frame(), "W\n") << "the light stands in the view";
+    EXPECT_EQ(this->Frame(), "W\n") << "the light is fixed in view space";
     params.secondColour = {0, 0, 0};
     params.fourthColour = {1, 1, 0};
     params.shaderParam2 = 2;
@@ -260,7 +260,7 @@ TYPED_TEST_P(ContextPictures, EffectsDoWhatTheirNamesSay) {
                 << effect << (blend ? ", blending" : "");
     const auto picture = this->Make("RGBW\n");
     const auto halfToTheRight = [](auto& params) { params.matrices[0] = Utils::Translation({0.5f, 0, 0}); };
-    EXPECT_EQ(draw("timewarp", *picture, halfToTheRight), "GBWW\n") << "the edge goes on";
+    EXPECT_EQ(draw("timewarp", *picture, halfToTheRight), "GBWW\n") << "the edge is extended";
     EXPECT_EQ(draw("timewarp_textureclip", *picture, halfToTheRight), "GBW.\n") << "nothing beyond the edge";
     const auto greys = this->Make("gW\n");
     EXPECT_EQ(draw("levels_adjust", *greys, [](auto& params) { params.thirdColour = {0.5f, 0.5f, 0.5f}; }), ".W\n");
@@ -282,14 +282,14 @@ TYPED_TEST_P(ContextPictures, EffectsDoWhatTheirNamesSay) {
     const auto wide = this->Make("WWWWW\nWWWWW\nWWWWW\n");
     const auto fade = [](auto& params) {
         params.blend = true;
-        params.shaderParam2 = 2.0f; // from nothing at the edge to all at a half
+        params.shaderParam2 = 2.0f; // from transparent at the edge to opaque in the middle
     };
     EXPECT_EQ(draw("EdgeBlend", *wide, fade), "<333333><555555><555555><555555><333333>\n"
                                               "<333333><999999>W<999999><333333>\n"
                                               "<333333><555555><555555><555555><333333>\n");
 }
 
-TYPED_TEST_P(ContextPictures, MatricesMoveTheVerticesThatNameThem) {
+TYPED_TEST_P(ContextPictures, MatricesMoveTheVerticesThatReferenceThem) {
     Vertices leftHalf = Rectangle({-1, -1}, {0, 1});
     for (GeometryVertex& vertex : leftHalf)
         vertex.blendIndices = {98, 1, 0, 0};
@@ -333,10 +333,10 @@ TYPED_TEST_P(ContextPictures, DrawsToTheHalvesOfBothEyesOrOnce) {
     unknown.effect = "nothing";
     EXPECT_THROW(this->Draw(FullView(), unknown), std::out_of_range);
     this->Draw(FullView(), Flat());
-    EXPECT_EQ(this->Frame(), "WWWW\n") << "the viewport is the whole again, even after a refused draw";
+    EXPECT_EQ(this->Frame(), "WWWW\n") << "the whole viewport is restored, even after a rejected draw";
 }
 
-TYPED_TEST_P(ContextPictures, ShrunkTexturesShowTheirMipLevels) {
+TYPED_TEST_P(ContextPictures, MinifiedTexturesShowTheirMipLevels) {
     const auto board = this->Context().CreateBitmap(Support::Bitmap(".W.W\nW.W.\n.W.W\nW.W.\n"));
     const auto shrunk = [&] {
         this->device->Begin({1, 1});
@@ -369,7 +369,7 @@ TYPED_TEST_P(ContextPictures, DrawsToABitmapUntilItIsRestored) {
     { const auto lock = this->Context().BeginRenderToTexture(*target, false); }
     this->Begin({2, 2});
     this->Draw(FullView(), Flat(), target.get());
-    EXPECT_EQ(this->Frame(), "RB\nBB\n") << "what was drawn stands upright as a texture";
+    EXPECT_EQ(this->Frame(), "RB\nBB\n") << "drawn content is upright as a texture";
     for (const bool sharesTheFramesDepth : {true, false}) {
         this->Begin({2, 2});
         this->Draw(Rectangle({-1, -1}, {0, 1}, 0.2f), Flat());
@@ -380,7 +380,7 @@ TYPED_TEST_P(ContextPictures, DrawsToABitmapUntilItIsRestored) {
     }
 }
 
-TYPED_TEST_P(ContextPictures, CopiesWholesRegionsAndResolvesSamples) {
+TYPED_TEST_P(ContextPictures, CopiesBitmapsAndRegionsAndResolvesSamples) {
     const auto source = this->Make("RGB\nCMY\n");
     const auto target = this->MakeTarget({3, 2});
     this->Context().CopyBitmap(*target, *source);
@@ -390,10 +390,10 @@ TYPED_TEST_P(ContextPictures, CopiesWholesRegionsAndResolvesSamples) {
     EXPECT_EQ(this->PictureOf(*target), "MYW\nWWW\n") << "from the region's top left to the target's";
     for (const Rendering::Size origin : {Rendering::Size{2, 0}, {3, 0}})
         this->Context().CopyBitmapRegion(*target, *source, InFields(origin), InFields({5, 5}));
-    EXPECT_EQ(this->PictureOf(*target), "BYW\nYWW\n") << "what lies outside the source is left out";
+    EXPECT_EQ(this->PictureOf(*target), "BYW\nYWW\n") << "pixels outside the source are skipped";
     const auto small = this->MakeTarget({1, 1});
     this->Context().CopyBitmap(*small, *source);
-    EXPECT_EQ(this->PictureOf(*small), "R\n") << "and what does not fit";
+    EXPECT_EQ(this->PictureOf(*small), "R\n") << "and pixels that do not fit";
 
     const auto sampled = this->MakeTarget({3, 2}, 4);
     this->Context().ClearBitmap(sampled.get(), {0, 0, 0, 1});
@@ -406,7 +406,8 @@ TYPED_TEST_P(ContextPictures, CopiesWholesRegionsAndResolvesSamples) {
     this->Context().CopyBitmapRegion(*small, *sampled, InFields({1, 0}), InFields({1, 1}));
     EXPECT_EQ(this->PictureOf(*small), "g\n");
     const Support::FatalErrorRecorder dialog;
-    EXPECT_THROW(this->Draw(FullView(), Flat(), sampled.get()), std::exception) << "programs read no samples";
+    EXPECT_THROW(this->Draw(FullView(), Flat(), sampled.get()), std::exception)
+        << "shaders cannot read multisampled bitmaps";
     EXPECT_THROW(this->DrawBitmap(*sampled, {}), std::exception);
     EXPECT_EQ(dialog.texts.size(), 2u);
 }
@@ -439,7 +440,7 @@ TYPED_TEST_P(ContextPictures, DrawsABitmapOnARectangle) {
     params.effect = "sobel";
     this->Begin({2, 1});
     this->DrawBitmap(*edge, params);
-    EXPECT_EQ(this->Frame(), "..\n") << "a field's middle is no edge";
+    EXPECT_EQ(this->Frame(), "..\n") << "the middle of a field is not an edge";
     const Rendering::MemBitmap frame = this->device->ReadFrame();
     for (const std::size_t besideTheEdge : {kField - 1, kField})
         EXPECT_GT(frame.Pixels()[besideTheEdge] & 255, 128u);
@@ -452,7 +453,7 @@ TYPED_TEST_P(ContextPictures, BlendsAndHidesRectanglesLikeGeometry) {
     RectDrawParams params;
     params.mode = 2;
     this->DrawBitmap(*white, params);
-    EXPECT_EQ(this->Frame(), "R\n") << "it lies behind";
+    EXPECT_EQ(this->Frame(), "R\n") << "it is behind";
     params.depthTest = false;
     params.blend = true;
     params.colour = {0, 0, 1, 0.5f};
@@ -460,7 +461,7 @@ TYPED_TEST_P(ContextPictures, BlendsAndHidesRectanglesLikeGeometry) {
     ExpectPixel(this->device->ReadFrame(), {191, 0, 64, 64}, "a quarter of blue");
 }
 
-TYPED_TEST_P(ContextPictures, StraightensACameraImage) {
+TYPED_TEST_P(ContextPictures, UndistortsACameraImage) {
     const std::uint8_t grey[] = {0, 128, 255, 255};
     const auto straightened = [&](std::span<const float> map) {
         return Support::Picture(
@@ -472,9 +473,9 @@ TYPED_TEST_P(ContextPictures, StraightensACameraImage) {
     EXPECT_EQ(straightened(turned), "W<000080>\ng<000080>\n") << "dark blue where the map points outside";
 }
 
-TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
+TYPED_TEST_P(ContextPictures, LoadsImagesUprightWithCorrectColours) {
     const Support::TemporaryFolder folder;
-    // The writer takes red first, where the bitmap has blue.
+    // The writer expects red first, the bitmap has blue first.
     const auto png = this->Context().LoadBitmap(folder.Write("a.png", Rendering::ToPng(Support::Bitmap("BG\nRW\n"))));
     EXPECT_EQ(Support::Picture(this->device->Read(*png)), "RG\nBW\n");
     unsigned char halfRed[] = {0, 0, 64, 128}; // blue, green, red, alpha; premultiplied
@@ -483,7 +484,7 @@ TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
     cairo_surface_destroy(surface);
     ExpectPixel(this->device->Read(*this->Context().LoadBitmap(folder / "half.png")), {64, 0, 0, 128}, "premultiplied");
 
-    // The file's first row is the picture's bottom; its second level is green.
+    // The file's first row is the image's bottom row; its second level is green.
     auto file = Support::DdsBuilder(2 * kField, 2 * kField).Plain(0xFF, 0xFF00, 0xFF0000, 0).Word(28, 2);
     for (std::uint32_t y = 0; y < 2 * kField; ++y)
         for (std::uint32_t x = 0; x < 2 * kField; ++x)
@@ -500,13 +501,13 @@ TYPED_TEST_P(ContextPictures, LoadsPicturesUprightInTheirColours) {
 }
 
 REGISTER_TYPED_TEST_SUITE_P(ContextPictures, DrawsATriangleOfEitherWinding,
-                            TransformsByWorldThenViewThenProjectionAndClipsDepthAtNoughtAndOne,
-                            KeepsDepthOrderAsItsSwitchesSay, BlendsByOpacityAndTheTexturesAlpha,
-                            TexturesStandUprightAndWrap, LightsASurfaceByItsColourTerms, EffectsDoWhatTheirNamesSay,
-                            MatricesMoveTheVerticesThatNameThem, DrawsToTheHalvesOfBothEyesOrOnce,
-                            ShrunkTexturesShowTheirMipLevels, DrawsToABitmapUntilItIsRestored,
-                            CopiesWholesRegionsAndResolvesSamples, DrawsABitmapOnARectangle,
-                            BlendsAndHidesRectanglesLikeGeometry, StraightensACameraImage,
-                            LoadsPicturesUprightInTheirColours);
+                            TransformsByWorldThenViewThenProjectionAndClipsDepthAtZeroAndOne,
+                            TestsAndWritesDepthAsRequested, BlendsByOpacityAndTheTexturesAlpha,
+                            TexturesAreUprightAndWrap, LightsASurfaceByItsColourTerms, EffectsDoWhatTheirNamesSay,
+                            MatricesMoveTheVerticesThatReferenceThem, DrawsToTheHalvesOfBothEyesOrOnce,
+                            MinifiedTexturesShowTheirMipLevels, DrawsToABitmapUntilItIsRestored,
+                            CopiesBitmapsAndRegionsAndResolvesSamples, DrawsABitmapOnARectangle,
+                            BlendsAndHidesRectanglesLikeGeometry, UndistortsACameraImage,
+                            LoadsImagesUprightWithCorrectColours);
 
 } // namespace Conformance

@@ -9,7 +9,7 @@
 namespace Sim {
 namespace {
 
-TEST(AcfFile, FindsTheKeyOfAPropertyLineAlone) {
+TEST(AcfFile, FindsKeysOnlyInPropertyLines) {
     using namespace std::string_literals;
     const struct {
         std::string text, value;
@@ -33,16 +33,16 @@ TEST(AcfFile, FindsTheKeyOfAPropertyLineAlone) {
         EXPECT_EQ(LastAcfProperty(row.text, "key"), row.value) << row.text;
 }
 
-TEST(AcfFile, GivesEachLineOfAKeyInOrder) {
+TEST(AcfFile, ReturnsEachLineOfAKeyInOrder) {
     std::vector<std::string> values;
     ForEachAcfProperty("P key 1\nP key\nP other 2\nP key 3 4\nP key key", "key",
                        [&](std::string_view value) { values.emplace_back(value); });
     EXPECT_EQ(values, (std::vector<std::string>{"1", "3 4", "key"}));
 }
 
-TEST(AcfFile, IsLinearInKeysThatAreNone) {
+TEST(AcfFile, IsLinearInFalseMatches) {
     std::string text;
-    for (int i = 0; i < (Support::kSanitized ? 1'000 : 1'000'000); ++i) // a sanitizer reads all the text at each search
+    for (int i = 0; i < (Support::kSanitized ? 1'000 : 1'000'000); ++i) // with a sanitizer each search reads all text
         text += " key";
     EXPECT_EQ(LastAcfProperty(text, "key"), "");
     EXPECT_EQ(LastAcfProperty("P key" + text, "key").size(), text.size() - 1);

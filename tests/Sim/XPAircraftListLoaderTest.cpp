@@ -22,7 +22,7 @@ Names NamesIn(const Support::TemporaryFolder& installation) {
     return names;
 }
 
-TEST(XPAircraftListLoader, FindsFilesThreeLevelsDownAlone) {
+TEST(XPAircraftListLoader, FindsOnlyFilesThreeLevelsDown) {
     const Support::TemporaryFolder folder;
     EXPECT_EQ(NamesIn(folder), Names());
     for (const char* elsewhere :
@@ -57,7 +57,7 @@ TEST(XPAircraftListLoader, KeepsTheOrderInWhichFoldersListTheirEntries) {
     EXPECT_EQ(found, wanted);
 }
 
-TEST(XPAircraftListLoader, FollowsLinksAndPassesOverThoseThatLeadNowhere) {
+TEST(XPAircraftListLoader, FollowsLinksAndSkipsDanglingOnes) {
     const Support::TemporaryFolder folder;
     const std::string plane = folder.Write("Hangar/Plane/p.acf", "P acf/_descrip Linked");
     fs::create_directories(folder / "Aircraft/G/Own");

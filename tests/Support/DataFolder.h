@@ -5,8 +5,8 @@
 
 namespace Support {
 
-/// Binds the process's relative data paths, which stay with the first working directory that is asked for one, to a
-/// folder with a marker mesh of one triangle and the devices' programs. Every test that draws a preview calls it first.
+/// Fixes the process's relative data paths, which keep the working directory of their first use, to a folder with a
+/// marker mesh of one triangle and the devices' shaders. Every test that draws a preview calls it first.
 inline void BindDataFolder() {
     static const TemporaryFolder folder;
     static const std::string bound = [] {

@@ -7,7 +7,7 @@
 
 namespace Support {
 
-/// Makes a DDS file: a header whose fields can be changed one by one, and the bytes of pixels after it.
+/// Builds a DDS file: a header whose fields can be changed one by one, followed by the bytes of the pixels.
 class DdsBuilder {
 public:
     DdsBuilder(std::uint32_t width, std::uint32_t height) : bytes(128, '\0') {
@@ -26,13 +26,13 @@ public:
         bytes.replace(84, 4, fourCC);
         return *this;
     }
-    /// The header's DX10 part: the format of the DXGI numbering, an image of two dimensions.
+    /// The header's DX10 part: a DXGI format and a two-dimensional image.
     DdsBuilder& Extended(std::uint32_t format) {
         Code("DX10");
         bytes.resize(148, '\0');
         return Word(128, format).Word(132, 3).Word(140, 1);
     }
-    /// Pixels that are not compressed, with the channels' masks. No mask for alpha: the flag for alpha is not set.
+    /// Uncompressed pixels with the channels' masks. Without a mask for alpha, the flag for alpha is not set.
     DdsBuilder& Plain(std::uint32_t red, std::uint32_t green, std::uint32_t blue, std::uint32_t alpha,
                       std::uint32_t bits = 32) {
         Word(80, alpha ? 0x41 : 0x40).Word(88, bits);

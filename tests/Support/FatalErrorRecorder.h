@@ -7,7 +7,7 @@
 
 namespace Support {
 
-/// Takes the place of the fatal error dialog for the length of a scope and keeps what it was given.
+/// Replaces the fatal error dialog for a scope and records its texts.
 class FatalErrorRecorder {
 public:
     FatalErrorRecorder()

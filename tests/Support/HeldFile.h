@@ -9,13 +9,13 @@
 
 namespace Support {
 
-/// A file whose opening by another process waits until this object lets go of it, by a lease of the kernel's. Where
-/// there are no leases, IsHeld is false.
+/// A file that other processes cannot open until this object releases it, by a kernel lease. If leases are not
+/// supported, IsHeld is false.
 class HeldFile : Utils::NonAssignable {
 public:
     explicit HeldFile(const std::string& path) {
         sigemptyset(&asked);
-        sigaddset(&asked, SIGIO); // which tells that another process waits
+        sigaddset(&asked, SIGIO); // signals that another process waits
         sigprocmask(SIG_BLOCK, &asked, nullptr);
         descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
         held = fcntl(descriptor, F_SETLEASE, F_WRLCK) == 0;
@@ -23,7 +23,7 @@ public:
     ~HeldFile() { LetGo(); }
 
     bool IsHeld() const { return held; }
-    /// Returns true once another process waits for the file, false when none comes for a minute.
+    /// Returns true once another process waits for the file, false after a minute.
     bool AwaitReader() const {
         const timespec minute{60, 0};
         while (fcntl(descriptor, F_GETLEASE) == F_WRLCK)

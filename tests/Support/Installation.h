@@ -25,7 +25,7 @@ public:
         return Aircraft(folder, displayName);
     }
 
-    /// The annotation file of the aircraft in a folder of that name, holding these "Override" elements.
+    /// Writes the annotation file, with these "Override" elements, of the aircraft in a folder of that name.
     void Annotations(const std::string& folderStem, const std::string& overrides) const {
         Write("QVRA/Annotations/" + folderStem + ".xml", "<Overrides>" + overrides + "</Overrides>");
     }

@@ -13,7 +13,7 @@ inline CockpitMaker MakerOf(CockpitModel::ModelData model) {
     return [model = std::move(model)] { return std::make_unique<ModelCockpit>(model); };
 }
 
-/// An aircraft whose cockpit a test makes.
+/// An aircraft with a cockpit built by a test.
 struct MadeAircraft final : Sim::AircraftInfo {
     MadeAircraft(const std::string& name, const std::string& folder, CockpitMaker maker) : make(std::move(maker)) {
         displayName = name;

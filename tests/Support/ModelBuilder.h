@@ -46,8 +46,8 @@ inline CockpitModel::ModelAnimation Animation(const std::string& name, std::vect
     return animation;
 }
 
-/// Builds a model of the form that the OBJ converter makes: node 0 is the root, every further node hangs below the one
-/// that its maker names, and each part is a triangle list of its own corners.
+/// Builds a model like those of the OBJ converter: node 0 is the root, every further node is added below a given one,
+/// and each part is a triangle list of its own corners.
 class ModelBuilder {
 public:
     ModelBuilder() {
@@ -107,7 +107,7 @@ public:
         return model.parts.back();
     }
 
-    /// Gives the last part a rectangle with a callback type.
+    /// Adds a rectangle with a callback type to the last part.
     CockpitModel::MouseRect& Rect(std::uint32_t callbackType) {
         model.mouseRects.push_back(std::make_shared<CockpitModel::MouseRect>());
         model.mouseRects.back()->CallbackType = callbackType;
@@ -133,7 +133,7 @@ private:
     }
 };
 
-/// A cockpit that gives out copies of a model.
+/// A cockpit that returns copies of a model.
 struct ModelCockpit final : CockpitModel::AircraftCockpit {
     explicit ModelCockpit(CockpitModel::ModelData source = {}) : model(std::move(source)) {}
     bool IsValid() const override { return isValid; }

@@ -7,12 +7,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-/// Processes that a test may change for good: their rights, their file systems, their one log.
+/// Processes that a test may change permanently: their permissions, their file systems, their log.
 namespace Support {
 
 constexpr int kCannotTry = 77;
 
-/// A process that ends with the function's result, or by a signal where it throws.
+/// Runs a function in a new process that exits with its result, or by a signal if it throws.
 inline pid_t Fork(const std::function<int()>& run) {
     const pid_t child = fork();
     if (child == 0)
@@ -20,20 +20,20 @@ inline pid_t Fork(const std::function<int()>& run) {
     return child;
 }
 
-/// Waits for a process; -1 for one that a signal ended.
+/// Waits for a process; -1 if a signal ended it.
 inline int ExitCode(pid_t child) {
     int status = 0;
     waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// Gives up the rights of root, which needs none. False where that is not allowed.
+/// Drops root privileges, which bypass file permissions. False if that is not allowed.
 inline bool BecomeNobody() {
     constexpr uid_t kNobody = 65534;
     return geteuid() != 0 || setresuid(kNobody, kNobody, kNobody) == 0;
 }
 
-/// Lays an empty file system over a folder for this process alone. False where that is not allowed.
+/// Mounts an empty file system over a folder for this process only. False if that is not allowed.
 inline bool MountSmall(const std::string& folder, const char* size) {
     if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
         return false;

@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-/// Small pictures as text, so that a test lays out what it draws and what it expects: a line a row from the top, a
-/// letter a pixel.
+/// Small images as text, so that a test shows what it draws and what it expects: one line per row from the top, one
+/// letter per pixel.
 namespace Support {
 
 struct NamedColour {
@@ -22,9 +22,9 @@ inline constexpr NamedColour kNamedColours[] = {
     {'Y', {255, 255, 0}}, {'C', {0, 255, 255}},   {'M', {255, 0, 255}}, {'g', {128, 128, 128}},
 };
 
-/// The picture of red, green, blue, alpha pixels without its alpha. A colour that has no letter, give or take 2, is
-/// written out in hexadecimal. With a `field` above 1, each letter stands for a square of that many pixels and is the
-/// colour in its middle.
+/// The text of an image of red, green, blue, alpha pixels, without its alpha. A colour without a letter (tolerance 2)
+/// is written in hexadecimal. With a `field` above 1, each letter is the colour in the middle of a square with sides of
+/// that many pixels.
 inline std::string Picture(const Rendering::MemBitmap& bitmap, std::uint64_t field = 1) {
     const auto letterOf = [](std::uint32_t pixel) -> std::string {
         for (const auto& [letter, colour] : kNamedColours) {
@@ -47,7 +47,7 @@ inline std::string Picture(const Rendering::MemBitmap& bitmap, std::uint64_t fie
     return text;
 }
 
-/// The bitmap of such a picture, for CreateBitmap: blue, green, red and an alpha for all.
+/// The bitmap of such a text, for CreateBitmap: blue, green, red and one alpha for all pixels.
 inline Rendering::MemBitmap Bitmap(std::string_view picture, std::uint64_t field = 1, std::uint8_t alpha = 255) {
     const std::size_t columns = picture.find('\n');
     Rendering::MemBitmap bitmap(field * columns, field * picture.size() / (columns + 1));

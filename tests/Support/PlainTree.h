@@ -29,7 +29,7 @@ inline void Keep(std::optional<float>& nearest, std::optional<float> distance) {
         nearest = distance;
 }
 
-/// Over all triangles, those too that a tree has no place for.
+/// Over all triangles, including those in no node of a tree.
 inline std::optional<float> BruteForce(const std::vector<CockpitModel::PartTriangle>& triangles,
                                        const CockpitModel::PartRay& ray) {
     std::optional<float> nearest;
@@ -38,7 +38,7 @@ inline std::optional<float> BruteForce(const std::vector<CockpitModel::PartTrian
     return nearest;
 }
 
-/// The picking tree in its plainest form: built list by list, walked node by node, triangle by triangle.
+/// Reference implementation of the picking tree: built list by list, searched node by node, triangle by triangle.
 struct PlainTree {
     struct Node {
         Utils::Vector3 min = Utils::Vector3::Zero(), max = Utils::Vector3::Zero();

@@ -12,15 +12,15 @@
 namespace Support {
 
 struct ProgramResult {
-    int exitCode = -1; ///< -1 for a program that a signal ended
+    int exitCode = -1; ///< -1 if a signal ended the program
     int signal = 0;
     std::string output, errors;
 };
 
-/// A program that runs beside the test, in a process group of its own and with a data folder of its own.
+/// A program that runs in parallel to the test, with its own process group and data folder.
 class Program {
 public:
-    /// `output` is where its standard output goes instead of the result.
+    /// `output` receives its standard output instead of the result.
     Program(const std::vector<std::string>& words, const std::string& workingDirectory,
             const std::string& output = {}) {
         std::vector<char*> arguments;
@@ -50,7 +50,7 @@ public:
 
     pid_t Id() const { return id; }
     std::string Errors() const { return folder.Read("stderr"); } ///< so far
-    const TemporaryFolder& DataFolder() const { return folder; } ///< the user's data are in "data" below it
+    const TemporaryFolder& DataFolder() const { return folder; } ///< the user's data are in its folder "data"
 
 private:
     TemporaryFolder folder;

@@ -18,7 +18,7 @@ struct DrawCall {
     Rendering::GeometryDrawParams params;
 };
 
-/// A device that keeps each draw call, and the path of each bitmap that it was asked to load: it reads no bitmap file.
+/// A device that records each draw call and the path of each loaded bitmap; it does not read bitmap files.
 class RecordingContext : public Rendering::Memory::NullContext {
 public:
     std::unique_ptr<Rendering::GPUBitmap> LoadBitmap(const std::string& path) override {

@@ -2,7 +2,7 @@
 
 namespace Support {
 
-/// Whether memory is the sanitizers', which count and limit it in their own way.
+/// Whether a sanitizer is active, which replaces the allocator and its limits.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool kSanitized = true;
 #else

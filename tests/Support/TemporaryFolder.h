@@ -8,7 +8,7 @@
 
 namespace Support {
 
-/// A folder of its own for one test, gone with it.
+/// A folder for one test, deleted with this object.
 class TemporaryFolder {
 public:
     TemporaryFolder()
@@ -22,7 +22,7 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    /// Writes a file below the folder, with the folders above it.
+    /// Writes a file below the folder and creates missing folders in between.
     std::string Write(const std::string& name, const std::string& bytes) const {
         const boost::filesystem::path file = path / name;
         boost::filesystem::create_directories(file.parent_path());
@@ -40,7 +40,7 @@ public:
     const boost::filesystem::path path;
 };
 
-/// The working directory for the length of a scope.
+/// Changes the working directory for a scope.
 class WorkingDirectory {
 public:
     explicit WorkingDirectory(const boost::filesystem::path& folder) { boost::filesystem::current_path(folder); }

@@ -9,7 +9,7 @@
 
 namespace Support {
 
-/// The gauge source that the system itself does not have.
+/// A gauge file for tests; the system itself has none.
 struct TestGaugeFile final : CockpitModel::GaugeFile {
     void Load() override { ++loads; }
     CockpitModel::Gauge* FindGauge(const std::string& name) override {

@@ -7,13 +7,13 @@
 
 namespace Support {
 
-/// Runs the tests of a program. A fatal error that no test waits for fails the one that runs, where the system's own
-/// box would wait for a person.
+/// Runs the tests of a program. An unexpected fatal error fails the current test instead of showing a box that waits
+/// for the user.
 inline int RunTests(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     Utils::SetFatalErrorDialog([](const std::string& caption, const std::string& text) {
         std::cerr << caption << ": " << text << std::endl; // where death tests look for it
-        ADD_FAILURE() << "a fatal error that nothing waits for";
+        ADD_FAILURE() << "an unexpected fatal error";
     });
     return RUN_ALL_TESTS();
 }

@@ -8,7 +8,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(RunQueueTest, RunsWorkOnceInOrderAndItsOwnPostsInTheNextFrame) {
+TEST(RunQueueTest, RunsWorkOnceInOrderAndNestedPostsInTheNextFrame) {
     Threading::RunQueue queue;
     std::vector<int> ran;
     queue.RunAll();
@@ -24,19 +24,19 @@ TEST(RunQueueTest, RunsWorkOnceInOrderAndItsOwnPostsInTheNextFrame) {
     EXPECT_THAT(ran, ElementsAre(1, 2, 3));
 }
 
-TEST(RunQueueTest, LetsGoOfEachWorkBeforeTheNextRunsAndOfAllBehindAnException) {
+TEST(RunQueueTest, DestroysEachItemBeforeTheNextRunsAndAllAfterAnException) {
     Threading::RunQueue queue;
     auto held = std::make_shared<int>(0);
     const std::weak_ptr watched = held;
     queue.Post([kept = std::move(held)] {});
     queue.Post([&] { EXPECT_TRUE(watched.expired()); });
     queue.Post(nullptr);
-    queue.Post([] { ADD_FAILURE() << "what is behind an exception ran"; });
+    queue.Post([] { ADD_FAILURE() << "work after an exception ran"; });
     EXPECT_THROW(queue.RunAll(), std::bad_function_call);
     queue.RunAll();
 }
 
-TEST(RunQueueTest, TakesWorkFromOtherThreadsDuringAFrame) {
+TEST(RunQueueTest, AcceptsWorkFromOtherThreadsDuringAFrame) {
     Threading::RunQueue queue;
     int ran = 0;
     std::thread poster([&] {

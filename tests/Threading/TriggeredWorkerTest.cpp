@@ -14,7 +14,7 @@ public:
     using TriggeredWorker::TriggeredWorker;
 };
 
-TEST(TriggeredWorkerTest, RunsOnAThreadOfItsOwnEachTimeItIsAsked) {
+TEST(TriggeredWorkerTest, RunsOnItsOwnThreadOnEachTrigger) {
     int runs = 0; // guarded by the waits
     std::thread::id thread;
     Worker worker([&] {
@@ -49,11 +49,11 @@ TEST(TriggeredWorkerTest, TriggerReturnsWhileTheWorkIsStillRunning) {
     std::thread stopping([&] { worker.Stop(); });
     gate.set_value();
     stopping.join();
-    EXPECT_EQ(finished, 1) << "stopping waits for the present run and starts no other";
+    EXPECT_EQ(finished, 1) << "stopping waits for the current run and starts no other";
 }
 
-TEST(TriggeredWorkerTest, EndsWithoutEverHavingRun) {
-    const auto fail = [] { ADD_FAILURE() << "nobody asked for it"; };
+TEST(TriggeredWorkerTest, StopsWithoutEverRunning) {
+    const auto fail = [] { ADD_FAILURE() << "it was not triggered"; };
     { Worker worker(fail); }
     Worker stopped(fail);
     stopped.Stop();

@@ -21,7 +21,7 @@ std::string Line(std::size_t length) {
     return std::string(length, 'x') + '\n';
 }
 
-TEST(LineBlocks, GivesEveryLineOnceAndEndsTheLast) {
+TEST(LineBlocks, ReturnsEveryLineOnceAndTerminatesTheLast) {
     EXPECT_EQ(Joined(""), "");
     EXPECT_EQ(Joined("a"), "a\n");
     EXPECT_EQ(Joined("a\n", std::ios::failbit), "") << "a file that could not be opened";

@@ -8,7 +8,7 @@ namespace {
 
 constexpr float kHalfPi = std::numbers::pi_v<float> / 2.0f;
 
-TEST(LinearAlgebra, TurnsTakeEachAxisToTheNextAsRowVectors) {
+TEST(LinearAlgebra, RotationsMapEachAxisToTheNextAsRowVectors) {
     const struct {
         Matrix4 matrix;
         Vector3 from, to, axis;
@@ -20,7 +20,8 @@ TEST(LinearAlgebra, TurnsTakeEachAxisToTheNextAsRowVectors) {
     for (const auto& row : rows) {
         EXPECT_TRUE(TransformPoint(row.from, row.matrix).isApprox(row.to, 1e-6f)) << row.axis;
         EXPECT_TRUE(TransformPoint(row.axis, row.matrix).isApprox(row.axis)) << row.axis;
-        // The quaternion's matrix is the same turn, for an axis of any length and at an angle that is not symmetric.
+        // The quaternion's matrix is the same rotation, for an axis of any length and at an angle that is not
+        // symmetric.
         const Matrix4 third = Rotation(RotationAboutAxis(7 * row.axis, kHalfPi / 3));
         EXPECT_TRUE((third * third * third).isApprox(row.matrix, 1e-6f)) << row.axis;
     }
@@ -28,14 +29,14 @@ TEST(LinearAlgebra, TurnsTakeEachAxisToTheNextAsRowVectors) {
     EXPECT_TRUE(TransformPoint({1, 0, 5}, chain).isApprox(Vector3(10, 22, 40))) << "local times parent";
 }
 
-TEST(LinearAlgebra, TurnAboutNoAxisKeepsTheHalfAngle) {
+TEST(LinearAlgebra, RotationAboutAZeroAxisKeepsTheHalfAngle) {
     const Quaternion q = RotationAboutAxis(Vector3::Zero(), 2.0f);
     EXPECT_EQ(q.vec().norm(), 0.0f);
     EXPECT_FLOAT_EQ(q.w(), std::cos(1.0f));
     EXPECT_TRUE(Normalised({0, -3, 4}).isApprox(Vector3(0, -0.6f, 0.8f)));
 }
 
-TEST(LinearAlgebra, ArcTurnsEvenlyAndRunsPastItsEnds) {
+TEST(LinearAlgebra, SlerpIsEvenAndExtrapolates) {
     const Vector3 axis(1, 2, -2);
     const Quaternion from = RotationAboutAxis(axis, 0.2f), to = RotationAboutAxis(axis, 1.4f);
     Quaternion otherSign = to;

@@ -10,7 +10,7 @@ namespace fs = boost::filesystem;
 namespace Utils {
 namespace {
 
-TEST(FindIgnoringCase, TakesTheExactNameFirstAndElseTheFirstInByteOrder) {
+TEST(FindIgnoringCase, PrefersTheExactNameThenTheFirstInByteOrder) {
     const Support::TemporaryFolder folder;
     const Support::WorkingDirectory inside(folder.path);
     for (const char* file :
@@ -48,7 +48,7 @@ TEST(Paths, KeepsUserDataWhereThePlatformSays) {
         setenv("HOME", "/home/pilot", 1);
         setenv("XDG_DATA_HOME", "/data", 1);
         EXPECT_EQ(UserDataFolder(), "/data");
-        setenv("XDG_DATA_HOME", "relative", 1); // which the platform's rules say to leave aside
+        setenv("XDG_DATA_HOME", "relative", 1); // to be ignored according to the platform's rules
         EXPECT_EQ(UserDataFolder(), "/home/pilot/.local/share");
         unsetenv("XDG_DATA_HOME");
         EXPECT_EQ(UserDataFolder(), "/home/pilot/.local/share");

@@ -44,7 +44,7 @@ mode_t ModeOf(const std::string& path) {
 
 } // namespace
 
-TEST(SaveFile, MakesAndReplacesFilesAndKeepsTheirMode) {
+TEST(SaveFile, CreatesAndReplacesFilesAndKeepsTheirMode) {
     const Support::TemporaryFolder folder;
     const std::string longest(255, 'n');
     for (const std::string& bytes : {std::string("a\0\r\n\xFF", 5), std::string(1 << 20, 'x'), std::string()})
@@ -79,7 +79,7 @@ TEST(SaveFile, FollowsLinks) {
     EXPECT_EQ(Names(folder.path / "real"), (Strings{"f", "none-yet"}));
 }
 
-TEST(SaveFile, SaysWhatIsInTheWay) {
+TEST(SaveFile, ReportsTheReasonOfAFailure) {
     const Support::TemporaryFolder folder;
     const std::string inside = folder.Write("folder/inside", "kept"), file = folder.Write("file", "kept");
     fs::create_symlink("loop", folder / "loop");
@@ -88,7 +88,7 @@ TEST(SaveFile, SaysWhatIsInTheWay) {
     const std::pair<std::string, const char*> rows[] = {
         {folder / "folder", "Is a directory"}, {folder / "missing/f", "No such file"},
         {file + "/f", "Not a directory"},      {folder / "loop", "Too many levels of symbolic links"},
-        {tooLong, "File name too long"},       {pipe, "No such device"}, // nobody reads it
+        {tooLong, "File name too long"},       {pipe, "No such device"}, // no reader
         {"/dev/full", "No space left"},        {"", "No such file"},
     };
     for (const auto& [path, words] : rows)
@@ -100,7 +100,7 @@ TEST(SaveFile, SaysWhatIsInTheWay) {
     EXPECT_EQ(Names(folder.path), (Strings{"file", "folder", "loop", "pipe"}));
 }
 
-TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
+TEST(SaveFile, LeavesTheOldFileIfTheSizeLimitIsReached) {
     const Support::TemporaryFolder folder;
     const std::string path = folder.Write("f", "old");
     const pid_t child = Fork([&] {
@@ -113,7 +113,7 @@ TEST(SaveFile, LeavesTheOldFileWhenAFileMayNotGrow) {
     EXPECT_EQ(Names(folder.path), Strings{"f"});
 }
 
-TEST(SaveFile, LeavesTheOldFileWithoutARight) {
+TEST(SaveFile, LeavesTheOldFileWithoutPermission) {
     const Support::TemporaryFolder folder;
     const std::string inReadOnlyFolder = folder.Write("closed/f", "old");
     const std::string readOnly = folder.Write("open/f", "old");
@@ -130,7 +130,7 @@ TEST(SaveFile, LeavesTheOldFileWithoutARight) {
     }));
     chmod((folder / "closed").c_str(), 0755);
     if (code == Support::kCannotTry)
-        GTEST_SKIP() << "root cannot give up its rights here";
+        GTEST_SKIP() << "root cannot drop its privileges here";
     EXPECT_EQ(code, 0);
     for (const std::string place : {"closed", "open"}) {
         EXPECT_EQ(folder.Read(place + "/f"), "old");
@@ -138,12 +138,12 @@ TEST(SaveFile, LeavesTheOldFileWithoutARight) {
     }
 }
 
-TEST(SaveFile, SweepsWhatTheDeadLeftAndSparesTheLiving) {
+TEST(SaveFile, RemovesOnlyTemporariesOfDeadProcesses) {
     const Support::TemporaryFolder folder;
     const pid_t dead = Fork([] { return 0; });
     ExitCode(dead);
     const std::string deadNumber = std::to_string(dead);
-    Strings expected = {".f.1.saving", // of the system's first process
+    Strings expected = {".f.1.saving", // of process 1, which is running
                         ".g." + deadNumber + ".saving",
                         ".f." + deadNumber + "x.saving",
                         ".f." + deadNumber,
@@ -154,25 +154,25 @@ TEST(SaveFile, SweepsWhatTheDeadLeftAndSparesTheLiving) {
     for (const std::string& name : expected)
         folder.Write(name, "spared");
     folder.Write(".f." + deadNumber + ".saving", "half");
-    folder.Write(".f." + std::to_string(getpid()) + ".saving", "half"); // of an earlier process with this number
+    folder.Write(".f." + std::to_string(getpid()) + ".saving", "half"); // of an earlier process with this id
     EXPECT_TRUE(SaveFile(folder / "f", "new"));
     expected.push_back("f");
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(Names(folder.path), expected);
 }
 
-TEST(SaveFile, AKillLeavesOneTextWhole) {
+TEST(SaveFile, AKillLeavesOneTextComplete) {
     const Support::TemporaryFolder folder;
     const std::string path = folder / "f";
     const std::string texts[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_TRUE(SaveFile(path, texts[0]));
-    int changed = 0; // a loaded machine may need more time until a child saves at all
+    int changed = 0; // on a loaded machine a child may need more time before its first save
     for (int run = 0; run < 300 || (changed == 0 && run < 3000); ++run) {
         const pid_t child = Fork([&]() -> int {
             for (int i = 0;; ++i)
                 SaveFile(path, texts[i % 2]);
         });
-        // Spreads the kills over all that a save does.
+        // Spreads the kills over all steps of a save.
         std::this_thread::sleep_for(std::chrono::microseconds(run * 10));
         kill(child, SIGKILL);
         ExitCode(child);
@@ -180,7 +180,7 @@ TEST(SaveFile, AKillLeavesOneTextWhole) {
         ASSERT_TRUE(found == texts[0] || found == texts[1]) << "run " << run << ", size " << found.size();
         changed += found == texts[1];
     }
-    EXPECT_GT(changed, 0) << "no kill met a save";
+    EXPECT_GT(changed, 0) << "no kill hit a save";
     EXPECT_TRUE(SaveFile(path, "last"));
     EXPECT_EQ(folder.Read("f"), "last");
     EXPECT_EQ(Names(folder.path), Strings{"f"});

@@ -22,7 +22,7 @@ TEST(WindowsServices, TextsAreUtf8InsideAndWideOutside) {
     EXPECT_EQ(boost::filesystem::path(wide).string(), text);
 }
 
-TEST(WindowsServices, AFileFoundByAnotherSpellingIsNamedAsTheDiskDoes) {
+TEST(WindowsServices, AFileFoundInAnotherCaseHasItsNameOnDisk) {
     const Support::TemporaryFolder folder;
     folder.Write("Plane/Objects/A.png", "");
     const boost::filesystem::path found = FindIgnoringCase(folder / "plane\\OBJECTS/a.PNG");
@@ -50,10 +50,10 @@ TEST(WindowsServices, ASaveReplacesAllOrNothing) {
     }
     SetFileAttributesW(boost::filesystem::path(path).c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(ReadFile(path), "kept");
-    EXPECT_EQ(std::distance(boost::filesystem::directory_iterator(folder.path), {}), 1) << "nothing is left beside it";
+    EXPECT_EQ(std::distance(boost::filesystem::directory_iterator(folder.path), {}), 1) << "no temporary is left";
 }
 
-TEST(WindowsServices, TheSystemAnswers) {
+TEST(WindowsServices, TheSystemServicesWork) {
     SetLastError(4711);
     EXPECT_EQ(Platform::LastError(), 4711u);
     EXPECT_TRUE(UserDataFolder().is_absolute());

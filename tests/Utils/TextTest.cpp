@@ -29,11 +29,11 @@ TEST(Text, SplitsAtBlanksAndTabsAlone) {
     EXPECT_EQ(Trim(" \t "), "");
 }
 
-TEST(Text, LowersAsciiLettersAlone) {
+TEST(Text, LowersOnlyAsciiLetters) {
     EXPECT_EQ(ToLowerAscii("AZaz@[`{09.ACF\xC9\xC3\x89"), "azaz@[`{09.acf\xC9\xC3\x89");
 }
 
-TEST(Text, ReplacesWhatIsNoUtf8) {
+TEST(Text, ReplacesInvalidUtf8) {
     const std::string bad = "\xEF\xBF\xBD";
     const struct {
         std::string text, readable;

@@ -7,7 +7,7 @@
 namespace Utils {
 namespace {
 
-TEST(Timer, CountsTheSecondsOfAnotherClock) {
+TEST(Timer, AgreesWithAnotherClock) {
     using Clock = std::chrono::steady_clock;
     const auto seconds = [](Clock::duration span) { return std::chrono::duration<double>(span).count(); };
     const Clock::time_point before = Clock::now();

@@ -75,9 +75,9 @@ void CanvasControl::MoveCamera(float dt) {
 }
 
 void CanvasControl::StepCamera(float yawOffset, float pitchOffset, float dt) {
-    const Utils::Vector3& rotation = camera.Rotation();
+    const Utils::Vector3& angles = camera.Rotation();
     const Utils::Matrix4 rotation =
-        ColumnTurn(pitchOffset, 0.0f, yawOffset) * ColumnTurn(rotation.x(), rotation.y(), rotation.z());
+        ColumnTurn(pitchOffset, 0.0f, yawOffset) * ColumnTurn(angles.x(), angles.y(), angles.z());
     // A camera with the Euler angles of this rotation looks along (-m20, -m21, m22), because roll keeps the view axis.
     // Reading the direction from the matrix avoids the angles, which are not unique when it looks straight up. The
     // camera's position has the opposite z axis.

@@ -57,7 +57,7 @@ void DrawPreviewPicture(Rendering::Context& context, const PictureRequest& reque
                         const BuiltAircraft& built, const CockpitModel::AnnotationStore& annotations) {
     for (const PictureRequest::Position& position : request.positions)
         if (!MoveAnimations(*built.model, position.dataref, position.fraction))
-            throw std::invalid_argument("no animation of the cockpit follows " + position.dataref);
+            throw std::invalid_argument("no animation of the cockpit uses the dataref " + position.dataref);
     CockpitPreview preview;
     preview.StopClock(kPictureTime);
     preview.ShowTransparent(request.showTransparent);

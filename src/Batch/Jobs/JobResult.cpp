@@ -9,7 +9,7 @@ namespace Batch {
 
 namespace {
 
-/// The first byte of an answer.
+/// The first byte of an encoded result.
 constexpr char kReturned = 'R';
 constexpr char kThrew = 'T';
 
@@ -21,7 +21,7 @@ std::string EncodeResult(const Job& job, const Sim::AircraftInfo& aircraft) {
     } catch (const std::bad_alloc&) {
         return kThrew + std::string("out of memory");
     } catch (const CockpitModel::NoMaterial& error) {
-        return kThrew + Annotator::ReasonText(error) + "; --untextured loads it with a plain material";
+        return kThrew + Annotator::ReasonText(error) + "; use --untextured to load it with a plain material";
     } catch (const std::exception& error) {
         return kThrew + Annotator::ReasonText(aircraft, error);
     }

@@ -12,7 +12,7 @@ void PrintProblems(const TestReport& report, Console& console) {
             console.Message(Shown(tests.displayName + " (" + tests.acfPath + "): " + problem));
 }
 
-/// False when one could not be written.
+/// False if a report could not be written.
 bool WriteReports(const TestReport& report, const ReportOptions& options, Session& session) {
     bool written = true;
     for (std::size_t i = 0; i < options.files.size(); ++i) {
@@ -29,13 +29,13 @@ bool WriteReports(const TestReport& report, const ReportOptions& options, Sessio
 
 ExitCode Outcome(const TestTotals& totals, const ReportOptions& options, Console& console) {
     console.Message(Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed");
-    // An expectation that was not tested weighs more than one that failed.
+    // An untested expectation is worse than a failed one.
     if (totals.withProblems > 0)
         return kAircraftFailed;
     if (totals.Tests() > 0)
         return totals.failed > 0 ? kTestFailed : kDone;
     console.Message(
-        "no test found: no annotation file of these aircraft in QVRA/Annotations has an InteractionTypeTest");
+        "no tests found: no annotation file of these aircraft in QVRA/Annotations contains an InteractionTypeTest");
     return options.requireTests ? kTestFailed : kDone;
 }
 

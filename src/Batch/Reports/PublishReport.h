@@ -5,7 +5,7 @@
 
 namespace Batch {
 
-/// Prints the table, tells the problems, writes the files that were asked for, and says how the tests came out.
+/// Prints the table and the problems, writes the requested files and prints the outcome.
 ExitCode PublishReport(const TestReport& report, const ReportOptions& options, Session& session);
 
 } // namespace Batch

@@ -8,7 +8,7 @@ namespace Rendering {
 
 namespace {
 
-/// The software device serves machines without a graphics card.
+/// Machines without a graphics card use the software device.
 D3D11::ComPtr<ID3D11Device> MakeDevice() {
     D3D11::ComPtr<ID3D11Device> device;
     for (const D3D_DRIVER_TYPE driver : {D3D_DRIVER_TYPE_HARDWARE, D3D_DRIVER_TYPE_WARP})
@@ -22,7 +22,7 @@ D3D11::ComPtr<ID3D11Device> MakeDevice() {
 
 MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
     const auto device = MakeDevice();
-    const Camera camera; // gives the eye matrices alone
+    const Camera camera; // only supplies the eye matrices
     D3D11::D3D11Context context(device.Get(), camera);
     D3D11::D3D11FrameTarget target(context, device.Get(), kOffScreenSamples);
     target.Resize(size);

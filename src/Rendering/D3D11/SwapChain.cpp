@@ -4,7 +4,7 @@ namespace Rendering::D3D11 {
 
 namespace {
 
-// The places of the canvas's fatal errors, which people are told of, stay what they are wherever the code stands.
+// Fatal errors of the canvas report these fixed locations, independent of where the code is.
 constexpr const char* kPlace = "Annotator\\DXCanvas.cpp";
 enum Line : std::int32_t {
     kDevice = 280,

@@ -8,8 +8,8 @@
 
 namespace Rendering::D3D11 {
 
-/// A device of its own for a window, with the buffers that the window shows and a depth of 32-bit floats. Objects of
-/// its context must go before it does. A failing call is a fatal error.
+/// A window's device, with the buffers that the window shows and a depth buffer of 32-bit floats. Objects of its
+/// context must be destroyed before it. A failing call is a fatal error.
 class SwapChain : public Utils::NonAssignable {
 public:
     /// Window and camera must outlive it.
@@ -18,9 +18,9 @@ public:
     D3D11Context& Context() { return *context; }
     /// Remakes the targets.
     void Resize(Size size);
-    /// Draws go to the whole of the back buffer from now on; clears it to the colour and to the farthest depth.
+    /// Directs draws to the whole back buffer and clears it to the colour and the farthest depth.
     void Begin(const Utils::Vector4& colour);
-    /// Shows the frame and waits for the display. False where the window is hidden, so that nothing waited.
+    /// Shows the frame and waits for the display. False if the window is hidden, so that nothing waited.
     bool Present();
 
 private:

@@ -7,7 +7,7 @@ namespace Rendering {
 
 MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
     const OpenGL::EglContext device;
-    const Camera camera; // gives the eye matrices alone
+    const Camera camera; // only supplies the eye matrices
     OpenGL::GLContext context(camera);
     OpenGL::GLFrameTarget target(context, kOffScreenSamples);
     target.Resize(size);

@@ -241,7 +241,7 @@ TEST_F(AnnotatorWindowTest, SurvivesALoadThatFailsAtAnyStep) {
              cockpit->isValid = false;
              return cockpit;
          },
-         "no cockpit object"},
+         "No cockpit object found"},
         {"model", throwing("model"), "the model is gone"},
         {"memory", throwing("memory"), "bad_alloc"},
         {"links", MakerOf(noTrack.model), "invalid vector<T> subscript"},

@@ -54,7 +54,7 @@ TEST(MergeCommand, WritesTheReportOfASingleRun) {
     EXPECT_EQ(Everything(installation, {"merge", "parts"}, "folder"), single);
     const ProgramResult twice = RunBatch(installation, {"merge", "parts", merge[1]});
     EXPECT_EQ(twice.exitCode, 2);
-    EXPECT_THAT(twice.errors, testing::ContainsRegex("/plane.acf is both in .*/parts/1.json and .*/parts/1.json"));
+    EXPECT_THAT(twice.errors, testing::ContainsRegex("/plane.acf is in both .*/parts/1.json and .*/parts/1.json"));
 }
 
 TEST(MergeCommand, WritesNothingIfAPartIsInvalid) {

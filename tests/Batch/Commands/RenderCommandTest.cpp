@@ -48,10 +48,10 @@ struct RenderCommand : testing::Test {
         arguments.push_back("Cub"); // after the options, which must not consume it
         const ProgramResult result = Render(arguments);
         EXPECT_EQ(result.exitCode, 0) << result.errors;
-        const auto levels = Rendering::ReadBitmapFile(installation / "picture.png");
-        EXPECT_EQ(std::pair(levels[0].Width(), levels[0].Height()), std::pair(std::uint64_t{64}, std::uint64_t{32}));
-        const std::uint32_t pixel = levels[0].Pixels()[levels[0].Pixels().size() / 2 + 32];
-        return {static_cast<int>(pixel & 255), static_cast<int>(pixel >> 8 & 255), static_cast<int>(pixel >> 16 & 255)};
+        const Rendering::MemBitmap picture = Rendering::ReadPngFile(installation / "picture.png"); // blue comes first
+        EXPECT_EQ(std::pair(picture.Width(), picture.Height()), std::pair(std::uint64_t{64}, std::uint64_t{32}));
+        const std::uint32_t pixel = picture.Pixels()[picture.Pixels().size() / 2 + 32];
+        return {static_cast<int>(pixel >> 16 & 255), static_cast<int>(pixel >> 8 & 255), static_cast<int>(pixel & 255)};
     }
 
     const Support::Installation installation;

@@ -31,7 +31,7 @@ protected:
         folder.Write("a.xml", xml);
         store.Read(folder / "a.xml");
     }
-    /// Reads one record for part 0 of node 0 with these further elements.
+    /// Reads one record for part 0 of node 0 with these additional elements.
     AnnotationRecord ReadRecord(const std::string& elements) {
         Read("<Overrides><Override><NodeId>0</NodeId><PartId>0</PartId>" + elements + "</Override></Overrides>");
         return store.Get(Part(0, 0)).value_or(AnnotationRecord{});
@@ -88,7 +88,7 @@ TEST_F(AnnotationStoreTest, WritesFilledSlotsInTheirOrder) {
     EXPECT_EQ(other.ListAll(), std::vector<AnnotationRecord>{before[1]});
 }
 
-TEST_F(AnnotationStoreTest, ReadsFieldsAndLeavesUnknownWordsOut) {
+TEST_F(AnnotationStoreTest, ReadsFieldsAndSkipsUnknownWords) {
     const struct {
         const char* elements;
         AnnotationRecord record;
@@ -112,7 +112,7 @@ TEST_F(AnnotationStoreTest, ReadsFieldsAndLeavesUnknownWordsOut) {
         EXPECT_TRUE(ReadRecord("<Reverse>" + std::string(yes) + "</Reverse>").Reverse) << yes;
 }
 
-TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
+TEST_F(AnnotationStoreTest, DropsRecordsOfMissingParts) {
     const struct {
         const char* nodeId;
         const char* partId;
@@ -133,7 +133,7 @@ TEST_F(AnnotationStoreTest, DropsRecordsWithoutAPlace) {
     EXPECT_TRUE(store.ListAll().empty());
 }
 
-TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
+TEST_F(AnnotationStoreTest, BacksUpContentThatASaveWouldLose) {
     const std::string first = "<Override><NodeId>0</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
     const std::string far = "<Override><NodeId>7</NodeId><PartId>0</PartId><Reverse>0</Reverse></Override>";
     const auto with = [&](const std::string& more) { return "<Override><NodeId>0</NodeId>" + more + "</Override>"; };
@@ -141,8 +141,8 @@ TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
     const struct {
         const char* name;
         bool kept;
-        std::string read;                                ///< the elements when the file is read; none, no file
-        std::optional<std::string> saved = std::nullopt; ///< when it is saved over, if others by then
+        std::string read;                                ///< the elements when the file is read; no file if empty
+        std::optional<std::string> saved = std::nullopt; ///< when it is overwritten, if changed by then
     } rows[] = {
         {"all of it read", false, first},
         {"made by the save", false, ""},
@@ -167,15 +167,15 @@ TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
     for (const auto& row : rows) {
         const Support::TemporaryFolder place;
         AnnotationStore saver(scene);
-        const auto lay = [&](const std::string& elements) {
+        const auto write = [&](const std::string& elements) {
             boost::filesystem::remove(place / "a.xml");
             if (!elements.empty())
                 place.Write("a.xml", "<?xml version=\"1.0\"?>\n<Overrides>" + elements + "</Overrides>");
             return place.Read("a.xml");
         };
-        lay(row.read);
+        write(row.read);
         saver.Read(place / "a.xml");
-        const std::string present = lay(row.saved.value_or(row.read));
+        const std::string present = write(row.saved.value_or(row.read));
         saver.Set(Part(1, 1), AnnotationRecord{1, 1});
         EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
         EXPECT_EQ(saver.BackupPath(), row.kept ? place / "a.xml.kept-1" : "") << row.name;
@@ -188,7 +188,7 @@ TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
         EXPECT_TRUE(saver.Write(place / "a.xml")) << row.name;
         EXPECT_EQ(place.Read(row.kept ? "a.xml.kept-2" : "a.xml.kept-1"), "changed") << row.name;
     }
-    // Where the file cannot be written or its copy not be made, all stays.
+    // If the file cannot be written or copied, nothing changes.
     folder.Write("folder/inside", "kept");
     const auto result = store.Write(folder / "folder");
     EXPECT_NE(result.error.find("Is a directory"), std::string::npos) << result.error;
@@ -199,7 +199,7 @@ TEST_F(AnnotationStoreTest, KeepsWhatASaveWouldLose) {
     EXPECT_EQ(folder.Read("b.xml"), "kept");
 }
 
-TEST_F(AnnotationStoreTest, TakesAnyRootAndTheLaterOfTwoRecords) {
+TEST_F(AnnotationStoreTest, AcceptsAnyRootAndUsesTheLaterOfTwoRecords) {
     Read("<?xml version=\"1.0\"?><Other><Overrides/><Override><NodeId>1</NodeId><PartId>1</PartId>"
          "<Tooltip>first</Tooltip><Reverse>1</Reverse></Override><override/>"
          "<Override><NodeId>1</NodeId><PartId>1</PartId><EventType>Wheel</EventType></Override></Other>");
@@ -216,7 +216,7 @@ TEST_F(AnnotationStoreTest, TakesAnyRootAndTheLaterOfTwoRecords) {
     EXPECT_EQ(store.ListAll(), expected);
 }
 
-TEST_F(AnnotationStoreTest, EvaluatesTheDetectedTypeAgainstTheTest) {
+TEST_F(AnnotationStoreTest, ComparesTheDetectedTypeWithTheExpectation) {
     NodePart& part = Part(1, 0);
     part.InteractionType = Type::Twist;
     const struct {
@@ -240,7 +240,7 @@ TEST_F(AnnotationStoreTest, EvaluatesTheDetectedTypeAgainstTheTest) {
     }
 }
 
-TEST_F(AnnotationStoreTest, RejectsPartsOfNoPlace) {
+TEST_F(AnnotationStoreTest, RejectsPartsOutsideTheTable) {
     Node stranger;
     NodePart part;
     part.node = &stranger;
@@ -252,7 +252,7 @@ TEST_F(AnnotationStoreTest, RejectsPartsOfNoPlace) {
     }
 }
 
-TEST(AnnotationPath, NamesTheFileByTheFolder) {
+TEST(AnnotationPath, NamesTheFileAfterTheFolder) {
     const Support::TemporaryFolder installation;
     const Support::WorkingDirectory inside(installation.path);
     EXPECT_EQ(PathFor("G/Foo.Bar"), "QVRA/Annotations/Foo.xml");

@@ -20,7 +20,7 @@ Block With(decltype(Block::Children) children) {
     return block;
 }
 
-TEST(ModelBlocksPrint, ShowsTheFirstChildrenAndHowManyThereAre) {
+TEST(ModelBlocksPrint, ShowsTheFirstChildrenAndTheirNumber) {
     const std::string head = "-Name: , Length: 0\n";
     std::vector<std::uint32_t> nine(9);
     std::iota(nine.begin(), nine.end(), 0u);

@@ -48,7 +48,7 @@ TEST(ConfigFile, ReadsSectionsAndKeys) {
     EXPECT_EQ(Text(ConfigFile(failed, false)), "");
 }
 
-TEST(ConfigFile, LooksNamesUpAsItStoresThem) {
+TEST(ConfigFile, LooksUpNamesAsStored) {
     const ConfigFile folded = Read("[One]\nKey=Value\n");
     EXPECT_EQ(folded.Get("ONE", "kEY"), "Value");
     EXPECT_EQ(folded.Get("one", "other"), std::nullopt);

@@ -16,8 +16,8 @@ using Type = TouchInteractionType;
 
 constexpr std::uint32_t kWheelAndRightClick = 0x80086000;
 
-/// From the text of a configuration to detected parts. The one gauge, of 100 x 100 pixels, fills the panel, so that an
-/// area's place on the texture is a hundredth of its pixels; the parts show texture coordinates equal to x and y.
+/// From the text of a configuration to detected parts. The only gauge, of 100 x 100 pixels, fills the panel, so that an
+/// area's texture coordinates are its pixels / 100; the parts show texture coordinates equal to x and y.
 class PanelLoadingTest : public testing::Test {
 protected:
     PanelLoadingTest() {
@@ -47,7 +47,7 @@ protected:
 
 } // namespace
 
-TEST_F(PanelLoadingTest, PanelPartsStandBeforeTheirBasePart) {
+TEST_F(PanelLoadingTest, PanelPartsPrecedeTheirBasePart) {
     gauge->MouseAreas = {Support::CodeArea(10, 10, 20, 20, "push", 0x20000000),
                          Support::CodeArea(150, 0, 9, 9, "off", 0), Support::PairArea(40, 10, 20, 20, "less", "more"),
                          Support::CodeArea(10, 40, 20, 20, "WheelUp WheelDown", kWheelAndRightClick)};
@@ -86,7 +86,7 @@ TEST_F(PanelLoadingTest, PanelPartsStandBeforeTheirBasePart) {
     ASSERT_EQ(Parts(onOther).size(), 1u) << "another texture shows nothing";
     EXPECT_EQ(Parts(onOther)[0]->panel, nullptr);
 
-    // The first area lies ahead of the surface, from (0.1, 0.1) to (0.3, 0.3).
+    // The first area is in front of the surface, from (0.1, 0.1) to (0.3, 0.3).
     const PartRay through{{0.2f, 0.15f, 0}, {0, 0, 1}}, beside{{0.35f, 0.15f, 0}, {0, 0, 1}};
     EXPECT_NEAR(parts[0]->Tree().Intersect(through).value().distance, 1.999f, 1e-5f);
     EXPECT_NEAR(parts[3]->Tree().Intersect(through).value().distance, 2.0f, 1e-5f);
@@ -94,7 +94,7 @@ TEST_F(PanelLoadingTest, PanelPartsStandBeforeTheirBasePart) {
     EXPECT_TRUE(parts[3]->Tree().Intersect(beside));
 }
 
-TEST_F(PanelLoadingTest, ALeverIsDrivenByPercentWhileThePanelKeepsItsSteps) {
+TEST_F(PanelLoadingTest, ALeverIsSetInPercentWhileThePanelKeepsItsSteps) {
     gauge->MouseAreas = {Support::PairArea(10, 10, 20, 20, "less", "more")};
     const int lever = builder.Node(0, "(L:Throttle1Position,percent)", Support::Slide(0, 0.1f, 0));
     builder.Part(lever, Support::TriangleAt(2));

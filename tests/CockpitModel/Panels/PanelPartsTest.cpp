@@ -21,7 +21,7 @@ PanelEntry Entry(float u, float v, float width, float height) {
     return entry;
 }
 
-/// The surface that all parts here lie on: position as a function of texture coordinates.
+/// The surface of all parts here: position as a function of texture coordinates.
 Utils::Vector3 Surface(double u, double v) {
     return Utils::Vector3(static_cast<float>(2 * u - v + 1), static_cast<float>(3 * v), static_cast<float>(u + v - 5));
 }
@@ -57,7 +57,7 @@ double AreaOf(const std::vector<Corner>& soup) {
 
 } // namespace
 
-TEST(ClipEntryToPart, GivesAWholeTriangleBackAsAFan) {
+TEST(ClipEntryToPart, ReturnsAWholeTriangleAsAFan) {
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
     std::vector<PanelPartEntry> out;
@@ -83,18 +83,18 @@ TEST(ClipEntryToPart, GivesAWholeTriangleBackAsAFan) {
 TEST(ClipEntryToPart, CutsAtTheRectangle) {
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
-    // Right of 0.5 lies the triangle (0.5, 0), (1, 0), (0.5, 0.5), with its centre at (2/3, 1/6).
+    // The part right of 0.5 is the triangle (0.5, 0), (1, 0), (0.5, 0.5), with its centre at (2/3, 1/6).
     const auto corner = Clip(Entry(0.5f, -1, 2, 3), part);
     ASSERT_EQ(corner.size(), 9u);
     EXPECT_NEAR(AreaOf(corner), 0.125, 1e-6);
     EXPECT_TRUE(corner[0].texture.isApprox(Utils::Vector2(2.0f / 3, 1.0f / 6), 1e-6f)) << corner[0].texture;
-    // A rectangle inside gives itself; one that cuts the long side gives a pentagon.
+    // A rectangle inside the triangle is unchanged; one that crosses the long side gives a pentagon.
     EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.2f, 0.3f), part).size(), 12u);
     EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.5f, 0.5f), part).size(), 15u);
     EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.00005f, 0.3f), part).size(), 12u) << "100 steps wide";
 }
 
-TEST(ClipEntryToPart, TakesAllTrianglesThatShowTheRectangle) {
+TEST(ClipEntryToPart, UsesAllTrianglesThatShowTheRectangle) {
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
     AddTriangle(part, {{5, 5}, {6, 5}, {5, 6}});
@@ -134,7 +134,7 @@ TEST(ClipEntryToPart, SkipsTrianglesThatShowNothing) {
         AddTriangle(part, triangle);
         EXPECT_TRUE(Clip(Entry(-1, -1, 3, 3), part).empty()) << "triangle " << row++;
         AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
-        EXPECT_EQ(Clip(Entry(-1, -1, 3, 3), part).size(), 9u) << "the others are not touched";
+        EXPECT_EQ(Clip(Entry(-1, -1, 3, 3), part).size(), 9u) << "the other triangles are unaffected";
     }
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});

@@ -14,8 +14,8 @@ using testing::ElementsAre;
 
 constexpr std::uint32_t kClicks = 0xA0000000;
 
-/// One gauge of 100 x 50 pixels, "file!gauge", which panels of 200 x 100 hold at (20, 10) with a size of 40 x 20: on
-/// the texture from (0.1, 0.1) to (0.3, 0.3).
+/// One gauge of 100 x 50 pixels, "file!gauge", placed on panels of 200 x 100 at (20, 10) with a size of 40 x 20: on the
+/// texture from (0.1, 0.1) to (0.3, 0.3).
 class PanelSetTest : public testing::Test {
 protected:
     PanelSetTest() {
@@ -81,7 +81,7 @@ TEST_F(PanelSetTest, PlacesAreasOnTheTexture) {
     MouseArea nested;
     nested.X = 10, nested.Y = 5;
     nested.Children = {Support::CodeArea(15, 5, 50, 20, "inner", 0)};
-    // (25, 10) to (75, 30) of 100 x 50, on 0.2 x 0.2 behind 0.1
+    // (25, 10) to (75, 30) of 100 x 50, scaled to 0.2 x 0.2 and offset by 0.1
     EXPECT_THAT(Places(EntriesOf(Support::CodeArea(25, 10, 50, 20, "a", 0))), ElementsAre("0.15 0.14 0.1 0.08"));
     EXPECT_THAT(Places(EntriesOf(nested)), ElementsAre("0.15 0.14 0.1 0.08"));
     EXPECT_THAT(Places(EntriesOf(Support::CodeArea(-10, -20, 500, 500, "a", 0))), ElementsAre("0.08 0.02 0.22 0.28"));
@@ -91,7 +91,7 @@ TEST_F(PanelSetTest, PlacesAreasOnTheTexture) {
 TEST_F(PanelSetTest, ChoosesTheSizesOfPanelAndGauge) {
     Gauge().MouseAreas = {Support::CodeArea(0, 0, 100, 50, "a", 0)};
     const std::pair<const char*, const char*> rows[] = {
-        {"size_mm=200,100\npixel_size=50,50", "0.1 0 0.2 0.1"}, // the whole gauge lies from 20 to 60
+        {"size_mm=200,100\npixel_size=50,50", "0.1 0 0.2 0.1"}, // the whole gauge is from 20 to 60
         {"pixel_size=400,100", "0.05 0 0.1 0.1"},
         {"", "0.2 0 0.4 0.1"},
         {"size_mm= 80 wide, 100", "0.25 0 0.5 0.1"},
@@ -113,7 +113,7 @@ TEST_F(PanelSetTest, ChoosesTheSizesOfPanelAndGauge) {
     EXPECT_EQ(file->loads, 1) << "only a known file is loaded";
 }
 
-TEST_F(PanelSetTest, AnActionMakesARectangleOfItsCallback) {
+TEST_F(PanelSetTest, AnActionMakesARectangleWithItsCallback) {
     MouseArea area = Support::CodeArea(0, 0, 10, 10, "go", kClicks);
     area.Tooltip = "Tip";
     area.TooltipID = 5;

@@ -29,7 +29,7 @@ PartRay Ray(const Vector3& origin, const Vector3& direction) {
     return {origin, Utils::Normalised(direction)};
 }
 
-/// A triangle in the plane of a z, pointing to +x and +y from its corner.
+/// A triangle at a constant z, extending to +x and +y from its corner.
 PartTriangle Flat(float x, float y, float z, float size = 1) {
     return {Vector3(x, y, z), Vector3(x + size, y, z), Vector3(x, y + size, z)};
 }
@@ -55,7 +55,7 @@ TEST(PartTree, FindsTheNearestTriangleFromBothSides) {
         {"away", {0.25f, 0.25f, 6}, {0, 0, 1}, kNone},
         {"beside", {0.75f, 0.75f, 1}, {0, 0, 1}, kNone},
         {"along the planes", {-1, 0.25f, 3}, {1, 0, 0}, kNone},
-        // The slab of x is skipped for a ray at right angles to it, and the triangles decide.
+        // The x slab is skipped for a ray perpendicular to x, and the triangles decide.
         {"parallel to a face, outside", {-1, 0.25f, 1}, {0, 0, 1}, kNone},
         {"without direction", {0.25f, 0.25f, 1}, {0, 0, 0}, kNone},
     };
@@ -63,7 +63,7 @@ TEST(PartTree, FindsTheNearestTriangleFromBothSides) {
         EXPECT_EQ(Distance(tree, Ray(row.origin, row.direction)), row.distance) << row.name;
 }
 
-TEST(PartTree, HasABoxWithCornersInTheirOrder) {
+TEST(PartTree, HasABoxWithCornersInOrder) {
     const PartTree tree = Tree({{Vector3(0, 0, 0), Vector3(2, 0, 6), Vector3(0, 4, 0)}});
     EXPECT_EQ(tree.box.Centre(), Vector3(1, 2, 3));
     EXPECT_FLOAT_EQ(tree.box.radius, std::sqrt(1.0f + 4 + 9));
@@ -72,7 +72,7 @@ TEST(PartTree, HasABoxWithCornersInTheirOrder) {
                             Vector3(0, 0, 6), Vector3(2, 0, 0), Vector3(2, 0, 6)));
 }
 
-TEST(PartTree, CutsTheListToWholeTrianglesAndMayBeEmpty) {
+TEST(PartTree, IgnoresAnIncompleteTriangleAndMayBeEmpty) {
     auto vertices = Vertices({Flat(0, 0, 1), Flat(0, 0, 0.5f)});
     vertices.pop_back();
     EXPECT_EQ(Distance(PartTree(vertices), Ray({0.25f, 0.25f, 0}, {0, 0, 1})), 1);
@@ -82,7 +82,7 @@ TEST(PartTree, CutsTheListToWholeTrianglesAndMayBeEmpty) {
     }
 }
 
-TEST(PartTree, GivesTextureCoordinatesWhenKept) {
+TEST(PartTree, ReturnsTextureCoordinatesIfKept) {
     auto vertices = Vertices({Flat(0, 0, 2, 4)});
     vertices[0].texture = {0, 0};
     vertices[1].texture = {1, 0};
@@ -94,7 +94,7 @@ TEST(PartTree, GivesTextureCoordinatesWhenKept) {
     EXPECT_TRUE(hit->texture.isApprox(Utils::Vector2(0.25f, 5)));
     EXPECT_EQ(PartTree(vertices).Intersect(Ray({1, 2, 0}, {0, 0, 1}))->texture, Utils::Vector2(0, 0));
 
-    // Of two that are equally near the first counts.
+    // Of two equally near triangles the first counts.
     for (std::size_t i = 0; i < 3; ++i) {
         vertices.push_back(vertices[i]);
         vertices.back().texture *= 2;
@@ -111,7 +111,7 @@ TEST(PartTree, TransformsARayByItsEnds) {
     EXPECT_EQ(TransformRay({ray.origin, Vector3::Zero()}, Utils::Scaling(2)).direction, Vector3(0, 0, 0));
 }
 
-/// Seeded soups and rays of many kinds.
+/// Random soups and rays of many kinds from fixed seeds.
 class Seeded {
 public:
     explicit Seeded(unsigned seed) : random(seed) {}
@@ -119,7 +119,7 @@ public:
     float Number(float low, float high) { return std::uniform_real_distribution<float>(low, high)(random); }
     std::size_t Below(std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random); }
     Vector3 Point(float size) { return {Number(-size, size), Number(-size, size), Number(-size, size)}; }
-    /// A point in the plane of a triangle; within it, where reach is 0.
+    /// A point in the plane of a triangle; inside it if reach is 0.
     Vector3 PointInPlane(const PartTriangle& triangle, float reach) {
         float u = Number(-reach, 1 + reach), v = Number(-reach, 1 + reach);
         if (reach == 0 && u + v > 1) {
@@ -138,7 +138,7 @@ public:
         }
         return soup;
     }
-    /// One leaf: small triangles, four of each, in the corner of a box that a few large ones span.
+    /// One leaf: small triangles, four of each, in the corner of a box spanned by a few large ones.
     Soup Corner(std::size_t count, float size) {
         Soup soup = Scattered(4, 0.01f, 1.5f);
         for (std::size_t i = 0; i < count; ++i) {
@@ -176,11 +176,11 @@ public:
             rays.push_back({target[0] - 2 * along, along}); // through a vertex
             along[static_cast<int>(Below(3))] = 1e-20f;
             rays.push_back(Ray(inside - along, along));
-            rays.push_back({from, 3 * (inside - from)}); // not a unit
+            rays.push_back({from, 3 * (inside - from)}); // not a unit vector
         }
         return rays;
     }
-    /// In a triangle's plane, to it and beside it, and nearly in its plane, to a vertex and past it.
+    /// In a triangle's plane, hitting and missing it, and nearly in its plane, to a vertex and past it.
     std::vector<PartRay> SkimmingRays(const Soup& soup, std::size_t count) {
         std::vector<PartRay> rays;
         for (std::size_t i = 0; i < count; ++i) {
@@ -218,7 +218,7 @@ void ExpectSameTree(const PartTree& tree, const Support::PlainTree& plain, const
     }
 }
 
-/// The same number, both not-a-number, or both no hit.
+/// The same number, both NaN, or both no hit.
 void ExpectSameAnswers(const PartTree& tree, const Support::PlainTree& plain, const std::vector<PartRay>& rays,
                        const char* name) {
     for (std::size_t i = 0; i < rays.size(); ++i) {
@@ -235,14 +235,14 @@ void ExpectSameAnswers(const PartTree& tree, const Support::PlainTree& plain, co
     }
 }
 
-TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
+TEST(PartTree, MatchesTheReferenceTreeAndItsHits) {
     Seeded seeded(20);
     const auto joined = [](Soup a, const Soup& b) {
         a.insert(a.end(), b.begin(), b.end());
         return a;
     };
     Soup flat, needles = seeded.Scattered(300, 1, 0.5f), points = seeded.Scattered(60, 1, 0.1f);
-    for (int i = 0; i < 35; ++i) // the middles of x and y, 3.5 and 2.5, run through some
+    for (int i = 0; i < 35; ++i) // the middles of x and y, 3.5 and 2.5, cut some
         flat.push_back(Flat(static_cast<float>(i % 7), static_cast<float>(i / 7), 7));
     for (PartTriangle& triangle : needles)
         triangle[2] = triangle[1] + seeded.Point(1e-3f);
@@ -252,7 +252,7 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
     for (PartTriangle& triangle : farAway)
         for (Vector3& vertex : triangle)
             vertex += Vector3(3e4f, 2e5f, -7e3f);
-    // The middle of x is 5, where the triangle stands in neither child and is not hit.
+    // The middle of x is 5, where the triangle is in neither child and is not hit.
     const PartTriangle inPlane = {Vector3(5, 0, 0), Vector3(5, 1, 0), Vector3(5, 0, 1)};
     const struct {
         const char* name;
@@ -280,10 +280,10 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
         const Support::PlainTree plain(row.soup);
         ExpectSameTree(tree, plain, row.name);
         ExpectSameAnswers(tree, plain, seeded.Rays(row.soup, 12), row.name);
-        if (row.soup.size() < 1000) // rounding makes hits of rays that skim
+        if (row.soup.size() < 1000) // rounding turns grazing rays into hits
             ExpectSameAnswers(tree, plain, seeded.SkimmingRays(row.soup, 250), row.name);
     }
-    // From far away a hit may lie farther off its triangle than the triangle is large.
+    // From far away a hit may be farther from its triangle than the triangle's size.
     Soup specks = seeded.Scattered(200, 1, 0.01f);
     for (PartTriangle& triangle : specks)
         for (Vector3& vertex : triangle)
@@ -296,7 +296,7 @@ TEST(PartTree, IsTheTreeOfTheRuleAndAnswersAsAPlainWalkOfIt) {
     ExpectSameAnswers(Tree(specks), Support::PlainTree(specks), farRays, "flat, from far away");
 }
 
-TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
+TEST(PartTree, MatchesTheReferenceHitsForNanAndInfinity) {
     Seeded seeded(21);
     const float nan = std::numeric_limits<float>::quiet_NaN(), infinity = std::numeric_limits<float>::infinity();
     const float oddities[] = {nan, infinity, -infinity, 3e38f, -2e30f, 1e-42f, 0};
@@ -316,7 +316,7 @@ TEST(PartTree, AnswersAsAPlainWalkForNumbersThatAreNoneOrInfinite) {
     ExpectSameAnswers(Tree(spoilt), Support::PlainTree(spoilt), spoiltRays, "spoilt triangles and rays");
 }
 
-TEST(PartTree, TakesMemoryInProportionToItsTriangles) {
+TEST(PartTree, UsesMemoryInProportionToItsTriangles) {
     Seeded seeded(23);
     Soup spiral; // each triangle half as far from the corner as the one before
     for (int i = -10; i < 120; ++i) {

@@ -52,14 +52,14 @@ Calls Applied(const MouseRectCallbackVariable& callback, float value, const Node
     return target.calls;
 }
 
-/// What the mouse function of a gauge was given.
+/// Arguments passed to the mouse function of a gauge.
 using ArgumentBlock = std::array<unsigned char, 40>;
 std::vector<std::pair<ArgumentBlock, std::uint32_t>> gaugeCalls;
 
 void RecordGaugeCall(void* arguments, std::uint32_t flag) {
     std::memcpy(gaugeCalls.emplace_back().first.data(), arguments, 40);
     gaugeCalls.back().second = flag;
-    std::memset(arguments, 0xEE, 40); // what a gauge leaves there does not reach the next call
+    std::memset(arguments, 0xEE, 40); // must not affect the next call
 }
 
 std::shared_ptr<CallbackCode> Code(const std::string& text) {
@@ -87,7 +87,7 @@ constexpr NamedFlag kWheelUp{"WheelUp", 0x00004000}, kWheelDown{"WheelDown", 0x0
 
 } // namespace
 
-TEST(CallbackFire, CodeAndFunctionsTakeTheEventsThatTheRectangleTakes) {
+TEST(CallbackFire, CodeAndFunctionsHandleTheEventsThatTheRectangleAccepts) {
     const auto code = Code("(M:Event) x (M:Event)");
     CallbackFSFunc function;
     EXPECT_TRUE(Fired(function, LeftClick).empty()) << "no function";
@@ -128,10 +128,10 @@ TEST(CallbackFire, CodeAndFunctionsTakeTheEventsThatTheRectangleTakes) {
     gaugeCalls.clear();
     EXPECT_EQ(Fired(*code, MouseEventKind{6}), Calls{"'WheelDown' x 'WheelDown'"});
     Fired(function, MouseEventKind{6});
-    EXPECT_TRUE(gaugeCalls.empty()) << "an event of no kind";
+    EXPECT_TRUE(gaugeCalls.empty()) << "an event of unknown kind";
 }
 
-TEST(CallbackFire, EventsAndTogglesTakeNoNoticeOfTheRectangle) {
+TEST(CallbackFire, EventsAndTogglesIgnoreTheRectangle) {
     CallbackEventID event;
     event.EventID = 66587;
     for (const MouseEventKind kind : {LeftClick, WheelUp, MouseEventKind{9}}) {
@@ -154,7 +154,7 @@ TEST(CallbackApply, SetsVariables) {
         EXPECT_EQ(Applied(code, value), Calls{std::string(number) + " (>L:Throttle1Position,percent)"});
 }
 
-TEST(CallbackJumpDraggingApply, TurnsADragIntoSteps) {
+TEST(CallbackJumpDraggingApply, ConvertsADragToSteps) {
     const Calls up = {"more 'WheelUp'"}, down = {"less 'WheelDown'"};
     const struct {
         std::int32_t xDelta, yDelta;
@@ -174,7 +174,7 @@ TEST(CallbackJumpDraggingApply, TurnsADragIntoSteps) {
     }
 }
 
-TEST(CallbackJumpDraggingApply, TakesTheEventsOfThePart) {
+TEST(CallbackJumpDraggingApply, UsesTheEventTypeOfThePart) {
     const struct {
         TouchEventType type;
         Calls positive, negative;

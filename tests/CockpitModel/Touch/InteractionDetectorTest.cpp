@@ -35,7 +35,7 @@ const NodePart& PartOf(const SceneGraph& graph, int node, int part = 0) {
     return *graph.Nodes().at(static_cast<std::size_t>(node))->parts.at(static_cast<std::size_t>(part));
 }
 
-TEST(InteractionDetectorTest, TheCallbackTypeDecidesAheadOfTheMotionOfTheOwnNode) {
+TEST(InteractionDetectorTest, TheCallbackTypeDecidesBeforeTheMotionOfTheOwnNode) {
     const struct {
         const char* name;
         std::uint32_t callbackType;
@@ -48,7 +48,7 @@ TEST(InteractionDetectorTest, TheCallbackTypeDecidesAheadOfTheMotionOfTheOwnNode
         {"drag", 2, {}, Type::Twist},
         {"drag that turns", 2, {kTurn}, Type::Twist},
         {"drag that slides", 2, {kSlide}, Type::Move},
-        {"drag with w of exactly 1, which is no turn", 2, {TurnTo(0)}, Type::Move},
+        {"drag with w of exactly 1, not a rotation", 2, {TurnTo(0)}, Type::Move},
         {"steps", 3, {}, Type::Twist},
         {"a type that there is not", 4, {}, Type::None},
     };
@@ -136,11 +136,11 @@ TEST(InteractionDetectorTest, ThePrimaryYokeIsWideAndToTheLeftAndTheFirstOfEqual
     }
 }
 
-TEST(InteractionDetectorTest, ALeverThatStepsIsDrivenByPercentFromThenOn) {
+TEST(InteractionDetectorTest, ASteppingLeverIsSwitchedToPercent) {
     const struct {
         const char* animation;
         std::uint32_t callbackType;
-        const char* code; ///< empty for a rectangle that stays what it is
+        const char* code; ///< empty for a rectangle that is not changed
     } rows[] = {
         {"x L:Throttle1Position", 3, "L:Throttle1Position"},
         {"L:RPMLever1Position L:Throttle1Position", 3, "L:RPMLever1Position"},

@@ -13,7 +13,7 @@
 namespace CockpitModel {
 namespace {
 
-/// "<value>|<rest>" of a number at the front of a text and what is left behind it; "none" where no number begins.
+/// "<value>|<rest>" of a number at the start of a text; "none" if there is no number.
 template <typename Number>
 std::string Read(NumberRead<Number> (*read)(const char*, const char*), const std::string& text) {
     const std::string line = text + '\n' + std::string(kNumberPadding, '7');
@@ -67,7 +67,7 @@ TEST(NumberText, ReadsTheLongestNumberAndLeavesTheRest) {
         EXPECT_EQ(Read(ReadFloat, text), expected) << text;
 }
 
-TEST(NumberText, TakesNoWordsLoneSignsOrSecondSignsForNumbers) {
+TEST(NumberText, RejectsWordsLoneSignsAndDoubleSigns) {
     for (const char* text : {"", "+", "-", ".", "-.", "+-1", "-+1", "++1", "--1", "e5", ".e5", "inf", "-inf", "+inf",
                              "nan", "infinity", "NAN", "x1", "\xFF"}) {
         EXPECT_EQ(Read(ReadFloat, text), "none") << text;
@@ -127,11 +127,11 @@ TEST(NumberText, AgreesWithFromCharsAroundTheMiddleOfTwoFloats) {
     int crossings = 0;
     for (int i = 0; i < 100000; ++i) {
         const float mantissa = 1.0f + static_cast<float>(Bits(random, 23)) / (1 << 23);
-        // So large that the middle has at most 18 digits, which the quick reader still takes.
+        // So large that the middle has at most 18 digits, which the fast reader still handles.
         const double middle = MiddleAbove(std::ldexp(mantissa, 16 + i % 40));
         for (const double value : {middle, std::nextafter(middle, 0.0), std::nextafter(middle, INFINITY)})
             ExpectLikeFromChars(Decimal(value, i % 10));
-        // The numbers of 18 digits around a middle that has more; the quotient of some is on its other side.
+        // The numbers of 18 digits around a middle with more digits; some quotients are on its other side.
         std::string text = Decimal(MiddleAbove(std::ldexp(mantissa, i % 3)), 17);
         const std::int64_t digits = std::stoll(text.erase(1, 1));
         for (const std::int64_t beside : {digits - 1, digits, digits + 1}) {

@@ -27,7 +27,7 @@ std::string Failure(const std::function<void()>& run) {
     return "none";
 }
 
-TEST(XPAircraftCockpit, FindsItsObjectBesideTheAcfWhateverTheCase) {
+TEST(XPAircraftCockpit, FindsItsObjectBesideTheAcfInAnyCase) {
     const Support::TemporaryFolder folder;
     const std::string object = folder.Write("PLANE.old_cockpit.OBJ", "");
     const auto cockpit = Open(folder / "Plane.old.acf");
@@ -54,7 +54,7 @@ TEST(XPAircraftCockpit, ReadsThePilotsEyeInMetres) {
               folder / "p.acf" + ": acf/_pe_xyz/1 of line 3 is \"high\"; it needs a number");
 }
 
-TEST(XPAircraftCockpit, LoadsItsModelAnewOnEachCallAndAnEmptyOneWithoutAnObject) {
+TEST(XPAircraftCockpit, ReloadsItsModelOnEachCallAndLoadsAnEmptyOneWithoutAnObject) {
     const Support::TemporaryFolder folder;
     const std::string object = folder.Write("p_cockpit.obj", "TEXTURE a.png\nVT 1 2 3 0 0 1 0 0\nTRIS 0 3");
     const auto cockpit = Open(folder / "p.acf");

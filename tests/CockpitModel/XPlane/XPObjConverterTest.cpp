@@ -53,7 +53,7 @@ TEST(XPObjConverter, MakesOneMaterialForEachTexture) {
     EXPECT_EQ(model.materials.Children[2].Alpha, 1.0f);
 }
 
-TEST(XPObjConverter, TurnsVerticesToLeftHandedAxes) {
+TEST(XPObjConverter, ConvertsVerticesToLeftHandedAxes) {
     const ModelData model = Model("VT 1 2 3 0 0 1 0.25 0.75\nIDX 0\nIDX -1\n");
     ASSERT_TRUE(model.vertexBlocks.size() == 1 && model.indexBlocks.size() == 1);
     const Vertex& v = model.vertexBlocks[0].Children.at(0);
@@ -62,7 +62,7 @@ TEST(XPObjConverter, TurnsVerticesToLeftHandedAxes) {
     EXPECT_EQ(model.indexBlocks[0].Children, (std::vector<std::uint32_t>{0, 0xFFFFFFFF}));
 }
 
-TEST(XPObjConverter, KeepsDrawCallsThatShowOrTakeAHand) {
+TEST(XPObjConverter, KeepsVisibleOrClickableDrawCalls) {
     const ModelData model =
         Model("TRIS 0 3\nATTR_draw_disable\nTRIS 3 3\nATTR_manip_toggle hand 0 1 sim/gear\nTRIS -6 -9\n"
               "ATTR_manip_drag_axis hand 1 0 0 -0.5 1e7 sim/throttle\nTRIS 9 3\n");
@@ -107,7 +107,7 @@ TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
 
     const RiffBlockXANK& turned = model.animations[2].tracks[0][1];
     EXPECT_FALSE(turned.IsTranslation);
-    const float unit = std::sqrt(0.75f / 14); // the sine of 60 degrees through the length of the axis
+    const float unit = std::sqrt(0.75f / 14); // the sine of 60 degrees divided by the length of the axis
     EXPECT_TRUE(turned.Rotation.isApprox(Utils::Quaternion(0.5f, -unit, -2 * unit, 3 * unit), 1e-6f));
     const RiffBlockXANK& zero = model.animations[3].tracks[0][1];
     EXPECT_NEAR(zero.Rotation.w(), 0.0f, 1e-7f);
@@ -115,7 +115,7 @@ TEST(XPObjConverter, MakesKeysInTheModelsAxes) {
 }
 
 TEST(XPObjConverter, SplitsStepsIntoAChain) {
-    // Node 1 has three steps and the child 2: the chain is 1, 3, 4, and 2 and the draw call hang on its end.
+    // Node 1 has three steps and the child 2: the chain is 1, 3, 4, and 2 and the draw call are at its end.
     const ModelData model =
         Model("ANIM_begin\n" + Steps(3) + "TRIS 0 3\nANIM_begin\nTRIS 3 3\nANIM_end\nANIM_end\nTRIS 6 3\n");
     EXPECT_EQ(Names(model), "Dummy Animation step0 Dummy Animation step1 step2 ");
@@ -135,12 +135,12 @@ TEST(XPObjConverter, SplitsStepsIntoAChain) {
 TEST(XPObjConverter, SplitsTheRootAndKeepsTheOrderOfSiblings) {
     const ModelData model =
         Model(Steps(2) + "ANIM_begin\nANIM_end\nANIM_begin\n" + Steps(2) + "ANIM_end\nANIM_begin\n");
-    // Root 0 to its second step 4, whose children are 1, 2 and 3 in order; 2 goes on in 5.
+    // Root 0 to its second step 4, whose children are 1, 2 and 3 in order; 2 continues in 5.
     EXPECT_EQ(Links(model), "4,-1 -1,2 5,3 -1,-1 1,-1 -1,-1 ");
     EXPECT_EQ(model.animationLinks.Children.at(0), -1);
 }
 
-TEST(XPObjConverter, MakesAsManyNodesAsTheTableCanName) {
+TEST(XPObjConverter, MakesAsManyNodesAsTheTableCanAddress) {
     const ModelData most = Model("ANIM_begin\n" + Steps(32766) + "TRIS 0 3\n");
     EXPECT_EQ(most.animations.size(), 32767u);
     EXPECT_EQ(most.parts.at(0).Node, 32766u);
@@ -150,7 +150,7 @@ TEST(XPObjConverter, MakesAsManyNodesAsTheTableCanName) {
     EXPECT_THROW(Model("ANIM_begin\n" + Steps(32767)), Utils::OutOfRange);
 }
 
-TEST(XPObjConverter, StopsAtBrokenTrees) {
+TEST(XPObjConverter, RejectsBrokenTrees) {
     const Support::FatalErrorRecorder recorder;
     std::vector<XPObjDrawCall> drawCalls;
     std::vector<XPObjAnimNode> strangers(3); // node 2 is node 1's child and names node 0

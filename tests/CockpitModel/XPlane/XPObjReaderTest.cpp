@@ -51,7 +51,7 @@ std::string Show(const XPObjAnimNode& node) {
     return std::move(text).str();
 }
 
-TEST(XPObjReader, TakesValuesUpToTheFirstFault) {
+TEST(XPObjReader, ReadsValuesUpToTheFirstFault) {
     const struct {
         const char* line;
         const char* vertex;
@@ -76,7 +76,7 @@ TEST(XPObjReader, TakesValuesUpToTheFirstFault) {
     }
 }
 
-TEST(XPObjReader, KeepsIndicesAheadOfAFault) {
+TEST(XPObjReader, KeepsIndicesBeforeAFault) {
     using Indices = std::vector<std::int32_t>;
     EXPECT_EQ(ReadText("IDX 5\nIDX\nIDX x\nIDX 1.9\nIDX -3").indices, (Indices{5, 0, 0, 1, -3}));
     EXPECT_EQ(ReadText("IDX10 1 2 3 4 5 6 7 8 9 10 11").indices, (Indices{1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
@@ -85,12 +85,12 @@ TEST(XPObjReader, KeepsIndicesAheadOfAFault) {
               (Indices{std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min(), 5}));
 }
 
-TEST(XPObjReader, LeavesPanelTextureAndRootWhereNothingIsRead) {
+TEST(XPObjReader, KeepsPanelTextureAndRootIfNothingIsRead) {
     std::istringstream unopened("VT 1 2 3 4 5 6 7 8\n");
     unopened.setstate(std::ios::failbit);
     XPObjData fromUnopened;
     ReadXPObj(unopened, fromUnopened);
-    // Keywords count in full and with their case.
+    // Keywords must match in full and in case.
     const char* const unread = "vt 1 2 3 4 5 6 7 8\nVTX 1 2 3 4 5 6 7 8\nVT\v1 2 3\n#VT 1\nV\nTEXTURE_LIT a.png\n"
                                "ANIM_trans_key 0 1 2 3\nIDX1 4\nTRISX 0 3\n\n \t \nANIM_begins\nIDX10x 1\n";
     for (const XPObjData& data : {fromUnopened, ReadText(""), ReadText(unread)}) {
@@ -101,7 +101,7 @@ TEST(XPObjReader, LeavesPanelTextureAndRootWhereNothingIsRead) {
     }
 }
 
-TEST(XPObjReader, GivesDrawCallsTheTextureInForce) {
+TEST(XPObjReader, AssignsTheTextureInForceToDrawCalls) {
     const XPObjData data = ReadText("TRIS 0 3\nTEXTURE a b.png\r\nTRIS 3 3\nTEXTURE\nTEXTURE c.png\nTRIS -6 x\n"
                                     "ATTR_cockpit\nTRIS\nATTR_no_cockpit \t\r\nATTR_draw_disable\nTRIS 9 9999999999\n"
                                     "ATTR_cockpit_region 1\nTRIS 1 2\nATTR_draw_enable\nTRIS 1 2\nTEXTURE \t\n");
@@ -173,7 +173,7 @@ TEST(XPObjReader, NestsAnimationBlocks) {
     EXPECT_EQ(data.drawCalls.at(1).animNode, 0u);
 }
 
-TEST(XPObjReader, StandsAnyBytes) {
+TEST(XPObjReader, AcceptsAnyBytes) {
     using namespace std::string_literals;
     const XPObjData zeros =
         ReadText("VT 1\0 2 3\nTEXTURE a\0b\nANIM_begin\0\nATTR_manip_toggle h\0 1 2 x\0y\nTRIS 0 3"s);

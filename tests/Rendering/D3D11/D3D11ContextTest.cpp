@@ -34,7 +34,7 @@ protected:
     static inline std::unique_ptr<Conformance::D3D11Device> device;
 };
 
-TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
+TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesHaveATypedFormat) {
     const std::tuple<DXGI_FORMAT, UINT, DXGI_FORMAT, D3D11_RTV_DIMENSION> rows[] = {
         {DXGI_FORMAT_R8G8B8A8_TYPELESS, 1, DXGI_FORMAT_R8G8B8A8_UNORM, D3D11_RTV_DIMENSION_TEXTURE2D},
         {DXGI_FORMAT_R16G16B16A16_TYPELESS, 1, DXGI_FORMAT_R16G16B16A16_UNORM, D3D11_RTV_DIMENSION_TEXTURE2D},
@@ -52,7 +52,7 @@ TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesNameTheType) {
     }
 }
 
-TEST_F(D3D11ContextTest, AWrappedTextureIsOneMoreReference) {
+TEST_F(D3D11ContextTest, WrappingATextureAddsAReference) {
     const Support::FatalErrorRecorder dialog;
     auto texture = Texture(DXGI_FORMAT_R8G8B8A8_UNORM);
     { const Rendering::D3D11::TextureRenderLock needsNoMutex(texture.Get()); }
@@ -64,7 +64,7 @@ TEST_F(D3D11ContextTest, AWrappedTextureIsOneMoreReference) {
     EXPECT_TRUE(dialog.texts.empty());
 }
 
-TEST_F(D3D11ContextTest, ASharedBitmapIsThereOrNull) {
+TEST_F(D3D11ContextTest, ASharedBitmapIsCreatedOrNull) {
     Support::FatalErrorRecorder dialog;
     EXPECT_EQ(device->Context().CreateSharedBitmap({1u << 20, 1}), nullptr) << "wider than a texture may be";
     if (const auto shared = device->Context().CreateSharedBitmap({4, 4})) {
@@ -76,7 +76,7 @@ TEST_F(D3D11ContextTest, ASharedBitmapIsThereOrNull) {
     EXPECT_TRUE(dialog.texts.empty()) << dialog.texts.front();
 }
 
-/// A texture with a keyed mutex that answers as it is told.
+/// A texture with a keyed mutex that returns given results.
 struct MutexTexture final : IDXGIKeyedMutex {
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
         *object = this;
@@ -94,7 +94,7 @@ struct MutexTexture final : IDXGIKeyedMutex {
     HRESULT acquired = S_OK, released = S_OK;
 };
 
-TEST(TextureRenderLockTest, FailsOnlyWhereNoExceptionIsUnderWay) {
+TEST(TextureRenderLockTest, FailsOnlyOutsideStackUnwinding) {
     MutexTexture texture;
     const auto lock = [&] { Rendering::D3D11::TextureRenderLock{&texture}; };
     const Support::FatalErrorRecorder dialog;
@@ -139,7 +139,7 @@ TEST_F(D3D11ContextTest, AFileThatDoesNotCompileIsShownBeforeTheFatalError) {
     ASSERT_EQ(dialog.captions, (std::vector<std::string>{"Vorelle FSX: Shader compilation error", "Vorelle FSX"}));
     EXPECT_NE(dialog.texts[0].find("nonsense"), std::string::npos) << dialog.texts[0];
     EXPECT_THROW(compile(folder / "missing.fx"), std::exception);
-    EXPECT_EQ(dialog.captions.size(), 3u) << "no compiler's words about a file that is not there";
+    EXPECT_EQ(dialog.captions.size(), 3u) << "no compiler messages about a missing file";
 }
 
 } // namespace

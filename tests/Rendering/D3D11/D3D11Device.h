@@ -8,10 +8,10 @@
 
 namespace Conformance {
 
-/// Direct3D 11 without a window, with the programs of the source tree.
+/// Direct3D 11 without a window, with the shaders of the source tree.
 class D3D11Device {
 public:
-    /// A DDS picture is drawn into a target of one level.
+    /// A DDS image is drawn into a target of one level.
     static constexpr bool kDropsMipLevelsOfFiles = true;
 
     D3D11Device() {

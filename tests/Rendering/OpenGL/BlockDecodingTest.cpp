@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint32_t kBlocks = 4096; ///< one above the other
 
-/// What the driver makes of blocks, four bytes a pixel, in the order of the blocks.
+/// The driver's pixels for blocks, four bytes per pixel, in the order of the blocks.
 std::vector<std::uint8_t> DriversPixels(GLenum format, const std::string& blocks) {
     GLuint texture = 0;
     glGenTextures(1, &texture);
@@ -48,7 +48,7 @@ std::string RandomBlocks(std::size_t blockSize, std::uint32_t seed) {
 
 TEST(BlockDecodingTest, AgreesWithTheDriver) {
     const Rendering::OpenGL::EglContext egl;
-    // The driver mixes the values of the older formats in eight bits, signed ones in seven, and cuts the rest off.
+    // The driver interpolates the older formats in eight bits, signed ones in seven, and truncates.
     const struct {
         std::uint32_t dxgiFormat;
         GLenum format;
@@ -65,7 +65,7 @@ TEST(BlockDecodingTest, AgreesWithTheDriver) {
             << row.dxgiFormat;
     for (std::uint32_t mode = 0; mode <= 8; ++mode) { // 8 is reserved
         std::string blocks = RandomBlocks(16, mode);
-        for (std::size_t at = 0; at < blocks.size(); at += 16) // a one after as many zeros
+        for (std::size_t at = 0; at < blocks.size(); at += 16) // a set bit after `mode` zeros
             blocks[at] = static_cast<char>((blocks[at] | 1) << mode);
         EXPECT_EQ(Difference(98, GL_COMPRESSED_RGBA_BPTC_UNORM_ARB, blocks), 0) << "BC7, mode " << mode;
     }

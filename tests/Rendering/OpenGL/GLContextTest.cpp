@@ -48,7 +48,7 @@ TEST_F(GLContextTest, ObjectsThatOutliveTheirContextLeaveTheNextOneAlone) {
         theirs.push_back(gone->Context().CreateBitmap(Support::Bitmap("B\n")));
     gone.reset();
     device.MakeCurrent();
-    std::vector<std::unique_ptr<Rendering::GPUBitmap>> own; // their names are likely the same numbers
+    std::vector<std::unique_ptr<Rendering::GPUBitmap>> own; // their GL names are probably the same numbers
     for (int i = 0; i < 20; ++i)
         own.push_back(device.Context().CreateBitmap(Support::Bitmap("R\n")));
     theirs.clear();
@@ -56,7 +56,7 @@ TEST_F(GLContextTest, ObjectsThatOutliveTheirContextLeaveTheNextOneAlone) {
         EXPECT_EQ(Support::Picture(device.Read(*bitmap)), "R\n");
 }
 
-TEST_F(GLContextTest, AFrameTargetMayBeResizedAndSmoothEdges) {
+TEST_F(GLContextTest, AFrameTargetCanBeResizedAndAntialiased) {
     Rendering::OpenGL::GLFrameTarget frame(device.Context(), 4);
     frame.Resize({0, 0});
     EXPECT_EQ(frame.Size(), (Rendering::Size{1, 1}));
@@ -68,7 +68,7 @@ TEST_F(GLContextTest, AFrameTargetMayBeResizedAndSmoothEdges) {
     EXPECT_EQ(Support::Picture(frame.Read()), "Wg.\n") << "the edge runs through the middle pixel";
     GLint matrices = 0;
     glGetIntegeri_v(GL_UNIFORM_BUFFER_BINDING, 0, &matrices);
-    EXPECT_NE(matrices, 0) << "a program's uniform block has a buffer also where it is not read";
+    EXPECT_NE(matrices, 0) << "a shader's uniform block has a buffer even if it is not read";
 }
 
 } // namespace
