@@ -3,12 +3,12 @@
 #include "Annotator/FailureTexts.h"
 #include "Batch/Jobs/Process.h"
 #include "Sim/XPAircraftListLoader.h"
+#include "Utils/Numbers.h"
 #include "Utils/Text.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
-#include <charconv>
 #include <set>
 
 namespace Batch {
@@ -102,11 +102,11 @@ void AddAircraftOption(CLI::App& app, std::vector<std::string>& words) {
 
 void AddJobsOption(CLI::App& app, std::size_t& jobs) {
     const auto parse = [&jobs](const std::string& text) {
-        const char* const end = text.data() + text.size();
-        const auto [next, error] = std::from_chars(text.data(), end, jobs);
-        if (error != std::errc() || next != end || jobs < 1 || jobs > kMostJobs)
+        const auto number = Utils::ParseWhole<std::size_t>(text);
+        if (!number || *number < 1 || *number > kMostJobs)
             throw CLI::ValidationError("--jobs",
                                        "'" + text + "' is not a number from 1 to " + std::to_string(kMostJobs));
+        jobs = *number;
     };
     app.add_option_function<std::string>("--jobs,-j", parse,
                                          "Aircraft to process in parallel (default: number of processors)")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,13 @@ struct SaveResult {
     std::string error; ///< in words, with the path, where not saved
     explicit operator bool() const { return saved; }
 };
+
+/// The result of a save that memory ran out in. The reason has at most 15 characters, which need no memory.
+template <std::size_t size>
+SaveResult NotSaved(const char (&reason)[size]) noexcept {
+    static_assert(size <= 16);
+    return {false, reason};
+}
 
 /// Makes a file's content these bytes, or leaves the file as it was, byte for byte, and says why: a reader, also one
 /// after a crash of the program or the machine, finds the old file or the new one. The new file takes the mode of the

@@ -99,7 +99,7 @@ Utils::SaveResult AnnotationStore::Write(const std::string& path) noexcept {
         }
         return saved;
     } catch (...) {
-        return {false, "Cannot be saved"}; // short enough to need no memory
+        return Utils::NotSaved("Cannot be saved");
     }
 }
 
