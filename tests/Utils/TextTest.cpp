@@ -23,8 +23,8 @@ TEST(Text, EndsLinesAtLineFeeds) {
 }
 
 TEST(Text, SplitsAtBlanksAndTabsAlone) {
-    EXPECT_EQ(Words(" \tP\t acf/_descrip  Sky\xA0X \r"), (Views{"P", "acf/_descrip", "Sky\xA0X", "\r"}));
-    EXPECT_EQ(Words(" \t"), Views());
+    EXPECT_EQ(SplitBlanks(" \tP\t acf/_descrip  Sky\xA0X \r"), (Views{"P", "acf/_descrip", "Sky\xA0X", "\r"}));
+    EXPECT_EQ(SplitBlanks(" \t"), Views());
     EXPECT_EQ(Trim("\t a b\v \t"), "a b\v");
     EXPECT_EQ(Trim(" \t "), "");
 }

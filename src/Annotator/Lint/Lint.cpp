@@ -6,6 +6,7 @@
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
+#include "CockpitModel/XPlane/XPAircraftCockpit.h"
 #include "CockpitModel/XPlane/XPObjData.h"
 #include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
@@ -68,7 +69,7 @@ void CheckPanel(const LintOutline& outline, const path& folder, LintFindings& fi
         return;
     const auto count = static_cast<std::size_t>(std::ranges::count(outline.draws, true, &LintDraw::panel));
     const std::string wrong = "there is no " + (folder / CockpitModel::kPanelTexture).string() + ", which " +
-                              Times(count, "part under ATTR_cockpit shows", "parts under ATTR_cockpit show");
+                              Utils::Counted(count, "part under ATTR_cockpit shows", "parts under ATTR_cockpit show");
     if (const path flat = Utils::FindIgnoringCase(folder / "cockpit/-PANELS-/Panel.png"); !flat.empty())
         findings.Add(Note, "panel-missing", first->line, wrong,
                      "nothing for X-Plane, which takes " + flat.string() + " instead; pictures here stay without it");
@@ -113,8 +114,7 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& o
     std::vector<const CockpitModel::NodePart*> candidates;
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
-            if (part->InteractionType == TouchInteractionType::YokePart ||
-                part->InteractionType == TouchInteractionType::YokePrimary)
+            if (IsYoke(part->InteractionType))
                 candidates.push_back(part.get());
     if (candidates.empty()) {
         findings.Add(Note, "no-yoke", 0,
@@ -189,7 +189,7 @@ std::vector<LintFinding> LintObject(const std::string& file, std::string_view te
 
 std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
     const path acf = info.acfPath;
-    const path expected = acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
+    const path expected = CockpitModel::CockpitObjectPath(acf);
     const path object = CockpitFileOnDisk(expected);
     if (object.empty())
         throw std::runtime_error("there is no cockpit object " + expected.string());

@@ -1,6 +1,7 @@
 #include "Annotator/Lint/LintChecks.h"
 
 #include "CockpitModel/XPlane/XPObjData.h"
+#include "Utils/Text.h"
 
 #include <algorithm>
 #include <sstream>
@@ -11,6 +12,7 @@ namespace Annotator {
 namespace {
 
 using enum LintSeverity;
+using Utils::Counted;
 
 std::string AtLine(std::uint32_t line) {
     return "line " + std::to_string(line);
@@ -27,7 +29,7 @@ void CheckMaterials(const LintOutline& outline, LintFindings& findings) {
     if (first == outline.draws.end())
         return;
     const auto count = static_cast<std::size_t>(std::ranges::count(outline.draws, false, &LintDraw::textured));
-    const std::string refused = " (" + Times(count, "part", "parts") + "), so the cockpit cannot be loaded";
+    const std::string refused = " (" + Counted(count, "part") + "), so the cockpit cannot be loaded";
     if (outline.emptyTexture != 0 && outline.emptyTexture < first->line)
         findings.Add(Error, "no-texture", outline.emptyTexture, "TEXTURE names no file" + refused,
                      "write the texture's path after it; --untextured reads the cockpit as it is");
@@ -139,13 +141,13 @@ void CheckOneInForce(const LintOutline& outline, std::span<const LintDraw> draws
     const LeftInForce left = FindLeft(outline, draws);
     if (left.firstElsewhere)
         findings.Add(Warning, "left-in-force", left.firstElsewhere->line,
-                     name + " is still in force over " + Times(left.elsewhere, "part", "parts") +
+                     name + " is still in force over " + Counted(left.elsewhere, "part") +
                          " outside its animation block, where a click works it, too",
                      "write ATTR_manip_none ahead of " + AtLine(left.firstElsewhere->line));
     if (left.firstBehind)
         findings.Add(Warning, "unread-manipulator", left.firstBehind->unreadLine,
                      left.firstBehind->unreadKeyword + " is not read by this program, so " + name +
-                         " stays in force over " + Times(left.behindUnread, "part", "parts") + " from " +
+                         " stays in force over " + Counted(left.behindUnread, "part") + " from " +
                          AtLine(left.firstBehind->line) + " on",
                      "write ATTR_manip_none ahead of it, which changes nothing in X-Plane");
 }
@@ -186,7 +188,7 @@ void CheckLineEnds(const LintOutline& outline, LintFindings& findings) {
     const LintUnknown& doubled = outline.doubledReturns;
     if (doubled.count > 0)
         findings.Add(Warning, "line-ends", doubled.firstLine,
-                     Times(doubled.count, "line ends", "lines end") +
+                     Counted(doubled.count, "line ends", "lines end") +
                          " in CR CR LF; the first CR is read as part of the last word, so that keywords such as "
                          "ANIM_begin and datarefs are not known",
                      "save the file with LF or CR LF at the end of each line");
@@ -196,8 +198,7 @@ void CheckKeywords(const LintOutline& outline, LintFindings& findings) {
     for (const auto& [keyword, unknown] : outline.unknown) {
         const std::string_view like = KeywordLike(keyword);
         findings.Add(Warning, "unknown-keyword", unknown.firstLine,
-                     keyword.substr(0, 64) + " is no keyword of the format (" + Times(unknown.count, "line", "lines") +
-                         ")",
+                     keyword.substr(0, 64) + " is no keyword of the format (" + Counted(unknown.count, "line") + ")",
                      like.empty() ? "remove it, or put # in front of a comment"
                                   : "write " + std::string(like) + ": keywords are told apart by case");
     }
@@ -217,10 +218,6 @@ constexpr LintCheck kChecks[] = {
 };
 
 } // namespace
-
-std::string Times(std::size_t count, const std::string& one, const std::string& many) {
-    return std::to_string(count) + ' ' + (count == 1 ? one : many);
-}
 
 std::span<const LintCheck> LintChecks() {
     return kChecks;

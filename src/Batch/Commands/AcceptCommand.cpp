@@ -32,8 +32,7 @@ struct AcceptOptions {
 
 /// Yoke types are only found on parts without a rectangle.
 bool NeedsExpectation(const NodePart& part, bool yoke) {
-    return part.Rect() || (yoke && (part.InteractionType == TouchInteractionType::YokePart ||
-                                    part.InteractionType == TouchInteractionType::YokePrimary));
+    return part.Rect() || (yoke && IsYoke(part.InteractionType));
 }
 
 /// The parts that are to get an expectation, on their way to the parent.

@@ -10,6 +10,10 @@ namespace CockpitModel {
 /// How a hand touches a part.
 enum class TouchInteractionType : std::uint32_t { None, Tap, Twist, Move, Radio, YokePart, YokePrimary };
 
+constexpr bool IsYoke(TouchInteractionType type) {
+    return type == TouchInteractionType::YokePart || type == TouchInteractionType::YokePrimary;
+}
+
 /// Which mouse events stand for the two directions of a control that is stepped.
 enum class TouchEventType : std::uint32_t { Wheel, LClickRClick, LClickLClick };
 
