@@ -20,7 +20,6 @@ namespace {
 
 using CockpitModel::AnnotationRecord;
 using CockpitModel::NodePart;
-using CockpitModel::TouchInteractionType;
 
 struct AcceptOptions {
     bool dryRun = false;
