@@ -3,9 +3,9 @@
 #include "CockpitModel/SceneGraph.h"
 #include "Sim/AircraftInfo.h"
 #include "Utils/Files.h"
+#include "Utils/Numbers.h"
 #include "Utils/Text.h"
 
-#include <charconv>
 #include <stdexcept>
 #include <tinyxml2.h>
 
@@ -66,11 +66,10 @@ auto Field(const XMLElement& part, const char* name, const char* needed, FromTex
 }
 
 std::int32_t IdFromText(const std::string& text) {
-    std::int32_t id = -1;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), id);
-    if (error != std::errc() || end != text.data() + text.size() || id < 0)
+    const auto id = Utils::ParseWhole<std::int32_t>(text);
+    if (!id || *id < 0)
         throw std::exception();
-    return id;
+    return *id;
 }
 
 bool FlagFromText(const std::string& text) {

@@ -1,7 +1,8 @@
 #include "Batch/AircraftOptions.h"
 
+#include "Utils/Numbers.h"
+
 #include <CLI/CLI.hpp>
-#include <charconv>
 
 namespace Batch {
 
@@ -16,11 +17,11 @@ void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load) {
 
 void AddJobsOption(CLI::App& app, std::size_t& jobs) {
     const auto parse = [&jobs](const std::string& text) {
-        const char* const end = text.data() + text.size();
-        const auto [next, error] = std::from_chars(text.data(), end, jobs);
-        if (error != std::errc() || next != end || jobs < 1 || jobs > kMostJobs)
+        const auto number = Utils::ParseWhole<std::size_t>(text);
+        if (!number || *number < 1 || *number > kMostJobs)
             throw CLI::ValidationError("--jobs",
                                        "'" + text + "' is not a number from 1 to " + std::to_string(kMostJobs));
+        jobs = *number;
     };
     app.add_option_function<std::string>("--jobs,-j", parse,
                                          "Aircraft to process in parallel (default: number of processors)")

@@ -1,18 +1,8 @@
 #include "CockpitModel/PartAddress.h"
 
-#include <charconv>
+#include "Utils/Numbers.h"
 
 namespace CockpitModel {
-
-namespace {
-
-bool ReadIndex(std::string_view text, std::int32_t& index) {
-    const char* const end = text.data() + text.size();
-    const auto [next, error] = std::from_chars(text.data(), end, index);
-    return error == std::errc() && next == end;
-}
-
-} // namespace
 
 std::string ToText(PartAddress address) {
     return std::to_string(address.node) + "," + std::to_string(address.part);
@@ -20,11 +10,11 @@ std::string ToText(PartAddress address) {
 
 std::optional<PartAddress> ParsePartAddress(std::string_view text) {
     const std::size_t comma = text.find(',');
-    PartAddress address;
-    if (comma == std::string_view::npos || !ReadIndex(text.substr(0, comma), address.node) ||
-        !ReadIndex(text.substr(comma + 1), address.part))
+    if (comma == std::string_view::npos)
         return std::nullopt;
-    return address;
+    const auto node = Utils::ParseWhole<std::int32_t>(text.substr(0, comma));
+    const auto part = Utils::ParseWhole<std::int32_t>(text.substr(comma + 1));
+    return node && part ? std::optional(PartAddress{*node, *part}) : std::nullopt;
 }
 
 } // namespace CockpitModel

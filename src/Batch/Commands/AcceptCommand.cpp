@@ -20,7 +20,6 @@ namespace {
 
 using CockpitModel::AnnotationRecord;
 using CockpitModel::NodePart;
-using CockpitModel::TouchInteractionType;
 
 struct AcceptOptions {
     bool dryRun = false;
@@ -30,8 +29,7 @@ struct AcceptOptions {
 
 /// Yoke types are only found on parts without a rectangle.
 bool NeedsExpectation(const NodePart& part, bool yoke) {
-    return part.Rect() || (yoke && (part.InteractionType == TouchInteractionType::YokePart ||
-                                    part.InteractionType == TouchInteractionType::YokePrimary));
+    return part.Rect() || (yoke && IsYoke(part.InteractionType));
 }
 
 /// The parts that need an expectation, encoded for the parent process.

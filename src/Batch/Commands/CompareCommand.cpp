@@ -176,8 +176,7 @@ ExitCode Compare(const CompareOptions& options, Session& session) {
     for (const FileDifference& file : comparison.files)
         parts += file.parts.size();
     session.console.Message(
-        Counted(comparison.compared, "file") + " compared, " + Counted(parts, "part") +
-        (parts == 1 ? " differs, " : " differ, ") +
+        Counted(comparison.compared, "file") + " compared, " + Counted(parts, "part differs", "parts differ") + ", " +
         std::to_string(std::ranges::count_if(comparison.files, [](const auto& file) { return file.inA != file.inB; })) +
         " in only one folder");
     return comparison.unreadable > 0 ? kAircraftFailed : comparison.files.empty() ? kDone : kTestFailed;

@@ -2,6 +2,7 @@
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/ForEachAircraft.h"
+#include "Batch/Reports/AlignedTable.h"
 #include "Batch/Reports/CsvLine.h"
 #include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
@@ -105,32 +106,15 @@ std::string JsonLines(const Sim::AircraftInfo& info, const std::vector<Row>& row
     return text;
 }
 
-using TextRow = std::array<std::string, kColumns.size()>;
-
-std::string Aligned(const std::vector<TextRow>& lines) {
-    std::array<std::size_t, kColumns.size()> widths{};
-    for (const TextRow& line : lines)
-        for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], line[i].size());
-    std::string text;
-    for (const TextRow& line : lines) {
-        text += ' ';
-        for (std::size_t i = 0; i + 1 < line.size(); ++i)
-            text += ' ' + line[i] + std::string(widths[i] - line[i].size() + 1, ' ');
-        text += ' ' + line.back() + '\n';
-    }
-    return text;
-}
-
 std::string Table(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
-    std::vector<TextRow> lines(rows.size() + 1);
+    std::vector<std::vector<std::string>> lines(rows.size() + 1, std::vector<std::string>(kColumns.size()));
     for (std::size_t i = 0; i < kColumns.size(); ++i) {
         lines.front()[i] = kColumns[i];
         for (std::size_t row = 0; row < rows.size(); ++row)
             lines[row + 1][i] = rows[row][i].is_null() ? "-" : Shown(Plain(rows[row][i]));
     }
     return NameOf(info) + ": " + Counted(rows.size(), "part") + " that can be clicked\n" +
-           (rows.empty() ? std::string() : Aligned(lines));
+           (rows.empty() ? std::string() : AlignedTable(lines, "  "));
 }
 
 std::string FormOf(const ManipulatorOptions& options, const Sim::AircraftInfo& info) {

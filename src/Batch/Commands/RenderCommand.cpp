@@ -10,13 +10,13 @@
 #include "Rendering/GeometryLoader.h"
 #include "Rendering/Images.h"
 #include "Rendering/OffScreen.h"
+#include "Utils/Numbers.h"
 #include "Utils/Platform.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <boost/filesystem/operations.hpp>
-#include <charconv>
 #include <cmath>
 #include <memory>
 #include <numbers>
@@ -43,13 +43,14 @@ template <typename Number, std::size_t count>
 std::array<Number, count> ParseNumbers(const std::string& option, const std::string& text, char separator,
                                        const char* form) {
     std::array<Number, count> numbers{};
-    const char *at = text.data(), *const end = at + text.size();
+    std::string_view rest = text;
     for (std::size_t i = 0; i < count; ++i) {
-        const auto [next, error] = std::from_chars(at, end, numbers[i]);
-        const bool complete = i + 1 == count ? next == end : next != end && *next == separator;
-        if (error != std::errc() || !complete || !std::isfinite(static_cast<double>(numbers[i])))
+        const std::size_t end = i + 1 == count ? rest.size() : rest.find(separator);
+        const auto number = end == rest.npos ? std::nullopt : Utils::ParseWhole<Number>(rest.substr(0, end));
+        if (!number || !std::isfinite(static_cast<double>(*number)))
             throw CLI::ValidationError(option, "'" + text + "' does not have the form " + form);
-        at = next + 1;
+        numbers[i] = *number;
+        rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return numbers;
 }

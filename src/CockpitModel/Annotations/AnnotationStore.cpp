@@ -90,7 +90,7 @@ Utils::SaveResult AnnotationStore::Write(const std::string& path) noexcept {
         }
         return saved;
     } catch (...) {
-        return {false, "Cannot be saved"}; // short enough not to allocate
+        return Utils::NotSaved("Cannot be saved");
     }
 }
 
