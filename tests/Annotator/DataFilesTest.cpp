@@ -108,13 +108,5 @@ TEST(ProgramDataFolder, IsFoundByTheProgramsPath) {
     EXPECT_EQ(ProgramDataFolder({}), "") << "a program with unknown path";
 }
 
-TEST(OwnDataFiles, OfTheBuildTreeAreInstalledInTheWorkingDirectory) {
-    const TemporaryFolder installation;
-    fs::create_directories(installation / "Aircraft");
-    const Support::WorkingDirectory inside(installation.path);
-    EXPECT_EQ(InstallDataFiles(), "");
-    EXPECT_EQ(FilesBelow(installation / "QVRA"), FilesBelow(VORELLE_SOURCE_DIR "/data/QVRA"));
-}
-
 } // namespace
 } // namespace Annotator

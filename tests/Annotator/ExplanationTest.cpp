@@ -99,22 +99,6 @@ TEST(ExplanationTest, StatesTheRuleItsValuesAndWhatWouldChangeIt) {
     }
 }
 
-TEST(ExplanationTest, ListsLinesAnimationsAndValues) {
-    const Cockpit cockpit(
-        "ANIM_begin\nANIM_trans 1 0 0 1 0 0 0 0 no_ref\nANIM_begin\nANIM_trans 0 0 0 0 0 1 0 5 sim/slide\n"
-        "ANIM_begin\n" +
-        kTurn + kDrag + "TRIS 6 3\nANIM_end\nANIM_end\nANIM_end");
-    const std::string file = "Aircraft/Props/Cub/plane_cockpit.obj:";
-    const std::string text = cockpit.Text(3);
-    EXPECT_THAT(text, HasSubstr("  source:      " + file + "30: TRIS\n  manipulator: " + file +
-                                "29: DragVariable: 0 , 1 -- sim/x\n"));
-    EXPECT_THAT(text, ContainsRegex("BalanceFactor 0.0346[0-9]*, SweepRadius 0.1384[0-9]* m, 1 triangle\n"));
-    EXPECT_THAT(text, HasSubstr("    node 3: rotation by sim/turn from 0 to 1\n"
-                                "    node 2: translation by sim/slide from 0 to 5\n"
-                                "    node 1: a fixed offset without a dataref\n"
-                                "    node 0: no animation\n"));
-}
-
 TEST(ExplanationTest, ShowsAValueThatIsBarelyAboveItsLimitWithAllDigits) {
     const Cockpit cockpit("ANIM_begin\n" + kTurn + kDrag + "TRIS 3 3\nANIM_end");
     NodePart& part = cockpit.Part(1);
@@ -148,13 +132,6 @@ TEST(ExplanationTest, ListsTheScoresOfAllYokesOrOfTheBestAndThePartItself) {
     for (const char* shown : {"part 13,0, the primary yoke\n", "part 22,0\n", "part 24,0\n    of 12 in total\n"})
         EXPECT_THAT(text, HasSubstr(shown));
     EXPECT_THAT(text, testing::Not(HasSubstr("part 23,0\n")));
-}
-
-TEST(ExplanationTest, DescribesARectangleThatDoesNothing) {
-    const Cockpit cockpit(kDrag + "TRIS 0 3");
-    cockpit.Part(0).Rect()->CallbackType = 0;
-    EXPECT_THAT(cockpit.Text(0), HasSubstr("does nothing when clicked, so None\n"));
-    EXPECT_THAT(cockpit.Text(0), HasSubstr("makes it Tap, a rectangle that sets a value makes it Twist or Move\n"));
 }
 
 } // namespace

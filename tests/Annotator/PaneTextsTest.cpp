@@ -28,18 +28,6 @@ struct Chain {
     std::unique_ptr<SceneGraph> graph;
 };
 
-TEST(PaneTexts, ListsTheAnimationsFromThePartsNodeUpToTheRoot) {
-    Chain chain("sim/" + std::string(66, 'x'));
-    const std::vector<AnimData> rows = AnimationRows(chain.Part(), chain.model);
-    EXPECT_THAT(rows,
-                ElementsAre(Field(&AnimData::label, "3 - No Animation"), Field(&AnimData::label, "2 - No Animation"),
-                            Field(&AnimData::label, "1 - sim/" + std::string(56, 'x')),
-                            Field(&AnimData::label, "0 - No Animation")));
-    EXPECT_EQ(rows[2].animation, &chain.model.animations[1]) << "of the source model, which the slider moves";
-    EXPECT_EQ(rows[1].animation, nullptr);
-    EXPECT_EQ(rows[1].node, chain.graph->Nodes()[2].get());
-}
-
 TEST(PaneTexts, DumpsAnAnimationWithItsTracksAndKeys) {
     ModelAnimation animation =
         Support::Animation("sim/flaps", {{Support::TranslationKey(0, 0, 0, 0), Support::TranslationKey(12.5f, 1, 0, 0)},

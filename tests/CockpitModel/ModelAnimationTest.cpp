@@ -63,17 +63,6 @@ TEST(ApplyAnimation, FindsTheSegmentAndDoesNotClampWithinIt) {
     EXPECT_TRUE(std::isnan(Moved({0, 0, 0}, {two}, kNoNumber).x()));
 }
 
-TEST(ApplyAnimation, StopsAtTheEndOfTheTimeAxis) {
-    // At position 0.25 the time is 25, or the end at 20, where u = 20 / 50.
-    for (const auto& [length, x] : {std::pair(50.0f, 5.0f), {200.0f, 5.0f}, {20.0f, 4.0f}, {0.0f, 10.0f}}) {
-        ModelAnimation animation = Animation("test/lever", {{ShiftX(0, 0), ShiftX(50, 10)}});
-        animation.length = length;
-        Utils::Matrix4 m = Utils::Matrix4::Identity();
-        ApplyAnimation(animation, m, 0.25f);
-        EXPECT_FLOAT_EQ(m(3, 0), x) << length;
-    }
-}
-
 TEST(ApplyAnimation, RotatesAlongTheShorterArcAndUsesTheKindOfTheFirstKey) {
     const float root = std::sqrt(0.5f);
     RiffBlockXANK otherSign = TurnZ(100, kHalfPi);
@@ -106,18 +95,6 @@ TEST(ApplyAnimation, MultipliesFromTheLeftWithLaterTracksNearestTheVertex) {
     const Vector3 within = Moved({1, 0, 0}, {shift}, 1, Utils::RotationZ(kHalfPi));
     EXPECT_TRUE(within.isApprox(Vector3(0, 6, 0), 1e-5f)) << within;
     EXPECT_EQ(Moved({1, 0, 0}, {}, 1, Utils::Translation({1, 2, 3})), Vector3(2, 2, 3));
-}
-
-TEST(ApplyAnimation, ThrowsForATrackWithoutSegment) {
-    for (const Track& track : {Track{}, Track{ShiftX(0, 1)}}) {
-        try {
-            Moved({0, 0, 0}, {track}, 0);
-            ADD_FAILURE() << track.size() << " keys make no segment";
-        } catch (const Utils::OutOfRange& error) {
-            EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
-            EXPECT_THAT(error.Reason(), testing::HasSubstr("test/lever"));
-        }
-    }
 }
 
 } // namespace

@@ -101,25 +101,5 @@ TEST_F(PartTransforms, ReportAFatalErrorForAnUnrelatedAnimation) {
     EXPECT_THAT(recorder.texts, testing::ElementsAre(testing::HasSubstr("CockpitModel\\PartTransformCalculator.cpp")));
 }
 
-TEST(YokeNames, MatchAnywhereInTheAnimationsName) {
-    const struct {
-        const char* name;
-        bool roll, pitch;
-    } rows[] = {
-        {"sim/cockpit2/controls/yoke_roll_ratio", true, false},
-        {"x sim/cockpit2/controls/yoke_pitch_ratio[0]", false, true},
-        {"(A:YOKE X POSITION, position)", true, false},
-        {"YOKE Y POSITION", false, true},
-        {"YOKE X POSITION + YOKE Y POSITION", true, true},
-        {"yoke x position", false, false},
-        {"sim/cockpit2/controls/yoke_heading_ratio", false, false},
-        {"sim/cockpit2/controls/YOKE_ROLL_RATIO", false, false},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(IsYokeRollName(row.name), row.roll) << row.name;
-        EXPECT_EQ(IsYokePitchName(row.name), row.pitch) << row.name;
-    }
-}
-
 } // namespace
 } // namespace CockpitModel

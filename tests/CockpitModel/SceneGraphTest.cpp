@@ -151,32 +151,6 @@ TEST(SceneGraphTest, PositionsFlowInAndEnabledFlagsFlowOut) {
     EXPECT_FLOAT_EQ(X(*graph.Nodes()[inner]), 2.5f);
 }
 
-TEST(SceneGraphTest, VisibilityIsRefreshedInSlices) {
-    struct Row {
-        int nodes;
-        std::vector<int> firstOfSlice;
-    };
-    for (const Row& row : {Row{5, {0, 1, 2, 3, 4, 0}}, Row{40, {0, 2, 4}}, Row{45, {0, 2}}}) {
-        ModelBuilder builder;
-        while (static_cast<int>(builder.model.visibilityInfos.size()) < row.nodes)
-            builder.Node(0);
-        ModelData source = builder.model;
-        SceneGraph graph(source, Support::ModelCockpit(), nullptr);
-        const std::size_t step = std::max(row.nodes / 20, 1);
-        for (int first : row.firstOfSlice) {
-            for (auto& info : source.visibilityInfos)
-                info.Visible = false;
-            for (const auto& node : graph.Nodes())
-                node->visible = true;
-            graph.SyncFromModel(source);
-            for (const auto& node : graph.Nodes()) {
-                const auto at = static_cast<std::size_t>(node->index - first);
-                EXPECT_EQ(node->visible, !(node->index >= first && at < step)) << row.nodes << " node " << node->index;
-            }
-        }
-    }
-}
-
 TEST(SceneGraphTest, CreatesGeometryAndTexturesOncePerDevice) {
     Support::TemporaryFolder folder;
     folder.Write("Panel.PNG", "no picture, but a file");

@@ -37,17 +37,4 @@ TEST(BitmapFileTest, AnUnreadablePngIsOneTransparentPixel) {
         EXPECT_THAT(Rendering::ReadPngFile(path).Pixels(), ElementsAre(0)) << path;
 }
 
-TEST(BitmapFileTest, AnyNameContainingDdsIsReadAsDdsAndADamagedFileIsFatal) {
-    const Support::TemporaryFolder folder;
-    const std::string bytes = Support::DdsBuilder(1, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Pixels({1, 2, 3, 4}).bytes;
-    for (const char* name : {"a.dds", "A.DDS", "a.dds.png", "b.DdS old"})
-        EXPECT_TRUE(Rendering::IsDdsPath(name)) << name;
-    EXPECT_FALSE(Rendering::IsDdsPath("dds.png"));
-    EXPECT_THAT(Rendering::ReadDdsOrFail(folder.Write("a", bytes)).at(0).Pixels(), ElementsAre(0xFF030201));
-    const Support::FatalErrorRecorder dialog;
-    EXPECT_THROW(Rendering::ReadDdsOrFail(folder.Write("cut", bytes.substr(0, 131))), std::exception);
-    ASSERT_EQ(dialog.texts.size(), 1u);
-    EXPECT_TRUE(dialog.texts[0].starts_with("Vorelle Fatal Error Encountered (-2147467259, ")) << dialog.texts[0];
-}
-
 } // namespace

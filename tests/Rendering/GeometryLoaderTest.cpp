@@ -70,19 +70,4 @@ TEST(GeometryLoaderTest, RelativePathsKeepTheFolderOfTheFirstCall) {
     EXPECT_EQ(Rendering::ResolveDataPath("/x/y.obj"), "/x/y.obj");
 }
 
-TEST(DataFilesTest, TheMarkerSphereIsClosedRoundAndFacesOutwards) {
-    const auto vertices = Load(VORELLE_SOURCE_DIR "/data/QVRA/Models/Sphere.obj");
-    constexpr float kRadius = 0.15f;
-    ASSERT_EQ(vertices.size() % 3, 0u);
-    double volume = 0.0;
-    for (std::size_t i = 0; i < vertices.size(); i += 3) {
-        const Vector3 a = vertices[i].position, b = vertices[i + 1].position, c = vertices[i + 2].position;
-        volume += a.cross(b).dot(c) / 6.0;
-        EXPECT_GT((b - a).cross(c - a).dot(a + b + c), 0.0f) << "triangle " << i / 3 << " is flat or turned inwards";
-        EXPECT_LT(Utils::Length(vertices[i].normal - a / kRadius), 1e-5f) << "and its first corner is on the sphere";
-    }
-    // A closed surface has a volume: 4/3 pi for the sphere, a little less because of its facets.
-    EXPECT_NEAR(volume / (kRadius * kRadius * kRadius), 4.18879, 0.06);
-}
-
 } // namespace

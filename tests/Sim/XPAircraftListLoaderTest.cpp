@@ -76,16 +76,5 @@ TEST(XPAircraftListLoader, PassesFileSystemErrorsOn) {
     EXPECT_THROW(NamesIn(folder), fs::filesystem_error);
 }
 
-TEST(XPAircraftInfo, DiffersInEitherTextFromItsClone) {
-    XPAircraftInfo info;
-    info.acfPath = info.displayName = "P";
-    for (std::string AircraftInfo::*text : {&AircraftInfo::acfPath, &AircraftInfo::displayName}) {
-        const std::unique_ptr<AircraftInfo> clone = info.Clone();
-        EXPECT_FALSE(info != *clone);
-        (*clone).*text = "p";
-        EXPECT_TRUE(info != *clone);
-    }
-}
-
 } // namespace
 } // namespace Sim

@@ -53,12 +53,5 @@ TEST(WindowsServices, ASaveReplacesAllOrNothing) {
     EXPECT_EQ(std::distance(boost::filesystem::directory_iterator(folder.path), {}), 1) << "no temporary is left";
 }
 
-TEST(WindowsServices, TheSystemServicesWork) {
-    SetLastError(4711);
-    EXPECT_EQ(Platform::LastError(), 4711u);
-    EXPECT_TRUE(UserDataFolder().is_absolute());
-    EXPECT_TRUE(boost::filesystem::is_directory(UserDataFolder()));
-}
-
 } // namespace
 } // namespace Utils

@@ -170,26 +170,6 @@ TEST_F(Preview, TintsByTheFirstCaseThatHolds) {
     }
 }
 
-TEST_F(Preview, TheSelectionsPulseDipsAndRestsBelowItsStartUntilTheNextSelection) {
-    EXPECT_FLOAT_EQ(SelectionBlue(0.0), 1.0f);
-    EXPECT_FLOAT_EQ(SelectionBlue(std::numbers::pi / 16), 0.85f); // cos(pi / 2) is 0
-    EXPECT_NEAR(SelectionBlue(0.625), 0.89255f, 1e-4f);           // cos(5) is 0.28366
-    EXPECT_EQ(SelectionBlue(1000.0), SelectionBlue(0.625));
-
-    constexpr double aged = 0.05; // seconds; from here on the pulse stays below its value here
-    builder.Part(0, Facing(3));
-    Load();
-    preview.SetSelectedPart(&Part(0));
-    Utils::Timer timer;
-    while (timer.Elapsed() < aged)
-        ;
-    EXPECT_LE(Draw().at(0).params.firstColour.z(), SelectionBlue(aged));
-    timer.ElapsedAndRestart();
-    preview.SetSelectedPart(&Part(0));
-    const float blue = Draw().at(0).params.firstColour.z();
-    EXPECT_GE(blue, SelectionBlue(std::min(timer.Elapsed(), std::numbers::pi / 8)));
-}
-
 /// A part that an animation moves 10 m forward, below a node 1 m to the right.
 struct PreviewOfLever : Preview {
     PreviewOfLever() {

@@ -125,30 +125,5 @@ TEST_F(Picture, KeepsADistanceFromSmallParts) {
     EXPECT_FALSE(FramePoints({}, {}, 1.0f));
 }
 
-TEST_F(Picture, ReportsUnknownDatarefsAndParts) {
-    const auto reason = [this](const PictureRequest& request) -> std::string {
-        try {
-            Draw(request);
-        } catch (const std::invalid_argument& error) {
-            return error.what();
-        }
-        return "drawn";
-    };
-    PictureRequest request;
-    request.positions = {{"sim/slide", 0.0f}, {"sim/flaps", 1.0f}};
-    EXPECT_EQ(reason(request), "no animation of the cockpit uses the dataref sim/flaps");
-    const std::pair<CockpitModel::PartAddress, const char*> rows[] = {
-        {{2, 0}, "the cockpit has no node 2; it has 2 nodes, numbered from 0"},
-        {{-1, 0}, "the cockpit has no node -1; it has 2 nodes, numbered from 0"},
-        {{0, 2}, "node 0 has no part 2; it has 2 parts, numbered from 0"},
-    };
-    request.positions.clear();
-    for (const auto& [address, text] : rows) {
-        request.selected = address;
-        EXPECT_EQ(reason(request), text);
-    }
-    EXPECT_TRUE(context.draws.empty());
-}
-
 } // namespace
 } // namespace Annotator

@@ -34,27 +34,6 @@ protected:
     DialogRecorder dialogs;
 };
 
-TEST_F(PanesTest, ADropDownSignalsOnlyTheUsersChoice) {
-    Annotator::ItemDropDown<int> dropDown(frame, wxID_ANY, "nothing", [](int value) { return std::to_string(value); });
-    std::vector<boost::optional<int>> chosen;
-    dropDown.selectionSignal.connect([&](const boost::optional<int>& value) { chosen.push_back(value); });
-    EXPECT_EQ(dropDown.GetCount(), 0u);
-    EXPECT_EQ(dropDown.GetSelectedItem(), boost::none);
-    dropDown.SetItems({40, 50});
-    EXPECT_THAT(Lines(dropDown), ElementsAre("nothing", "40", "50"));
-    dropDown.SelectItem(50);
-    EXPECT_EQ(dropDown.GetSelectedItem(), boost::optional<int>(50));
-    dropDown.SelectItem(60);
-    EXPECT_EQ(dropDown.GetSelection(), 2) << "a value without a line keeps the selection";
-    EXPECT_TRUE(chosen.empty());
-    Choose(dropDown, 1);
-    Choose(dropDown, 0);
-    EXPECT_THAT(chosen, ElementsAre(boost::optional<int>(40), boost::none));
-    dropDown.SetItems({});
-    EXPECT_EQ(dropDown.GetSelection(), 0);
-    EXPECT_EQ(chosen.size(), 2u);
-}
-
 TEST_F(PanesTest, TheInteractionPageShowsDetectionAndOverrideAndCommitsWhatItShows) {
     auto& pane = Make<Annotator::InteractionPane>();
     auto& type = *Find<wxChoice>(pane);

@@ -76,18 +76,6 @@ struct Rivals {
     std::string first = "A", second = "B"; ///< in the order in which the system lists them
 };
 
-TEST(DetectCommand, KeepsTheLaterOfTwoAircraftWithOneFile) {
-    const Rivals rivals;
-    std::ofstream(rivals.Cockpit(rivals.first)) << ObjText().Texture().Tris().Text();
-    const ProgramResult result = RunBatch(rivals.installation, {"detect", "--out", "out", "--jobs", "1"});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), kThreePartsXml);
-    EXPECT_THAT(result.errors, HasSubstr("1 detected-data file"));
-    std::ofstream(rivals.Cockpit(rivals.second)) << NoMaterial().Text();
-    EXPECT_EQ(RunBatch(rivals.installation, {"detect", "--out", "out"}).exitCode, 3);
-    EXPECT_EQ(rivals.installation.Read("out/Plane.xml"), FileXml(PartXml(0, 0, "None"))) << "the later fails to load";
-}
-
 TEST(DetectCommand, EndsItsProcessesWhenASignalEndsIt) {
     for (const int signal : {SIGINT, SIGTERM}) {
         const Rivals rivals;

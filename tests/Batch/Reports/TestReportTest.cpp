@@ -73,15 +73,6 @@ TEST(TestReport, QuotesCsvFields) {
         "Piper,Aircraft/Piper.acf,,,,,,error,no <material>\n");
 }
 
-TEST(TestReport, CountsInItsJson) {
-    const auto json = nlohmann::json::parse(JsonReport(AwkwardReport()), nullptr, false);
-    const std::pair<const char*, int> counts[] = {{"passed", 1},  {"failed", 1},     {"total", 2},
-                                                  {"covered", 2}, {"clickable", 10}, {"withProblems", 1}};
-    for (const auto& [name, count] : counts)
-        EXPECT_EQ(json[name], count) << name;
-    EXPECT_EQ(json["aircraft"][1]["problems"], nlohmann::json({"no <material>"}));
-}
-
 /// All texts between two delimiters.
 std::vector<std::string> Between(const std::string& text, const std::string& before, const std::string& after) {
     std::vector<std::string> found;

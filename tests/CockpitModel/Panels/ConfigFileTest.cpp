@@ -48,19 +48,6 @@ TEST(ConfigFile, ReadsSectionsAndKeys) {
     EXPECT_EQ(Text(ConfigFile(failed, false)), "");
 }
 
-TEST(ConfigFile, LooksUpNamesAsStored) {
-    const ConfigFile folded = Read("[One]\nKey=Value\n");
-    EXPECT_EQ(folded.Get("ONE", "kEY"), "Value");
-    EXPECT_EQ(folded.Get("one", "other"), std::nullopt);
-    EXPECT_EQ(folded.Get("two", "key"), std::nullopt);
-    EXPECT_NE(folded.Section("oNe").Find("key"), nullptr);
-    EXPECT_EQ(folded.Section("two").Find("key"), nullptr);
-    const ConfigFile exact = Read("[One]\nKey=Value\n[one]\nKey=Other\n", true);
-    EXPECT_EQ(exact.Get("One", "Key"), "Value");
-    EXPECT_EQ(exact.Get("one", "Key"), "Other");
-    EXPECT_EQ(exact.Get("One", "key"), std::nullopt);
-}
-
 TEST(ParseGaugeLine, ReadsNamesPositionAndSize) {
     const auto sizeText = [](const std::optional<float>& size) {
         return size ? std::to_string(static_cast<int>(*size)) : "-";

@@ -80,20 +80,6 @@ TEST(ClipEntryToPart, ReturnsAWholeTriangleAsAFan) {
     }
 }
 
-TEST(ClipEntryToPart, CutsAtTheRectangle) {
-    NodePart part;
-    AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
-    // The part right of 0.5 is the triangle (0.5, 0), (1, 0), (0.5, 0.5), with its centre at (2/3, 1/6).
-    const auto corner = Clip(Entry(0.5f, -1, 2, 3), part);
-    ASSERT_EQ(corner.size(), 9u);
-    EXPECT_NEAR(AreaOf(corner), 0.125, 1e-6);
-    EXPECT_TRUE(corner[0].texture.isApprox(Utils::Vector2(2.0f / 3, 1.0f / 6), 1e-6f)) << corner[0].texture;
-    // A rectangle inside the triangle is unchanged; one that crosses the long side gives a pentagon.
-    EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.2f, 0.3f), part).size(), 12u);
-    EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.5f, 0.5f), part).size(), 15u);
-    EXPECT_EQ(Clip(Entry(0.1f, 0.1f, 0.00005f, 0.3f), part).size(), 12u) << "100 steps wide";
-}
-
 TEST(ClipEntryToPart, UsesAllTrianglesThatShowTheRectangle) {
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});

@@ -63,15 +63,6 @@ TEST(PartTree, FindsTheNearestTriangleFromBothSides) {
         EXPECT_EQ(Distance(tree, Ray(row.origin, row.direction)), row.distance) << row.name;
 }
 
-TEST(PartTree, HasABoxWithCornersInOrder) {
-    const PartTree tree = Tree({{Vector3(0, 0, 0), Vector3(2, 0, 6), Vector3(0, 4, 0)}});
-    EXPECT_EQ(tree.box.Centre(), Vector3(1, 2, 3));
-    EXPECT_FLOAT_EQ(tree.box.radius, std::sqrt(1.0f + 4 + 9));
-    EXPECT_THAT(tree.box.Corners(),
-                ElementsAre(Vector3(0, 4, 0), Vector3(0, 4, 6), Vector3(2, 4, 0), Vector3(2, 4, 6), Vector3(0, 0, 0),
-                            Vector3(0, 0, 6), Vector3(2, 0, 0), Vector3(2, 0, 6)));
-}
-
 TEST(PartTree, IgnoresAnIncompleteTriangleAndMayBeEmpty) {
     auto vertices = Vertices({Flat(0, 0, 1), Flat(0, 0, 0.5f)});
     vertices.pop_back();

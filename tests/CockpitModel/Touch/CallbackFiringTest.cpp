@@ -131,15 +131,6 @@ TEST(CallbackFire, CodeAndFunctionsHandleTheEventsThatTheRectangleAccepts) {
     EXPECT_TRUE(gaugeCalls.empty()) << "an event of unknown kind";
 }
 
-TEST(CallbackFire, EventsAndTogglesIgnoreTheRectangle) {
-    CallbackEventID event;
-    event.EventID = 66587;
-    for (const MouseEventKind kind : {LeftClick, WheelUp, MouseEventKind{9}}) {
-        EXPECT_EQ(Fired(event, kind, 0), Calls{"event 66587 0"});
-        EXPECT_EQ(Fired(CallbackXPToggle("sim/light", 0.5f, 2), kind, 0), Calls{"toggle sim/light 0.5 2"});
-    }
-}
-
 TEST(CallbackApply, SetsVariables) {
     const CallbackXPVariable variable("sim/flap", -1, 3);
     EXPECT_EQ(Applied(variable, 0.25f), Calls{"set sim/flap 0"});

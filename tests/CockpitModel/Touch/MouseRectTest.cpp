@@ -35,25 +35,6 @@ std::string DumpOf(const Dumped& dumped) {
 
 } // namespace
 
-TEST(MouseFlags, NamesEachBitInOrder) {
-    const std::pair<int, std::string> bits[] = {
-        {10, "All"},        {11, "Leave"},        {12, "MoveRepeat"},  {13, "WheelDown"},     {14, "WheelUp"},
-        {15, "WheelSkip"},  {16, "WheelFlip"},    {17, "LeftRelease"}, {18, "MiddleRelease"}, {19, "RightRelease"},
-        {21, "DownRepeat"}, {22, "Move"},         {23, "LeftDrag"},    {24, "MiddleDrag"},    {25, "RightDrag"},
-        {29, "LeftSingle"}, {30, "MiddleSingle"}, {31, "RightSingle"},
-    };
-    std::string all;
-    std::uint32_t unnamed = 0xFFFFFFFF;
-    for (const auto& [bit, name] : bits) {
-        EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(1u << bit)), name);
-        all += (all.empty() ? "" : ",") + name;
-        unnamed &= ~(1u << bit);
-    }
-    EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(0xFFFFFFFF)), all);
-    for (const std::uint32_t word : {0u, unnamed, 0x00100000u, 0x04000000u})
-        EXPECT_EQ(MouseFlagsToText(DecodeMouseFlags(word)), "None") << word;
-}
-
 TEST(ConvertWheelToJump, StepsWithTheCallbackOfBothWheelEvents) {
     enum Outcome { Untouched, Converted, ConvertedButForClicks };
     const struct {
@@ -112,24 +93,6 @@ TEST(MouseRectDump, ShowsFieldsAndCallbacks) {
                                   ">             Var: sim/a\n"
                                   ">             Min: -0.5\n"
                                   ">             Max: 1\n");
-}
-
-TEST(MouseRectDump, ShowsEachCallbackClass) {
-    CallbackEventID event;
-    event.EventID = 4294967295u;
-    EXPECT_EQ(DumpOf(event), "> CallbackEventID: 4294967295\n");
-    EXPECT_EQ(DumpOf(CallbackXPToggle("sim/b", 0.25f, 2.0f)),
-              "> CallbackXPToggle:\n>     Var: sim/b\n>     ValA: 0.25\n>     ValB: 2\n");
-    EXPECT_EQ(DumpOf(CallbackFSFunc()), "> CallbackFSunc:\n>     Func: 0\n");
-    EXPECT_EQ(DumpOf(CallbackDraggingCode()), "");
-    CallbackJumpDragging jump;
-    jump.XDelta = 1;
-    jump.YDelta = -2;
-    jump.NegativeCallback = Code("hidden");
-    EXPECT_EQ(DumpOf(jump), "> CallbackJumpDragging:\n>     XDelta: 1\n>     YDelta: -2\n");
-    jump.PositiveCallback = Code("up");
-    EXPECT_EQ(DumpOf(jump), "> CallbackJumpDragging:\n>     XDelta: 1\n>     YDelta: -2\n"
-                            ">     CallbackCode:\n>         Code: up\n");
 }
 
 } // namespace CockpitModel

@@ -27,17 +27,6 @@ std::string Failure(const std::function<void()>& run) {
     return "none";
 }
 
-TEST(XPAircraftCockpit, FindsItsObjectBesideTheAcfInAnyCase) {
-    const Support::TemporaryFolder folder;
-    const std::string object = folder.Write("PLANE.old_cockpit.OBJ", "");
-    const auto cockpit = Open(folder / "Plane.old.acf");
-    const auto& found = dynamic_cast<const XPAircraftCockpit&>(*cockpit);
-    EXPECT_EQ(found.cockpitObjPath, object);
-    boost::filesystem::remove(object);
-    EXPECT_TRUE(cockpit->IsValid());
-    EXPECT_FALSE(Open(folder / "Plane.acf")->IsValid());
-}
-
 TEST(XPAircraftCockpit, ReadsThePilotsEyeInMetres) {
     const Support::TemporaryFolder folder;
     const auto eye = [&](const std::string& text) { return Open(folder.Write("p.acf", text))->pilotEye; };

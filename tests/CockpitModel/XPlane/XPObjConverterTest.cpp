@@ -150,18 +150,5 @@ TEST(XPObjConverter, MakesAsManyNodesAsTheTableCanAddress) {
     EXPECT_THROW(Model("ANIM_begin\n" + Steps(32767)), Utils::OutOfRange);
 }
 
-TEST(XPObjConverter, RejectsBrokenTrees) {
-    const Support::FatalErrorRecorder recorder;
-    std::vector<XPObjDrawCall> drawCalls;
-    std::vector<XPObjAnimNode> strangers(3); // node 2 is node 1's child and names node 0
-    for (std::uint32_t i = 0; i < 3; ++i)
-        strangers[i].index = i;
-    strangers[0].steps.resize(2);
-    strangers[1].children = {2};
-    strangers[2].parent = 0;
-    EXPECT_THROW(XPObjConverter().SplitAnimationSteps(strangers, drawCalls), std::exception);
-    EXPECT_EQ(recorder.texts.size(), 1u);
-}
-
 } // namespace
 } // namespace CockpitModel

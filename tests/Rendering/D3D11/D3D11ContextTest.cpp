@@ -52,18 +52,6 @@ TEST_F(D3D11ContextTest, ViewsOfTypelessTexturesHaveATypedFormat) {
     }
 }
 
-TEST_F(D3D11ContextTest, WrappingATextureAddsAReference) {
-    const Support::FatalErrorRecorder dialog;
-    auto texture = Texture(DXGI_FORMAT_R8G8B8A8_UNORM);
-    { const Rendering::D3D11::TextureRenderLock needsNoMutex(texture.Get()); }
-    const auto bitmap = device->Context().WrapTexture(texture.Get());
-    texture.Reset();
-    EXPECT_TRUE(device->Context().IsBitmapValid(bitmap.get()));
-    device->Context().ClearBitmap(bitmap.get(), {1, 0, 0, 1});
-    EXPECT_EQ(Support::Picture(device->Read(*bitmap)), "RRR\nRRR\n");
-    EXPECT_TRUE(dialog.texts.empty());
-}
-
 TEST_F(D3D11ContextTest, ASharedBitmapIsCreatedOrNull) {
     Support::FatalErrorRecorder dialog;
     EXPECT_EQ(device->Context().CreateSharedBitmap({1u << 20, 1}), nullptr) << "wider than a texture may be";
