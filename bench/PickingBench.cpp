@@ -93,9 +93,7 @@ Cockpit SyntheticCockpit() {
 }
 
 Cockpit RealCockpit(const Sim::AircraftInfo& info) {
-    CockpitModel::GaugeRepository repository(".");
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened);
+    const auto [opened, built] = Annotator::LoadAircraft(info);
     Cockpit cockpit;
     cockpit.name = info.displayName;
     cockpit.eye = opened.cockpit->pilotEye;

@@ -88,10 +88,10 @@ BENCHMARK(Frame)->Arg(2000);
 /// Moves of the pointer over the whole canvas, with the cockpit seen from the pilot's eye, compared with a simple loop
 /// over all parts with an inverse for each node.
 void Pointer(benchmark::State& state, const Sim::AircraftInfo& info) {
-    CockpitModel::GaugeRepository repository(".");
     Scene scene;
-    scene.opened = Annotator::OpenAircraft(info, repository);
-    scene.built = Annotator::BuildAircraft(scene.opened);
+    Annotator::LoadedAircraft loaded = Annotator::LoadAircraft(info);
+    scene.opened = std::move(loaded.opened);
+    scene.built = std::move(loaded.built);
     scene.Show();
     scene.control.camera.SetPosition(Annotator::CameraPlace(*scene.opened.cockpit));
     const auto overCanvas = [](auto visit) {

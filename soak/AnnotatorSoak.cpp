@@ -27,7 +27,7 @@ namespace {
 
 using CockpitModel::AnnotationRecord;
 using Clock = std::chrono::steady_clock;
-using PartId = std::pair<std::int32_t, std::int32_t>; ///< node and part
+using CockpitModel::PartAddress;
 using namespace Annotator;
 
 constexpr double kSampleSeconds = 15;
@@ -232,11 +232,11 @@ private:
         Open();
     }
 
-    std::optional<PartId> Selected() {
+    std::optional<PartAddress> Selected() {
         const std::string label = Support::Labels<wxStaticText>(Child<PartInfoPane>()).at(0);
-        PartId part;
-        return std::sscanf(label.c_str(), "ID: (%d,%d)", &part.first, &part.second) == 2 ? std::optional(part)
-                                                                                         : std::nullopt;
+        PartAddress address;
+        return std::sscanf(label.c_str(), "ID: (%d,%d)", &address.node, &address.part) == 2 ? std::optional(address)
+                                                                                            : std::nullopt;
     }
 
     /// The value of the text of a choice's line; none for its first line.
@@ -249,8 +249,8 @@ private:
     }
 
     void EditSave() {
-        const auto part = Selected();
-        if (!part || loaded < 0)
+        const auto address = Selected();
+        if (!address || loaded < 0)
             return;
         auto& pane = Child<InteractionPane>();
         std::vector<wxChoice*> choices;
@@ -259,7 +259,7 @@ private:
                 choices.push_back(choice);
         static const std::vector<std::string> kTooltips = {"", "Throttle", "a < b & \"c\"", "Gr\xC3\xBC\xC3\x9F",
                                                            std::string(3000, 'x')};
-        AnnotationRecord record{.NodeId = part->first, .PartId = part->second};
+        AnnotationRecord record{.NodeId = address->node, .PartId = address->part};
         record.InteractionType = Chosen(*choices.at(0), CockpitModel::TouchInteractionTypeFromText);
         record.EventType = Chosen(*choices.at(1), CockpitModel::TouchEventTypeFromText);
         record.InteractionTypeTest =
@@ -271,19 +271,19 @@ private:
         Support::Find<wxCheckBox>(pane)->SetValue(record.Reverse);
         Support::Find<wxTextCtrl>(pane)->SetValue(wxString::FromUTF8(tooltip));
         Support::Fire(*Support::FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
-        saved[paths[static_cast<std::size_t>(loaded)]][*part] = record;
+        saved[paths[static_cast<std::size_t>(loaded)]][*address] = record;
         ++saves;
     }
 
     bool AllIsFound() const {
         bool all = true;
         for (const auto& [path, records] : saved) {
-            std::map<PartId, AnnotationRecord> found;
+            std::map<PartAddress, AnnotationRecord> found;
             for (const AnnotationRecord& record : CockpitModel::ReadAnnotations(path))
                 found[{record.NodeId, record.PartId}] = record;
             std::size_t lost = 0;
-            for (const auto& [part, record] : records)
-                lost += !found.contains(part) || found[part] != record;
+            for (const auto& [address, record] : records)
+                lost += !found.contains(address) || found[address] != record;
             std::cout << path << ": " << records.size() << " records saved, " << lost << " lost\n";
             all &= lost == 0;
         }
@@ -326,7 +326,7 @@ private:
     int loaded = -1;
     long steps = 0, loads = 0, saves = 0, windows = 0;
     std::vector<Sample> samples;
-    std::map<std::string, std::map<PartId, AnnotationRecord>> saved;
+    std::map<std::string, std::map<PartAddress, AnnotationRecord>> saved;
 };
 
 class SoakApp : public wxApp {

@@ -3,6 +3,7 @@
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "Utils/Files.h"
 
+#include <boost/filesystem/operations.hpp>
 #include <fstream>
 
 namespace Annotator {
@@ -49,6 +50,14 @@ BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const LoadOptions& opt
     built.sceneGraph = std::make_shared<CockpitModel::SceneGraph>(*built.model, *opened.cockpit, opened.panels.get());
     CockpitModel::InteractionDetector().Detect(*built.sceneGraph);
     return built;
+}
+
+LoadedAircraft LoadAircraft(const Sim::AircraftInfo& info, const LoadOptions& options) {
+    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+    LoadedAircraft loaded;
+    loaded.opened = OpenAircraft(info, repository);
+    loaded.built = BuildAircraft(loaded.opened, options);
+    return loaded;
 }
 
 } // namespace Annotator

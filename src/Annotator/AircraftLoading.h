@@ -38,4 +38,13 @@ OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRe
 /// the reason.
 BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const LoadOptions& options = {});
 
+/// The results of both operations. The scene graph, which points into the panel set, is destroyed first.
+struct LoadedAircraft {
+    OpenedAircraft opened;
+    BuiltAircraft built;
+};
+
+/// Both operations, for callers that do nothing between them.
+LoadedAircraft LoadAircraft(const Sim::AircraftInfo& info, const LoadOptions& options = {});
+
 } // namespace Annotator

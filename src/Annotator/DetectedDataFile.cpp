@@ -3,9 +3,9 @@
 #include "CockpitModel/SceneGraph.h"
 #include "Sim/AircraftInfo.h"
 #include "Utils/Files.h"
+#include "Utils/Numbers.h"
 #include "Utils/Text.h"
 
-#include <charconv>
 #include <stdexcept>
 #include <tinyxml2.h>
 
@@ -66,11 +66,10 @@ auto Field(const XMLElement& part, const char* name, const char* needed, FromTex
 }
 
 std::int32_t IdFromText(const std::string& text) {
-    std::int32_t id = -1;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), id);
-    if (error != std::errc() || end != text.data() + text.size() || id < 0)
+    const auto id = Utils::ParseWhole<std::int32_t>(text);
+    if (!id || *id < 0)
         throw std::exception();
-    return id;
+    return *id;
 }
 
 bool FlagFromText(const std::string& text) {
@@ -110,14 +109,14 @@ DetectedParts ReadDetectedData(const std::string& path) {
         throw std::runtime_error("not a detected-data file: the root element is not NodePartList");
     DetectedParts parts;
     for (const XMLElement* part = root->FirstChildElement("Part"); part; part = part->NextSiblingElement("Part")) {
-        const std::pair place{Field(*part, "NodeId", "a number of at least 0", IdFromText),
-                              Field(*part, "PartId", "a number of at least 0", IdFromText)};
+        const CockpitModel::PartAddress address{Field(*part, "NodeId", "a number of at least 0", IdFromText),
+                                                Field(*part, "PartId", "a number of at least 0", IdFromText)};
         const DetectedPart detected{
             Field(*part, "InteractionType", "an interaction type", CockpitModel::TouchInteractionTypeFromText),
             Field(*part, "EventType", "an event type", CockpitModel::TouchEventTypeFromText),
             Field(*part, "Reverse", "0 or 1", FlagFromText)};
-        if (!parts.emplace(place, detected).second)
-            Refuse(*part, "node " + std::to_string(place.first) + " part " + std::to_string(place.second) +
+        if (!parts.emplace(address, detected).second)
+            Refuse(*part, "node " + std::to_string(address.node) + " part " + std::to_string(address.part) +
                               " is in the file twice");
     }
     return parts;

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "CockpitModel/PartAddress.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 
-#include <cstdint>
 #include <map>
 #include <string>
-#include <utility>
 
 namespace CockpitModel {
 class SceneGraph;
@@ -32,8 +31,7 @@ struct DetectedPart {
     bool operator==(const DetectedPart&) const = default;
 };
 
-/// By node and part.
-using DetectedParts = std::map<std::pair<std::int32_t, std::int32_t>, DetectedPart>;
+using DetectedParts = std::map<CockpitModel::PartAddress, DetectedPart>;
 
 /// The parts of a detected-data file. An invalid file throws std::runtime_error with the line, its content and what is
 /// expected.

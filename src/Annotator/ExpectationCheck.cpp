@@ -3,7 +3,6 @@
 #include "Annotator/FailureTexts.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
-#include "Utils/RangeCheck.h"
 
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
@@ -30,7 +29,7 @@ void RunTests(const SceneGraph& sceneGraph, const AnnotationStore& store, Aircra
     for (const AnnotationRecord& record : store.ListAll()) {
         if (!record.InteractionTypeTest)
             continue;
-        const NodePart& part = *Utils::At(Utils::At(sceneGraph.Nodes(), record.NodeId)->parts, record.PartId);
+        const NodePart& part = *sceneGraph.FindPart(record.Address());
         tests.parts.push_back(RunTest(record, part, store));
         tests.covered += part.Rect() != nullptr;
     }
@@ -45,28 +44,24 @@ std::size_t CountClickable(const SceneGraph& sceneGraph) {
 
 /// The expectations that the store dropped because the scene has no such part.
 std::vector<AnnotationRecord> UnplacedExpectations(const std::string& path, const SceneGraph& sceneGraph) {
-    const auto& nodes = sceneGraph.Nodes();
     std::vector<AnnotationRecord> records = CockpitModel::ReadAnnotations(path);
     std::erase_if(records, [&](const AnnotationRecord& record) {
-        return !record.InteractionTypeTest ||
-               (record.NodeId >= 0 && std::cmp_less(record.NodeId, nodes.size()) && record.PartId >= 0 &&
-                std::cmp_less(record.PartId, nodes[static_cast<std::size_t>(record.NodeId)]->parts.size()));
+        return !record.InteractionTypeTest || sceneGraph.FindPart(record.Address());
     });
     return records;
 }
 
 AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const std::string& annotations,
-                              CockpitModel::GaugeRepository& repository, const LoadOptions& options) {
-    const OpenedAircraft opened = OpenAircraft(info, repository);
-    const BuiltAircraft built = BuildAircraft(opened, options);
-    const SceneGraph& sceneGraph = *built.sceneGraph;
+                              const LoadOptions& options) {
+    const LoadedAircraft aircraft = LoadAircraft(info, options);
+    const SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
     AnnotationStore store(sceneGraph);
     store.Read(annotations);
 
     AircraftResult tests;
     tests.displayName = info.displayName;
     tests.acfPath = info.acfPath;
-    tests.hasCockpitObject = opened.cockpit->IsValid();
+    tests.hasCockpitObject = aircraft.opened.cockpit->IsValid();
     RunTests(sceneGraph, store, tests);
     tests.unplaced = UnplacedExpectations(annotations, sceneGraph);
     tests.clickable = CountClickable(sceneGraph);
@@ -82,24 +77,22 @@ std::size_t AircraftResult::Passed() const {
 AircraftCheckError::AircraftCheckError(const Sim::AircraftInfo& info, const std::string& why)
     : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why) {}
 
-std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
-                                            const LoadOptions& options) {
+std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options) {
     try {
         const std::string annotations = CockpitModel::AnnotationFile(info);
         if (!boost::filesystem::exists(annotations))
             return std::nullopt;
-        return CheckAnnotated(info, annotations, repository, options);
+        return CheckAnnotated(info, annotations, options);
     } catch (const std::exception& error) {
         std::throw_with_nested(AircraftCheckError(info, ReasonText(error)));
     }
 }
 
 std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader) {
-    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     std::vector<AircraftResult> results;
     for (const auto& info : loader.LoadAircraftList()) {
         CockpitModel::AnnotationPath(*info); // creates the folder, as every use in the window does
-        if (std::optional<AircraftResult> tests = CheckAircraft(*info, repository))
+        if (std::optional<AircraftResult> tests = CheckAircraft(*info))
             results.push_back(std::move(*tests));
     }
     return results;

@@ -2,7 +2,6 @@
 
 #include "Annotator/AircraftLoading.h"
 #include "CockpitModel/Annotations/AnnotationRecord.h"
-#include "CockpitModel/Panels/GaugeRepository.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 #include "Sim/AircraftListLoader.h"
 
@@ -48,10 +47,8 @@ struct AircraftCheckError : std::runtime_error {
 
 /// Loads one aircraft, runs the detection and compares its parts with the expectations in its annotation file. An
 /// aircraft without such a file is not loaded and gives an empty result. Every failure throws an AircraftCheckError
-/// with the cause nested in it. Creates no files or folders. Different threads may test different aircraft, each with
-/// its own repository.
-std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
-                                            const LoadOptions& options = {});
+/// with the cause nested in it. Creates no files or folders. Different threads may test different aircraft.
+std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options = {});
 
 /// Tests every aircraft that has an annotation file, in list order, with one in memory at a time. An aircraft whose
 /// file contains no expectation has a total of 0. The first aircraft that fails to load ends the run.

@@ -3,6 +3,7 @@
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
 #include "CockpitModel/XPlane/XPObjData.h"
+#include "Utils/Text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,8 +33,7 @@ std::string FormatNumber(float number, int digits = 6) {
 }
 
 std::string TriangleCount(const NodePart& part) {
-    const std::size_t count = part.vertices.size() / 3;
-    return std::to_string(count) + (count == 1 ? " triangle" : " triangles");
+    return Utils::Counted(part.vertices.size() / 3, "triangle");
 }
 
 std::string Id(const NodePart& part) {
@@ -75,8 +75,7 @@ std::vector<const NodePart*> YokeCandidates(const SceneGraph& sceneGraph) {
     std::vector<const NodePart*> candidates;
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
-            if (part->InteractionType == TouchInteractionType::YokePart ||
-                part->InteractionType == TouchInteractionType::YokePrimary)
+            if (IsYoke(part->InteractionType))
                 candidates.push_back(part.get());
     const InteractionDetector detector;
     std::ranges::stable_sort(candidates, std::ranges::greater(),

@@ -3,6 +3,7 @@
 #include "Annotator/DetectedDataFile.h"
 #include "Utils/FatalError.h"
 #include "Utils/RangeCheck.h"
+#include "Utils/Text.h"
 
 #include <boost/filesystem.hpp>
 #include <typeinfo>
@@ -73,8 +74,8 @@ std::string ExportFailureText(const std::exception& error) {
 }
 
 std::string ExportDoneText(const ExportResult& result) {
-    std::string text = std::to_string(result.files) + (result.files == 1 ? " file was" : " files were") +
-                       " saved in this folder:\n" + Absolute(DetectedDataFolder());
+    std::string text = Utils::Counted(result.files, "file was", "files were") + " saved in this folder:\n" +
+                       Absolute(DetectedDataFolder());
     if (!result.failed.empty())
         text += "\n\nNot saved:";
     for (const std::string& aircraft : result.failed)

@@ -68,7 +68,7 @@ std::string MatrixText(const Utils::Matrix4& matrix) {
 }
 
 std::string PartIdText(const NodePart& part) {
-    return "ID: (" + std::to_string(part.node->index) + "," + std::to_string(part.id) + ")";
+    return "ID: (" + ToText(CockpitModel::PartAddress{part.node->index, part.id}) + ")";
 }
 
 std::string FileOffsetText(const NodePart& part) {

@@ -5,10 +5,8 @@
 #include "Sim/XPAircraftListLoader.h"
 #include "Utils/Text.h"
 
-#include <CLI/CLI.hpp>
 #include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
-#include <charconv>
 #include <set>
 
 namespace Batch {
@@ -17,7 +15,6 @@ namespace {
 
 /// Aircraft that are listed when an argument matches none.
 constexpr std::size_t kOffered = 40;
-constexpr std::size_t kMostJobs = 1024;
 
 bool Contains(const std::string& text, const std::string& lowerName) {
     return Utils::ToLowerAscii(text).find(lowerName) != std::string::npos;
@@ -94,28 +91,6 @@ AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::v
         wanted.insert(&SelectAircraft(aircraft, name));
     std::erase_if(selection, [&](const Sim::AircraftInfo* info) { return !wanted.contains(info); });
     return selection;
-}
-
-void AddAircraftOption(CLI::App& app, std::vector<std::string>& names) {
-    app.add_option("AIRCRAFT", names, "Only these aircraft")->type_name("");
-}
-
-void AddJobsOption(CLI::App& app, std::size_t& jobs) {
-    const auto parse = [&jobs](const std::string& text) {
-        const char* const end = text.data() + text.size();
-        const auto [next, error] = std::from_chars(text.data(), end, jobs);
-        if (error != std::errc() || next != end || jobs < 1 || jobs > kMostJobs)
-            throw CLI::ValidationError("--jobs",
-                                       "'" + text + "' is not a number from 1 to " + std::to_string(kMostJobs));
-    };
-    app.add_option_function<std::string>("--jobs,-j", parse,
-                                         "Aircraft to process in parallel (default: number of processors)")
-        ->type_name("N");
-}
-
-void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load) {
-    app.add_flag("--untextured", load.untextured,
-                 "Also load cockpits that have parts without TEXTURE; they get a plain material");
 }
 
 std::string NameOf(const Sim::AircraftInfo& info) {

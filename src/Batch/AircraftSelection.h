@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Annotator/AircraftLoading.h"
 #include "Batch/Command.h"
 #include "Sim/AircraftListLoader.h"
 
@@ -21,11 +20,6 @@ Sim::AircraftList LoadInstallation(Console& console);
 /// the command with a list of candidates.
 AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& names);
 const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const std::string& name);
-
-/// The options that commands share: AIRCRAFT..., --jobs N and --untextured.
-void AddAircraftOption(CLI::App& app, std::vector<std::string>& names);
-void AddJobsOption(CLI::App& app, std::size_t& jobs);
-void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load);
 
 /// An aircraft in a message: its name and its path, through Shown.
 std::string NameOf(const Sim::AircraftInfo& info);

@@ -94,10 +94,6 @@ std::optional<std::string> OutputFailure() {
     return outputError != 0 ? std::strerror(outputError) : "";
 }
 
-std::string Counted(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
 Console::Console() : terminal(ErrorsGoToTerminal()) {}
 
 void Console::Message(std::string_view text) {

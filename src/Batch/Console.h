@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Utils/Text.h"
+
 #include <chrono>
 #include <cstddef>
 #include <optional>
@@ -8,8 +10,7 @@
 
 namespace Batch {
 
-/// "1 test", "2 tests".
-std::string Counted(std::size_t count, const std::string& noun);
+using Utils::Counted;
 
 /// Text of a file as UTF-8 for a terminal: control characters are escaped, for example as \x1b, so that the terminal
 /// does not interpret them. ShownLines keeps line feeds.

@@ -10,6 +10,7 @@
 #include <atomic>
 #include <future>
 #include <thread>
+#include <utility>
 
 namespace CockpitModel {
 
@@ -17,6 +18,12 @@ namespace {
 
 /// Visibility flags are refreshed in this many slices, so that a frame updates few nodes.
 constexpr std::size_t kVisibilitySlices = 20;
+
+/// Null if the list has no such index.
+template <typename Entry>
+Entry* FindEntry(const std::vector<std::unique_ptr<Entry>>& list, std::int32_t index) {
+    return index >= 0 && std::cmp_less(index, list.size()) ? list[static_cast<std::size_t>(index)].get() : nullptr;
+}
 
 /// A texture's path on disk, found ignoring case; empty if there is no such file.
 boost::filesystem::path TexturePath(const std::string& folder, const std::string& name) {
@@ -192,6 +199,15 @@ void SceneGraph::AdoptPublished() {
         entry.node->parentMatrix = entry.parentMatrix;
     }
     publishedIsNew = false;
+}
+
+Node* SceneGraph::FindNode(std::int32_t index) const {
+    return FindEntry(nodes, index);
+}
+
+NodePart* SceneGraph::FindPart(PartAddress address) const {
+    const Node* const node = FindNode(address.node);
+    return node ? FindEntry(node->parts, address.part) : nullptr;
 }
 
 Rendering::GPUBitmap* SceneGraph::Texture(std::int32_t index) const {

@@ -4,6 +4,7 @@
 #include "CockpitModel/ModelData.h"
 #include "CockpitModel/MotionTable.h"
 #include "CockpitModel/Node.h"
+#include "CockpitModel/PartAddress.h"
 #include "Rendering/Context.h"
 #include "Threading/TriggeredWorker.h"
 #include "Utils/LinearAlgebra.h"
@@ -36,6 +37,9 @@ public:
     ~SceneGraph();
 
     const std::vector<std::unique_ptr<Node>>& Nodes() const { return nodes; }
+    /// Null if the cockpit has no such node or part.
+    Node* FindNode(std::int32_t index) const;
+    NodePart* FindPart(PartAddress address) const;
     const ModelData& Model() const { return model; }
     /// Null if there is no such file; an index out of range throws Utils::OutOfRange.
     Rendering::GPUBitmap* Texture(std::int32_t index) const;

@@ -24,6 +24,10 @@ struct Size {
     std::size_t Area() const { return std::size_t{width} * height; }
 };
 
+inline Size SizeOf(const MemBitmap& bitmap) {
+    return {static_cast<std::uint32_t>(bitmap.Width()), static_cast<std::uint32_t>(bitmap.Height())};
+}
+
 /// A texture on a device, owned by the caller that created it. It must not be used after its context is destroyed.
 class GPUBitmap : public Utils::NonAssignable {
 public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,13 @@ struct SaveResult {
     std::string error; ///< message with the path, if not saved
     explicit operator bool() const { return saved; }
 };
+
+/// The result of a save that ran out of memory. The reason has at most 15 characters, which need no allocation.
+template <std::size_t size>
+SaveResult NotSaved(const char (&reason)[size]) noexcept {
+    static_assert(size <= 16);
+    return {false, reason};
+}
 
 /// Replaces a file's content, or leaves the file unchanged and returns the reason: a reader finds either the old or the
 /// new content, even after a crash of the program or the machine. The new file takes the mode of the old one; a link

@@ -1,11 +1,11 @@
 #include "Utils/SaveFile.h"
 
 #include "Utils/NonAssignable.h"
+#include "Utils/Numbers.h"
 
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
-#include <charconv>
 #include <csignal>
 #include <fcntl.h>
 #include <mutex>
@@ -123,11 +123,8 @@ std::optional<pid_t> WriterOf(std::string_view name, std::string_view prefix) {
         return std::nullopt;
     name.remove_prefix(prefix.size());
     name.remove_suffix(kEnding.size());
-    pid_t process = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
-    if (error != std::errc() || end != name.data() + name.size() || process <= 0)
-        return std::nullopt;
-    return process;
+    const auto process = ParseWhole<pid_t>(name);
+    return process && *process > 0 ? process : std::nullopt;
 }
 
 /// This process has no temporary during the sweep: one with its id was left by an earlier process of that id.
@@ -211,7 +208,7 @@ SaveResult SaveFile(const std::string& path, std::string_view bytes) noexcept {
     try {
         return TrySave(path, bytes);
     } catch (...) {
-        return {false, "Out of memory"}; // short enough not to allocate
+        return NotSaved("Out of memory");
     }
 }
 

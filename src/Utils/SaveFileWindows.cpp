@@ -125,7 +125,7 @@ SaveResult SaveFile(const std::string& path, std::string_view bytes) noexcept {
         try {
             return {false, "Cannot save " + path + ": " + error.what()};
         } catch (...) {
-            return {false, "Out of memory"}; // short enough not to allocate
+            return NotSaved("Out of memory");
         }
     }
 }

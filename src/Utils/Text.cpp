@@ -1,58 +1,13 @@
 #include "Utils/Text.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <boost/locale/utf.hpp>
 
 namespace Utils {
 
 namespace {
 
-constexpr const char* kBlanks = " \t";
 constexpr const char* kReplacementCharacter = "\xEF\xBF\xBD";
-
-struct ByteRange {
-    unsigned char low = 0x80, high = 0xBF;
-    bool Holds(char byte) const {
-        const auto value = static_cast<unsigned char>(byte);
-        return low <= value && value <= high;
-    }
-};
-
-std::size_t Utf8Length(unsigned char lead) {
-    if (lead < 0x80)
-        return 1;
-    if (lead < 0xC2 || lead > 0xF4)
-        return 0;
-    return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-}
-
-/// Rejects overlong forms, surrogates and values above U+10FFFF.
-ByteRange SecondByte(unsigned char lead) {
-    switch (lead) {
-    case 0xE0:
-        return {0xA0, 0xBF};
-    case 0xED:
-        return {0x80, 0x9F};
-    case 0xF0:
-        return {0x90, 0xBF};
-    case 0xF4:
-        return {0x80, 0x8F};
-    default:
-        return {};
-    }
-}
-
-/// Length in bytes of the first character; 0 if the text does not begin with a valid one.
-std::size_t CharacterLength(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = Utf8Length(lead);
-    if (length > text.size() || (length > 1 && !SecondByte(lead).Holds(text[1])))
-        return 0;
-    for (std::size_t i = 2; i < length; ++i)
-        if (!ByteRange{}.Holds(text[i]))
-            return 0;
-    return length;
-}
 
 } // namespace
 
@@ -93,16 +48,26 @@ std::string ToLowerAscii(std::string_view text) {
 }
 
 std::string ToValidUtf8(std::string_view text) {
-    std::string readable;
-    while (!text.empty()) {
-        const std::size_t length = CharacterLength(text);
-        if (length == 0)
-            readable += kReplacementCharacter;
-        else
-            readable += text.substr(0, length);
-        text.remove_prefix(std::max<std::size_t>(length, 1));
+    namespace utf = boost::locale::utf;
+    std::string valid;
+    for (const char *at = text.data(), *const end = at + text.size(); at != end;) {
+        const char* next = at;
+        if (utf::is_valid_codepoint(utf::utf_traits<char>::decode(next, end))) {
+            valid.append(at, next);
+            at = next;
+        } else {
+            valid += kReplacementCharacter;
+            ++at;
+        }
     }
-    return readable;
+    return valid;
+}
+
+std::string Counted(std::size_t count, std::string_view singular, std::string_view plural) {
+    std::string text = std::to_string(count) + ' ';
+    if (count == 1)
+        return text.append(singular);
+    return plural.empty() ? text.append(singular) + 's' : text.append(plural);
 }
 
 } // namespace Utils

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,8 +8,9 @@
 namespace Utils {
 
 /// The only white space of .acf and X-Plane object lines.
+inline constexpr std::string_view kBlanks = " \t";
 constexpr bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
+    return c == kBlanks[0] || c == kBlanks[1];
 }
 
 /// The text without leading and trailing spaces and tabs.
@@ -26,5 +28,8 @@ std::string ToLowerAscii(std::string_view text);
 
 /// The text as valid UTF-8 for display: invalid bytes become the replacement character.
 std::string ToValidUtf8(std::string_view text);
+
+/// "1 part", "2 parts". The default plural is the singular with an s.
+std::string Counted(std::size_t count, std::string_view singular, std::string_view plural = {});
 
 } // namespace Utils

@@ -26,17 +26,14 @@ struct Cockpit {
         object.Line("IDX10 3 4 5 6 7 8").Line("IDX10 9 10 11 9 10 11 9 10 11").Texture().Line(lines);
         installation.Aircraft("Aircraft/Props/Cub", "Cub", object);
         const auto list = Sim::XPAircraftListLoader().LoadAircraftList();
-        CockpitModel::GaugeRepository repository("");
-        opened = OpenAircraft(*list.at(0), repository);
-        built = BuildAircraft(opened);
+        aircraft = LoadAircraft(*list.at(0));
     }
 
-    NodePart& Part(std::size_t node) const { return *built.sceneGraph->Nodes().at(node)->parts.at(0); }
-    std::string Text(std::size_t node) const { return ExplanationText(*built.sceneGraph, Part(node)); }
+    NodePart& Part(std::size_t node) const { return *aircraft.built.sceneGraph->Nodes().at(node)->parts.at(0); }
+    std::string Text(std::size_t node) const { return ExplanationText(*aircraft.built.sceneGraph, Part(node)); }
 
     const Support::Installation installation;
-    OpenedAircraft opened;
-    BuiltAircraft built;
+    LoadedAircraft aircraft;
 };
 
 const std::string kDrag = "ATTR_manip_drag_axis hand 1 0 0 0 1 sim/x\n";

@@ -81,7 +81,7 @@ public:
     int Texture(const std::string& name) {
         CockpitModel::Material material;
         material.TextureDiffuse = static_cast<std::int32_t>(model.textures.Children.size());
-        material.BlendKind = 2;
+        material.BlendKind = CockpitModel::kOpaqueBlend;
         material.Alpha = 1.0f;
         model.materials.Children.push_back(material);
         model.textures.Children.push_back(name);

@@ -6,6 +6,7 @@
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
+#include "CockpitModel/XPlane/XPAircraftCockpit.h"
 #include "CockpitModel/XPlane/XPObjData.h"
 #include "Utils/Files.h"
 #include "Utils/Paths.h"
@@ -67,8 +68,9 @@ void CheckPanel(const LintOutline& outline, const path& folder, LintFindings& fi
     if (first == outline.draws.end() || !Utils::FindIgnoringCase(folder / CockpitModel::kPanelTexture).empty())
         return;
     const auto count = static_cast<std::size_t>(std::ranges::count(outline.draws, true, &LintDraw::panel));
-    const std::string message = (folder / CockpitModel::kPanelTexture).string() + " does not exist, but " +
-                                Times(count, "part under ATTR_cockpit shows it", "parts under ATTR_cockpit show it");
+    const std::string message =
+        (folder / CockpitModel::kPanelTexture).string() + " does not exist, but " +
+        Utils::Counted(count, "part under ATTR_cockpit shows it", "parts under ATTR_cockpit show it");
     if (const path flat = Utils::FindIgnoringCase(folder / "cockpit/-PANELS-/Panel.png"); !flat.empty())
         findings.Add(Note, "panel-missing", first->line, message,
                      "none needed for X-Plane, which uses " + flat.string() +
@@ -115,8 +117,7 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& o
     std::vector<const CockpitModel::NodePart*> candidates;
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
-            if (part->InteractionType == TouchInteractionType::YokePart ||
-                part->InteractionType == TouchInteractionType::YokePrimary)
+            if (IsYoke(part->InteractionType))
                 candidates.push_back(part.get());
     if (candidates.empty()) {
         findings.Add(Note, "no-yoke", 0,
@@ -152,12 +153,10 @@ void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline
                        LintFindings& findings) {
     if (outline.doubledReturns.count > 0)
         return; // the built cockpit would not match the file
-    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     try {
-        const OpenedAircraft opened = OpenAircraft(info, repository);
-        const BuiltAircraft built = BuildAircraft(opened, {.untextured = true});
-        CheckYokes(*built.sceneGraph, outline, findings);
-        CheckAnnotations(info, *built.sceneGraph, all);
+        const LoadedAircraft aircraft = LoadAircraft(info, {.untextured = true});
+        CheckYokes(*aircraft.built.sceneGraph, outline, findings);
+        CheckAnnotations(info, *aircraft.built.sceneGraph, all);
     } catch (const std::exception& error) {
         if (std::ranges::find(all, Error, &LintFinding::severity) == all.end())
             findings.Add(Error, "not-loaded", 0, Utils::Describe(error), "fix what the message names");
@@ -196,7 +195,7 @@ std::vector<LintFinding> LintObject(const std::string& file, std::string_view te
 
 std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
     const path acf = info.acfPath;
-    const path expected = acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
+    const path expected = CockpitModel::CockpitObjectPath(acf);
     const path object = CockpitFileOnDisk(expected);
     if (object.empty())
         throw std::runtime_error("cannot find the cockpit object " + expected.string());

@@ -14,7 +14,7 @@ namespace {
 
 using enum LintSeverity;
 using CockpitModel::AnnotationElement;
-using Place = std::pair<std::int32_t, std::int32_t>; ///< node and part
+using CockpitModel::PartAddress;
 
 constexpr const char* kNumbers = "write a number of at least 0";
 constexpr const char* kTypes = "write None, Tap, Twist, Move or Radio; in a test also YokePart or YokePrimary";
@@ -37,23 +37,17 @@ void CheckValues(const AnnotationElement& element, LintFindings& findings) {
     }
 }
 
-bool IsThere(const Place& place, const CockpitModel::SceneGraph& sceneGraph) {
-    const auto& nodes = sceneGraph.Nodes();
-    return std::cmp_less(place.first, nodes.size()) &&
-           std::cmp_less(place.second, nodes[static_cast<std::size_t>(place.first)]->parts.size());
-}
-
-void CheckPlace(const AnnotationElement& element, const CockpitModel::SceneGraph& sceneGraph,
-                std::map<Place, std::uint32_t>& seen, LintFindings& findings) {
-    const Place place{element.record.NodeId, element.record.PartId};
-    const std::string name = "part " + std::to_string(place.first) + "," + std::to_string(place.second);
-    if (place.first < 0 || place.second < 0)
+void CheckAddress(const AnnotationElement& element, const CockpitModel::SceneGraph& sceneGraph,
+                  std::map<PartAddress, std::uint32_t>& seen, LintFindings& findings) {
+    const PartAddress address = element.record.Address();
+    const std::string name = "part " + ToText(address);
+    if (address.node < 0 || address.part < 0)
         findings.Add(Warning, "annotation-place", element.line, "the Override does not identify a part",
                      "add a NodeId and a PartId of at least 0, or remove the Override");
-    else if (!IsThere(place, sceneGraph))
+    else if (!sceneGraph.FindPart(address))
         findings.Add(Warning, "annotation-place", element.line, "the cockpit has no " + name,
                      "remove the Override, or correct its NodeId and PartId; run 'inspect' to list all parts");
-    else if (const auto [first, isNew] = seen.emplace(place, element.line); !isNew)
+    else if (const auto [first, isNew] = seen.emplace(address, element.line); !isNew)
         findings.Add(Warning, "annotation-place", first->second,
                      "line " + std::to_string(element.line) + " annotates " + name +
                          " again and replaces this Override",
@@ -67,9 +61,9 @@ void LintAnnotations(const std::string& xml, const CockpitModel::SceneGraph& sce
     if (!text.isXml)
         findings.Add(Error, "annotation-xml", text.errorLine, "not well-formed XML, so no annotations are read",
                      "correct the XML, or remove the file");
-    std::map<Place, std::uint32_t> seen; // and its line
+    std::map<PartAddress, std::uint32_t> seen; // and its line
     for (const AnnotationElement& element : text.elements) {
-        CheckPlace(element, sceneGraph, seen, findings);
+        CheckAddress(element, sceneGraph, seen, findings);
         CheckValues(element, findings);
     }
 }

@@ -1,6 +1,7 @@
 #include "Annotator/Lint/LintChecks.h"
 
 #include "CockpitModel/XPlane/XPObjData.h"
+#include "Utils/Text.h"
 
 #include <algorithm>
 #include <sstream>
@@ -11,6 +12,7 @@ namespace Annotator {
 namespace {
 
 using enum LintSeverity;
+using Utils::Counted;
 
 std::string AtLine(std::uint32_t line) {
     return "line " + std::to_string(line);
@@ -27,7 +29,7 @@ void CheckMaterials(const LintOutline& outline, LintFindings& findings) {
     if (first == outline.draws.end())
         return;
     const auto count = static_cast<std::size_t>(std::ranges::count(outline.draws, false, &LintDraw::textured));
-    const std::string refused = " (" + Times(count, "part", "parts") + "), so the cockpit cannot be loaded";
+    const std::string refused = " (" + Counted(count, "part") + "), so the cockpit cannot be loaded";
     if (outline.emptyTexture != 0 && outline.emptyTexture < first->line)
         findings.Add(Error, "no-texture", outline.emptyTexture, "TEXTURE without a file name" + refused,
                      "write the texture's path after it, or use --untextured to load the cockpit as it is");
@@ -139,13 +141,13 @@ void CheckOneInForce(const LintOutline& outline, std::span<const LintDraw> draws
     const LeftInForce left = FindLeft(outline, draws);
     if (left.firstElsewhere)
         findings.Add(Warning, "left-in-force", left.firstElsewhere->line,
-                     name + " still applies to " + Times(left.elsewhere, "part", "parts") +
+                     name + " still applies to " + Counted(left.elsewhere, "part") +
                          " outside its animation block, where clicks use it too",
                      "write ATTR_manip_none before " + AtLine(left.firstElsewhere->line));
     if (left.firstAfterUnread)
         findings.Add(Warning, "unread-manipulator", left.firstAfterUnread->unreadLine,
                      left.firstAfterUnread->unreadKeyword + " is not supported by this program, so " + name +
-                         " still applies to " + Times(left.afterUnread, "part", "parts") + " from " +
+                         " still applies to " + Counted(left.afterUnread, "part") + " from " +
                          AtLine(left.firstAfterUnread->line) + " on",
                      "write ATTR_manip_none before it; this changes nothing in X-Plane");
 }
@@ -186,7 +188,7 @@ void CheckLineEnds(const LintOutline& outline, LintFindings& findings) {
     const LintUnknown& doubled = outline.doubledReturns;
     if (doubled.count > 0)
         findings.Add(Warning, "line-ends", doubled.firstLine,
-                     Times(doubled.count, "line ends", "lines end") +
+                     Counted(doubled.count, "line ends", "lines end") +
                          " in CR CR LF; the first CR is read as part of the last word, so keywords such as ANIM_begin "
                          "and datarefs are not recognized",
                      "save the file with LF or CR LF line endings");
@@ -196,8 +198,7 @@ void CheckKeywords(const LintOutline& outline, LintFindings& findings) {
     for (const auto& [keyword, unknown] : outline.unknown) {
         const std::string_view like = KeywordLike(keyword);
         findings.Add(Warning, "unknown-keyword", unknown.firstLine,
-                     keyword.substr(0, 64) + " is not a keyword of the format (" +
-                         Times(unknown.count, "line", "lines") + ")",
+                     keyword.substr(0, 64) + " is not a keyword of the format (" + Counted(unknown.count, "line") + ")",
                      like.empty() ? "remove it, or start a comment with #"
                                   : "write " + std::string(like) + ": keywords are case-sensitive");
     }
@@ -217,10 +218,6 @@ constexpr LintCheck kChecks[] = {
 };
 
 } // namespace
-
-std::string Times(std::size_t count, const std::string& one, const std::string& many) {
-    return std::to_string(count) + ' ' + (count == 1 ? one : many);
-}
 
 std::span<const LintCheck> LintChecks() {
     return kChecks;

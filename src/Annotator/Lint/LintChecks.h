@@ -21,9 +21,6 @@ private:
     std::vector<LintFinding>& findings;
 };
 
-/// "1 part", "2 parts".
-std::string Times(std::size_t count, const std::string& one, const std::string& many);
-
 /// To add a check, write a function in LintChecks.cpp and add it to the table there.
 using LintCheck = void (*)(const LintOutline& outline, LintFindings& findings);
 std::span<const LintCheck> LintChecks();

@@ -92,7 +92,7 @@ void CanvasControl::Press(CanvasPoint pointer) {
 
 void CanvasControl::Motion(CanvasPoint pointer, bool dragging) {
     if (!dragging) {
-        TellClickables(pointer, 1);
+        TellClickables(pointer, kCanvasMove);
         return;
     }
     clickArmed = false;
@@ -105,10 +105,10 @@ void CanvasControl::Motion(CanvasPoint pointer, bool dragging) {
 void CanvasControl::Release(CanvasPoint pointer) {
     // Disarmed first: a clickable may open a dialog, in which the toolkit delivers further events.
     if (std::exchange(clickArmed, false))
-        TellClickables(pointer, 0);
+        TellClickables(pointer, kCanvasClick);
 }
 
-void CanvasControl::TellClickables(CanvasPoint pointer, std::int32_t type) {
+void CanvasControl::TellClickables(CanvasPoint pointer, CanvasEvent type) {
     const float nx = static_cast<float>(pointer.x) / static_cast<float>(clientSize.x);
     const float ny = static_cast<float>(pointer.y) / static_cast<float>(clientSize.y);
     CanvasMouseEvent event;

@@ -55,7 +55,7 @@ public:
 
 private:
     void StepCamera(float yawOffset, float pitchOffset, float dt);
-    void TellClickables(CanvasPoint pointer, std::int32_t type);
+    void TellClickables(CanvasPoint pointer, CanvasEvent type);
 
     CanvasPoint clientSize{1, 1};
     float farPlane = kFarPlane;

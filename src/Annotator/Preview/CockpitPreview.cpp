@@ -177,7 +177,7 @@ void CockpitPreview::OnMouseEvent(const CanvasMouseEvent& event) {
     if (!sceneGraph || busy)
         return;
     FindHoveredPart(event);
-    if (hoveredPart && event.type == 0)
+    if (hoveredPart && event.type == kCanvasClick)
         partSignal(hoveredPart);
 }
 

@@ -15,17 +15,15 @@ namespace {
 /// After the end of the selection's pulse.
 constexpr double kPictureTime = 1.0; // seconds
 
-CockpitModel::NodePart* FindPart(const CockpitModel::SceneGraph& sceneGraph, const PictureRequest::PartPlace& place) {
-    const auto& nodes = sceneGraph.Nodes();
-    if (place.NodeId < 0 || std::cmp_greater_equal(place.NodeId, nodes.size()))
-        throw std::invalid_argument("the cockpit has no node " + std::to_string(place.NodeId) + "; it has " +
-                                    std::to_string(nodes.size()) + " nodes, numbered from 0");
-    const auto& parts = nodes[static_cast<std::size_t>(place.NodeId)]->parts;
-    if (place.PartId < 0 || std::cmp_greater_equal(place.PartId, parts.size()))
-        throw std::invalid_argument("node " + std::to_string(place.NodeId) + " has no part " +
-                                    std::to_string(place.PartId) + "; it has " + std::to_string(parts.size()) +
+CockpitModel::NodePart* RequirePart(const CockpitModel::SceneGraph& sceneGraph, CockpitModel::PartAddress address) {
+    if (CockpitModel::NodePart* const part = sceneGraph.FindPart(address))
+        return part;
+    if (const CockpitModel::Node* const node = sceneGraph.FindNode(address.node))
+        throw std::invalid_argument("node " + std::to_string(address.node) + " has no part " +
+                                    std::to_string(address.part) + "; it has " + std::to_string(node->parts.size()) +
                                     " parts, numbered from 0");
-    return parts[static_cast<std::size_t>(place.PartId)].get();
+    throw std::invalid_argument("the cockpit has no node " + std::to_string(address.node) + "; it has " +
+                                std::to_string(sceneGraph.Nodes().size()) + " nodes, numbered from 0");
 }
 
 /// Moves the camera so that the part, or everything shown if there is none, fills the image.
@@ -65,7 +63,7 @@ void DrawPreviewPicture(Rendering::Context& context, const PictureRequest& reque
     preview.ShowTransparent(request.showTransparent);
     preview.SetScene(built.sceneGraph, built.model.get(), &annotations);
     CockpitModel::NodePart* const selected =
-        request.selected ? FindPart(*built.sceneGraph, *request.selected) : nullptr;
+        request.selected ? RequirePart(*built.sceneGraph, *request.selected) : nullptr;
     preview.SetSelectedPart(selected);
     CanvasControl control = PlaceCamera(request, *opened.cockpit);
     if (request.fit)

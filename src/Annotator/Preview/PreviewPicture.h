@@ -17,9 +17,6 @@ struct PictureRequest {
         std::string dataref; ///< applies to all animations of this name
         float fraction = 0;  ///< of their time axis
     };
-    struct PartPlace {
-        std::int32_t NodeId = -1, PartId = -1;
-    };
 
     Rendering::Size size{1280, 800};
     std::optional<Utils::Vector3> eye; ///< metres, in the camera's axes; empty for the pilot's eye
@@ -27,7 +24,7 @@ struct PictureRequest {
     std::optional<Utils::Vector2> look;
     bool fit = false; ///< move the camera so that the selected part, or else the cockpit, fills the image
     std::vector<Position> positions;
-    std::optional<PartPlace> selected;
+    std::optional<CockpitModel::PartAddress> selected;
     bool showTransparent = true;
 };
 

@@ -1,7 +1,7 @@
 #include "Annotator/AircraftLoading.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/Jobs.h"
+#include "Batch/ForEachAircraft.h"
 #include "Batch/Jobs/ScopedSignalBlock.h"
 #include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
@@ -20,31 +20,26 @@ namespace {
 
 using CockpitModel::AnnotationRecord;
 using CockpitModel::NodePart;
-using CockpitModel::TouchInteractionType;
 
 struct AcceptOptions {
     bool dryRun = false;
     bool yoke = false;
-    Annotator::LoadOptions load;
-    std::size_t jobs = DefaultProcesses();
-    std::vector<std::string> aircraft;
+    AircraftOptions aircraft;
 };
 
 /// Yoke types are only found on parts without a rectangle.
 bool NeedsExpectation(const NodePart& part, bool yoke) {
-    return part.Rect() || (yoke && (part.InteractionType == TouchInteractionType::YokePart ||
-                                    part.InteractionType == TouchInteractionType::YokePrimary));
+    return part.Rect() || (yoke && IsYoke(part.InteractionType));
 }
 
 /// The parts that need an expectation, encoded for the parent process.
 std::string FindNew(const Sim::AircraftInfo& info, const AcceptOptions& options) {
-    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.load);
-    CockpitModel::AnnotationStore store(*built.sceneGraph);
+    const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, options.aircraft.load);
+    const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
+    CockpitModel::AnnotationStore store(sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
     Json found = Json::array();
-    for (const auto& node : built.sceneGraph->Nodes())
+    for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
             if (NeedsExpectation(*part, options.yoke) && !store.Evaluate(*part).hasTest)
                 found.push_back({{"nodeId", node->index},
@@ -68,26 +63,21 @@ class ExpectationWriter {
 public:
     explicit ExpectationWriter(Console& messages) : console(messages) {}
 
-    void Take(const Sim::AircraftInfo& info, const JobResult& result) {
-        if (result.failure) {
-            console.Message(NameOf(info) + ": " + *result.failure);
-            aircraftFailed = true;
-            return;
-        }
+    void Take(const Sim::AircraftInfo& info, const std::string& found) {
         const std::string path = CockpitModel::AnnotationFile(info);
         File& file = files[path];
         if (!file.ofAircraft.empty())
             console.Message(path + " belongs to both " + file.ofAircraft + " and " + NameOf(info) +
                             "; the expectations of the former are kept");
         file.ofAircraft = NameOf(info);
-        const Json parts = Json::parse(result.output);
+        const Json parts = Json::parse(found);
         std::cout << NameOf(info) << ": " << Counted(parts.size(), "new expectation") << " for " << Shown(path) << '\n';
         for (const Json& part : parts)
             Add(file, part);
     }
 
     /// A file that cannot be read is left unchanged; the others are still saved.
-    ExitCode Finish(bool dryRun) {
+    ExitCode Finish(bool dryRun, std::size_t failed) {
         std::size_t added = 0, changed = 0;
         for (const auto& [path, file] : files) {
             if (file.expectations.empty() || !Save(path, file, dryRun))
@@ -97,34 +87,34 @@ public:
         }
         console.Message(Counted(added, "expectation") + (dryRun ? " would be added to " : " added to ") +
                         Counted(changed, "annotation file"));
-        return notWritten ? kNotWritten : aircraftFailed ? kAircraftFailed : kDone;
+        return notWritten ? kNotWritten : failed + unreadable > 0 ? kAircraftFailed : kDone;
     }
 
 private:
     struct File {
         std::string ofAircraft;
-        std::map<std::pair<std::int32_t, std::int32_t>, AnnotationRecord> expectations; ///< by node and part
+        std::map<CockpitModel::PartAddress, AnnotationRecord> expectations;
     };
 
     static void Add(File& file, const Json& part) {
         AnnotationRecord record{.NodeId = part.at("nodeId"), .PartId = part.at("partId")};
         const std::string detected = part.at("detected"), rectangle = part.at("mouseRect");
         record.InteractionTypeTest = CockpitModel::TouchInteractionTypeFromText(detected);
-        if (file.expectations.try_emplace({record.NodeId, record.PartId}, record).second)
+        if (file.expectations.try_emplace(record.Address(), record).second)
             std::cout << "  node " << record.NodeId << " part " << record.PartId << ": " << detected
                       << (rectangle.empty() ? "" : ", " + Shown(rectangle)) << '\n';
     }
 
     bool Save(const std::string& path, const File& file, bool dryRun) {
         std::vector<AnnotationRecord> records;
-        for (const auto& [place, record] : file.expectations)
+        for (const auto& [address, record] : file.expectations)
             records.push_back(record);
         try {
             const std::string xml = CockpitModel::AddExpectations(ReadAnnotationFile(path), records);
             return dryRun || Write(path, xml);
         } catch (const std::runtime_error& error) {
             console.Message(path + ": " + error.what());
-            aircraftFailed = true;
+            ++unreadable;
             return false;
         }
     }
@@ -141,18 +131,18 @@ private:
 
     Console& console;
     std::map<std::string, File> files; ///< by path
-    bool aircraftFailed = false, notWritten = false;
+    std::size_t unreadable = 0;        ///< annotation files
+    bool notWritten = false;
 };
 
 ExitCode Accept(const AcceptOptions& options, Session& session) {
-    const Sim::AircraftList list = LoadInstallation(session.console);
-    const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
-    ExpectationWriter acceptance(session.console);
-    RunJobs(
-        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return FindNew(info, options); },
-        [&](const JobResult& result) { acceptance.Take(*result.aircraft, result); });
+    const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
+    ExpectationWriter writer(session.console);
+    const std::size_t failed = ForEachAircraft(
+        aircraft, session.console, [&](const Sim::AircraftInfo& info) { return FindNew(info, options); },
+        {.take = [&](const Sim::AircraftInfo& info, const std::string& found) { writer.Take(info, found); }});
     FlushPrinted(); // shown before anything is saved
-    return acceptance.Finish(options.dryRun);
+    return writer.Finish(options.dryRun, failed);
 }
 
 } // namespace
@@ -161,9 +151,7 @@ Action PrepareAccept(CLI::App& app) {
     auto options = std::make_shared<AcceptOptions>();
     app.add_flag("--dry-run", options->dryRun, "Print what would be added, without saving");
     app.add_flag("--yoke", options->yoke, "Also record yoke parts, which have no mouse rectangle");
-    AddUntexturedOption(app, options->load);
-    AddJobsOption(app, options->jobs);
-    app.add_option("AIRCRAFT", options->aircraft, "Aircraft to record")->type_name("")->required();
+    AddAircraftOptions(app, options->aircraft)->description("Aircraft to record")->required();
     return [options](Session& session) { return Accept(*options, session); };
 }
 

@@ -27,7 +27,7 @@ struct CompareOptions {
 
 /// A part that differs between the files or is in only one of them.
 struct PartDifference {
-    std::int32_t nodeId = 0, partId = 0;
+    CockpitModel::PartAddress address;
     std::optional<DetectedPart> a, b;
 };
 
@@ -59,13 +59,12 @@ std::vector<PartDifference> Differences(const DetectedParts& a, const DetectedPa
     std::vector<PartDifference> differences;
     DetectedParts all = a;
     all.insert(b.begin(), b.end());
-    const auto find = [](const DetectedParts& parts, const auto& place) {
-        const auto found = parts.find(place);
+    const auto find = [](const DetectedParts& parts, CockpitModel::PartAddress address) {
+        const auto found = parts.find(address);
         return found == parts.end() ? std::nullopt : std::optional(found->second);
     };
-    for (const auto& [place, part] : all)
-        if (PartDifference difference{place.first, place.second, find(a, place), find(b, place)};
-            difference.a != difference.b)
+    for (const auto& [address, part] : all)
+        if (PartDifference difference{address, find(a, address), find(b, address)}; difference.a != difference.b)
             differences.push_back(difference);
     return differences;
 }
@@ -115,7 +114,8 @@ std::string Change(const DetectedPart& a, const DetectedPart& b) {
 }
 
 std::string PartText(const PartDifference& part) {
-    std::string text = "  node " + std::to_string(part.nodeId) + " part " + std::to_string(part.partId) + ": ";
+    std::string text =
+        "  node " + std::to_string(part.address.node) + " part " + std::to_string(part.address.part) + ": ";
     if (part.a && part.b)
         text += Change(*part.a, *part.b);
     else if (part.b)
@@ -148,8 +148,10 @@ Json ToJson(const std::optional<DetectedPart>& part) {
 Json ToJson(const FileDifference& file) {
     Json parts = Json::array();
     for (const PartDifference& part : file.parts)
-        parts.push_back(
-            {{"nodeId", part.nodeId}, {"partId", part.partId}, {"a", ToJson(part.a)}, {"b", ToJson(part.b)}});
+        parts.push_back({{"nodeId", part.address.node},
+                         {"partId", part.address.part},
+                         {"a", ToJson(part.a)},
+                         {"b", ToJson(part.b)}});
     return {{"file", JsonText(file.name)}, {"inA", file.inA}, {"inB", file.inB}, {"parts", std::move(parts)}};
 }
 
@@ -174,8 +176,7 @@ ExitCode Compare(const CompareOptions& options, Session& session) {
     for (const FileDifference& file : comparison.files)
         parts += file.parts.size();
     session.console.Message(
-        Counted(comparison.compared, "file") + " compared, " + Counted(parts, "part") +
-        (parts == 1 ? " differs, " : " differ, ") +
+        Counted(comparison.compared, "file") + " compared, " + Counted(parts, "part differs", "parts differ") + ", " +
         std::to_string(std::ranges::count_if(comparison.files, [](const auto& file) { return file.inA != file.inB; })) +
         " in only one folder");
     return comparison.unreadable > 0 ? kAircraftFailed : comparison.files.empty() ? kDone : kTestFailed;

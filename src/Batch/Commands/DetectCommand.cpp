@@ -3,7 +3,7 @@
 #include "Annotator/DetectedDataFile.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/Jobs.h"
+#include "Batch/ForEachAircraft.h"
 #include "Batch/Jobs/ScopedSignalBlock.h"
 #include "Logging/Logger.h"
 
@@ -18,18 +18,14 @@ namespace {
 
 struct DetectOptions {
     std::string folder; ///< empty for the desktop tool's export folder
-    std::size_t jobs = DefaultProcesses();
-    Annotator::LoadOptions load;
-    std::vector<std::string> aircraft;
+    AircraftOptions aircraft;
 };
 
 std::string DetectOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     Logging::Logger& log = Logging::Logger::Get();
     log.Log(HERE, "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
     try {
-        CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-        const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-        return Annotator::DetectedDataXml(*Annotator::BuildAircraft(opened, load).sceneGraph);
+        return Annotator::DetectedDataXml(*Annotator::LoadAircraft(info, load).built.sceneGraph);
     } catch (const std::exception&) {
         // The same line as in the desktop tool's log; the reason goes to the caller of the program.
         log.Log(HERE, "Failed to load model.  Skipping...");
@@ -49,22 +45,6 @@ public:
             throw CommandError(kNotWritten, "cannot create the folder " + folder + ": " + error.message());
     }
 
-    void Take(const JobResult& result) {
-        if (result.failure) {
-            console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
-            ++failed;
-        } else {
-            Write(*result.aircraft, result.output);
-        }
-    }
-
-    ExitCode Finish(std::size_t aircraft) const {
-        console.Message(Counted(files.size(), "detected-data file") + " in " + shown + ", " + std::to_string(failed) +
-                        " of " + std::to_string(aircraft) + " aircraft failed");
-        return notWritten ? kNotWritten : failed > 0 ? kAircraftFailed : kDone;
-    }
-
-private:
     void Write(const Sim::AircraftInfo& info, const std::string& xml) {
         const std::string name = Annotator::DetectedDataFileName(info);
         const std::string path = (boost::filesystem::path(folder) / name).string();
@@ -80,31 +60,33 @@ private:
         earlier->second = &info;
     }
 
+    ExitCode Finish(std::size_t aircraft, std::size_t failed) const {
+        console.Message(Counted(files.size(), "detected-data file") + " in " + shown + ", " + std::to_string(failed) +
+                        " of " + std::to_string(aircraft) + " aircraft failed");
+        return notWritten ? kNotWritten : failed > 0 ? kAircraftFailed : kDone;
+    }
+
+private:
     std::string folder, shown;
     Console& console;
     std::map<std::string, const Sim::AircraftInfo*> files; ///< the aircraft of each file, by file name
-    std::size_t failed = 0;
     bool notWritten = false;
 };
 
 ExitCode Detect(const DetectOptions& options, Session& session) {
-    const Sim::AircraftList list = LoadInstallation(session.console);
-    const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
+    const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
     const std::string folder = options.folder.empty() ? Annotator::DetectedDataFolder() : options.folder;
     // A command that writes into QVRA also installs the data files that the desktop tool needs there.
     if (const std::string problem = options.folder.empty() ? Annotator::InstallDataFiles() : ""; !problem.empty())
         session.console.Message(problem);
     DetectedDataWriter writer(options.folder.empty() ? folder : session.ResolveArgument(folder), folder,
                               session.console);
-    session.console.BeginProgress(aircraft.size());
-    RunJobs(
-        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.load); },
-        [&](const JobResult& result) {
-            writer.Take(result);
-            session.console.Advance();
-        });
-    session.console.EndProgress();
-    return writer.Finish(aircraft.size());
+    const std::size_t failed = ForEachAircraft(
+        aircraft, session.console,
+        [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.aircraft.load); },
+        {.take = [&](const Sim::AircraftInfo& info, const std::string& xml) { writer.Write(info, xml); },
+         .showsProgress = true});
+    return writer.Finish(aircraft.selection.size(), failed);
 }
 
 } // namespace
@@ -113,9 +95,7 @@ Action PrepareDetect(CLI::App& app) {
     auto options = std::make_shared<DetectOptions>();
     app.add_option("--out", options->folder, "Folder for the files (default: QVRA/AirLogs/... in the installation)")
         ->type_name("DIR");
-    AddUntexturedOption(app, options->load);
-    AddJobsOption(app, options->jobs);
-    AddAircraftOption(app, options->aircraft);
+    AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Detect(*options, session); };
 }
 

@@ -1,13 +1,12 @@
 #include "Annotator/AircraftLoading.h"
 #include "Annotator/Explanation.h"
+#include "Batch/AircraftOptions.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 
 #include <CLI/CLI.hpp>
-#include <boost/filesystem/operations.hpp>
-#include <charconv>
 #include <memory>
 
 namespace Batch {
@@ -15,30 +14,18 @@ namespace Batch {
 namespace {
 
 using CockpitModel::NodePart;
-using CockpitModel::SceneGraph;
+using CockpitModel::PartAddress;
 
 struct ExplainOptions {
-    std::string aircraft, part;
-    Annotator::LoadOptions load;
+    SingleAircraftOptions aircraft;
+    std::string part;
 };
 
-struct PartPlace {
-    std::size_t node = 0, part = 0;
-};
-
-bool ReadIndex(std::string_view text, std::size_t& index) {
-    const char* const end = text.data() + text.size();
-    const auto [next, error] = std::from_chars(text.data(), end, index);
-    return error == std::errc() && next == end;
-}
-
-PartPlace ReadPlace(const std::string& text) {
-    PartPlace place;
-    const std::size_t comma = text.find(',');
-    if (comma == std::string::npos || !ReadIndex(std::string_view(text).substr(0, comma), place.node) ||
-        !ReadIndex(std::string_view(text).substr(comma + 1), place.part))
+PartAddress ReadAddress(const std::string& text) {
+    const std::optional<PartAddress> address = CockpitModel::ParsePartAddress(text);
+    if (!address || address->node < 0 || address->part < 0)
         throw CommandError(kWrongUsage, "'" + text + "' is not a part; write NODE,PART, for example 12,0");
-    return place;
+    return *address;
 }
 
 /// Empty if the annotations do not set or expect a type.
@@ -51,26 +38,24 @@ std::string AnnotationText(const std::optional<CockpitModel::AnnotationRecord>& 
     return text;
 }
 
-/// Null if the cockpit has no such part.
-std::string ExplainOne(const Sim::AircraftInfo& info, const PartPlace& place, const Annotator::LoadOptions& load) {
-    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
-    const auto& nodes = built.sceneGraph->Nodes();
-    if (place.node >= nodes.size() || place.part >= nodes[place.node]->parts.size())
+/// Empty if the cockpit has no such part.
+std::string ExplainOne(const Sim::AircraftInfo& info, PartAddress address, const Annotator::LoadOptions& load) {
+    const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, load);
+    const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
+    const NodePart* const part = sceneGraph.FindPart(address);
+    if (!part)
         return {};
-    const NodePart& part = *nodes[place.node]->parts[place.part];
-    CockpitModel::AnnotationStore store(*built.sceneGraph);
+    CockpitModel::AnnotationStore store(sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
-    return Annotator::ExplanationText(*built.sceneGraph, part) + AnnotationText(store.Get(part));
+    return Annotator::ExplanationText(sceneGraph, *part) + AnnotationText(store.Get(*part));
 }
 
 ExitCode Explain(const ExplainOptions& options, Session& session) {
-    const PartPlace place = ReadPlace(options.part);
+    const PartAddress address = ReadAddress(options.part);
     const Sim::AircraftList list = LoadInstallation(session.console);
-    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
     const std::string text =
-        RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, place, options.load); });
+        RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, address, options.aircraft.load); });
     if (text.empty())
         throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
                                             "; run 'inspect' to list all parts, 'manips' to list clickable parts");
@@ -82,9 +67,8 @@ ExitCode Explain(const ExplainOptions& options, Session& session) {
 
 Action PrepareExplain(CLI::App& app) {
     auto options = std::make_shared<ExplainOptions>();
-    app.add_option("AIRCRAFT", options->aircraft, "Aircraft")->type_name("")->required();
+    AddAircraftOptions(app, options->aircraft);
     app.add_option("PART", options->part, "Part as NODE,PART, for example 12,0")->type_name("")->required();
-    AddUntexturedOption(app, options->load);
     return [options](Session& session) { return Explain(*options, session); };
 }
 

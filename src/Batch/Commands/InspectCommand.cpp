@@ -1,4 +1,5 @@
 #include "Annotator/AircraftLoading.h"
+#include "Batch/AircraftOptions.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Commands/CockpitJson.h"
@@ -20,8 +21,7 @@ namespace {
 
 struct InspectOptions {
     std::string panel; ///< a panel configuration to use instead of the aircraft's own
-    Annotator::LoadOptions load;
-    std::string aircraft;
+    SingleAircraftOptions aircraft;
 };
 
 /// The configuration's text. Opening a folder succeeds; its first read fails.
@@ -49,13 +49,14 @@ std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::s
 
 ExitCode Inspect(const InspectOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
-    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
     std::optional<std::string> panel;
     if (!options.panel.empty()) {
         panel = ReadPanel(session.ResolveArgument(options.panel));
         session.console.Message("no gauges are available, so the panels have no entries");
     }
-    PrintJson(RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.load); }));
+    PrintJson(
+        RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.aircraft.load); }));
     return kDone;
 }
 
@@ -65,8 +66,7 @@ Action PrepareInspect(CLI::App& app) {
     auto options = std::make_shared<InspectOptions>();
     app.add_option("--panel", options->panel, "Read this panel configuration for the aircraft and include its panels")
         ->type_name("FILE");
-    AddUntexturedOption(app, options->load);
-    app.add_option("AIRCRAFT", options->aircraft, "Aircraft")->type_name("")->required();
+    AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Inspect(*options, session); };
 }
 

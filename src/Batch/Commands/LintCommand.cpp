@@ -1,7 +1,6 @@
 #include "Annotator/Lint/Lint.h"
-#include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/Jobs.h"
+#include "Batch/ForEachAircraft.h"
 #include "Batch/Reports/Json.h"
 
 #include <CLI/CLI.hpp>
@@ -24,8 +23,7 @@ constexpr std::size_t kRestLines = 12;
 
 struct LintOptions {
     bool json = false, all = false;
-    std::size_t jobs = DefaultProcesses();
-    std::vector<std::string> aircraft;
+    AircraftOptions aircraft;
 };
 
 Json ToJson(const LintFinding& finding) {
@@ -120,18 +118,11 @@ std::string Totals(std::map<LintSeverity, std::size_t>& counts) {
 }
 
 ExitCode Lint(const LintOptions& options, Session& session) {
-    const Sim::AircraftList list = LoadInstallation(session.console);
-    const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
+    const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
     Json everything = Json::array();
     std::map<LintSeverity, std::size_t> counts;
-    std::size_t failed = 0;
-    const auto take = [&](const JobResult& result) {
-        if (result.failure) {
-            session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
-            ++failed;
-            return;
-        }
-        const std::vector<LintFinding> findings = FindingsFromJson(Json::parse(result.output));
+    const auto take = [&](const Sim::AircraftInfo&, const std::string& output) {
+        const std::vector<LintFinding> findings = FindingsFromJson(Json::parse(output));
         for (const LintFinding& finding : findings)
             ++counts[finding.severity];
         if (options.json)
@@ -140,11 +131,11 @@ ExitCode Lint(const LintOptions& options, Session& session) {
         else
             Print(FindingsText(findings, options.all));
     };
-    RunJobs(aircraft, options.jobs, LintOne, take);
+    const std::size_t failed = ForEachAircraft(aircraft, session.console, LintOne, {.take = take});
     if (options.json)
         PrintJson(everything.dump(1) + '\n');
     FlushPrinted();
-    session.console.Message(Totals(counts) + " in " + std::to_string(aircraft.size() - failed) + " aircraft" +
+    session.console.Message(Totals(counts) + " in " + std::to_string(aircraft.selection.size() - failed) + " aircraft" +
                             (failed > 0 ? ", " + std::to_string(failed) + " more could not be read" : ""));
     const bool clean = counts[LintSeverity::Error] + counts[LintSeverity::Warning] == 0;
     return failed > 0 ? kAircraftFailed : clean ? kDone : kTestFailed;
@@ -156,8 +147,7 @@ Action PrepareLint(CLI::App& app) {
     auto options = std::make_shared<LintOptions>();
     app.add_flag("--all", options->all, "Print every finding, including repeated ones");
     app.add_flag("--json", options->json, "Print all findings as a list of JSON objects");
-    AddJobsOption(app, options->jobs);
-    AddAircraftOption(app, options->aircraft);
+    AddSelectionOptions(app, options->aircraft);
     return [options](Session& session) { return Lint(*options, session); };
 }
 

@@ -1,7 +1,8 @@
 #include "Annotator/AircraftLoading.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
-#include "Batch/Jobs/Jobs.h"
+#include "Batch/ForEachAircraft.h"
+#include "Batch/Reports/AlignedTable.h"
 #include "Batch/Reports/CsvLine.h"
 #include "Batch/Reports/Json.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
@@ -9,7 +10,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
-#include <boost/filesystem/operations.hpp>
 #include <iostream>
 #include <memory>
 
@@ -22,9 +22,7 @@ using CockpitModel::NodePart;
 
 struct ManipulatorOptions {
     bool csv = false, json = false;
-    Annotator::LoadOptions load;
-    std::size_t jobs = DefaultProcesses();
-    std::vector<std::string> aircraft;
+    AircraftOptions aircraft;
 };
 
 constexpr std::array kColumns{"node", "part", "line",     "manipulator", "from",
@@ -66,13 +64,12 @@ Row RowOf(const NodePart& part, const CockpitModel::AnnotationStore& store) {
 }
 
 std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
-    CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
-    CockpitModel::AnnotationStore store(*built.sceneGraph);
+    const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, load);
+    const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
+    CockpitModel::AnnotationStore store(sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
     std::vector<Row> rows;
-    for (const auto& node : built.sceneGraph->Nodes())
+    for (const auto& node : sceneGraph.Nodes())
         for (const NodePart* part : node->clickableParts)
             rows.push_back(RowOf(*part, store));
     return rows;
@@ -109,36 +106,19 @@ std::string JsonLines(const Sim::AircraftInfo& info, const std::vector<Row>& row
     return text;
 }
 
-using TextRow = std::array<std::string, kColumns.size()>;
-
-std::string Aligned(const std::vector<TextRow>& lines) {
-    std::array<std::size_t, kColumns.size()> widths{};
-    for (const TextRow& line : lines)
-        for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], line[i].size());
-    std::string text;
-    for (const TextRow& line : lines) {
-        text += ' ';
-        for (std::size_t i = 0; i + 1 < line.size(); ++i)
-            text += ' ' + line[i] + std::string(widths[i] - line[i].size() + 1, ' ');
-        text += ' ' + line.back() + '\n';
-    }
-    return text;
-}
-
 std::string Table(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
-    std::vector<TextRow> lines(rows.size() + 1);
+    std::vector<std::vector<std::string>> lines(rows.size() + 1, std::vector<std::string>(kColumns.size()));
     for (std::size_t i = 0; i < kColumns.size(); ++i) {
         lines.front()[i] = kColumns[i];
         for (std::size_t row = 0; row < rows.size(); ++row)
             lines[row + 1][i] = rows[row][i].is_null() ? "-" : Shown(Plain(rows[row][i]));
     }
     return NameOf(info) + ": " + Counted(rows.size(), "part") + " that can be clicked\n" +
-           (rows.empty() ? std::string() : Aligned(lines));
+           (rows.empty() ? std::string() : AlignedTable(lines, "  "));
 }
 
 std::string FormOf(const ManipulatorOptions& options, const Sim::AircraftInfo& info) {
-    const std::vector<Row> rows = RowsOf(info, options.load);
+    const std::vector<Row> rows = RowsOf(info, options.aircraft.load);
     return options.csv ? CsvLines(info, rows) : options.json ? JsonLines(info, rows) : Table(info, rows);
 }
 
@@ -150,25 +130,21 @@ std::string CsvHeading() {
 }
 
 ExitCode Manips(const ManipulatorOptions& options, Session& session) {
-    const Sim::AircraftList list = LoadInstallation(session.console);
-    const AircraftSelection aircraft = SelectAircraft(list, options.aircraft);
-    bool failed = false;
+    const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
     const char* separator = options.json ? "[\n" : "";
     std::cout << (options.csv ? CsvHeading() : "");
-    RunJobs(
-        aircraft, options.jobs, [&](const Sim::AircraftInfo& info) { return FormOf(options, info); },
-        [&](const JobResult& result) {
-            if (result.failure) {
-                session.console.Message(NameOf(*result.aircraft) + ": " + *result.failure);
-                failed = true;
-            } else if (!result.output.empty()) {
-                (options.json ? PrintJson : Print)(separator + result.output);
-                separator = options.json ? ",\n" : options.csv ? "" : "\n";
-            }
-        });
+    const auto take = [&](const Sim::AircraftInfo&, const std::string& output) {
+        if (output.empty())
+            return;
+        (options.json ? PrintJson : Print)(separator + output);
+        separator = options.json ? ",\n" : options.csv ? "" : "\n";
+    };
+    const std::size_t failed =
+        ForEachAircraft(aircraft, session.console, [&](const Sim::AircraftInfo& info) { return FormOf(options, info); },
+                        {.take = take});
     if (options.json)
         std::cout << (*separator == '[' ? "[]\n" : "\n]\n");
-    return failed ? kAircraftFailed : kDone;
+    return failed > 0 ? kAircraftFailed : kDone;
 }
 
 } // namespace
@@ -177,9 +153,7 @@ Action PrepareManips(CLI::App& app) {
     auto options = std::make_shared<ManipulatorOptions>();
     CLI::Option* const csv = app.add_flag("--csv", options->csv, "Print a table for spreadsheets");
     app.add_flag("--json", options->json, "Print a list of JSON objects")->excludes(csv);
-    AddUntexturedOption(app, options->load);
-    AddJobsOption(app, options->jobs);
-    AddAircraftOption(app, options->aircraft);
+    AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Manips(*options, session); };
 }
 

@@ -2,6 +2,7 @@
 #include "Annotator/Preview/CanvasControl.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Preview/PreviewPicture.h"
+#include "Batch/AircraftOptions.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"
@@ -9,13 +10,13 @@
 #include "Rendering/GeometryLoader.h"
 #include "Rendering/Images.h"
 #include "Rendering/OffScreen.h"
+#include "Utils/Numbers.h"
 #include "Utils/Platform.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <boost/filesystem/operations.hpp>
-#include <charconv>
 #include <cmath>
 #include <memory>
 #include <numbers>
@@ -33,9 +34,8 @@ constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
 
 struct RenderOptions {
     PictureRequest picture;
-    Annotator::LoadOptions load;
     std::string file;
-    std::string aircraft;
+    SingleAircraftOptions aircraft;
 };
 
 /// Exactly `count` numbers with a separator between them.
@@ -43,13 +43,14 @@ template <typename Number, std::size_t count>
 std::array<Number, count> ParseNumbers(const std::string& option, const std::string& text, char separator,
                                        const char* form) {
     std::array<Number, count> numbers{};
-    const char *at = text.data(), *const end = at + text.size();
+    std::string_view rest = text;
     for (std::size_t i = 0; i < count; ++i) {
-        const auto [next, error] = std::from_chars(at, end, numbers[i]);
-        const bool complete = i + 1 == count ? next == end : next != end && *next == separator;
-        if (error != std::errc() || !complete || !std::isfinite(static_cast<double>(numbers[i])))
+        const std::size_t end = i + 1 == count ? rest.size() : rest.find(separator);
+        const auto number = end == rest.npos ? std::nullopt : Utils::ParseWhole<Number>(rest.substr(0, end));
+        if (!number || !std::isfinite(static_cast<double>(*number)))
             throw CLI::ValidationError(option, "'" + text + "' does not have the form " + form);
-        at = next + 1;
+        numbers[i] = *number;
+        rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return numbers;
 }
@@ -89,8 +90,9 @@ void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
             picture.look = Utils::Vector2(yaw, pitch) * kRadiansPerDegree;
         });
     add("--select", "NODE,PART", "Show this part as selected", [&picture](const std::string& text) {
-        const auto [node, part] = ParseNumbers<std::int32_t, 2>("--select", text, ',', "NODE,PART");
-        picture.selected = PictureRequest::PartPlace{node, part};
+        picture.selected = CockpitModel::ParsePartAddress(text);
+        if (!picture.selected)
+            throw CLI::ValidationError("--select", "'" + text + "' does not have the form NODE,PART");
     });
     app.add_option_function<std::vector<std::string>>(
            "--position",
@@ -123,7 +125,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
     const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
     if (!opened.cockpit->IsValid())
         throw std::runtime_error("the folder of the .acf file contains no cockpit object");
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.load);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.aircraft.load);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
     annotations.Read(CockpitModel::AnnotationFile(info));
     try {
@@ -148,7 +150,7 @@ void RequireData() {
 
 ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
-    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft);
+    const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
     RequireData();
     const std::string answer = RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options); });
     const std::string_view bytes = std::string_view(answer).substr(1);
@@ -167,8 +169,7 @@ Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
     app.add_option("--out", options->file, "PNG file to write")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
-    AddUntexturedOption(app, options->load);
-    app.add_option("AIRCRAFT", options->aircraft, "Aircraft")->type_name("")->required();
+    AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Render(*options, session); };
 }
 

@@ -1,25 +1,19 @@
 #include "Batch/Reports/CsvLine.h"
 
 #include "Batch/Console.h"
+#include "Utils/Numbers.h"
 
 #include <boost/algorithm/string/replace.hpp>
-#include <charconv>
 #include <string_view>
 
 namespace Batch {
 
 namespace {
 
-bool IsNumber(const std::string& text) {
-    float number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size();
-}
-
 /// Spreadsheets read a field that begins with one of these as a formula.
 bool LooksLikeFormula(const std::string& text) {
     return !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos &&
-           !IsNumber(text);
+           !Utils::ParseWhole<float>(text);
 }
 
 std::string CsvField(const std::string& text) {

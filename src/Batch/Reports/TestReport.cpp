@@ -15,8 +15,8 @@ constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr std::string_view kNoncharacters = "\xEF\xBF";
 
 std::string DescribeUnplaced(const std::vector<CockpitModel::AnnotationRecord>& records) {
-    std::string text = Counted(records.size(), "expectation") + (records.size() == 1 ? " has" : " have") +
-                       " no matching part in the cockpit:";
+    std::string text =
+        Counted(records.size(), "expectation has", "expectations have") + " no matching part in the cockpit:";
     for (std::size_t i = 0; i < std::min(records.size(), kNamed); ++i)
         text += (i == 0 ? " node " : ", node ") + std::to_string(records[i].NodeId) + " part " +
                 std::to_string(records[i].PartId);

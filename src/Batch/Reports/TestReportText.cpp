@@ -1,10 +1,8 @@
 #include "Batch/Reports/TestReport.h"
 
 #include "Batch/Console.h"
+#include "Batch/Reports/AlignedTable.h"
 #include "Batch/Reports/CsvLine.h"
-
-#include <algorithm>
-#include <array>
 
 namespace Batch {
 
@@ -13,26 +11,6 @@ namespace {
 using CockpitModel::TouchInteractionTypeToText;
 
 using Row = std::vector<std::string>;
-
-/// Counts characters: all bytes except UTF-8 continuation bytes.
-std::size_t Width(const std::string& text) {
-    return static_cast<std::size_t>(std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));
-}
-
-/// Columns separated by two spaces, without trailing spaces.
-std::string Aligned(const std::vector<Row>& rows) {
-    std::vector<std::size_t> widths(rows.front().size());
-    for (const Row& row : rows)
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], Width(row[i]));
-    std::string text;
-    for (const Row& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i)
-            text += row[i] + std::string(i + 1 < row.size() ? widths[i] - Width(row[i]) + 2 : 0, ' ');
-        text += '\n';
-    }
-    return text;
-}
 
 std::vector<Row> CountRows(const TestReport& report) {
     std::vector<Row> rows{{"Aircraft", "Passed", "Failed", "Total"}};
@@ -61,7 +39,7 @@ std::vector<Row> FailureRows(const TestReport& report) {
 
 std::string TableText(const TestReport& report) {
     const std::vector<Row> failures = FailureRows(report);
-    return Aligned(CountRows(report)) + (failures.size() > 1 ? '\n' + Aligned(failures) : "");
+    return AlignedTable(CountRows(report)) + (failures.size() > 1 ? '\n' + AlignedTable(failures) : "");
 }
 
 std::string CsvReport(const TestReport& report) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CockpitModel/PartAddress.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 
 #include <cstdint>
@@ -18,6 +19,7 @@ struct AnnotationRecord {
     bool Reverse = false;
     std::optional<std::string> Tooltip = std::nullopt; ///< replaces the tooltip of the part's rectangle
 
+    PartAddress Address() const { return {NodeId, PartId}; }
     bool operator==(const AnnotationRecord&) const = default;
 };
 

@@ -22,18 +22,14 @@ auto& SlotOf(Records& records, const NodePart& part) {
     return Utils::At(Utils::At(records, part.node->index), part.id);
 }
 
-std::pair<std::int32_t, std::int32_t> PlaceOf(const AnnotationRecord& record) {
-    return {record.NodeId, record.PartId};
-}
-
 /// Whether a text contains anything beyond these records.
 bool SaysMore(const std::string& xml, std::vector<AnnotationRecord> records) {
     const AnnotationText text = ParseAnnotations(xml);
     if (!text.isXml || text.saysMore)
         return true;
-    std::ranges::sort(records, {}, PlaceOf);
+    std::ranges::sort(records, {}, &AnnotationRecord::Address);
     return std::ranges::any_of(text.elements, [&](const AnnotationElement& element) {
-        const auto ofPart = std::ranges::equal_range(records, PlaceOf(element.record), {}, PlaceOf);
+        const auto ofPart = std::ranges::equal_range(records, element.record.Address(), {}, &AnnotationRecord::Address);
         return std::ranges::find(ofPart, element.record) == ofPart.end();
     });
 }
@@ -56,14 +52,9 @@ AnnotationStore::AnnotationStore(const SceneGraph& sceneGraph) : sceneGraph(&sce
 }
 
 void AnnotationStore::Read(const std::string& path) {
-    for (AnnotationRecord& record : ReadAnnotations(path)) {
-        if (std::cmp_less(record.NodeId, 0) || std::cmp_greater_equal(record.NodeId, records.size()))
-            continue;
-        auto& slots = records[static_cast<std::size_t>(record.NodeId)];
-        if (std::cmp_less(record.PartId, 0) || std::cmp_greater_equal(record.PartId, slots.size()))
-            continue;
-        slots[static_cast<std::size_t>(record.PartId)] = std::move(record);
-    }
+    for (AnnotationRecord& record : ReadAnnotations(path))
+        if (const NodePart* const part = sceneGraph->FindPart(record.Address()))
+            SlotOf(records, *part) = std::move(record);
     fileRecords = ListAll();
 }
 
@@ -99,7 +90,7 @@ Utils::SaveResult AnnotationStore::Write(const std::string& path) noexcept {
         }
         return saved;
     } catch (...) {
-        return {false, "Cannot be saved"}; // short enough not to allocate
+        return Utils::NotSaved("Cannot be saved");
     }
 }
 

@@ -166,13 +166,11 @@ std::string Printed(const XMLDocument& document) {
     return {printer.CStr(), static_cast<std::size_t>(printer.CStrSize()) - 1};
 }
 
-using Place = std::pair<std::int32_t, std::int32_t>; ///< node and part
-using RecordsByPlace = std::map<Place, const AnnotationRecord*>;
+using RecordsByAddress = std::map<PartAddress, const AnnotationRecord*>;
 
-Place PlaceOf(const XMLElement& element) {
+PartAddress AddressOf(const XMLElement& element) {
     bool unused = false;
-    const AnnotationRecord record = ReadElement(element, unused).record;
-    return {record.NodeId, record.PartId};
+    return ReadElement(element, unused).record.Address();
 }
 
 void SetExpectation(XMLElement& element, const std::string& type) {
@@ -187,10 +185,10 @@ void SetExpectation(XMLElement& element, const std::string& type) {
 }
 
 /// Removes from `expectations` those of parts that have an element. Of several elements for one part, the last counts.
-void SetExpectations(XMLElement& root, RecordsByPlace& expectations) {
+void SetExpectations(XMLElement& root, RecordsByAddress& expectations) {
     for (XMLElement* element = root.LastChildElement("Override"); element && !expectations.empty();
          element = element->PreviousSiblingElement("Override"))
-        if (const auto found = expectations.extract(PlaceOf(*element)))
+        if (const auto found = expectations.extract(AddressOf(*element)))
             SetExpectation(*element, TouchInteractionTypeToText(found.mapped()->InteractionTypeTest.value()));
 }
 
@@ -203,12 +201,12 @@ void InsertBefore(XMLElement& element, XMLElement* added) {
 }
 
 /// In the desktop tool's order: each before the first element of a later part.
-void InsertRecords(XMLElement& root, const RecordsByPlace& records) {
+void InsertRecords(XMLElement& root, const RecordsByAddress& records) {
     XMLDocument& document = *root.GetDocument();
     auto next = records.begin();
     for (XMLElement* element = root.FirstChildElement("Override"); element && next != records.end();
          element = element->NextSiblingElement("Override"))
-        for (const Place place = PlaceOf(*element); next != records.end() && next->first < place; ++next)
+        for (const PartAddress address = AddressOf(*element); next != records.end() && next->first < address; ++next)
             InsertBefore(*element, NewElement(document, *next->second));
     for (; next != records.end(); ++next)
         root.InsertEndChild(NewElement(document, *next->second));
@@ -259,9 +257,9 @@ std::string AddExpectations(const std::string& xml, const std::vector<Annotation
                                  " is not well-formed XML; records can only be added to a well-formed file");
     if (!document.RootElement())
         document.InsertEndChild(document.NewElement("Overrides"));
-    RecordsByPlace missing;
+    RecordsByAddress missing;
     for (const AnnotationRecord& expectation : expectations)
-        missing[{expectation.NodeId, expectation.PartId}] = &expectation;
+        missing[expectation.Address()] = &expectation;
     SetExpectations(*document.RootElement(), missing);
     InsertRecords(*document.RootElement(), missing);
     return Printed(document);

@@ -10,8 +10,8 @@ namespace CockpitModel {
 
 struct MouseRect;
 
-/// The primitive kinds of a draw call.
-inline constexpr std::uint32_t kTriangleList = 1, kTriangleFan = 2, kTriangleStrip = 3;
+/// The primitive kinds of a draw call: the values of RiffBlockPART::Type that give triangles.
+enum PrimitiveKind : std::uint32_t { kTriangleList = 1, kTriangleFan = 2, kTriangleStrip = 3 };
 /// The only blend kind with which a part counts as opaque.
 inline constexpr std::int32_t kOpaqueBlend = 2;
 
@@ -103,7 +103,7 @@ class RiffBlockPART final : public RiffBlock {
 public:
     void Print(std::string indent, std::ostream& stream) const override;
 
-    std::uint32_t Type = 0; ///< kTriangleList, kTriangleFan or kTriangleStrip
+    std::uint32_t Type = 0; ///< a PrimitiveKind; any other value draws nothing
     std::uint32_t Node = 0;
     std::uint32_t MaterialIndex = 0;
     std::uint32_t VertexBlock = 0;

@@ -72,7 +72,7 @@ PanelEntry MakeEntry(const MouseArea& area, const Vector2& offset, const GaugePl
 }
 
 void AddActionEntry(Panel& panel, PanelEntry entry, const MouseAreaAction& action) {
-    entry.Rect.CallbackType = 1;
+    entry.Rect.CallbackType = kFiresEvent;
     entry.Rect.MouseFlags = action.MouseFlags;
     entry.Rect.EventCallback = MakeCallback(action);
     if (!entry.Rect.EventCallback)
@@ -93,7 +93,7 @@ void AddPairEntry(Panel& panel, PanelEntry entry, const MouseArea& pair) {
     jump->TwoCallbacks = true;
     jump->NegativeCallback = MakeCode(decrement.Code);
     jump->PositiveCallback = MakeCode(increment.Code);
-    entry.Rect.CallbackType = 3;
+    entry.Rect.CallbackType = kSteps;
     entry.Rect.MouseFlags = decrement.MouseFlags | increment.MouseFlags;
     entry.Rect.DragVector = Utils::Vector3(kPairDrag, 0.0f, 0.0f);
     entry.Rect.VariableCallback = std::move(jump);

@@ -14,10 +14,6 @@ namespace {
 
 constexpr float kWorstYokeScore = -1000000.0f;
 
-constexpr std::uint32_t kFiresEvent = 1;
-constexpr std::uint32_t kTakesValue = 2;
-constexpr std::uint32_t kSteps = 3;
-
 /// Simulator variables of levers that are set in percent instead of stepped.
 constexpr std::array<const char*, 3> kPercentLevers = {"L:Throttle1Position", "L:RPMLever1Position",
                                                        "L:Eng1_MixtureManualLever"};
@@ -65,7 +61,7 @@ TouchInteractionType TypeOfCallback(const MouseRect& rect) {
         return TouchInteractionType::Twist;
     case kFiresEvent:
         return TouchInteractionType::Tap;
-    case 0:
+    case kNoCallback:
         return rect.EventCallback ? TouchInteractionType::Tap : TouchInteractionType::None;
     default:
         return TouchInteractionType::None;

@@ -10,7 +10,7 @@ constexpr const char* kIndent = "    ";
 
 bool TakesWheel(const MouseRect& rect) {
     constexpr std::uint32_t both = MouseFlag::WheelUp | MouseFlag::WheelDown;
-    return rect.CallbackType == 1 && (rect.MouseFlags & both) == both && rect.EventCallback;
+    return rect.CallbackType == kFiresEvent && (rect.MouseFlags & both) == both && rect.EventCallback;
 }
 
 bool Contains(const std::string& text, const char* word) {
@@ -53,7 +53,7 @@ void ConvertWheelToJump(MouseRect& rect) {
     jump->PositiveCallback = jump->NegativeCallback = rect.EventCallback;
     jump->XDelta = 1;
     rect.VariableCallback = jump;
-    rect.CallbackType = 3;
+    rect.CallbackType = kSteps;
     if (!ReactsToClicks(code))
         rect.EventCallback = nullptr;
 }

@@ -11,6 +11,14 @@
 
 namespace CockpitModel {
 
+/// What drives a rectangle: the values of MouseRect::CallbackType.
+enum MouseCallbackType : std::uint32_t {
+    kNoCallback = 0,
+    kFiresEvent = 1, ///< EventCallback
+    kTakesValue = 2, ///< VariableCallback takes 0 to 1
+    kSteps = 3,      ///< VariableCallback steps
+};
+
 /// How a part of the cockpit reacts to the mouse in the simulator. A part is clickable only if it has one. Held by
 /// shared pointers; a copy shares the two callbacks.
 struct MouseRect {
@@ -21,8 +29,7 @@ struct MouseRect {
     std::uint32_t HelpID = 0;
     std::uint32_t MouseFlags = 0; ///< bits of MouseFlag
     std::optional<Utils::Vector3> DragVector;
-    /// 0 nothing chosen, 1 fires EventCallback, 2 VariableCallback takes 0 to 1, 3 VariableCallback steps.
-    std::uint32_t CallbackType = 0;
+    std::uint32_t CallbackType = kNoCallback; ///< a MouseCallbackType
     std::shared_ptr<MouseRectCallbackEvent> EventCallback;
     std::shared_ptr<MouseRectCallbackVariable> VariableCallback;
 

@@ -10,6 +10,10 @@ namespace CockpitModel {
 /// How the user's hand operates a part.
 enum class TouchInteractionType : std::uint32_t { None, Tap, Twist, Move, Radio, YokePart, YokePrimary };
 
+constexpr bool IsYoke(TouchInteractionType type) {
+    return type == TouchInteractionType::YokePart || type == TouchInteractionType::YokePrimary;
+}
+
 /// The mouse events for the two directions of a stepped control.
 enum class TouchEventType : std::uint32_t { Wheel, LClickRClick, LClickLClick };
 

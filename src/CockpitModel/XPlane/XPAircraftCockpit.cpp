@@ -7,6 +7,7 @@
 #include "Sim/AircraftInfo.h"
 #include "Utils/Files.h"
 #include "Utils/Paths.h"
+#include "Utils/Text.h"
 
 #include <algorithm>
 #include <boost/lexical_cast.hpp>
@@ -36,7 +37,7 @@ struct BadAcfNumber final : boost::bad_lexical_cast {
 void ReadFeet(const std::string& acfPath, const std::string& acf, std::string_view key, float metresPerFoot,
               float& metres) {
     Sim::ForEachAcfProperty(acf, key, [&](std::string_view value) {
-        const std::string_view feet = value.substr(0, value.find_first_of(" \t"));
+        const std::string_view feet = value.substr(0, value.find_first_of(Utils::kBlanks));
         float number = 0;
         if (!boost::conversion::try_lexical_convert(feet.data(), feet.size(), number))
             throw BadAcfNumber(acfPath, key, 1 + std::count(acf.data(), feet.data(), '\n'), feet);
@@ -46,12 +47,15 @@ void ReadFeet(const std::string& acfPath, const std::string& acf, std::string_vi
 
 } // namespace
 
+boost::filesystem::path CockpitObjectPath(const boost::filesystem::path& acf) {
+    return acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
+}
+
 XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info) {
     Logging::Logger::Get().Log(kPlace, __LINE__, "AircraftCockpit::GenerateXP");
     const boost::filesystem::path acfPath = info.acfPath;
     aircraftFolder = acfPath.parent_path().string();
-    const boost::filesystem::path object = acfPath.parent_path() / (acfPath.stem().string() + "_cockpit.obj");
-    cockpitObjPath = Utils::FindIgnoringCase(object).string();
+    cockpitObjPath = Utils::FindIgnoringCase(CockpitObjectPath(acfPath)).string();
 
     const std::string acf = Utils::ReadFile(acfPath);
     ReadFeet(info.acfPath, acf, "acf/_pe_xyz/0", kMetresPerFoot, pilotEye.x());

@@ -2,13 +2,18 @@
 
 #include "CockpitModel/AircraftCockpit.h"
 
+#include <boost/filesystem/path.hpp>
+
 namespace Sim {
 struct AircraftInfo;
 }
 
 namespace CockpitModel {
 
-/// The cockpit of an X-Plane aircraft: `<name>_cockpit.obj` beside `<name>.acf`.
+/// `<name>_cockpit.obj` beside `<name>.acf`.
+boost::filesystem::path CockpitObjectPath(const boost::filesystem::path& acf);
+
+/// The cockpit of an X-Plane aircraft.
 struct XPAircraftCockpit final : AircraftCockpit {
     /// Reads the pilot's eye from the .acf. A value that is not a number throws a boost::bad_lexical_cast that names
     /// the file, the key, the line and the value.

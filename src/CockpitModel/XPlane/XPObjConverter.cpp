@@ -17,7 +17,6 @@ namespace {
 
 /// Number of nodes that the child and peer fields of the node table can address.
 constexpr std::size_t kMostNodes = 32767;
-constexpr std::uint32_t kEventCallback = 1, kVariableCallback = 2;
 constexpr float kTimeEnd = 100;
 
 void CheckNodeCount(const std::vector<XPObjAnimNode>& nodes, const std::string& file) {
@@ -74,14 +73,14 @@ MouseRect& AddRect(ModelData& model, RiffBlockPART& part) {
 void AddToggleRect(const XPObjManip& toggle, ModelData& model, RiffBlockPART& part) {
     MouseRect& rect = AddRect(model, part);
     rect.Text = RectText("ToggleVariable", toggle);
-    rect.CallbackType = kEventCallback;
+    rect.CallbackType = kFiresEvent;
     rect.EventCallback = std::make_shared<CallbackXPToggle>(toggle.dataref, toggle.value1, toggle.value2);
 }
 
 void AddDragRect(const XPObjManip& drag, ModelData& model, RiffBlockPART& part) {
     MouseRect& rect = AddRect(model, part);
     rect.Text = RectText("DragVariable", drag);
-    rect.CallbackType = kVariableCallback;
+    rect.CallbackType = kTakesValue;
     rect.VariableCallback = std::make_shared<CallbackXPVariable>(drag.dataref, drag.value1, drag.value2);
 }
 

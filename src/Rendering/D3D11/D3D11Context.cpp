@@ -8,6 +8,7 @@
 #include "Rendering/D3D11/DXSharedGPUBitmap.h"
 #include "Rendering/D3D11/DrawScopes.h"
 #include "Rendering/D3D11/TextureRenderLock.h"
+#include "Rendering/DeviceDraws.h"
 
 namespace Rendering::D3D11 {
 
@@ -15,7 +16,6 @@ namespace {
 
 constexpr DXGI_FORMAT kFormat = DXGI_FORMAT_R8G8B8A8_UNORM;
 constexpr UINT kReadAndDrawn = D3D11_BIND_SHADER_RESOURCE | D3D11_BIND_RENDER_TARGET;
-constexpr float kNoCameraPicture[] = {0.0f, 0.0f, 0.5f, 1.0f}; // same as in the shader for camera images
 
 /// One level, one sample.
 D3D11_TEXTURE2D_DESC Description(Size size, DXGI_FORMAT format, UINT bindFlags) {
@@ -56,11 +56,6 @@ void CopyWhole(ID3D11DeviceContext* context, const D3D11GPUBitmap& target, const
     context->CopySubresourceRegion(target.Texture(), 0, 0, 0, 0, source.Texture(), 0, &box);
 }
 
-Utils::Matrix4 ToWorld(const DrawRectangle& rectangle) {
-    const Utils::Vector4 scale(rectangle.size.x() / 2.0f, rectangle.size.y() / 2.0f, 1.0f, 1.0f);
-    return scale.asDiagonal() * (Utils::Rotation(rectangle.rotation) * Utils::Translation(rectangle.position));
-}
-
 /// Shaders cannot read multisampled bitmaps.
 ID3D11ShaderResourceView* ViewOf(const D3D11GPUBitmap& bitmap) {
     if (bitmap.IsMultisampled())
@@ -71,12 +66,6 @@ ID3D11ShaderResourceView* ViewOf(const D3D11GPUBitmap& bitmap) {
 Utils::Vector2 Share(Size part, Size whole) {
     return {static_cast<float>(part.width) / static_cast<float>(whole.width),
             static_cast<float>(part.height) / static_cast<float>(whole.height)};
-}
-
-MemBitmap WhitePixel() {
-    MemBitmap pixel(1, 1);
-    pixel.SetPixel(0, 0, 255, 255, 255, 255);
-    return pixel;
 }
 
 } // namespace
@@ -111,8 +100,7 @@ std::unique_ptr<GPUBitmap> D3D11Context::CreateBitmapFromCameraImage(const Camer
                                                      image.distortion.data(), 8 * image.distortionSize.width);
     LogTexture(HERE, Description(image.size, kFormat, kReadAndDrawn));
     auto target = CreateRenderTarget(image.size, 1, 0);
-    const auto context = ImmediateContext(device);
-    context->ClearRenderTargetView(Own(*target).TargetView(), kNoCameraPicture);
+    ClearBitmap(target.get(), kNoCameraPicture);
     DX11RenderToTextureLock lock(device, Own(*target), false);
     leapShader->Draw(picture.view.Get(), distortion.view.Get());
     return target;
@@ -135,15 +123,16 @@ std::unique_ptr<GPUBitmap> D3D11Context::CreateBitmap(const MemBitmap& bitmap) {
 }
 
 std::unique_ptr<D3D11GPUBitmap> D3D11Context::UploadPicture(const MemBitmap& pixels) {
-    const auto width = static_cast<UINT>(pixels.Width()), height = static_cast<UINT>(pixels.Height());
-    D3D11_TEXTURE2D_DESC description = Description({width, height}, kFormat, kReadAndDrawn);
+    const Size size = SizeOf(pixels);
+    D3D11_TEXTURE2D_DESC description = Description(size, kFormat, kReadAndDrawn);
     description.MipLevels = 0; // the whole chain
     description.MiscFlags = D3D11_RESOURCE_MISC_GENERATE_MIPS;
     LogTexture(HERE, description);
     ComPtr<ID3D11Texture2D> texture;
     Check(device->CreateTexture2D(&description, nullptr, &texture), HERE);
     const auto context = ImmediateContext(device);
-    context->UpdateSubresource(texture.Get(), 0, nullptr, pixels.Pixels().data(), 4 * width, 4 * width * height);
+    context->UpdateSubresource(texture.Get(), 0, nullptr, pixels.Pixels().data(), 4 * size.width,
+                               4 * size.width * size.height);
     auto made = std::make_unique<D3D11GPUBitmap>(device, texture.Get(), false);
     context->GenerateMips(made->ShaderView());
     return made;
@@ -223,24 +212,12 @@ void D3D11Context::DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix
             furtherViews.push_back(viewOf(further));
     else
         furtherViews.push_back(viewOf(bitmap));
-    const auto draw = [&](std::size_t eye) {
-        geometryShader->Draw(world, view * camera->EyeMatrix(eye), projection, mesh, viewOf(bitmap), furtherViews,
-                             params);
-    };
     const auto context = ImmediateContext(device);
     const ViewportScope viewport(context.Get());
-    if (params.leftEye) {
-        viewport.SetHalf(0);
-        draw(0);
-    }
-    if (params.rightEye) {
-        viewport.SetHalf(1);
-        draw(1);
-    }
-    if (params.singleView) {
-        context->RSSetViewports(1, &viewport.before);
-        draw(0);
-    }
+    ForEachPass(params, *camera, view, [&](ViewportPart part, const Utils::Matrix4& eyeView) {
+        viewport.Set(part);
+        geometryShader->Draw(world, eyeView, projection, mesh, viewOf(bitmap), furtherViews, params);
+    });
 }
 
 void D3D11Context::DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& projection,
@@ -248,23 +225,13 @@ void D3D11Context::DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& 
     if (!IsBitmapValid(&bitmap))
         Utils::FatalError(HERE);
     const TextureRenderLock lock(Own(bitmap).Texture());
-    const auto draw = [&, world = ToWorld(rectangle)](const Utils::Matrix4& from) {
-        rectShader->Draw(world, from, projection, ViewOf(Own(bitmap)), params);
-    };
-    if (params.mode == 1 && params.eye > 1)
-        return;
     const auto context = ImmediateContext(device);
     const ViewportScope viewport(context.Get());
-    if (params.mode == 0) {
-        for (const int eye : {0, 1}) {
-            viewport.SetHalf(eye);
-            draw(view * camera->EyeMatrix(static_cast<std::size_t>(eye)));
-        }
-        return;
-    }
-    if (params.mode == 1)
-        viewport.SetHalf(static_cast<int>(params.eye));
-    draw(view);
+    ForEachPass(params, *camera, view,
+                [&, world = ToWorld(rectangle)](ViewportPart part, const Utils::Matrix4& eyeView) {
+                    viewport.Set(part);
+                    rectShader->Draw(world, eyeView, projection, ViewOf(Own(bitmap)), params);
+                });
 }
 
 void D3D11Context::GenerateMips(GPUBitmap* bitmap) {

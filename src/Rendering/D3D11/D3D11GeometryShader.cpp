@@ -1,8 +1,6 @@
 #include "Rendering/D3D11/D3D11GeometryShader.h"
 
 #include <algorithm>
-#include <stdexcept>
-#include <utility>
 
 namespace Rendering::D3D11 {
 
@@ -17,15 +15,11 @@ constexpr D3D11_INPUT_ELEMENT_DESC kLayout[] = {
     {"BLENDWEIGHT", 0, DXGI_FORMAT_R32G32B32A32_FLOAT, 0, 44, D3D11_INPUT_PER_VERTEX_DATA, 0},
 };
 
-constexpr const char* kPlainFile = "QVRA/Shaders/D3D11Geometry.fx";
-constexpr const char* kBlendingFile = "QVRA/Shaders/D3D11GeometryWithBlending.fx";
-constexpr std::pair<const char*, const char*> kEffectFiles[] = {
-    {"EdgeBlend", "QVRA/Shaders/D3D11GeometryEdgeBlend.fx"},
-    {"timewarp", "QVRA/Shaders/D3D11GeometryTW.fx"},
-    {"timewarp_textureclip", "QVRA/Shaders/D3D11GeometryTW_TextureClip.fx"},
-    {"levels_adjust", "QVRA/Shaders/D3D11GeometryLevels.fx"},
-    {"fxaa", "QVRA/Shaders/FXAA.fx"},
-};
+/// `name` is the name of the shader file.
+Shader MakeProgram(ID3D11Device* device, const char* name) {
+    const std::string file = std::string("QVRA/Shaders/") + name;
+    return Shader(device, kLayout, file, file);
+}
 
 Utils::Vector4 WithOne(const Utils::Vector3& colour) {
     return {colour.x(), colour.y(), colour.z(), 1.0f};
@@ -53,27 +47,19 @@ void Fill(GeometryConstants& target, const GeometryDrawParams& params) {
 
 } // namespace
 
+// In the order of GeometryProgram.
 D3D11GeometryShader::D3D11GeometryShader(ID3D11Device* device)
-    : device(device), plain(device, kLayout, kPlainFile, kPlainFile),
-      blending(device, kLayout, kBlendingFile, kBlendingFile), effects([device] {
-          std::unordered_map<std::string, std::unique_ptr<Shader>> made;
-          for (const auto& [name, file] : kEffectFiles)
-              made[name] = std::make_unique<Shader>(device, kLayout, file, file);
-          return made;
-      }()),
+    : device(device), programs{MakeProgram(device, "D3D11Geometry.fx"),
+                               MakeProgram(device, "D3D11GeometryWithBlending.fx"),
+                               MakeProgram(device, "D3D11GeometryEdgeBlend.fx"),
+                               MakeProgram(device, "D3D11GeometryTW.fx"),
+                               MakeProgram(device, "D3D11GeometryTW_TextureClip.fx"),
+                               MakeProgram(device, "D3D11GeometryLevels.fx"),
+                               MakeProgram(device, "FXAA.fx")},
       constantBuffer(CreateConstantBuffer(device, sizeof(GeometryConstants))),
       pictureBuffer(CreateConstantBuffer(device, sizeof(PictureConstants))), states(device),
       sampler(CreateSampler(device, D3D11_FILTER_ANISOTROPIC, D3D11_TEXTURE_ADDRESS_WRAP)),
       constants(std::make_unique<GeometryConstants>()) {}
-
-const Shader& D3D11GeometryShader::ProgramFor(const GeometryDrawParams& params) const {
-    if (params.effect.empty())
-        return params.blend && !params.plainProgram ? blending : plain;
-    const auto found = effects.find(params.effect);
-    if (found == effects.end())
-        throw std::out_of_range("invalid unordered_map<K, T> key");
-    return *found->second;
-}
 
 void D3D11GeometryShader::Draw(const Utils::Matrix4& world, const Utils::Matrix4& view,
                                const Utils::Matrix4& projection, const Geometry& geometry,
@@ -90,7 +76,7 @@ void D3D11GeometryShader::Draw(const Utils::Matrix4& world, const Utils::Matrix4
     Upload(context.Get(), constantBuffer.Get(), *constants);
     Upload(context.Get(), pictureBuffer.Get(), PictureConstantsOf(bitmapView));
 
-    ProgramFor(params).Use(context.Get());
+    programs[static_cast<std::size_t>(ProgramOf(params))].Use(context.Get());
     ID3D11Buffer* const buffers[] = {constantBuffer.Get(), pictureBuffer.Get()};
     context->VSSetConstantBuffers(0, 2, buffers);
     context->PSSetConstantBuffers(0, 2, buffers);

@@ -5,8 +5,8 @@
 #include "Rendering/D3D11/Shader.h"
 #include "Rendering/D3D11/ShaderConstants.h"
 
+#include <array>
 #include <memory>
-#include <unordered_map>
 
 namespace Rendering::D3D11 {
 
@@ -22,11 +22,8 @@ public:
               std::span<ID3D11ShaderResourceView* const> furtherViews, const GeometryDrawParams& params);
 
 private:
-    const Shader& ProgramFor(const GeometryDrawParams& params) const;
-
     ID3D11Device* device;
-    Shader plain, blending;
-    std::unordered_map<std::string, std::unique_ptr<Shader>> effects;
+    std::array<Shader, kGeometryProgramCount> programs;
     ComPtr<ID3D11Buffer> constantBuffer, pictureBuffer;
     DrawStates states;
     ComPtr<ID3D11SamplerState> sampler;

@@ -1,6 +1,6 @@
 #include "Rendering/D3D11/D3D11RectShader.h"
 
-#include <stdexcept>
+#include "Rendering/DeviceDraws.h"
 
 namespace Rendering::D3D11 {
 
@@ -8,35 +8,24 @@ namespace {
 
 constexpr const char* kPlainFile = "QVRA/Shaders/D3D11Rect.fx";
 constexpr const char* kSobelFile = "QVRA/Shaders/D3D11RectSobel.fx";
-constexpr float kDimmed = 0.1f;
 
 RectConstants ConstantsOf(const RectDrawParams& params) {
     RectConstants constants;
-    constants.parameters << params.param1, params.param3, params.dim ? kDimmed : 1.0f, params.param2;
+    constants.parameters = RectScalars(params);
     constants.colour = params.colour;
-    const Utils::Vector2 &origin = params.textureOrigin, &size = params.textureSize;
-    constants.textureRectangle << origin.x(), 1.0f - origin.y() - size.y(), size.x(), size.y();
+    constants.textureRectangle = TextureRectangle(params);
     return constants;
 }
 
 } // namespace
 
+// In the order of RectProgram.
 D3D11RectShader::D3D11RectShader(ID3D11Device* device)
-    : device(device), plain(device, kQuadLayout, kPlainFile, kPlainFile),
+    : device(device), programs{Shader(device, kQuadLayout, kPlainFile, kPlainFile),
+                               Shader(device, kQuadLayout, kSobelFile, kSobelFile)},
       constantBuffer(CreateConstantBuffer(device, sizeof(RectConstants))),
       pictureBuffer(CreateConstantBuffer(device, sizeof(PictureConstants))), states(device),
-      sampler(CreateSampler(device, D3D11_FILTER_ANISOTROPIC, D3D11_TEXTURE_ADDRESS_CLAMP)), quad(device, 0.0f) {
-    effects["sobel"] = std::make_unique<Shader>(device, kQuadLayout, kSobelFile, kSobelFile);
-}
-
-const Shader& D3D11RectShader::ProgramFor(const RectDrawParams& params) const {
-    if (params.effect.empty())
-        return plain;
-    const auto found = effects.find(params.effect);
-    if (found == effects.end())
-        throw std::out_of_range("invalid unordered_map<K, T> key");
-    return *found->second;
-}
+      sampler(CreateSampler(device, D3D11_FILTER_ANISOTROPIC, D3D11_TEXTURE_ADDRESS_CLAMP)), quad(device, 0.0f) {}
 
 void D3D11RectShader::Draw(const Utils::Matrix4& world, const Utils::Matrix4& view, const Utils::Matrix4& projection,
                            ID3D11ShaderResourceView* shaderView, const RectDrawParams& params) const {
@@ -48,7 +37,7 @@ void D3D11RectShader::Draw(const Utils::Matrix4& world, const Utils::Matrix4& vi
     Upload(context.Get(), constantBuffer.Get(), constants);
     Upload(context.Get(), pictureBuffer.Get(), PictureConstantsOf(shaderView));
 
-    ProgramFor(params).Use(context.Get());
+    programs[static_cast<std::size_t>(ProgramOf(params))].Use(context.Get());
     ID3D11Buffer* const buffers[] = {constantBuffer.Get(), pictureBuffer.Get()};
     context->VSSetConstantBuffers(0, 2, buffers);
     context->PSSetConstantBuffers(0, 2, buffers);

@@ -5,8 +5,7 @@
 #include "Rendering/D3D11/Shader.h"
 #include "Rendering/D3D11/ShaderConstants.h"
 
-#include <memory>
-#include <unordered_map>
+#include <array>
 
 namespace Rendering::D3D11 {
 
@@ -21,11 +20,8 @@ public:
               ID3D11ShaderResourceView* shaderView, const RectDrawParams& params) const;
 
 private:
-    const Shader& ProgramFor(const RectDrawParams& params) const;
-
     ID3D11Device* device;
-    Shader plain;
-    std::unordered_map<std::string, std::unique_ptr<Shader>> effects;
+    std::array<Shader, kRectProgramCount> programs;
     ComPtr<ID3D11Buffer> constantBuffer, pictureBuffer;
     DrawStates states;
     ComPtr<ID3D11SamplerState> sampler;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Rendering/D3D11/D3D11Call.h"
+#include "Rendering/DeviceDraws.h"
 #include "Utils/NonAssignable.h"
 
 namespace Rendering::D3D11 {
@@ -20,17 +21,17 @@ public:
     explicit ViewportScope(ID3D11DeviceContext* context) : before(FirstViewport(context)), context(context) {}
     ~ViewportScope() { context->RSSetViewports(1, &before); }
 
-    /// The left or right half of the viewport.
-    void SetHalf(int eye) const {
-        D3D11_VIEWPORT half = before;
-        half.Width *= 0.5f;
-        half.TopLeftX += static_cast<float>(eye) * half.Width;
-        context->RSSetViewports(1, &half);
+    void Set(ViewportPart part) const {
+        D3D11_VIEWPORT viewport = before;
+        if (part != ViewportPart::Whole)
+            viewport.Width *= 0.5f;
+        if (part == ViewportPart::RightHalf)
+            viewport.TopLeftX += viewport.Width;
+        context->RSSetViewports(1, &viewport);
     }
 
-    const D3D11_VIEWPORT before;
-
 private:
+    const D3D11_VIEWPORT before;
     ID3D11DeviceContext* context;
 };
 

@@ -38,7 +38,7 @@ std::uint32_t Packed(const Utils::Vector4& colour) {
 MemoryBitmap::MemoryBitmap(ContextId owner, MemBitmap pixels) : owner(owner), pixels(std::move(pixels)) {}
 
 Rendering::Size MemoryBitmap::Size() const {
-    return {static_cast<std::uint32_t>(pixels.Width()), static_cast<std::uint32_t>(pixels.Height())};
+    return SizeOf(pixels);
 }
 
 MemoryGeometry::MemoryGeometry(ContextId owner, std::vector<GeometryVertex> vertices)

@@ -2,6 +2,7 @@
 
 #include "Logging/Logger.h"
 #include "Rendering/BitmapFile.h"
+#include "Rendering/DeviceDraws.h"
 #include "Rendering/OpenGL/GLError.h"
 #include "Rendering/OpenGL/GLRenderToTextureLock.h"
 #include "Rendering/OpenGL/GLState.h"
@@ -38,16 +39,6 @@ std::shared_ptr<const void> CheckDriver() {
     return std::make_shared<char>();
 }
 
-MemBitmap WhitePixel() {
-    MemBitmap pixel(1, 1);
-    pixel.SetPixel(0, 0, 255, 255, 255, 255);
-    return pixel;
-}
-
-Size SizeOf(const MemBitmap& bitmap) {
-    return {static_cast<std::uint32_t>(bitmap.Width()), static_cast<std::uint32_t>(bitmap.Height())};
-}
-
 GLGPUBitmap& Own(GPUBitmap& bitmap) {
     return dynamic_cast<GLGPUBitmap&>(bitmap);
 }
@@ -57,11 +48,6 @@ GLuint TextureOf(const GLGPUBitmap& bitmap) {
     if (bitmap.IsMultisampled())
         Utils::FatalError(HERE, GL_INVALID_OPERATION);
     return bitmap.Texture();
-}
-
-Utils::Matrix4 ToWorld(const DrawRectangle& rectangle) {
-    const Utils::Vector4 scale(rectangle.size.x() / 2.0f, rectangle.size.y() / 2.0f, 1.0f, 1.0f);
-    return scale.asDiagonal() * (Utils::Rotation(rectangle.rotation) * Utils::Translation(rectangle.position));
 }
 
 void LogTexture(Size size, const char* file, std::int32_t line, std::uint32_t format = kFormat,
@@ -108,7 +94,7 @@ std::unique_ptr<GPUBitmap> GLContext::CreateBitmapFromCameraImage(const CameraIm
     FillTexture(picture, GL_R8, image.size, GL_RED, GL_UNSIGNED_BYTE, image.grey.data());
     FillTexture(distortion, GL_RG32F, image.distortionSize, GL_RG, GL_FLOAT, image.distortion.data());
     auto target = CreateRenderTarget(image.size, 1, 0);
-    ClearBitmap(target.get(), {0.0f, 0.0f, 0.5f, 1.0f});
+    ClearBitmap(target.get(), kNoCameraPicture);
     GLRenderToTextureLock lock(Own(*target), false);
     leapShader.Draw(picture, distortion);
     return target;
@@ -174,44 +160,23 @@ void GLContext::DrawGeometry(const Utils::Matrix4& world, const Utils::Matrix4& 
             textures.push_back(textureOf(further));
     else if (!params.effect.empty())
         textures.push_back(textures.front()); // for effects that read a second one
-    const auto draw = [&](std::size_t eye) {
-        geometryShader.Draw(world, view * camera->EyeMatrix(eye), projection, mesh, textures, params);
-    };
-    if (params.leftEye || params.rightEye) {
-        const ViewportScope viewport;
-        if (params.leftEye) {
-            viewport.before.LeftHalf().Set();
-            draw(0);
-        }
-        if (params.rightEye) {
-            viewport.before.RightHalf().Set();
-            draw(1);
-        }
-    }
-    if (params.singleView)
-        draw(0);
+    ViewportScope viewport;
+    ForEachPass(params, *camera, view, [&](ViewportPart part, const Utils::Matrix4& eyeView) {
+        viewport.Set(part);
+        geometryShader.Draw(world, eyeView, projection, mesh, textures, params);
+    });
 }
 
 void GLContext::DrawBitmap(const Utils::Matrix4& view, const Utils::Matrix4& projection, const DrawRectangle& rectangle,
                            GPUBitmap& bitmap, const RectDrawParams& params) {
     if (!IsBitmapValid(&bitmap))
         Utils::FatalError(HERE);
-    const auto draw = [&, world = ToWorld(rectangle)](const Utils::Matrix4& from) {
-        rectShader.Draw(world, from, projection, TextureOf(Own(bitmap)), params);
-    };
-    if (params.mode == 1 && params.eye > 1)
-        return;
-    const ViewportScope viewport;
-    if (params.mode == 0) {
-        viewport.before.LeftHalf().Set();
-        draw(view * camera->EyeMatrix(0));
-        viewport.before.RightHalf().Set();
-        draw(view * camera->EyeMatrix(1));
-        return;
-    }
-    if (params.mode == 1)
-        (params.eye == 0 ? viewport.before.LeftHalf() : viewport.before.RightHalf()).Set();
-    draw(view);
+    ViewportScope viewport;
+    ForEachPass(params, *camera, view,
+                [&, world = ToWorld(rectangle)](ViewportPart part, const Utils::Matrix4& eyeView) {
+                    viewport.Set(part);
+                    rectShader.Draw(world, eyeView, projection, TextureOf(Own(bitmap)), params);
+                });
 }
 
 void GLContext::GenerateMips(GPUBitmap* bitmap) {

@@ -1,5 +1,6 @@
 #include "Rendering/OpenGL/GLRectShader.h"
 
+#include "Rendering/DeviceDraws.h"
 #include "Rendering/OpenGL/GLDrawState.h"
 #include "Rendering/OpenGL/GLError.h"
 #include "Rendering/OpenGL/Sampler.h"
@@ -8,12 +9,6 @@
 #include <utility>
 
 namespace Rendering::OpenGL {
-
-namespace {
-
-constexpr float kDimmed = 0.1f;
-
-} // namespace
 
 GLRectShader::Program::Program(const char* name, const char* fragmentText)
     : shader(name, {kRectUniforms, kRectVertex}, {kRectUniforms, fragmentText}),
@@ -37,10 +32,9 @@ void GLRectShader::Draw(const Utils::Matrix4& world, const Utils::Matrix4& view,
     program.shader.Use();
     const Utils::Matrix4 toClip = WithGLDepth(world * view * projection);
     glUniformMatrix4fv(program.worldViewProjection, 1, GL_FALSE, toClip.data());
-    glUniform4f(program.scalars, params.param1, params.param3, params.dim ? kDimmed : 1.0f, params.param2);
+    glUniform4fv(program.scalars, 1, RectScalars(params).data());
     glUniform4fv(program.colour, 1, params.colour.data());
-    const Utils::Vector2 &origin = params.textureOrigin, &size = params.textureSize;
-    glUniform4f(program.textureRectangle, origin.x(), 1.0f - origin.y() - size.y(), size.x(), size.y());
+    glUniform4fv(program.textureRectangle, 1, TextureRectangle(params).data());
     BindPicture(0, texture, sampler);
     const GLDrawState state(params.blend, params.depthTest, params.depthWrite);
     quad.Draw();

@@ -1,5 +1,7 @@
 #include "Rendering/OpenGL/GLState.h"
 
+#include <array>
+
 namespace Rendering::OpenGL {
 
 TextureBinding::TextureBinding(GLenum target, GLuint texture) : target(target) {
@@ -36,6 +38,26 @@ Viewport Viewport::Current() {
     std::array<GLint, 4> values{};
     glGetIntegerv(GL_VIEWPORT, values.data());
     return {values[0], values[1], values[2], values[3]};
+}
+
+Viewport Viewport::Part(ViewportPart part) const {
+    const GLsizei half = width / 2;
+    switch (part) {
+    case ViewportPart::LeftHalf:
+        return {x, y, half, height};
+    case ViewportPart::RightHalf:
+        return {x + half, y, width - half, height};
+    default:
+        return *this;
+    }
+}
+
+void ViewportScope::Set(ViewportPart part) {
+    if (part == ViewportPart::Whole && !before)
+        return;
+    if (!before)
+        before = Viewport::Current();
+    before->Part(part).Set();
 }
 
 } // namespace Rendering::OpenGL

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "Rendering/DeviceDraws.h"
 #include "Utils/NonAssignable.h"
 
-#include <array>
 #include <epoxy/gl.h>
+#include <optional>
 
 namespace Rendering::OpenGL {
 
@@ -45,16 +46,18 @@ struct Viewport {
 
     static Viewport Current();
     void Set() const { glViewport(x, y, width, height); }
-    Viewport LeftHalf() const { return {x, y, width / 2, height}; }
-    Viewport RightHalf() const { return {x + width / 2, y, width - width / 2, height}; }
+    Viewport Part(ViewportPart part) const;
 };
 
 /// Restores the viewport at the end of the scope.
 class ViewportScope : public Utils::NonAssignable {
 public:
-    ~ViewportScope() { before.Set(); }
+    ~ViewportScope() { Set(ViewportPart::Whole); }
 
-    const Viewport before = Viewport::Current();
+    void Set(ViewportPart part);
+
+private:
+    std::optional<Viewport> before; ///< empty as long as the viewport is the one from before
 };
 
 } // namespace Rendering::OpenGL

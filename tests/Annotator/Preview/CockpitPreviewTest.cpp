@@ -29,7 +29,7 @@ std::vector<Support::Corner> Facing(float distance) {
     return {{-1, -1, distance}, {1, -1, distance}, {0, 2, distance}};
 }
 
-CanvasMouseEvent Pointer(std::int32_t type, const Vector3& direction = {0, 0, 1}) {
+CanvasMouseEvent Pointer(CanvasEvent type, const Vector3& direction = {0, 0, 1}) {
     CanvasMouseEvent event;
     event.type = type;
     event.ray.direction = direction;
@@ -124,7 +124,8 @@ TEST_F(Preview, DrawsEachPartOnceWithItsNodesMatrixAndTexture) {
 TEST_F(Preview, TintsByTheFirstCaseThatHolds) {
     constexpr auto tap = TouchInteractionType::Tap, twist = TouchInteractionType::Twist;
     constexpr auto primary = TouchInteractionType::YokePrimary;
-    const CockpitModel::Material solid{.BlendKind = 2, .Alpha = 0.9f}, glass{.BlendKind = 2, .Alpha = 0.89f};
+    const CockpitModel::Material solid{.BlendKind = CockpitModel::kOpaqueBlend, .Alpha = 0.9f},
+        glass{.BlendKind = CockpitModel::kOpaqueBlend, .Alpha = 0.89f};
     const CockpitModel::Material blended{.BlendKind = 1, .Alpha = 1.0f};
     enum Pointed { Elsewhere, Hovered, Selected };
     AnnotationRecord tests, overrides;
@@ -163,7 +164,7 @@ TEST_F(Preview, TintsByTheFirstCaseThatHolds) {
         part.material = &row.material;
         part.InteractionType = row.detected;
         store->Set(part, row.annotation);
-        preview.OnMouseEvent(Pointer(1, {0, 0, row.pointed == Elsewhere ? -1.0f : 1.0f}));
+        preview.OnMouseEvent(Pointer(kCanvasMove, {0, 0, row.pointed == Elsewhere ? -1.0f : 1.0f}));
         preview.SetSelectedPart(row.pointed == Selected ? &part : nullptr);
         EXPECT_EQ(TintOf(Draw().at(0)), row.tint) << row.name;
     }
@@ -235,11 +236,11 @@ TEST_F(Preview, HiddenTransparentPartsAreNeitherDrawnNorHit) {
     builder.Part(0, Facing(2)).MaterialIndex = kGlassMaterial;
     builder.Part(0, Facing(3));
     Load();
-    preview.OnMouseEvent(Pointer(0));
+    preview.OnMouseEvent(Pointer(kCanvasClick));
     preview.ShowTransparent(false);
     EXPECT_EQ(Draw().size(), 1u);
     EXPECT_EQ(context.draws[0].geometry, Part(0, 1).geometry.get());
-    preview.OnMouseEvent(Pointer(0));
+    preview.OnMouseEvent(Pointer(kCanvasClick));
     EXPECT_EQ(clicked, (std::vector<NodePart*>{&Part(0, 0), &Part(0, 1)}));
     preview.SetSelectedPart(&Part(0, 0));
     EXPECT_EQ(Draw().size(), 1u) << "a hidden selection has no markers";
@@ -255,13 +256,13 @@ TEST_F(Preview, AClickFindsTheNearestPart) {
     PlaceNode(aside, {5, 0, 0});
     builder.Part(aside, Facing(1));
     Load();
-    preview.OnMouseEvent(Pointer(1));
+    preview.OnMouseEvent(Pointer(kCanvasMove));
     EXPECT_EQ(preview.HoveredPart(), &Part(1, 0));
     EXPECT_TRUE(clicked.empty()) << "the pointer only moved";
-    preview.OnMouseEvent(Pointer(0));
+    preview.OnMouseEvent(Pointer(kCanvasClick));
     EXPECT_EQ(clicked, std::vector<NodePart*>{&Part(1, 0)});
 
-    CanvasMouseEvent event = Pointer(0);
+    CanvasMouseEvent event = Pointer(kCanvasClick);
     event.view = Utils::Translation({-5, 0, 0}); // the camera is 5 m to the right
     preview.OnMouseEvent(event);
     EXPECT_EQ(clicked.back(), &Part(2));
@@ -276,7 +277,7 @@ TEST_F(Preview, EventsInsideAFrameReturnImmediatelyAndAFailedDrawIsRecoverable) 
     builder.Part(0, Facing(3));
     Load();
     context.duringDraw = [this] {
-        preview.OnMouseEvent(Pointer(0));
+        preview.OnMouseEvent(Pointer(kCanvasClick));
         preview.Render(context, kIdentity, kIdentity);
     };
     EXPECT_EQ(Draw().size(), 2u);
@@ -288,13 +289,13 @@ TEST_F(Preview, EventsInsideAFrameReturnImmediatelyAndAFailedDrawIsRecoverable) 
     context.duringDraw = nullptr;
     context.draws.clear();
     preview.partSignal.connect([this](NodePart*) { preview.Render(context, kIdentity, kIdentity); });
-    preview.OnMouseEvent(Pointer(0));
+    preview.OnMouseEvent(Pointer(kCanvasClick));
     EXPECT_EQ(context.draws.size(), 2u);
 }
 
 TEST_F(Preview, MakesItsResourcesAgainForANewDeviceAndAfterARelease) {
     EXPECT_TRUE(Draw().empty());
-    preview.OnMouseEvent(Pointer(0));
+    preview.OnMouseEvent(Pointer(kCanvasClick));
     EXPECT_TRUE(context.loadedPaths.empty()) << "nothing is loaded without a scene";
     builder.Part(0, Facing(2));
     Load();
@@ -318,7 +319,7 @@ TEST_F(Preview, MakesItsResourcesAgainForANewDeviceAndAfterARelease) {
 
     preview.SetScene(nullptr, nullptr, nullptr);
     EXPECT_TRUE(Draw().empty());
-    preview.OnMouseEvent(Pointer(0));
+    preview.OnMouseEvent(Pointer(kCanvasClick));
     EXPECT_TRUE(clicked.empty());
     preview.ReleaseGpuResources();
 }

@@ -1,0 +1,43 @@
+#include "Batch/ForEachAircraft.h"
+
+namespace Batch {
+
+namespace {
+
+/// True if the job failed.
+bool Use(const JobResult& result, Console& console, const ResultUse& use) {
+    const Sim::AircraftInfo& info = *result.aircraft;
+    if (!result.failure)
+        use.take(info, result.output);
+    else if (use.fail)
+        use.fail(info, *result.failure);
+    else
+        console.Message(NameOf(info) + ": " + *result.failure);
+    return result.failure.has_value();
+}
+
+} // namespace
+
+SelectedAircraft LoadSelection(const AircraftOptions& options, Console& console) {
+    SelectedAircraft aircraft;
+    aircraft.list = LoadInstallation(console);
+    aircraft.selection = SelectAircraft(aircraft.list, options.names);
+    aircraft.jobs = options.jobs;
+    return aircraft;
+}
+
+std::size_t ForEachAircraft(const SelectedAircraft& aircraft, Console& console, const Job& job, const ResultUse& use) {
+    std::size_t failed = 0;
+    if (use.showsProgress)
+        console.BeginProgress(aircraft.selection.size());
+    RunJobs(aircraft.selection, aircraft.jobs, job, [&](const JobResult& result) {
+        failed += Use(result, console, use);
+        if (use.showsProgress)
+            console.Advance();
+    });
+    if (use.showsProgress)
+        console.EndProgress();
+    return failed;
+}
+
+} // namespace Batch
