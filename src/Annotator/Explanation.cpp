@@ -144,6 +144,8 @@ RuleTexts TextsOf(DetectionRule rule, const NodePart& part) {
                     " m of its axis, or a node origin nearer to it, makes it Twist"};
     case DetectionRule::Twist:
         return {TwistText(part), TwistChangeText(part)};
+    case DetectionRule::Manipulator:
+        return {};
     }
     return {};
 }

@@ -19,6 +19,9 @@ struct ModelAnimation {
     float scale = 1;
     float length = 0; ///< end of the time axis
     std::string text;
+    bool keyFramed = false;     ///< its motion is measured between the first and the last key
+    bool outsideBlocks = false; ///< a step outside all animation blocks of the cockpit object
+    float loop = 0;             ///< the dataref's value is taken modulo this; 0 for none. Moves nothing here
 };
 
 /// The name of an animation that moves nothing.

@@ -15,6 +15,7 @@
 
 namespace CockpitModel {
 
+struct Manipulator;
 struct Node;
 struct Panel;
 class PartTree;
@@ -35,7 +36,8 @@ struct NodePart : Utils::NonAssignable {
     MouseRect panelRect;                             ///< for a part from a panel; otherwise empty
     std::optional<std::int32_t> textureIndex;
     std::string textureName;
-    const Material* material = nullptr; ///< in the graph's model
+    const Material* material = nullptr;       ///< in the graph's model
+    const Manipulator* manipulator = nullptr; ///< in the graph's model; null without one and in the plain reading
     Panel* panel = nullptr;             ///< the panel shown on this part's texture
 
     /// Measurements of the part's motion, in node space, metres; see AnalysePartMotion.

@@ -21,10 +21,12 @@ constexpr float kLeastBalanceDivisor = 1.0f;
 /// Fixed line number in the log entry for a NaN measurement.
 constexpr std::int32_t kBadNumberLine = 578;
 
-/// Sum of all keys of an animation regardless of time: the first and the last key both count.
+/// Sum of the keys of an animation regardless of time: the first and the last key both count.
 struct MotionSum {
     Vector3 translation = Vector3::Zero();
     Utils::Quaternion rotation = Utils::Quaternion::Identity();
+
+    void Add(const RiffBlockXANK& key);
 };
 
 /// Axes on which points are measured: the rotation's axis and the direction of the sweep.
@@ -41,16 +43,20 @@ Utils::Quaternion Product(const Utils::Quaternion& a, const Utils::Quaternion& b
             a.w() * b.z() + a.x() * b.y() - a.y() * b.x() + a.z() * b.w()};
 }
 
+void MotionSum::Add(const RiffBlockXANK& key) {
+    if (key.IsTranslation)
+        translation += key.Translation;
+    else
+        rotation = Product(rotation, key.Rotation);
+}
+
+/// Of key frames only the two ends count, so that a lever measures the same however many keys it has.
 MotionSum SumOf(const ModelAnimation& animation) {
     MotionSum sum;
-    for (const auto& track : animation.tracks) {
-        for (const RiffBlockXANK& key : track) {
-            if (key.IsTranslation)
-                sum.translation += key.Translation;
-            else
-                sum.rotation = Product(sum.rotation, key.Rotation);
-        }
-    }
+    for (const auto& track : animation.tracks)
+        for (const RiffBlockXANK& key : track)
+            if (!animation.keyFramed || &key == &track.front() || &key == &track.back())
+                sum.Add(key);
     return sum;
 }
 

@@ -11,8 +11,13 @@ bool MovesAnything(const ModelAnimation& animation) {
     return animation.name != "none" && animation.name != kDummyAnimationName;
 }
 
-bool Contains(const std::string& text, const char* word) {
-    return text.find(word) != std::string::npos;
+bool Contains(std::string_view text, const char* word) {
+    return text.find(word) != std::string_view::npos;
+}
+
+/// Aircraft also drive their yokes by datarefs of other groups and of their own.
+bool ContainsEither(std::string_view text, Reading reading, const char* word, const char* otherWord) {
+    return reading == Reading::Full && (Contains(text, word) || Contains(text, otherWord));
 }
 
 /// The matrix from a node's space to its parent's, with its animation at the current position.
@@ -51,14 +56,16 @@ std::optional<PartTransformCalculator> FindPartTransform(const NodePart& part) {
     return std::nullopt;
 }
 
-bool IsYokeRollName(const std::string& animationName) {
+bool IsYokeRollName(std::string_view animationName, Reading reading) {
     return Contains(animationName, "YOKE X POSITION") ||
-           Contains(animationName, "sim/cockpit2/controls/yoke_roll_ratio");
+           Contains(animationName, "sim/cockpit2/controls/yoke_roll_ratio") ||
+           ContainsEither(animationName, reading, "yoke_roll_ratio", "FC_roll");
 }
 
-bool IsYokePitchName(const std::string& animationName) {
+bool IsYokePitchName(std::string_view animationName, Reading reading) {
     return Contains(animationName, "YOKE Y POSITION") ||
-           Contains(animationName, "sim/cockpit2/controls/yoke_pitch_ratio");
+           Contains(animationName, "sim/cockpit2/controls/yoke_pitch_ratio") ||
+           ContainsEither(animationName, reading, "yoke_pitch_ratio", "FC_ptch");
 }
 
 } // namespace CockpitModel

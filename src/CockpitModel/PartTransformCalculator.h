@@ -2,10 +2,11 @@
 
 #include "CockpitModel/ModelAnimation.h"
 #include "CockpitModel/MotionTable.h"
+#include "CockpitModel/Reading.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <optional>
-#include <string>
+#include <string_view>
 
 namespace CockpitModel {
 
@@ -37,7 +38,7 @@ private:
 std::optional<PartTransformCalculator> FindPartTransform(const NodePart& part);
 
 /// True for an animation driven by the yoke's roll or pitch: its name contains the name of the simulator's variable.
-bool IsYokeRollName(const std::string& animationName);
-bool IsYokePitchName(const std::string& animationName);
+bool IsYokeRollName(std::string_view animationName, Reading reading = Reading::Plain);
+bool IsYokePitchName(std::string_view animationName, Reading reading = Reading::Plain);
 
 } // namespace CockpitModel

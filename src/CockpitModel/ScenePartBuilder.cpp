@@ -23,7 +23,7 @@ constexpr std::uint64_t kMostNameBytes = 1 << 28;
 
 /// "<file>(<line>): <what>", without file and line if unknown.
 std::string AtSource(const ModelData& model, const RiffBlockPART& block, const std::string& what) {
-    std::string place = model.sourcePath;
+    std::string place = block.Object < model.objects.size() ? model.objects[block.Object].path : model.sourcePath;
     if (block.SourceLine != 0)
         place += "(" + std::to_string(block.SourceLine) + ")";
     return place.empty() ? what : place + ": " + what;
@@ -47,6 +47,10 @@ GeometryVertex ToGeometryVertex(const Vertex& vertex) {
     return result;
 }
 
+std::size_t IndexPoolSize(const ModelData& model, const RiffBlockPART& block) {
+    return block.IndexBlock < model.indexBlocks.size() ? model.indexBlocks[block.IndexBlock].Children.size() : 0;
+}
+
 /// Rejects a range outside the pool before memory is allocated for it.
 void CheckIndexRange(const ModelData& model, const RiffBlockPART& block, std::size_t poolSize) {
     const std::uint64_t end = std::uint64_t{block.IndexOffset} + block.IndexCount;
@@ -59,7 +63,7 @@ void CheckIndexRange(const ModelData& model, const RiffBlockPART& block, std::si
 }
 
 Soup ExpandIndices(const ModelData& model, const RiffBlockPART& block) {
-    const auto& indices = NamedEntry(model.indexBlocks, 0u, model, block, "index block").Children;
+    const auto& indices = NamedEntry(model.indexBlocks, block.IndexBlock, model, block, "index block").Children;
     const auto& pool = NamedEntry(model.vertexBlocks, block.VertexBlock, model, block, "vertex block").Children;
     CheckIndexRange(model, block, indices.size());
     Soup raw;
@@ -147,6 +151,8 @@ void AddParts(const ModelData& model, const RiffBlockPART& block, const PanelSet
     part->vertices = std::move(soup);
     part->block = block;
     part->material = &FindMaterial(model, block);
+    if (block.ManipulatorIndex >= 0)
+        part->manipulator = &Utils::At(model.manipulators, block.ManipulatorIndex);
     if (part->material->TextureDiffuse >= 0) {
         part->textureIndex = part->material->TextureDiffuse;
         part->textureName =
@@ -159,10 +165,10 @@ void AddParts(const ModelData& model, const RiffBlockPART& block, const PanelSet
 } // namespace
 
 void CheckPartSizes(const ModelData& model) {
-    const std::uint64_t poolSize = model.indexBlocks.empty() ? 0 : model.indexBlocks[0].Children.size();
     std::uint64_t vertices = 0, nameBytes = 0;
     for (const RiffBlockPART& block : model.parts) {
-        if (std::uint64_t{block.IndexOffset} + block.IndexCount <= poolSize) // otherwise CheckIndexRange throws
+        const std::uint64_t end = std::uint64_t{block.IndexOffset} + block.IndexCount;
+        if (end <= IndexPoolSize(model, block)) // otherwise CheckIndexRange throws
             vertices += block.IndexCount;
         nameBytes += TextureNameOf(model, block).size();
         if (vertices > kMostVertices)

@@ -37,16 +37,25 @@ std::size_t Find(std::string_view text, std::string_view key) {
 } // namespace
 
 void ForEachAcfProperty(std::string_view acf, std::string_view key, const std::function<void(std::string_view)>& use) {
+    ForEachAcfPropertyBelow(acf, key, [&](std::string_view rest, std::string_view value) {
+        if (rest.empty())
+            use(value);
+    });
+}
+
+void ForEachAcfPropertyBelow(std::string_view acf, std::string_view prefix,
+                             const std::function<void(std::string_view rest, std::string_view value)>& use) {
     std::string_view rest = acf;
-    for (std::size_t at = Find(rest, key); at != rest.size(); at = Find(rest, key)) {
+    for (std::size_t at = Find(rest, prefix); at != rest.size(); at = Find(rest, prefix)) {
         const std::string_view before = acf.substr(0, acf.size() - rest.size() + at);
-        rest.remove_prefix(at + key.size());
-        if (rest.empty() || !Utils::IsBlank(rest.front()) || !IsBeforeKey(before))
+        rest.remove_prefix(at + prefix.size());
+        if (!IsBeforeKey(before))
             continue;
         std::string_view line;
         Utils::NextLine(rest, line);
-        if (const std::string_view value = Utils::Trim(line); !value.empty())
-            use(value);
+        const std::size_t keyEnd = std::min(line.find_first_of(Utils::kBlanks), line.size());
+        if (const std::string_view value = Utils::Trim(line.substr(keyEnd)); !value.empty())
+            use(line.substr(0, keyEnd), value);
     }
 }
 

@@ -10,6 +10,10 @@ namespace Sim {
 /// Calls `use` with the value of each property line of a key, in file order.
 void ForEachAcfProperty(std::string_view acf, std::string_view key, const std::function<void(std::string_view)>& use);
 
+/// The same for each property line whose key starts with a prefix, with the rest of the key before the value.
+void ForEachAcfPropertyBelow(std::string_view acf, std::string_view prefix,
+                             const std::function<void(std::string_view rest, std::string_view value)>& use);
+
 /// The value of the last property line of a key; empty if there is none.
 std::string_view LastAcfProperty(std::string_view acf, std::string_view key);
 

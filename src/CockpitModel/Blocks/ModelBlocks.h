@@ -113,8 +113,11 @@ public:
     std::uint32_t IndexCount = 0;
     std::int32_t MouseRectIndex = -1;
     MouseRect* mouseRect = nullptr;    ///< owned by the model's shared list
-    std::uint32_t SourceLine = 0;      ///< line of the "TRIS" in the cockpit object, from 1; 0 for none
-    std::uint32_t ManipulatorLine = 0; ///< line of the manipulator in force there; 0 for none
+    std::uint32_t IndexBlock = 0;
+    std::uint32_t Object = 0;           ///< the file that it came from: index in ModelData::objects
+    std::uint32_t SourceLine = 0;       ///< line of the "TRIS" in that file, from 1; 0 for none
+    std::uint32_t ManipulatorLine = 0;  ///< line of the manipulator in force there; 0 for none
+    std::int32_t ManipulatorIndex = -1; ///< in ModelData::manipulators; -1 for none, as always in the plain reading
 };
 
 /// One key of an animation track.

@@ -22,18 +22,18 @@ constexpr std::array<const char*, 3> kPercentLevers = {"L:Throttle1Position", "L
 struct YokeNames {
     bool roll = false, pitch = false;
     bool Both() const { return roll && pitch; }
-    void Add(const Node& node) {
-        if (!node.animation)
+    void Add(const Node& node, Reading reading) {
+        if (!node.animation || (reading == Reading::Full && node.animation->outsideBlocks))
             return;
-        roll |= IsYokeRollName(node.animation->name);
-        pitch |= IsYokePitchName(node.animation->name);
+        roll |= IsYokeRollName(node.animation->name, reading);
+        pitch |= IsYokePitchName(node.animation->name, reading);
     }
 };
 
 /// Cached per node: a cockpit's chains can be as deep as its number of nodes.
 class YokeSearch {
 public:
-    explicit YokeSearch(std::size_t nodeCount) : known(nodeCount) {}
+    YokeSearch(std::size_t nodeCount, Reading howToRead) : known(nodeCount), reading(howToRead) {}
 
     YokeNames AtOrAbove(const Node& node) {
         std::vector<const Node*> climbed;
@@ -42,7 +42,7 @@ public:
             climbed.push_back(next);
         YokeNames names = next ? *known[Place(*next)] : YokeNames();
         for (auto step = climbed.rbegin(); step != climbed.rend(); ++step) {
-            names.Add(**step);
+            names.Add(**step, reading);
             known[Place(**step)] = names;
         }
         return names;
@@ -52,6 +52,7 @@ private:
     static std::size_t Place(const Node& node) { return static_cast<std::size_t>(node.index); }
 
     std::vector<std::optional<YokeNames>> known; ///< by node
+    Reading reading;
 };
 
 TouchInteractionType TypeOfCallback(const MouseRect& rect) {
@@ -85,10 +86,18 @@ DetectionRule DragRule(const NodePart& part) {
     return DetectionRule::Twist;
 }
 
+bool IsTouchedByManipulator(const NodePart& part, Reading reading) {
+    return reading == Reading::Full && part.manipulator && part.manipulator->family != ManipulatorFamily::Untouched;
+}
+
 /// `yokeAbove` returns the yoke names at or above the part's node; only called for a part without a rectangle.
 template <typename YokeAbove>
-DetectionDecision Decide(const NodePart& part, YokeAbove yokeAbove) {
+DetectionDecision Decide(const NodePart& part, Reading reading, YokeAbove yokeAbove) {
     using Type = TouchInteractionType;
+    if (IsTouchedByManipulator(part, reading)) {
+        const ManipulatorDecision decision = DecideManipulator(*part.manipulator);
+        return {decision.type, DetectionRule::Manipulator, decision.rule};
+    }
     const MouseRect* const rect = part.Rect();
     if (!rect) {
         if (yokeAbove().Both())
@@ -118,16 +127,20 @@ void DriveLeverByPercent(MouseRect& rect, const ModelAnimation& animation) {
     }
 }
 
-void ClassifyPart(NodePart& part, YokeSearch& yokes) {
-    part.InteractionType = Decide(part, [&] { return yokes.AtOrAbove(*part.node); }).type;
+void ClassifyPart(NodePart& part, Reading reading, YokeSearch& yokes) {
+    part.InteractionType = Decide(part, reading, [&] { return yokes.AtOrAbove(*part.node); }).type;
     if (part.InteractionType != TouchInteractionType::Move)
         return;
     if (part.Rect()->CallbackType == kSteps && part.node->animation)
         DriveLeverByPercent(*part.Rect(), *part.node->animation);
 }
 
-void AssignEventType(NodePart& part) {
+void AssignEventType(NodePart& part, Reading reading) {
     part.EventType = TouchEventType::Wheel;
+    if (IsTouchedByManipulator(part, reading)) {
+        part.EventType = DecideManipulator(*part.manipulator).event;
+        return;
+    }
     const MouseRect* const rect = part.Rect();
     if (!rect)
         return;
@@ -163,21 +176,25 @@ void ChoosePrimaryYoke(SceneGraph& sceneGraph, const InteractionDetector& detect
 } // namespace
 
 void InteractionDetector::Detect(SceneGraph& sceneGraph) const {
-    YokeSearch yokes(sceneGraph.Nodes().size());
+    Detect(sceneGraph, Reading::Plain);
+}
+
+void InteractionDetector::Detect(SceneGraph& sceneGraph, Reading reading) const {
+    YokeSearch yokes(sceneGraph.Nodes().size(), reading);
     for (const auto& node : sceneGraph.Nodes()) {
         for (const auto& part : node->parts) {
-            ClassifyPart(*part, yokes);
-            AssignEventType(*part);
+            ClassifyPart(*part, reading, yokes);
+            AssignEventType(*part, reading);
         }
     }
     ChoosePrimaryYoke(sceneGraph, *this);
 }
 
-DetectionDecision InteractionDetector::Explain(const NodePart& part) const {
-    return Decide(part, [&] {
+DetectionDecision InteractionDetector::Explain(const NodePart& part, Reading reading) const {
+    return Decide(part, reading, [&] {
         YokeNames names;
         for (const Node* node = part.node; node; node = node->parent)
-            names.Add(*node);
+            names.Add(*node, reading);
         return names;
     });
 }

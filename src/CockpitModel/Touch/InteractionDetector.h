@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CockpitModel/Reading.h"
+#include "CockpitModel/Touch/Manipulator.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 
 namespace CockpitModel {
@@ -17,6 +19,7 @@ enum class DetectionRule {
     Unbalanced,     ///< dragged, but its BalanceFactor is above kBalancedTwist
     WideSweep,      ///< dragged, but its SweepRadius is above kTwistRadius
     Twist,          ///< dragged, and none of the rules above applies
+    Manipulator,    ///< full reading: a manipulator with a type of its own; see DetectionDecision::manipulator
 };
 
 inline constexpr float kBalancedTwist = 0.3f;
@@ -25,6 +28,7 @@ inline constexpr float kTwistRadius = 0.1f; ///< metres
 struct DetectionDecision {
     TouchInteractionType type = TouchInteractionType::None; ///< YokePart for every candidate for the primary yoke
     DetectionRule rule = DetectionRule::NoRectangle;
+    ManipulatorRule manipulator = ManipulatorRule::Untouched; ///< if `rule` is Manipulator
 };
 
 /// Detects for every part of a new scene graph how the user touches it, and which part is the primary yoke. The lever
@@ -32,9 +36,11 @@ struct DetectionDecision {
 class InteractionDetector {
 public:
     void Detect(SceneGraph& sceneGraph) const;
+    /// The full reading goes by the manipulators' keywords and cursors instead of the motion.
+    void Detect(SceneGraph& sceneGraph, Reading reading) const;
 
     /// The rule that decides a measured part's type, and that type; used by Detect.
-    DetectionDecision Explain(const NodePart& part) const;
+    DetectionDecision Explain(const NodePart& part, Reading reading = Reading::Plain) const;
     /// Higher for wide parts to the left, the pilot's yoke rather than the copilot's. The greatest score is the primary
     /// yoke.
     float YokeScore(const NodePart& part) const;

@@ -1,14 +1,13 @@
 #include "CockpitModel/XPlane/XPObjConverter.h"
 
 #include "CockpitModel/Touch/MouseFlags.h"
+#include "CockpitModel/XPlane/AnimationChains.h"
+#include "CockpitModel/XPlane/StepAnimations.h"
 #include "Utils/FatalError.h"
 #include "Utils/RangeCheck.h"
 
 #include <algorithm>
 #include <boost/filesystem/path.hpp>
-#include <locale>
-#include <numbers>
-#include <sstream>
 #include <utility>
 
 namespace CockpitModel {
@@ -17,17 +16,45 @@ namespace {
 
 /// Number of nodes that the child and peer fields of the node table can address.
 constexpr std::size_t kMostNodes = 32767;
-constexpr float kTimeEnd = 100;
+/// Number of keys of a model's key-framed steps, far above real ones. A long turn takes many.
+constexpr std::size_t kMostKeys = 1 << 20;
 
-void CheckNodeCount(const std::vector<XPObjAnimNode>& nodes, const std::string& file) {
-    std::size_t count = 0;
-    for (const XPObjAnimNode& node : nodes)
-        count += std::max<std::size_t>(node.steps.size(), 1);
+void CheckNodeCount(std::size_t count, const std::string& file) {
     if (count > kMostNodes)
         throw Utils::OutOfRange(
             file + ": " + std::to_string(count) +
             " nodes, one for each animation block and each further step in it; a model holds at most " +
             std::to_string(kMostNodes));
+}
+
+std::size_t KeyCount(const ModelData& model) {
+    std::size_t count = 0;
+    for (const ModelAnimation& animation : model.animations)
+        count += animation.keyFramed ? animation.tracks.front().size() : 0;
+    return count;
+}
+
+void CheckKeyCount(const XPObjData& data, const ModelData& model, const std::string& file) {
+    std::size_t count = KeyCount(model);
+    for (const XPObjAnimNode& node : data.animNodes)
+        for (const XPObjKeyStep& step : node.keySteps)
+            if (count += KeyCount(step); count > kMostKeys)
+                throw Utils::OutOfRange(file + ": the cockpit's key frames take more than " +
+                                        std::to_string(kMostKeys) + " keys, one for each key and each half turn");
+}
+
+/// Without this check a draw call could use what belongs to no object, and the whole cockpit could not be built.
+void CheckDrawCall(const XPObjDrawCall& call, const XPObjData& data, const std::string& file) {
+    const std::string place = file + "(" + std::to_string(call.line) + "): TRIS ";
+    const std::int64_t end = std::int64_t{call.offset} + call.count;
+    if (call.offset < 0 || call.count < 0 || std::cmp_greater(end, data.indices.size()))
+        throw Utils::OutOfRange(place + std::to_string(call.offset) + " " + std::to_string(call.count) +
+                                " reaches beyond the " + std::to_string(data.indices.size()) + " indices of the file");
+    for (std::int64_t i = call.offset; i < end; ++i)
+        if (const std::int32_t vertex = data.indices[static_cast<std::size_t>(i)];
+            vertex < 0 || std::cmp_greater_equal(vertex, data.vertices.size()))
+            throw Utils::OutOfRange(place + "needs vertex " + std::to_string(vertex) +
+                                    " (counted from 0), but the object has " + std::to_string(data.vertices.size()));
 }
 
 void CheckNames(const XPObjData& data, const std::string& file) {
@@ -38,14 +65,24 @@ void CheckNames(const XPObjData& data, const std::string& file) {
                                 std::to_string(excess->most));
 }
 
-void AddMaterials(const std::string& folder, const std::vector<std::string>& textures, ModelData& model) {
-    for (const std::string& texture : textures) {
-        Material& material = model.materials.Children.emplace_back();
-        material.TextureDiffuse = static_cast<std::int32_t>(model.textures.Children.size());
-        material.BlendKind = kOpaqueBlend;
-        material.Alpha = 1;
-        model.textures.Children.push_back((boost::filesystem::path(folder) / texture).string());
-    }
+void AddMaterial(const std::string& texture, ModelData& model) {
+    Material& material = model.materials.Children.emplace_back();
+    material.TextureDiffuse = static_cast<std::int32_t>(model.textures.Children.size());
+    material.BlendKind = kOpaqueBlend;
+    material.Alpha = 1;
+    model.textures.Children.push_back(texture);
+}
+
+std::string PathIn(const std::string& folder, const std::string& file) {
+    return (boost::filesystem::path(folder) / file).string();
+}
+
+/// The first texture is the panel's, which belongs to the aircraft: all objects share its material.
+void AddMaterials(const std::string& folder, const XPObjData& data, ModelData& model, const XPObjPlacement& placement) {
+    if (!placement.place)
+        AddMaterial(PathIn(folder, data.textures.front()), model);
+    for (std::size_t i = 1; i < data.textures.size(); ++i)
+        AddMaterial(PathIn(placement.textureFolder, data.textures[i]), model);
 }
 
 /// X-Plane's axes are right-handed and the model's are left-handed: z changes sign.
@@ -57,10 +94,11 @@ void AddVertices(const std::vector<XPObjVertex>& vertices, ModelData& model) {
 }
 
 std::string RectText(const char* kind, const XPObjManip& manip) {
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << kind << ": " << manip.value1 << " , " << manip.value2 << " -- " << manip.dataref;
-    return std::move(text).str();
+    Manipulator shown;
+    shown.keyword = kind;
+    shown.numbers = {manip.value1, manip.value2};
+    shown.names = {manip.dataref};
+    return RectText(shown);
 }
 
 MouseRect& AddRect(ModelData& model, RiffBlockPART& part) {
@@ -84,9 +122,38 @@ void AddDragRect(const XPObjManip& drag, ModelData& model, RiffBlockPART& part) 
     rect.VariableCallback = std::make_shared<CallbackXPVariable>(drag.dataref, drag.value1, drag.value2);
 }
 
-void AddPart(const XPObjDrawCall& call, ModelData& model) {
-    if (!call.drawEnabled && !call.toggle && !call.drag)
+/// A push holds its dataref at one of two values, which the toggle's callback does too. The other keywords that click
+/// have no callback here.
+void AddCallback(const Manipulator& manipulator, MouseRect& rect) {
+    if (manipulator.names.size() != 1 || !manipulator.Range())
         return;
+    const auto [from, to] = *manipulator.Range();
+    const std::string& name = manipulator.names.front();
+    if (manipulator.keyword == "push")
+        rect.EventCallback = std::make_shared<CallbackXPToggle>(name, from, to);
+    else if (rect.CallbackType == kTakesValue)
+        rect.VariableCallback = std::make_shared<CallbackXPVariable>(name, from, to);
+}
+
+/// The rectangle of a manipulator that neither the toggle's nor the drag's describes.
+void AddManipulatorRect(const Manipulator& manipulator, ModelData& model, RiffBlockPART& part) {
+    MouseRect& rect = AddRect(model, part);
+    rect.Text = RectText(manipulator);
+    rect.CallbackType = DecideManipulator(manipulator).callback;
+    AddCallback(manipulator, rect);
+}
+
+bool IsPlainPart(const XPObjDrawCall& call) {
+    return call.drawEnabled || call.toggle || call.drag;
+}
+
+/// In the full reading.
+bool IsPart(const XPObjDrawCall& call, const XPObjData& data) {
+    return IsPlainPart(call) || (call.manipulator != kXPObjNone &&
+                                 data.manipulators[call.manipulator].family != ManipulatorFamily::Untouched);
+}
+
+RiffBlockPART& AddPart(const XPObjDrawCall& call, ModelData& model) {
     RiffBlockPART& part = model.parts.emplace_back();
     part.Type = kTriangleList;
     part.Node = call.animNode;
@@ -94,6 +161,11 @@ void AddPart(const XPObjDrawCall& call, ModelData& model) {
     part.IndexOffset = static_cast<std::uint32_t>(call.offset);
     part.IndexCount = static_cast<std::uint32_t>(call.count);
     part.SourceLine = call.line;
+    return part;
+}
+
+void AddPlainPart(const XPObjDrawCall& call, ModelData& model) {
+    RiffBlockPART& part = AddPart(call, model);
     part.ManipulatorLine = call.manipLine;
     if (call.toggle)
         AddToggleRect(*call.toggle, model, part);
@@ -101,48 +173,51 @@ void AddPart(const XPObjDrawCall& call, ModelData& model) {
         AddDragRect(*call.drag, model, part);
 }
 
-RiffBlockXANK TranslationKey(float time, float x, float y, float z) {
-    RiffBlockXANK key;
-    key.Time = time;
-    key.IsTranslation = true;
-    key.Translation = {x, y, -z};
-    return key;
+/// The toggle and the drag in force are those of the plain reading, so they are this manipulator's only if it is one.
+void AddFullPart(const XPObjDrawCall& call, const Manipulator* manipulator, ModelData& model) {
+    RiffBlockPART& part = AddPart(call, model);
+    if (!manipulator)
+        return;
+    part.ManipulatorIndex = static_cast<std::int32_t>(call.manipulator);
+    part.ManipulatorLine = manipulator->line;
+    if (manipulator->keyword == "toggle" && call.toggle)
+        AddToggleRect(*call.toggle, model, part);
+    else if (manipulator->keyword == "drag_axis" && call.drag)
+        AddDragRect(*call.drag, model, part);
+    else if (manipulator->family != ManipulatorFamily::Untouched)
+        AddManipulatorRect(*manipulator, model, part);
 }
 
-/// Converts a rotation from X-Plane's axes to the model's, which negates x and y.
-RiffBlockXANK RotationKey(float time, const Utils::Vector3& axis, float degrees) {
-    const auto radians = static_cast<float>(static_cast<double>(degrees) * std::numbers::pi / 180.0);
-    RiffBlockXANK key;
-    key.Time = time;
-    key.Rotation = Utils::RotationAboutAxis(axis, radians);
-    key.Rotation.x() = -key.Rotation.x();
-    key.Rotation.y() = -key.Rotation.y();
-    return key;
+/// The parts of the plain reading come first, so that they have the same numbers in both readings.
+void AddFullParts(const XPObjData& data, const std::vector<XPObjDrawCall>& calls, ModelData& model) {
+    const auto add = [&](const XPObjDrawCall& call) {
+        AddFullPart(call, call.manipulator == kXPObjNone ? nullptr : &data.manipulators[call.manipulator], model);
+    };
+    for (const XPObjDrawCall& call : calls)
+        if (IsPlainPart(call))
+            add(call);
+    for (const XPObjDrawCall& call : calls)
+        if (!IsPlainPart(call) && IsPart(call, data))
+            add(call);
 }
 
-ModelAnimation StillAnimation() {
-    ModelAnimation animation;
-    animation.name = kDummyAnimationName;
-    animation.rangeHigh = 1;
-    animation.length = kTimeEnd;
-    animation.tracks = {{TranslationKey(0, 0, 0, 0), TranslationKey(kTimeEnd, 0, 0, 0)}};
-    return animation;
-}
-
-ModelAnimation StepAnimation(const XPObjAnimStep& step) {
-    ModelAnimation animation;
-    animation.name = step.dataref;
-    animation.rangeLow = step.value1;
-    animation.rangeHigh = step.value2;
-    animation.length = kTimeEnd;
-    if (step.translation) {
-        const auto [x1, y1, z1, x2, y2, z2] = *step.translation;
-        animation.tracks = {{TranslationKey(0, x1, y1, z1), TranslationKey(kTimeEnd, x2, y2, z2)}};
-    } else {
-        const auto [x, y, z, r1, r2] = *step.rotation;
-        animation.tracks = {{RotationKey(0, {x, y, z}, r1), RotationKey(kTimeEnd, {x, y, z}, r2)}};
+void AddParts(const XPObjData& data, const std::vector<XPObjDrawCall>& calls, ModelData& model, Reading reading) {
+    model.parts.reserve(model.parts.size() + calls.size());
+    if (reading == Reading::Full) {
+        AddFullParts(data, calls, model);
+        return;
     }
-    return animation;
+    for (const XPObjDrawCall& call : calls)
+        if (IsPlainPart(call))
+            AddPlainPart(call, model);
+}
+
+ModelAnimation AnimationOf(const XPObjAnimNode& node) {
+    if (node.steps.size() + node.keySteps.size() > 1)
+        Utils::FatalError(HERE);
+    if (!node.keySteps.empty())
+        return StepAnimation(node.keySteps.front());
+    return node.steps.empty() ? StillAnimation() : StepAnimation(node.steps.front());
 }
 
 void AddNode(const XPObjAnimNode& node, ModelData& model) {
@@ -153,83 +228,144 @@ void AddNode(const XPObjAnimNode& node, ModelData& model) {
     model.sceneElements.Children.emplace_back().MapOffset = static_cast<std::int16_t>(sizeof(AnimationNode) * index);
     model.animationMap.Children.push_back({0, index});
     model.animationLinks.Children.push_back(static_cast<std::int16_t>(index == 0 ? -1 : index));
-    if (node.steps.size() > 1)
-        Utils::FatalError(HERE);
-    model.animations.push_back(node.steps.empty() ? StillAnimation() : StepAnimation(node.steps.front()));
+    model.animations.push_back(AnimationOf(node));
 }
 
-void AddLinks(const XPObjAnimNode& node, std::vector<SceneGraphElement>& elements) {
-    std::int16_t* link = &elements[node.index].Child;
+/// `first` is the index of the object's first node in the model.
+void AddLinks(const XPObjAnimNode& node, std::size_t first, std::vector<SceneGraphElement>& elements) {
+    std::int16_t* link = &elements[first + node.index].Child;
     for (const std::uint32_t child : node.children) {
-        *link = static_cast<std::int16_t>(child);
-        link = &elements[child].Peer;
+        *link = static_cast<std::int16_t>(first + child);
+        link = &elements[first + child].Peer;
     }
 }
 
-void CheckChildren(const std::vector<XPObjAnimNode>& nodes, const XPObjAnimNode& node) {
-    for (const std::uint32_t child : node.children)
-        if (nodes[child].parent != node.index)
-            Utils::FatalError(HERE);
+/// Adds an attached object's first node to the children of node 0.
+void LinkBelowRoot(std::size_t first, std::vector<SceneGraphElement>& elements) {
+    std::int16_t* link = &elements.front().Child;
+    while (*link >= 0)
+        link = &elements[static_cast<std::size_t>(*link)].Peer;
+    *link = static_cast<std::int16_t>(first);
 }
 
-void CheckAllChildren(const std::vector<XPObjAnimNode>& nodes) {
+/// Puts an object's nodes below a new first one, which moves them to the object's place.
+void AddPlaceNode(const Utils::Vector3& place, std::vector<XPObjAnimNode>& nodes, std::vector<XPObjDrawCall>& calls) {
+    for (XPObjAnimNode& node : nodes) {
+        node.parent = node.parent == kXPObjNone ? 0 : node.parent + 1;
+        ++node.index;
+        for (std::uint32_t& child : node.children)
+            ++child;
+    }
+    for (XPObjDrawCall& call : calls)
+        ++call.animNode;
+    XPObjAnimNode& first = *nodes.emplace(nodes.begin());
+    first.children = {1};
+    first.steps.emplace_back().translation = {place.x(), place.y(), place.z(), place.x(), place.y(), place.z()};
+}
+
+/// Sizes of a model's lists before an object is added.
+struct ListSizes {
+    explicit ListSizes(const ModelData& model)
+        : nodes(model.sceneElements.Children.size()), materials(model.materials.Children.size()),
+          manipulators(model.manipulators.size()), parts(model.parts.size()) {}
+
+    std::size_t nodes, materials, manipulators, parts;
+};
+
+/// Turns a new part's indices into lists of its object to those into lists of the model.
+void MoveIndices(RiffBlockPART& part, const ListSizes& before, const XPObjPlacement& placement, std::uint32_t block) {
+    constexpr std::uint32_t panel = 0;
+    part.Object = placement.object;
+    part.VertexBlock = part.IndexBlock = block;
+    part.Node += static_cast<std::uint32_t>(before.nodes);
+    if (placement.place && part.MaterialIndex != panel && part.MaterialIndex != kXPObjNone)
+        part.MaterialIndex += static_cast<std::uint32_t>(before.materials) - 1;
+    if (part.ManipulatorIndex >= 0)
+        part.ManipulatorIndex += static_cast<std::int32_t>(before.manipulators);
+}
+
+/// Index of the object's vertex block and index block.
+std::uint32_t AddBlocks(const XPObjData& data, ModelData& model, const XPObjPlacement& placement) {
+    if (placement.block)
+        return *placement.block;
+    AddVertices(data.vertices, model);
+    model.indexBlocks.emplace_back().Children.assign(data.indices.begin(), data.indices.end());
+    return static_cast<std::uint32_t>(model.vertexBlocks.size() - 1);
+}
+
+void AddNodes(const std::vector<XPObjAnimNode>& nodes, ModelData& model) {
+    const std::size_t first = model.sceneElements.Children.size();
+    model.animations.reserve(first + nodes.size());
     for (const XPObjAnimNode& node : nodes)
-        CheckChildren(nodes, node);
+        AddNode(node, model);
+    for (const XPObjAnimNode& node : nodes)
+        AddLinks(node, first, model.sceneElements.Children);
+    if (first > 0)
+        LinkBelowRoot(first, model.sceneElements.Children);
 }
 
-/// Adds a new node with one step below another and returns its index.
-std::uint32_t AppendToChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t last, XPObjAnimStep step) {
-    const auto index = static_cast<std::uint32_t>(nodes.size());
-    XPObjAnimNode& node = nodes.emplace_back();
-    node.index = index;
-    node.parent = last;
-    node.steps.push_back(std::move(step));
-    nodes[last].children.push_back(index);
-    if (nodes[last].index != last)
-        Utils::FatalError(HERE);
-    CheckChildren(nodes, nodes[last]);
-    return index;
-}
-
-/// Keeps the node's first step and moves each further one to a new node below; returns the last of them. Checks exactly
-/// the links that it changes.
-std::uint32_t SplitIntoChain(std::vector<XPObjAnimNode>& nodes, std::uint32_t index) {
-    if (nodes[index].steps.size() < 2)
-        Utils::FatalError(HERE);
-    std::vector<XPObjAnimStep> steps = std::exchange(nodes[index].steps, {});
-    std::vector<std::uint32_t> children = std::exchange(nodes[index].children, {});
-    std::uint32_t last = index;
-    for (std::size_t i = 1; i < steps.size(); ++i)
-        last = AppendToChain(nodes, last, std::move(steps[i]));
-    nodes[index].steps.push_back(std::move(steps.front()));
-    for (const std::uint32_t child : children)
-        nodes[child].parent = last;
-    nodes[last].children = std::move(children);
-    CheckChildren(nodes, nodes[last]);
-    return last;
+void Check(const XPObjData& data, const ModelData& model, const XPObjPlacement& placement) {
+    const std::string& file = placement.place ? model.objects.at(placement.object).path : model.sourcePath;
+    CheckNodeCount(model.sceneElements.Children.size() + NodeCount(data, placement), file);
+    CheckNames(data, file);
+    CheckKeyCount(data, model, file);
+    if (!placement.place)
+        return;
+    for (const XPObjDrawCall& call : data.drawCalls)
+        if (IsPart(call, data))
+            CheckDrawCall(call, data, file);
 }
 
 } // namespace
 
+std::size_t NodeCount(const XPObjData& data, const XPObjPlacement& placement) {
+    std::size_t count = placement.place ? 1 : 0;
+    for (const XPObjAnimNode& node : data.animNodes) {
+        const auto keyed = std::ranges::count_if(node.keySteps, [](const auto& step) { return !step.keys.empty(); });
+        const bool movesNothing = node.index == 0 && !placement.place; // the root of the cockpit object
+        count += std::max<std::size_t>(node.steps.size() + (movesNothing ? 0 : static_cast<std::size_t>(keyed)), 1);
+    }
+    return count;
+}
+
+std::uint64_t DrawnVertices(const XPObjData& data, Reading reading) {
+    std::uint64_t count = 0;
+    for (const XPObjDrawCall& call : data.drawCalls)
+        if (reading == Reading::Full ? IsPart(call, data) : IsPlainPart(call))
+            count += static_cast<std::uint64_t>(std::max(call.count, 0));
+    return count;
+}
+
 void XPObjConverter::Convert(const std::string& folder, const XPObjData& data, ModelData& model) {
-    CheckNodeCount(data.animNodes, model.sourcePath);
-    CheckNames(data, model.sourcePath);
-    model.emptyTextureLine = data.emptyTextureLine;
-    AddMaterials(folder, data.textures, model);
-    AddVertices(data.vertices, model);
-    model.indexBlocks.emplace_back().Children.assign(data.indices.begin(), data.indices.end());
+    XPObjPlacement placement;
+    placement.textureFolder = folder;
+    Convert(folder, data, model, placement);
+}
+
+void XPObjConverter::Convert(const std::string& folder, const XPObjData& data, ModelData& model,
+                             const XPObjPlacement& placement) {
+    const ListSizes before(model);
+    Check(data, model, placement);
+    model.reading = placement.reading;
+    if (!placement.place)
+        model.emptyTextureLine = data.emptyTextureLine;
+    AddMaterials(folder, data, model, placement);
+    const std::uint32_t block = AddBlocks(data, model, placement);
 
     std::vector<XPObjAnimNode> nodes = data.animNodes;
     std::vector<XPObjDrawCall> drawCalls = data.drawCalls;
+    if (placement.place)
+        AddPlaceNode(*placement.place, nodes, drawCalls);
+    const auto blocks = static_cast<std::uint32_t>(nodes.size());
     SplitAnimationSteps(nodes, drawCalls);
-    model.parts.reserve(drawCalls.size());
-    for (const XPObjDrawCall& call : drawCalls)
-        AddPart(call, model);
-    model.animations.reserve(nodes.size());
-    for (const XPObjAnimNode& node : nodes)
-        AddNode(node, model);
-    for (const XPObjAnimNode& node : nodes)
-        AddLinks(node, model.sceneElements.Children);
+    InsertAllKeyFrames(nodes, blocks);
+    AddParts(data, drawCalls, model, placement.reading);
+    for (std::size_t i = before.parts; i < model.parts.size(); ++i)
+        MoveIndices(model.parts[i], before, placement, block);
+    model.manipulators.insert(model.manipulators.end(), data.manipulators.begin(), data.manipulators.end());
+    AddNodes(nodes, model);
+    if (!placement.place)
+        MarkRootSteps(blocks, model);
 }
 
 /// Each split checks the links that it changes and keeps all others, so one check of the whole list at the end is
@@ -248,6 +384,30 @@ void XPObjConverter::SplitAnimationSteps(std::vector<XPObjAnimNode>& nodes, std:
 
 void XPObjConverter::SplitNode(std::vector<XPObjAnimNode>& nodes, std::vector<XPObjDrawCall>&, std::uint32_t index) {
     splitNodes[index] = SplitIntoChain(nodes, index);
+}
+
+void XPObjConverter::InsertAllKeyFrames(std::vector<XPObjAnimNode>& nodes, std::uint32_t blockCount) const {
+    // Those of the first node are outside all blocks of the cockpit object and move nothing; a place node has none.
+    nodes.front().keySteps.clear();
+    for (std::uint32_t index = 1; index < blockCount; ++index)
+        if (!nodes[index].keySteps.empty())
+            InsertKeyFrames(nodes, ChainOf(nodes, index));
+}
+
+std::vector<std::uint32_t> XPObjConverter::ChainOf(const std::vector<XPObjAnimNode>& nodes, std::uint32_t index) const {
+    std::vector<std::uint32_t> chain{index};
+    if (const auto split = splitNodes.find(index); split != splitNodes.end())
+        while (chain.back() != split->second)
+            chain.push_back(nodes[chain.back()].children.front());
+    return chain;
+}
+
+/// The nodes that the root's further steps were moved to follow the nodes of all blocks.
+void XPObjConverter::MarkRootSteps(std::uint32_t blockCount, ModelData& model) const {
+    model.animations.front().outsideBlocks = true;
+    if (const auto split = splitNodes.find(0); split != splitNodes.end())
+        for (std::uint32_t index = blockCount; index <= split->second; ++index)
+            model.animations[index].outsideBlocks = true;
 }
 
 } // namespace CockpitModel

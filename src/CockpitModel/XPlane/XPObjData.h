@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CockpitModel/Touch/Manipulator.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -42,7 +44,8 @@ struct XPObjDrawCall {
     bool drawEnabled = true;
     std::optional<XPObjManip> toggle, drag; ///< at most one is set
     std::uint32_t line = 0;                 ///< line number in the file, from 1
-    std::uint32_t manipLine = 0;            ///< line of the manipulator in force; 0 for none
+    std::uint32_t manipLine = 0;            ///< line of the toggle or drag in force; 0 for none
+    std::uint32_t manipulator = kXPObjNone; ///< full reading: the one in force, in XPObjData::manipulators
 };
 
 /// One "ANIM_trans" or "ANIM_rotate": exactly one of the two is set.
@@ -53,10 +56,28 @@ struct XPObjAnimStep {
     std::string dataref;
 };
 
+/// One "ANIM_trans_key" or "ANIM_rotate_key".
+struct XPObjKey {
+    float value = 0;              ///< the dataref's
+    std::array<float, 3> shift{}; ///< of a translation
+    float degrees = 0;            ///< of a rotation
+};
+
+/// One list of key frames, from its "ANIM_trans_begin" or "ANIM_rotate_begin" on.
+struct XPObjKeyStep {
+    bool turns = false;
+    std::array<float, 3> axis{}; ///< if it turns
+    std::string dataref;
+    std::vector<XPObjKey> keys;  ///< in the order of the file; without any it is no step
+    float loop = 0;              ///< of "ANIM_keyframe_loop"; 0 for none
+    std::size_t stepsBefore = 0; ///< number of the node's simple steps before it
+};
+
 struct XPObjAnimNode {
     std::uint32_t index = 0;
     std::uint32_t parent = kXPObjNone;
     std::vector<XPObjAnimStep> steps;
+    std::vector<XPObjKeyStep> keySteps; ///< only in the full reading
     std::vector<std::uint32_t> children;
 };
 
@@ -74,6 +95,7 @@ struct XPObjData {
     std::vector<std::int32_t> indices;
     std::vector<XPObjDrawCall> drawCalls;
     std::vector<XPObjAnimNode> animNodes; ///< entry 0 is the root
+    std::vector<Manipulator> manipulators; ///< full reading, in the order of the file
     std::uint32_t emptyTextureLine = 0;   ///< the first TEXTURE line without a path; 0 for none
     std::optional<XPObjNameExcess> nameExcess;
 };
