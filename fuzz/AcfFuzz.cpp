@@ -6,6 +6,7 @@
 #include "Utils/Text.h"
 
 #include <boost/lexical_cast.hpp>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -32,11 +33,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<std::string> values;
     Sim::ForEachAcfProperty(text, kKey, [&](std::string_view value) { values.emplace_back(value); });
     Fuzz::Require(values == ValuesByWords(text));
-    Fuzz::Require(Sim::LastAcfProperty(text, kKey) == (values.empty() ? "" : values.back()));
+    const std::string last = values.empty() ? "" : values.back();
+    Fuzz::Require(Sim::LastAcfProperty(text, kKey) == last);
+    std::istringstream file{std::string(text)};
+    Fuzz::Require(Sim::LastAcfProperty(file, kKey) == last);
 
-    const Fuzz::MemoryFile file(text);
+    const Fuzz::MemoryFile memoryFile(text);
     Sim::XPAircraftInfo info;
-    info.acfPath = file.Path();
+    info.acfPath = memoryFile.Path();
     try {
         Fuzz::Require(!info.CreateCockpit()->IsValid());
     } catch (const boost::bad_lexical_cast&) {

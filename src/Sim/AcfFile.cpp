@@ -65,4 +65,27 @@ std::string_view LastAcfProperty(std::string_view acf, std::string_view key) {
     return last;
 }
 
+std::string LastAcfProperty(std::istream& acf, std::string_view key) {
+    std::string block;
+    std::size_t blockSize = 64 << 10;
+    std::size_t end = acf.seekg(0, std::ios::end) ? static_cast<std::size_t>(acf.tellg()) : 0;
+    while (end != 0) {
+        const std::size_t begin = end - std::min(end, blockSize);
+        block.resize(end - begin);
+        acf.seekg(static_cast<std::streamoff>(begin));
+        if (!acf.read(block.data(), static_cast<std::streamsize>(block.size())))
+            return {};
+        const std::size_t firstLine = begin == 0 ? 0 : block.find('\n') + 1;
+        if (begin != 0 && (firstLine == 0 || firstLine == block.size())) {
+            blockSize *= 2; // the block is a part of one line
+            continue;
+        }
+        const std::string_view value = LastAcfProperty(std::string_view(block).substr(firstLine), key);
+        if (!value.empty())
+            return std::string(value);
+        end = begin + firstLine;
+    }
+    return {};
+}
+
 } // namespace Sim

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <istream>
+#include <string>
 #include <string_view>
 
 /// The text of an .acf file. Its property lines are "P <key> <value...>", separated by spaces and tabs. The value is
@@ -16,5 +18,9 @@ void ForEachAcfPropertyBelow(std::string_view acf, std::string_view prefix,
 
 /// The value of the last property line of a key; empty if there is none.
 std::string_view LastAcfProperty(std::string_view acf, std::string_view key);
+
+/// The same for a file opened in binary mode, read in blocks from its end until the key is found: a file of megabytes
+/// has its keys that begin with "acf/" near its end, as X-Plane writes keys in alphabetical order after the geometry.
+std::string LastAcfProperty(std::istream& acf, std::string_view key);
 
 } // namespace Sim

@@ -3,7 +3,6 @@
 #include "Sim/AcfFile.h"
 #include "Sim/XPAircraftInfo.h"
 #include "Utils/Files.h"
-#include "Utils/LineBlocks.h"
 #include "Utils/Text.h"
 
 #include <boost/filesystem/operations.hpp>
@@ -68,10 +67,8 @@ std::unique_ptr<AircraftInfo> XPAircraftListLoader::LoadAircraft(const std::stri
     info->acfPath = acfPath;
     info->displayName = fs::path(acfPath).filename().string();
     std::ifstream file = Utils::OpenFile(acfPath);
-    Utils::LineBlocks blocks(file);
-    for (std::string_view block; blocks.Next(block);)
-        if (const std::string_view description = LastAcfProperty(block, "acf/_descrip"); !description.empty())
-            info->displayName = Joined(description);
+    if (const std::string description = LastAcfProperty(file, "acf/_descrip"); !description.empty())
+        info->displayName = Joined(description);
     return info;
 }
 

@@ -3,6 +3,7 @@
 #include "Support/Sanitizers.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,15 @@ TEST(AcfFile, FindsKeysOnlyInPropertyLines) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(LastAcfProperty(row.text, "key"), row.value) << row.text;
+}
+
+TEST(AcfFile, ReadsAFileFromItsEnd) {
+    const std::string line = "P key " + std::string(100'000, 'x'), filler(65'530, '\n');
+    for (const std::string& after : {std::string(), filler, filler + line.substr(5), line.substr(5) + filler})
+        for (const std::string& before : {std::string("P key one\n"), filler}) {
+            std::istringstream file(before + line + '\n' + after);
+            EXPECT_EQ(LastAcfProperty(file, "key"), line.substr(6)) << before.size() << ' ' << after.size();
+        }
 }
 
 TEST(AcfFile, ReturnsEachLineOfAKeyInOrder) {
