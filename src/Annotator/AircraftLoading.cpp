@@ -5,6 +5,7 @@
 
 #include <boost/filesystem/operations.hpp>
 #include <fstream>
+#include <stdexcept>
 
 namespace Annotator {
 
@@ -31,11 +32,22 @@ void GivePlainMaterial(CockpitModel::ModelData& model) {
     material.Alpha = 1;
 }
 
+std::string NothingToTouchText(const CockpitModel::AircraftCockpit& cockpit) {
+    std::string text = "nothing that can be touched was found; looked at";
+    const char* separator = " ";
+    for (const std::string& file : cockpit.lookedAt) {
+        text += separator + file;
+        separator = ", ";
+    }
+    return text;
+}
+
 } // namespace
 
-OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
+OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
+                            CockpitModel::Reading reading) {
     OpenedAircraft opened;
-    opened.cockpit = info.CreateCockpit();
+    opened.cockpit = info.CreateCockpitFor(reading);
     opened.panels = std::make_unique<CockpitModel::PanelSet>();
     std::ifstream configuration = Utils::OpenFile(opened.cockpit->panelConfigPath);
     opened.panels->Read(configuration, repository);
@@ -43,19 +55,22 @@ OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRe
 }
 
 BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const LoadOptions& options) {
+    const CockpitModel::Reading reading = opened.cockpit->reading;
+    if (reading == CockpitModel::Reading::Full && !opened.cockpit->IsValid())
+        throw std::runtime_error(NothingToTouchText(*opened.cockpit));
     BuiltAircraft built;
     built.model = opened.cockpit->LoadModel();
-    if (options.untextured)
+    if (options.untextured || reading == CockpitModel::Reading::Full)
         GivePlainMaterial(*built.model);
     built.sceneGraph = std::make_shared<CockpitModel::SceneGraph>(*built.model, *opened.cockpit, opened.panels.get());
-    CockpitModel::InteractionDetector().Detect(*built.sceneGraph);
+    CockpitModel::InteractionDetector().Detect(*built.sceneGraph, reading);
     return built;
 }
 
 LoadedAircraft LoadAircraft(const Sim::AircraftInfo& info, const LoadOptions& options) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
     LoadedAircraft loaded;
-    loaded.opened = OpenAircraft(info, repository);
+    loaded.opened = OpenAircraft(info, repository, options.reading);
     loaded.built = BuildAircraft(loaded.opened, options);
     return loaded;
 }

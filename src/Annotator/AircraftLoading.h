@@ -27,15 +27,19 @@ struct BuiltAircraft {
 
 /// Differences from how the desktop tool loads.
 struct LoadOptions {
+    CockpitModel::Reading reading = CockpitModel::Reading::Plain;
+    /// Of the plain reading; the full one always does it.
     bool untextured = false; ///< give parts without a material a plain one, without which the cockpit cannot be built
 };
 
 /// If the panel configuration cannot be read, the set is empty. A pilot's eye that is not a number throws
 /// boost::bad_lexical_cast.
-OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository);
+OpenedAircraft OpenAircraft(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
+                            CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 
-/// Loads the model, builds its scene graph and runs the detection. An inconsistent model throws Utils::OutOfRange with
-/// the reason.
+/// Loads the model, builds its scene graph and runs the detection, in the reading in which the aircraft was opened. An
+/// inconsistent model throws Utils::OutOfRange with the reason; in the full reading, a cockpit that is not valid throws
+/// std::runtime_error.
 BuiltAircraft BuildAircraft(const OpenedAircraft& opened, const LoadOptions& options = {});
 
 /// The results of both operations. The scene graph, which points into the panel set, is destroyed first.

@@ -35,6 +35,16 @@ CLI::Option* AddAircraftOptions(CLI::App& app, AircraftOptions& options) {
     return AddSelectionOptions(app, options);
 }
 
+void AddFullOption(CLI::App& app, Annotator::LoadOptions& load) {
+    app.add_flag_callback(
+        "--full",
+        [&load] {
+            load.reading = CockpitModel::Reading::Full;
+            load.untextured = true;
+        },
+        "Also read all other manipulators, key frames and attached objects; implies --untextured");
+}
+
 CLI::Option* AddSelectionOptions(CLI::App& app, AircraftOptions& options) {
     AddJobsOption(app, options.jobs);
     return app.add_option("AIRCRAFT", options.names, "Only these aircraft")->type_name("");

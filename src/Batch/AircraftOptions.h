@@ -31,6 +31,8 @@ struct SingleAircraftOptions {
 CLI::Option* AddAircraftOptions(CLI::App& app, AircraftOptions& options);
 /// Without --untextured, for a command that always loads such cockpits.
 CLI::Option* AddSelectionOptions(CLI::App& app, AircraftOptions& options);
+/// Adds --full, the full reading.
+void AddFullOption(CLI::App& app, Annotator::LoadOptions& load);
 /// Adds --untextured and AIRCRAFT.
 void AddAircraftOptions(CLI::App& app, SingleAircraftOptions& options);
 

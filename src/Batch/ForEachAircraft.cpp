@@ -7,6 +7,8 @@ namespace {
 /// True if the job failed.
 bool Use(const JobResult& result, Console& console, const ResultUse& use) {
     const Sim::AircraftInfo& info = *result.aircraft;
+    for (const std::string& remark : result.remarks)
+        console.Message(NameOf(info) + ": " + remark);
     if (!result.failure)
         use.take(info, result.output);
     else if (use.fail)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "CockpitModel/ModelData.h"
+#include "CockpitModel/Reading.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace CockpitModel {
 
@@ -20,7 +22,9 @@ struct AircraftCockpit {
     Utils::Vector3 pilotEye = Utils::Vector3::Zero();    ///< metres, in the model's axes
     std::string panelConfigPath;                         ///< empty for X-Plane aircraft
     std::string furtherPath;                             ///< nothing reads it
-    std::string textureFolder; ///< base of relative texture names; empty if they are full paths
+    Reading reading = Reading::Plain;
+    std::vector<std::string> lookedAt; ///< full reading: the files in which something to touch was sought
+    std::string textureFolder;         ///< base of relative texture names; empty if they are full paths
 };
 
 } // namespace CockpitModel

@@ -38,7 +38,7 @@ struct NodePart : Utils::NonAssignable {
     std::string textureName;
     const Material* material = nullptr;       ///< in the graph's model
     const Manipulator* manipulator = nullptr; ///< in the graph's model; null without one and in the plain reading
-    Panel* panel = nullptr;             ///< the panel shown on this part's texture
+    Panel* panel = nullptr;                   ///< the panel shown on this part's texture
 
     /// Measurements of the part's motion, in node space, metres; see AnalysePartMotion.
     Utils::Vector3 FarthestVertex = Utils::Vector3::Zero();

@@ -16,9 +16,7 @@ using Rendering::GeometryVertex;
 using Soup = std::vector<GeometryVertex>;
 using Nodes = std::vector<std::unique_ptr<Node>>;
 
-/// Draw calls may repeat the same vertices and texture name, so that a small file could exhaust memory with copies.
-/// Real cockpits draw up to a few million vertices.
-constexpr std::uint64_t kMostVertices = 1 << 24;
+/// Draw calls may repeat the same texture name, so that a small file could exhaust memory with copies.
 constexpr std::uint64_t kMostNameBytes = 1 << 28;
 
 /// "<file>(<line>): <what>", without file and line if unknown.
@@ -171,11 +169,11 @@ void CheckPartSizes(const ModelData& model) {
         if (end <= IndexPoolSize(model, block)) // otherwise CheckIndexRange throws
             vertices += block.IndexCount;
         nameBytes += TextureNameOf(model, block).size();
-        if (vertices > kMostVertices)
+        if (vertices > kMostDrawnVertices)
             throw Utils::OutOfRange(AtSource(model, block,
                                              "the TRIS lines up to this one draw " + std::to_string(vertices) +
                                                  " vertices; a cockpit draws at most " +
-                                                 std::to_string(kMostVertices)));
+                                                 std::to_string(kMostDrawnVertices)));
         if (nameBytes > kMostNameBytes)
             throw Utils::OutOfRange(AtSource(model, block,
                                              "the texture names of the TRIS lines up to this one take " +

@@ -3,12 +3,17 @@
 #include "CockpitModel/ModelData.h"
 #include "CockpitModel/Node.h"
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
 namespace CockpitModel {
 
 class PanelSet;
+
+/// Draw calls may repeat the same vertices, so that a small file could exhaust memory with copies. Real cockpits draw
+/// up to a few million vertices.
+inline constexpr std::uint64_t kMostDrawnVertices = 1 << 24;
 
 /// Throws Utils::OutOfRange for a model whose parts would take too much memory, before any of it is taken.
 void CheckPartSizes(const ModelData& model);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CockpitModel/Reading.h"
+
 #include <memory>
 #include <string>
 
@@ -15,6 +17,9 @@ struct AircraftInfo {
     virtual std::unique_ptr<CockpitModel::AircraftCockpit> CreateCockpit() const = 0;
     virtual bool operator!=(const AircraftInfo& other) const;
     virtual std::unique_ptr<AircraftInfo> Clone() const = 0;
+    /// A cockpit for a reading, which CreateCockpit makes for the plain one. An aircraft without files of its own has
+    /// no other.
+    virtual std::unique_ptr<CockpitModel::AircraftCockpit> CreateCockpitFor(CockpitModel::Reading reading) const;
 
     std::string acfPath;     ///< relative to the installation; starts with "Aircraft"
     std::string displayName; ///< the file's bytes, unconverted

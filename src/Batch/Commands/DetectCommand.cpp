@@ -21,11 +21,15 @@ struct DetectOptions {
     AircraftOptions aircraft;
 };
 
-std::string DetectOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
+/// In a folder of their own, because the full reading has further parts and other types.
+constexpr const char* kFullFolder = "QVRA/AirLogs/full";
+
+JobOutput DetectOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     Logging::Logger& log = Logging::Logger::Get();
     log.Log(HERE, "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
     try {
-        return Annotator::DetectedDataXml(*Annotator::LoadAircraft(info, load).built.sceneGraph);
+        const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, load);
+        return {Annotator::DetectedDataXml(*aircraft.built.sceneGraph), aircraft.built.model->remarks};
     } catch (const std::exception&) {
         // The same line as in the desktop tool's log; the reason goes to the caller of the program.
         log.Log(HERE, "Failed to load model.  Skipping...");
@@ -73,9 +77,13 @@ private:
     bool notWritten = false;
 };
 
+std::string DefaultFolder(const Annotator::LoadOptions& load) {
+    return load.reading == CockpitModel::Reading::Full ? kFullFolder : Annotator::DetectedDataFolder();
+}
+
 ExitCode Detect(const DetectOptions& options, Session& session) {
     const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
-    const std::string folder = options.folder.empty() ? Annotator::DetectedDataFolder() : options.folder;
+    const std::string folder = options.folder.empty() ? DefaultFolder(options.aircraft.load) : options.folder;
     // A command that writes into QVRA also installs the data files that the desktop tool needs there.
     if (const std::string problem = options.folder.empty() ? Annotator::InstallDataFiles() : ""; !problem.empty())
         session.console.Message(problem);
@@ -95,6 +103,7 @@ Action PrepareDetect(CLI::App& app) {
     auto options = std::make_shared<DetectOptions>();
     app.add_option("--out", options->folder, "Folder for the files (default: QVRA/AirLogs/... in the installation)")
         ->type_name("DIR");
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Detect(*options, session); };
 }

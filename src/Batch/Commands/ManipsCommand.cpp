@@ -10,8 +10,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <boost/algorithm/string/join.hpp>
 #include <iostream>
 #include <memory>
+#include <tuple>
 
 namespace Batch {
 
@@ -25,18 +27,28 @@ struct ManipulatorOptions {
     AircraftOptions aircraft;
 };
 
-constexpr std::array kColumns{"node", "part", "line",     "manipulator", "from",
-                              "to",   "type", "override", "expected",    "dataref"};
+/// The dataref is last because only its length is unlimited.
+constexpr std::array kPlainColumns{"node", "part", "line",     "manipulator", "from",
+                                   "to",   "type", "override", "expected",    "dataref"};
+/// Further columns of the full reading.
+constexpr std::array kFullColumns{"object", "drawLine", "keyword", "names", "event"};
 
-/// The values of a line, by column. The dataref is last because only its length is unlimited.
-using Row = std::array<Json, kColumns.size()>;
+/// The values of a line, by column.
+using Row = std::vector<Json>;
 
-struct Manipulator {
-    const char* kind = "other";
+std::vector<const char*> ColumnsOf(const ManipulatorOptions& options) {
+    std::vector<const char*> columns(kPlainColumns.begin(), kPlainColumns.end());
+    if (options.aircraft.load.reading == CockpitModel::Reading::Full)
+        columns.insert(columns.end(), kFullColumns.begin(), kFullColumns.end());
+    return columns;
+}
+
+struct ShownManipulator {
+    Json kind = "other";
     Json from, to, dataref;
 };
 
-Manipulator ManipulatorOf(const MouseRect& rect) {
+ShownManipulator ManipulatorOf(const MouseRect& rect) {
     if (const auto* toggle = dynamic_cast<const CockpitModel::CallbackXPToggle*>(rect.EventCallback.get()))
         return {"toggle", toggle->ValA, toggle->ValB, JsonText(toggle->Var)};
     if (const auto* drag = dynamic_cast<const CockpitModel::CallbackXPVariable*>(rect.VariableCallback.get()))
@@ -44,14 +56,41 @@ Manipulator ManipulatorOf(const MouseRect& rect) {
     return {};
 }
 
+/// In the words of the plain reading; null for a yoke part without a manipulator.
+Json KindOf(const CockpitModel::Manipulator* manipulator) {
+    if (!manipulator)
+        return {};
+    return manipulator->keyword == "toggle" ? "toggle" : manipulator->keyword == "drag_axis" ? "drag" : "other";
+}
+
+ShownManipulator FullManipulatorOf(const NodePart& part) {
+    ShownManipulator shown{KindOf(part.manipulator), {}, {}, {}};
+    if (!part.manipulator)
+        return shown;
+    if (const auto range = part.manipulator->Range())
+        std::tie(shown.from, shown.to) = *range;
+    if (!part.manipulator->names.empty())
+        shown.dataref = JsonText(part.manipulator->names.front());
+    return shown;
+}
+
 Json TypeOrNull(const std::optional<CockpitModel::TouchInteractionType>& type) {
     return type ? Json(TouchInteractionTypeToText(*type)) : Json();
 }
 
-Row RowOf(const NodePart& part, const CockpitModel::AnnotationStore& store) {
-    const Manipulator manipulator = ManipulatorOf(*part.Rect());
+void AddFullColumns(const NodePart& part, Row& row) {
+    const CockpitModel::ModelData& model = part.node->graph->Model();
+    row.push_back(JsonText(model.objects.at(part.block.Object).name));
+    row.push_back(part.block.SourceLine);
+    row.push_back(part.manipulator ? part.manipulator->keyword : "");
+    row.push_back(JsonText(part.manipulator ? boost::algorithm::join(part.manipulator->names, " ") : ""));
+    row.push_back(TouchEventTypeToText(part.EventType));
+}
+
+Row RowOf(const NodePart& part, const CockpitModel::AnnotationStore& store, bool full) {
+    const ShownManipulator manipulator = full ? FullManipulatorOf(part) : ManipulatorOf(*part.Rect());
     const CockpitModel::AnnotationRecord record = store.Get(part).value_or(CockpitModel::AnnotationRecord());
-    return {part.node->index,
+    Row row{part.node->index,
             part.id,
             part.block.ManipulatorLine,
             manipulator.kind,
@@ -61,17 +100,21 @@ Row RowOf(const NodePart& part, const CockpitModel::AnnotationStore& store) {
             TypeOrNull(record.InteractionType),
             TypeOrNull(record.InteractionTypeTest),
             manipulator.dataref};
+    if (full)
+        AddFullColumns(part, row);
+    return row;
 }
 
-std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
-    const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, load);
+std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::LoadedAircraft& aircraft) {
+    const bool full = aircraft.opened.cockpit->reading == CockpitModel::Reading::Full;
     const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
     CockpitModel::AnnotationStore store(sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
     std::vector<Row> rows;
     for (const auto& node : sceneGraph.Nodes())
-        for (const NodePart* part : node->clickableParts)
-            rows.push_back(RowOf(*part, store));
+        for (const auto& part : node->parts)
+            if (part->Rect() || (full && IsYoke(part->InteractionType)))
+                rows.push_back(RowOf(*part, store, full));
     return rows;
 }
 
@@ -95,21 +138,23 @@ std::string CsvLines(const Sim::AircraftInfo& info, const std::vector<Row>& rows
     return text;
 }
 
-std::string JsonLines(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
+std::string JsonLines(const Sim::AircraftInfo& info, const std::vector<const char*>& columns,
+                      const std::vector<Row>& rows) {
     std::string text;
     for (const Row& row : rows) {
         Json object{{"acfPath", JsonText(info.acfPath)}};
         for (std::size_t i = 0; i < row.size(); ++i)
-            object[kColumns[i]] = row[i];
+            object[columns[i]] = row[i];
         text += (text.empty() ? "  " : ",\n  ") + object.dump();
     }
     return text;
 }
 
-std::string Table(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
-    std::vector<std::vector<std::string>> lines(rows.size() + 1, std::vector<std::string>(kColumns.size()));
-    for (std::size_t i = 0; i < kColumns.size(); ++i) {
-        lines.front()[i] = kColumns[i];
+std::string Table(const Sim::AircraftInfo& info, const std::vector<const char*>& columns,
+                  const std::vector<Row>& rows) {
+    std::vector<std::vector<std::string>> lines(rows.size() + 1, std::vector<std::string>(columns.size()));
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        lines.front()[i] = columns[i];
         for (std::size_t row = 0; row < rows.size(); ++row)
             lines[row + 1][i] = rows[row][i].is_null() ? "-" : Shown(Plain(rows[row][i]));
     }
@@ -117,14 +162,19 @@ std::string Table(const Sim::AircraftInfo& info, const std::vector<Row>& rows) {
            (rows.empty() ? std::string() : AlignedTable(lines, "  "));
 }
 
-std::string FormOf(const ManipulatorOptions& options, const Sim::AircraftInfo& info) {
-    const std::vector<Row> rows = RowsOf(info, options.aircraft.load);
-    return options.csv ? CsvLines(info, rows) : options.json ? JsonLines(info, rows) : Table(info, rows);
+JobOutput FormOf(const ManipulatorOptions& options, const Sim::AircraftInfo& info) {
+    const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, options.aircraft.load);
+    const std::vector<Row> rows = RowsOf(info, aircraft);
+    const std::vector<const char*> columns = ColumnsOf(options);
+    return {options.csv    ? CsvLines(info, rows)
+            : options.json ? JsonLines(info, columns, rows)
+                           : Table(info, columns, rows),
+            aircraft.built.model->remarks};
 }
 
-std::string CsvHeading() {
+std::string CsvHeading(const ManipulatorOptions& options) {
     std::string heading = "acfPath";
-    for (const char* column : kColumns)
+    for (const char* column : ColumnsOf(options))
         heading += std::string(",") + column;
     return heading + '\n';
 }
@@ -132,7 +182,7 @@ std::string CsvHeading() {
 ExitCode Manips(const ManipulatorOptions& options, Session& session) {
     const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
     const char* separator = options.json ? "[\n" : "";
-    std::cout << (options.csv ? CsvHeading() : "");
+    std::cout << (options.csv ? CsvHeading(options) : "");
     const auto take = [&](const Sim::AircraftInfo&, const std::string& output) {
         if (output.empty())
             return;
@@ -153,6 +203,7 @@ Action PrepareManips(CLI::App& app) {
     auto options = std::make_shared<ManipulatorOptions>();
     CLI::Option* const csv = app.add_flag("--csv", options->csv, "Print a table for spreadsheets");
     app.add_flag("--json", options->json, "Print a list of JSON objects")->excludes(csv);
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Manips(*options, session); };
 }

@@ -163,7 +163,7 @@ private:
         const bool answered = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !process.received.empty();
         const Sim::AircraftInfo& its = *aircraft[process.index];
         waiting[process.index] =
-            answered ? DecodeResult(its, process.received) : JobResult{&its, {}, HowItEnded(status)};
+            answered ? DecodeResult(its, process.received) : JobResult{&its, {}, HowItEnded(status), {}};
     }
 
     const AircraftSelection& aircraft;

@@ -6,18 +6,29 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace Batch {
 
-/// The work for one aircraft. It runs in a separate process that has a log and whose only output is the returned
-/// string.
-using Job = std::function<std::string(const Sim::AircraftInfo&)>;
+/// What a job returns.
+struct JobOutput {
+    JobOutput(std::string result, std::vector<std::string> notes = {})
+        : text(std::move(result)), remarks(std::move(notes)) {}
+
+    std::string text;
+    std::vector<std::string> remarks; ///< messages for the user
+};
+
+/// The work for one aircraft. It runs in a separate process that has a log and whose only output is what it returns.
+using Job = std::function<JobOutput(const Sim::AircraftInfo&)>;
 
 /// The result of the job for one aircraft.
 struct JobResult {
     const Sim::AircraftInfo* aircraft = nullptr;
     std::string output;                 ///< what the job returned
     std::optional<std::string> failure; ///< the reason, if it threw or its process ended without a result
+    std::vector<std::string> remarks = {};
 };
 
 /// Runs a job for each aircraft in a separate process, up to `processes` in parallel, so that a crash, an abort or an

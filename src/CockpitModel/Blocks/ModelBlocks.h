@@ -112,7 +112,7 @@ public:
     std::uint32_t IndexOffset = 0;
     std::uint32_t IndexCount = 0;
     std::int32_t MouseRectIndex = -1;
-    MouseRect* mouseRect = nullptr;    ///< owned by the model's shared list
+    MouseRect* mouseRect = nullptr; ///< owned by the model's shared list
     std::uint32_t IndexBlock = 0;
     std::uint32_t Object = 0;           ///< the file that it came from: index in ModelData::objects
     std::uint32_t SourceLine = 0;       ///< line of the "TRIS" in that file, from 1; 0 for none

@@ -64,8 +64,10 @@ void WriteJoined(std::ostream& stream, const Values& values) {
 } // namespace
 
 std::optional<std::pair<float, float>> Manipulator::Range() const {
-    const auto at = static_cast<std::size_t>(rangeAt);
-    return rangeAt < 0 ? std::nullopt : std::optional(std::pair(numbers.at(at), numbers.at(at + 1)));
+    if (rangeAt < 0)
+        return std::nullopt;
+    const auto at = static_cast<std::size_t>(rangeAt + 2 * firstName);
+    return std::pair(numbers.at(at), numbers.at(at + 1));
 }
 
 ManipulatorDecision DecideManipulator(const Manipulator& manipulator) {

@@ -22,11 +22,11 @@ struct Manipulator {
     std::vector<float> numbers;     ///< in the order of the line
     std::vector<std::string> names; ///< datarefs or commands; without placeholders for no dataref
     std::string tooltip;
-    std::int32_t rangeAt = -1;    ///< place in `numbers` of the first dataref's range of values; -1 if it has none
-    std::int32_t firstName = 0;   ///< number of names on the line before names.front()
-    std::uint32_t line = 0;       ///< in its object, from 1
+    std::int32_t rangeAt = -1;  ///< place in `numbers` of the first dataref's range of values; -1 if it has none
+    std::int32_t firstName = 0; ///< number of names on the line before names.front()
+    std::uint32_t line = 0;     ///< in its object, from 1
 
-    /// The two values of the keyword's first dataref.
+    /// The two values of names.front(); empty if the keyword gives it none.
     std::optional<std::pair<float, float>> Range() const;
 };
 

@@ -1,5 +1,7 @@
 #include "CockpitModel/XPlane/AttachedObjects.h"
 
+#include "CockpitModel/XPlane/ObjectScan.h"
+#include "CockpitModel/XPlane/XPAircraftCockpit.h"
 #include "Sim/AcfFile.h"
 #include "Utils/Files.h"
 #include "Utils/Numbers.h"
@@ -12,7 +14,8 @@
 #include <boost/lexical_cast.hpp>
 #include <cmath>
 #include <map>
-#include <optional>
+#include <set>
+#include <tuple>
 
 namespace fs = boost::filesystem;
 
@@ -28,7 +31,8 @@ float NumberOf(std::string_view key, std::string_view value, AttachedEntry& entr
     float number = 0;
     if (boost::conversion::try_lexical_convert(word.data(), word.size(), number) && std::isfinite(number))
         return number;
-    entry.faults.push_back(std::string(key) + " is \"" + std::string(word) + "\", which is not a number; read as 0");
+    entry.faults.push_back("has \"" + std::string(word) + "\" as its " + std::string(key) +
+                           ", which is not a number; read as 0");
     return 0;
 }
 
@@ -44,9 +48,9 @@ AttachedEntry EntryOf(std::uint32_t number, const EntryKeys& keys) {
     };
     if (const auto file = keys.find("_v10_att_file_stl"); file != keys.end())
         entry.file = file->second;
-    entry.place = Utils::Vector3(read("_v10_att_x_acf_prt_ref"), read("_v10_att_y_acf_prt_ref"),
-                                 read("_v10_att_z_acf_prt_ref")) *
-                  kMetresPerFoot;
+    entry.place =
+        Utils::Vector3(read("_v10_att_x_acf_prt_ref"), read("_v10_att_y_acf_prt_ref"), read("_v10_att_z_acf_prt_ref")) *
+        kMetresPerFoot;
     for (const char* angle : {"_v10_att_phi_ref", "_v10_att_the_ref", "_v10_att_psi_ref"})
         entry.turned |= read(angle) != 0;
     return entry;
@@ -82,6 +86,73 @@ std::string ProblemOf(const fs::path& path, const fs::path& acf) {
     return Utils::OpenFile(path).is_open() ? "" : "cannot be read";
 }
 
+/// Sorts the entries of an .acf into the cockpit object itself, the objects to read and the remarks.
+class Selection {
+public:
+    Selection(const fs::path& acfPath, const fs::path& cockpitObject) : acf(acfPath), cockpit(cockpitObject) {}
+
+    void Add(const AttachedEntry& entry) {
+        const AttachedFile file = FindAttachedFile(acf, entry.file);
+        if (!file.problem.empty()) {
+            Remark(entry, file.problem);
+            return;
+        }
+        if (IsSameFile(file.path, cockpit))
+            AddCockpit(entry);
+        else if (IsNew(file, entry.place))
+            AddObject(entry, file);
+    }
+
+    AttachedObjects Take() {
+        for (AttachedObject& object : found.objects)
+            object.place -= found.cockpitPlace;
+        return std::move(found);
+    }
+
+private:
+    void Remark(const AttachedEntry& entry, const std::string& text) {
+        found.remarks.push_back(AttachedName(entry.number, entry.file) + " " + text);
+    }
+
+    void AddCockpit(const AttachedEntry& entry) {
+        if (!cockpitFound)
+            found.cockpitPlace = entry.place;
+        cockpitFound = true;
+        if (entry.file != "../" + CockpitObjectPath(acf).filename().string())
+            Remark(entry, "is the cockpit object by another name; it is not read again");
+    }
+
+    /// False for a file that was already seen at this place.
+    bool IsNew(const AttachedFile& file, const Utils::Vector3& place) {
+        boost::system::error_code error;
+        const fs::path real = fs::canonical(file.path, error);
+        return seen.insert({real.string(), place.x(), place.y(), place.z()}).second;
+    }
+
+    void AddObject(const AttachedEntry& entry, const AttachedFile& file) {
+        const auto [touched, isNew] = canBeTouched.try_emplace(file.name, false);
+        if (isNew) {
+            std::ifstream stream = Utils::OpenFile(file.path);
+            touched->second = CanBeTouched(stream);
+            found.lookedAt.push_back(file.name);
+        }
+        if (!touched->second)
+            return;
+        for (const std::string& fault : entry.faults)
+            Remark(entry, fault);
+        if (entry.turned)
+            Remark(entry, "has a rotation, which is not applied");
+        found.objects.push_back({entry.number, file.name, file.path.string(), entry.place});
+    }
+
+    const fs::path& acf;
+    const fs::path& cockpit;
+    AttachedObjects found;
+    bool cockpitFound = false;
+    std::set<std::tuple<std::string, float, float, float>> seen;
+    std::map<std::string, bool> canBeTouched; ///< by name
+};
+
 } // namespace
 
 std::vector<AttachedEntry> ReadAttachedEntries(std::string_view acf) {
@@ -114,6 +185,17 @@ AttachedFile FindAttachedFile(const fs::path& acf, const std::string& file) {
     if (!result.problem.empty())
         result.path.clear();
     return result;
+}
+
+AttachedObjects FindAttachedObjects(const fs::path& acf, std::string_view acfText, const fs::path& cockpitObject) {
+    Selection selection(acf, cockpitObject);
+    for (const AttachedEntry& entry : ReadAttachedEntries(acfText))
+        selection.Add(entry);
+    return selection.Take();
+}
+
+std::string AttachedName(std::uint32_t number, const std::string& file) {
+    return "attached object " + std::to_string(number) + " (" + file + ")";
 }
 
 bool IsSameFile(const fs::path& a, const fs::path& b) {

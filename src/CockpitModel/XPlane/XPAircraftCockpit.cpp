@@ -1,5 +1,6 @@
 #include "CockpitModel/XPlane/XPAircraftCockpit.h"
 
+#include "CockpitModel/XPlane/AttachedModels.h"
 #include "CockpitModel/XPlane/XPObjConverter.h"
 #include "CockpitModel/XPlane/XPObjReader.h"
 #include "Logging/Logger.h"
@@ -51,7 +52,7 @@ boost::filesystem::path CockpitObjectPath(const boost::filesystem::path& acf) {
     return acf.parent_path() / (acf.stem().string() + "_cockpit.obj");
 }
 
-XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info) {
+XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info, Reading howToRead) {
     Logging::Logger::Get().Log(kPlace, __LINE__, "AircraftCockpit::GenerateXP");
     const boost::filesystem::path acfPath = info.acfPath;
     aircraftFolder = acfPath.parent_path().string();
@@ -61,20 +62,44 @@ XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info) {
     ReadFeet(info.acfPath, acf, "acf/_pe_xyz/0", kMetresPerFoot, pilotEye.x());
     ReadFeet(info.acfPath, acf, "acf/_pe_xyz/1", kMetresPerFoot, pilotEye.y());
     ReadFeet(info.acfPath, acf, "acf/_pe_xyz/2", -kMetresPerFoot, pilotEye.z()); // X-Plane's axes are right-handed
+    reading = howToRead;
+    if (reading == Reading::Plain)
+        return;
+    attached = FindAttachedObjects(acfPath, acf, cockpitObjPath);
+    lookedAt = attached.lookedAt;
+    lookedAt.insert(lookedAt.begin(), CockpitObjectPath(acfPath).filename().string());
+    // The model's origin is that of the cockpit object; the eye counts from the aircraft's reference point.
+    const Utils::Vector3& place = attached.cockpitPlace;
+    modelOffset = {-place.x(), -place.y(), place.z()};
 }
 
 std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     auto model = std::make_unique<ModelData>();
     model->sourcePath = cockpitObjPath;
+    LoadCockpitObject(*model);
+    if (reading == Reading::Plain)
+        return model;
+    model->remarks = attached.remarks;
+    AddAttachedObjects(aircraftFolder, attached.objects, *model);
+    for (const std::string& remark : model->remarks)
+        Logging::Logger::Get().Log(kPlace, __LINE__, remark);
+    return model;
+}
+
+void XPAircraftCockpit::LoadCockpitObject(ModelData& model) const {
     if (const std::string tooLarge = Utils::TooLargeText(cockpitObjPath); !tooLarge.empty())
         throw std::runtime_error(tooLarge);
     XPObjData data;
     std::ifstream stream = Utils::OpenFile(cockpitObjPath);
     if (!stream.is_open())
         Logging::Logger::Get().Log(kPlace, __LINE__, "There is no readable object at \"" + cockpitObjPath + "\"");
-    ReadXPObj(stream, data);
-    XPObjConverter().Convert(aircraftFolder, data, *model);
-    return model;
+    ReadXPObj(stream, data, reading);
+    XPObjPlacement placement;
+    placement.reading = reading;
+    placement.textureFolder = aircraftFolder;
+    if (!cockpitObjPath.empty())
+        model.objects.push_back({boost::filesystem::path(cockpitObjPath).filename().string(), cockpitObjPath});
+    XPObjConverter().Convert(aircraftFolder, data, model, placement);
 }
 
 } // namespace CockpitModel

@@ -94,9 +94,9 @@ struct XPObjData {
     std::vector<XPObjVertex> vertices;
     std::vector<std::int32_t> indices;
     std::vector<XPObjDrawCall> drawCalls;
-    std::vector<XPObjAnimNode> animNodes; ///< entry 0 is the root
+    std::vector<XPObjAnimNode> animNodes;  ///< entry 0 is the root
     std::vector<Manipulator> manipulators; ///< full reading, in the order of the file
-    std::uint32_t emptyTextureLine = 0;   ///< the first TEXTURE line without a path; 0 for none
+    std::uint32_t emptyTextureLine = 0;    ///< the first TEXTURE line without a path; 0 for none
     std::optional<XPObjNameExcess> nameExcess;
 };
 

@@ -1,5 +1,6 @@
 #include "CockpitModel/XPlane/XPObjReader.h"
 
+#include "CockpitModel/XPlane/FullLines.h"
 #include "CockpitModel/XPlane/NumberText.h"
 #include "Utils/Files.h"
 #include "Utils/LineBlocks.h"
@@ -79,6 +80,9 @@ public:
         return {start, at};
     }
 
+    /// What stands behind the values that were read.
+    std::string_view Rest() const { return {at, NextLine() - 1}; }
+
     const char* NextLine() const {
         return static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at))) + 1;
     }
@@ -98,7 +102,8 @@ private:
 /// Adds lines to the data and keeps the state in force.
 class Reader {
 public:
-    Reader(XPObjData& target, std::size_t size) : data(target), textSize(size), mostNameBytes(kNameBytes + 2 * size) {
+    Reader(XPObjData& target, Reading howToRead, std::size_t size)
+        : data(target), reading(howToRead), full(target), textSize(size), mostNameBytes(kNameBytes + 2 * size) {
         data.textures.emplace_back(kPanelTexture);
         data.animNodes.emplace_back();
     }
@@ -125,10 +130,13 @@ public:
 
 private:
     XPObjAnimNode& CurrentNode() { return data.animNodes[inForce.animNode]; }
-    static XPObjManip Manipulator(Line& line);
+    static XPObjManip ManipulatorValues(Line& line);
     void CountName(std::string& name);
+    void CountNames(const Manipulator& manipulator);
 
     XPObjData& data;
+    Reading reading;
+    FullLines full;
     XPObjDrawCall inForce; ///< the next draw call without its range; its node is that of the innermost open block
     std::uint32_t ownTexture = kXPObjNone;
     bool panelTexture = false;
@@ -171,6 +179,10 @@ void Reader::ReadLines(const char* text, const char* end) {
         ++lineNumber;
         Line line(text, end);
         const std::string_view name = line.Token();
+        if (reading == Reading::Full && name.starts_with('A')) {
+            full.Read(name, line.Rest(), lineNumber, inForce.animNode);
+            inForce.manipulator = full.InForce();
+        }
         for (const Keyword& keyword : kKeywords) {
             if (keyword.name == name) {
                 (this->*keyword.read)(line);
@@ -230,6 +242,16 @@ void Reader::Triangles(Line& line) {
     for (std::optional<XPObjManip>* manip : {&call.toggle, &call.drag})
         if (*manip)
             CountName((*manip)->dataref);
+    if (call.manipulator != kXPObjNone)
+        CountNames(data.manipulators[call.manipulator]);
+}
+
+/// The rectangles of the parts copy the names; those of a toggle and a drag are counted as such.
+void Reader::CountNames(const Manipulator& manipulator) {
+    const bool counted = manipulator.keyword == "toggle" || manipulator.keyword == "drag_axis";
+    for (std::string name : manipulator.names)
+        if (!counted)
+            CountName(name);
 }
 
 void Reader::CountName(std::string& name) {
@@ -282,7 +304,7 @@ void Reader::NoManipulator(Line&) {
 void Reader::Toggle(Line& line) {
     NoManipulator(line);
     line.Word(); // the cursor
-    inForce.toggle = Manipulator(line);
+    inForce.toggle = ManipulatorValues(line);
     inForce.manipLine = lineNumber;
 }
 
@@ -290,11 +312,11 @@ void Reader::DragAxis(Line& line) {
     NoManipulator(line);
     line.Word();      // the cursor
     line.Floats<3>(); // the direction
-    inForce.drag = Manipulator(line);
+    inForce.drag = ManipulatorValues(line);
     inForce.manipLine = lineNumber;
 }
 
-XPObjManip Reader::Manipulator(Line& line) {
+XPObjManip Reader::ManipulatorValues(Line& line) {
     XPObjManip manip;
     manip.value1 = line.Float();
     manip.value2 = line.Float();
@@ -305,8 +327,12 @@ XPObjManip Reader::Manipulator(Line& line) {
 } // namespace
 
 void ReadXPObj(std::istream& stream, XPObjData& data) {
+    ReadXPObj(stream, data, Reading::Plain);
+}
+
+void ReadXPObj(std::istream& stream, XPObjData& data, Reading reading) {
     static_assert(kNumberPadding <= Utils::LineBlocks::kPadding);
-    Reader reader(data, Utils::SizeLeft(stream));
+    Reader reader(data, reading, Utils::SizeLeft(stream));
     Utils::LineBlocks blocks(stream);
     for (std::string_view block; blocks.Next(block);)
         reader.ReadLines(block.data(), block.data() + block.size());
