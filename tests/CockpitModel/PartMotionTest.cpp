@@ -19,8 +19,9 @@ constexpr float kQuarterTurn = 1.5707964f;
 
 /// A part with these corners and an animation of its node; without tracks, the node has no animation.
 struct Measured : NodePart {
-    Measured(const std::vector<Corner>& corners, std::vector<Track> tracks)
+    Measured(const std::vector<Corner>& corners, std::vector<Track> tracks, bool keyFramed = false)
         : animation(Support::Animation("a", std::move(tracks))) {
+        animation.keyFramed = keyFramed;
         if (!animation.tracks.empty())
             itsNode.animation = &animation;
         node = &itsNode;
@@ -83,6 +84,10 @@ TEST(PartMotionTest, BothKeysOfATrackCount) {
     Track aboutXThenY = Turn({1, 0, 0}, kQuarterTurn, 0);
     aboutXThenY[1] = Turn({0, 1, 0}, kQuarterTurn, 0)[0];
     EXPECT_NEAR(Measured({{0, 0, 1}}, {aboutXThenY}).SweepRadius, 1 / std::sqrt(3.0f), 1e-5);
+    // Of key frames the two ends count: 45 and 90 degrees, as above.
+    Track three = Turn({0, 1, 0}, kQuarterTurn / 2, kQuarterTurn);
+    three.insert(three.begin() + 1, Turn({1, 0, 0}, 1, 1)[0]);
+    ExpectNear(Measured(corners, {three}, true).RotationAxis, {0, 0.92388f, 0});
     // M = (1, 1, 0.29289) times (0.6, 0, 0.8) is (0.6, 0, 0.23431), whose length is 0.64413.
     const Measured travelling({{0, 0, 1}}, {Turn({0, 0, 1}, 0, kQuarterTurn), Slide(3, 0, 4)});
     EXPECT_NEAR(travelling.SweepRadius, 0.23431f / 0.64413f, 1e-4);
