@@ -4,13 +4,7 @@
 
 namespace Utils {
 
-namespace {
-
-constexpr std::size_t kBlockSize = 64 << 10;
-
-} // namespace
-
-LineBlocks::LineBlocks(std::istream& source) : stream(source), buffer(kBlockSize, '\0') {}
+LineBlocks::LineBlocks(std::istream& source, std::size_t blockSize) : stream(source), buffer(blockSize, '\0') {}
 
 bool LineBlocks::Next(std::string_view& block) {
     std::memmove(buffer.data(), buffer.data() + given, filled - given);

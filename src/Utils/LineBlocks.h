@@ -14,7 +14,9 @@ public:
     /// Number of bytes after a block that may be read; their values are undefined.
     static constexpr std::size_t kPadding = 8;
 
-    explicit LineBlocks(std::istream& source);
+    static constexpr std::size_t kBlockSize = 64 << 10;
+
+    explicit LineBlocks(std::istream& source, std::size_t blockSize = kBlockSize);
 
     /// The next block, valid until the next call. It ends with a line feed even if the stream does not. False at the
     /// end of the stream.

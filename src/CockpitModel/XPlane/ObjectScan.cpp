@@ -3,14 +3,19 @@
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/XPlane/Manipulators.h"
 #include "CockpitModel/XPlane/ValueText.h"
+#include "Utils/Files.h"
 #include "Utils/LineBlocks.h"
 
-#include <cstring>
+#include <algorithm>
 #include <string_view>
 
 namespace CockpitModel {
 
 namespace {
+
+/// The scan takes little more time than the reads, which are faster in large pieces.
+constexpr std::size_t kLargeBlock = 256 << 10;
+constexpr std::size_t kSmallBlock = 1 << 10;
 
 /// Looks for lines with something to touch.
 class Scan {
@@ -61,7 +66,7 @@ bool NextNamed(std::string_view& text, std::string_view& line) {
 
 bool CanBeTouched(std::istream& object) {
     Scan scan;
-    Utils::LineBlocks blocks(object);
+    Utils::LineBlocks blocks(object, std::min(Utils::SizeLeft(object) + kSmallBlock, kLargeBlock));
     for (std::string_view block; blocks.Next(block);)
         for (std::string_view line; NextNamed(block, line);)
             if (scan.FindsTouch(line))

@@ -31,5 +31,23 @@ TEST(ManipsCommand, PrintsALinePerClickablePart) {
     EXPECT_THAT(csv.output, HasSubstr("\nAircraft/Props/Piper/plane.acf,0,0,11,toggle,-1,1,Tap,,,\"'=a,b\\x1b\"\n"));
 }
 
+TEST(ManipsCommand, ListsTheWholeCockpit) {
+    const Support::Installation installation;
+    const std::string file = "_v10_att_file_stl ";
+    installation.Aircraft("Aircraft/Props/Cub", "Cub",
+                          "P _obja/0/" + file + "knob.obj\nP _obja/1/" + file + "gone.obj\n");
+    installation.Write("Aircraft/Props/Cub/objects/knob.obj",
+                       Support::ObjText().Line("ATTR_manip_axis_knob rotate 0 8 1 1 a/b").Tris().Text());
+    const Support::ProgramResult csv = RunBatch(installation, {"manips", "--full", "--csv"});
+    EXPECT_THAT(csv.output,
+                HasSubstr("/plane.acf,2,0,11,other,0,8,Twist,,,a/b,objects/knob.obj,12,axis_knob,a/b,Wheel\n"));
+    EXPECT_THAT(csv.errors, HasSubstr("attached object 1 (gone.obj) is not there"));
+    EXPECT_EQ(RunBatch(installation, {"detect", "--full"}).exitCode, 0);
+    EXPECT_TRUE(boost::filesystem::exists(installation / "QVRA/AirLogs/full/Cub.xml"));
+    boost::filesystem::remove(installation / "Aircraft/Props/Cub/objects/knob.obj");
+    EXPECT_THAT(RunBatch(installation, {"manips", "--full"}).errors,
+                HasSubstr("nothing that can be touched was found; looked at plane_cockpit.obj"));
+}
+
 } // namespace
 } // namespace Batch
