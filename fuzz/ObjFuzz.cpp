@@ -28,23 +28,30 @@ void Pick(const SceneGraph& graph) {
     }
 }
 
-} // namespace
-
 /// All processing of an object's text: reader, converter, scene graph, detection and export.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::istringstream stream{std::string(Fuzz::Text(data, size))};
+void Process(const std::string& text, Reading reading) {
+    std::istringstream stream(text);
     XPObjData object;
-    ReadXPObj(stream, object);
+    ReadXPObj(stream, object, reading);
     Fuzz::Require(!object.textures.empty() && !object.animNodes.empty());
     ModelData model;
     try {
-        XPObjConverter().Convert("Aircraft/A/B", object, model);
+        XPObjPlacement placement;
+        placement.reading = reading;
+        XPObjConverter().Convert("Aircraft/A/B", object, model, placement);
         SceneGraph graph(model, Support::ModelCockpit(), nullptr);
-        InteractionDetector().Detect(graph);
+        InteractionDetector().Detect(graph, reading);
         Fuzz::Require(Annotator::DetectedDataXml(graph).starts_with("<NodePartList"));
         Pick(graph);
     } catch (const std::out_of_range& error) {
         Fuzz::Require(std::string(error.what()) == "invalid vector<T> subscript");
     }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    for (const Reading reading : {Reading::Plain, Reading::Full})
+        Process(std::string(Fuzz::Text(data, size)), reading);
     return 0;
 }

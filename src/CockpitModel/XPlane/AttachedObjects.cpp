@@ -16,6 +16,7 @@
 #include <map>
 #include <set>
 #include <tuple>
+#include <utility>
 
 namespace fs = boost::filesystem;
 
@@ -114,10 +115,18 @@ private:
         found.remarks.push_back(AttachedName(entry.number, entry.file) + " " + text);
     }
 
+    void RemarkOnValues(const AttachedEntry& entry) {
+        for (const std::string& fault : entry.faults)
+            Remark(entry, fault);
+        if (entry.turned)
+            Remark(entry, "has a rotation, which is not applied");
+    }
+
     void AddCockpit(const AttachedEntry& entry) {
-        if (!cockpitFound)
+        if (!std::exchange(cockpitFound, true)) {
             found.cockpitPlace = entry.place;
-        cockpitFound = true;
+            RemarkOnValues(entry);
+        }
         if (entry.file != "../" + CockpitObjectPath(acf).filename().string())
             Remark(entry, "is the cockpit object by another name; it is not read again");
     }
@@ -138,10 +147,7 @@ private:
         }
         if (!touched->second)
             return;
-        for (const std::string& fault : entry.faults)
-            Remark(entry, fault);
-        if (entry.turned)
-            Remark(entry, "has a rotation, which is not applied");
+        RemarkOnValues(entry);
         found.objects.push_back({entry.number, file.name, file.path.string(), entry.place});
     }
 
