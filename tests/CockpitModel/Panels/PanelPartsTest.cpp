@@ -57,38 +57,15 @@ double AreaOf(const std::vector<Corner>& soup) {
 
 } // namespace
 
-TEST(ClipEntryToPart, ReturnsAWholeTriangleAsAFan) {
-    NodePart part;
-    AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
-    std::vector<PanelPartEntry> out;
-    ClipEntryToPart(Entry(-1, -1, 3, 3), part, out);
-    ASSERT_EQ(out.size(), 1u);
-    EXPECT_EQ(out[0].rect.Text, "rectangle");
-    const auto& soup = out[0].vertices;
-    ASSERT_EQ(soup.size(), 9u);
-    for (std::size_t i = 0; i < 9; i += 3) {
-        EXPECT_NEAR(soup[i].texture.x(), 1.0 / 3, 1e-6);
-        EXPECT_NEAR(soup[i].texture.y(), 1.0 / 3, 1e-6);
-        EXPECT_EQ(soup[i + 2].texture, soup[(i + 4) % 9].texture) << "the fan goes round";
-    }
-    EXPECT_NEAR(AreaOf(soup), 0.5, 1e-6);
-    for (const auto& vertex : soup) {
-        EXPECT_EQ(vertex.normal, Utils::Vector3(0, 0, 1));
-        EXPECT_EQ(vertex.secondTexture, Utils::Vector2(0, 0));
-        const Utils::Vector3 lifted = Surface(vertex.texture.x(), vertex.texture.y()) - Utils::Vector3(0, 0, 0.001f);
-        EXPECT_LT((vertex.position - lifted).norm(), 2e-6f);
-    }
-}
-
-TEST(ClipEntryToPart, UsesAllTrianglesThatShowTheRectangle) {
+TEST(ClipEntryToPart, LiftsThePartsOfAllTrianglesInTheRectangle) {
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
     AddTriangle(part, {{5, 5}, {6, 5}, {5, 6}});
     AddTriangle(part, {{1, 1}, {0, 1}, {1, 0}});
     AddTriangle(part, {{0, 0}, {1, 0}});
-    EXPECT_EQ(Clip(Entry(-1, -1, 3, 3), part).size(), 18u);
+    EXPECT_NEAR(AreaOf(Clip(Entry(-1, -1, 3, 3), part)), 1, 1e-6);
+    EXPECT_NEAR(AreaOf(Clip(Entry(0.25f, 0.25f, 0.5f, 3), part)), 0.375, 1e-6);
     EXPECT_NEAR(AreaOf(Clip(Entry(5.5f, 5, 2, 2), part)), 0.125, 1e-6);
-    EXPECT_TRUE(Clip(Entry(2, 2, 1, 1), part).empty());
     Panel panel;
     panel.Entries = {Entry(2, 2, 1, 1), Entry(0, 0, 1, 1), Entry(5, 5, 1, 1)};
     panel.Entries[1].Rect.Text = "first";
@@ -96,23 +73,20 @@ TEST(ClipEntryToPart, UsesAllTrianglesThatShowTheRectangle) {
     std::vector<PanelPartEntry> out;
     panel.ProduceEntries(part, out);
     ASSERT_EQ(out.size(), 2u);
-    EXPECT_EQ(out[0].rect.Text, "first");
-    EXPECT_EQ(out[1].rect.Text, "second");
+    EXPECT_EQ(out[0].rect.Text + ' ' + out[1].rect.Text, "first second");
+    for (const auto& vertex : out[0].vertices) {
+        EXPECT_EQ(vertex.normal, Utils::Vector3(0, 0, 1));
+        const Utils::Vector3 lifted = Surface(vertex.texture.x(), vertex.texture.y()) - Utils::Vector3(0, 0, 0.001f);
+        EXPECT_LT((vertex.position - lifted).norm(), 2e-6f);
+    }
 }
 
 TEST(ClipEntryToPart, SkipsTrianglesThatShowNothing) {
     const std::initializer_list<Utils::Vector2> corners[] = {
-        {{0, 0}, {0.0049f, 0}, {0, 1}},       // a short edge
-        {{0, 0}, {1, 0}, {0.996f, 0}},        // another
-        {{0, 0}, {0.5f, 0.5f}, {1, 1}},       // no area
-        {{0, 0}, {0.5f, 0.5000008f}, {1, 1}}, // less than a step high
-        {{kNone, 0}, {1, 0}, {0, 1}},
-        {{0, 0}, {1, kNone}, {0, 1}},
-        {{0, 0}, {1, 0}, {0, kInfinite}},
-        {{-kInfinite, 0}, {1, 0}, {0, 1}},
-        {{0, 0}, {1e30f, 0}, {0, 1}},
+        {{0, 0}, {0.0049f, 0}, {0, 1}}, // a short edge
+        {{0, 0}, {0.5f, 0.5f}, {1, 1}}, // no area
+        {{0, 0}, {1, kNone}, {0, 1}},   {{0, 0}, {1, 0}, {0, kInfinite}},
         {{0, 0}, {1, 0}, {0, -3e12f}}, // from 2^62 / 2000000 = 2.3e12 on
-        {{3e38f, 3e38f}, {-3e38f, 0}, {0, -3e38f}},
     };
     int row = 0;
     for (const auto& triangle : corners) {
@@ -124,8 +98,7 @@ TEST(ClipEntryToPart, SkipsTrianglesThatShowNothing) {
     }
     NodePart part;
     AddTriangle(part, {{0, 0}, {1, 0}, {0, 1}});
-    for (const PanelEntry& entry : {Entry(0, 0, 0, 1), Entry(0, 0, 1, 0), Entry(kNone, 0, 1, 1),
-                                    Entry(0, 0, kInfinite, 1), Entry(0, -1e30f, 1, 2e30f)})
+    for (const PanelEntry& entry : {Entry(0, 0, 0, 1), Entry(kNone, 0, 1, 1), Entry(0, -1e30f, 1, 2e30f)})
         EXPECT_TRUE(Clip(entry, part).empty());
     AddTriangle(part, {{0, 0}, {0.0051f, 0}, {0, 1}});
     EXPECT_EQ(Clip(Entry(-1, -1, 3, 3), part).size(), 18u) << "an edge just long enough";
