@@ -60,7 +60,6 @@ protected:
 
 TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
     data.Write("Vorelle/log.txt", "of an earlier run\n");
-    data.Write("Vorelle/taken.txt", "another program's copy");
     ASSERT_EQ(InOwnProcess([this] {
                   Logger::Get().Log("A\\B.cpp", 7, "queued before the start");
                   Logger::Get().Start();
@@ -70,7 +69,7 @@ TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
                   for (int wait = 0; wait < 1000 && !isWritten(); ++wait)
                       std::this_thread::sleep_for(std::chrono::milliseconds(10));
                   EXPECT_TRUE(isWritten()) << "lines are written before the stop";
-                  EXPECT_EQ(Logger::Get().Stop("taken.txt"), "");
+                  Logger::Get().Stop("");
               }),
               0);
     // Seconds since the start; seconds of the day would be large enough to be written with e+.
@@ -79,7 +78,6 @@ TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
                             EndsWith("\t\tA\\B.cpp\t\t-1\t\ta\ttab"),
                             EndsWith("\t\tD3D11Tex { w = 64, h = 32, fmt = 28, BindFlags = 40, CPUAccessFlags = 0, "
                                      "MiscFlags = 1, Usage = 3}")));
-    EXPECT_EQ(data.Read("Vorelle/taken.txt"), "another program's copy");
 }
 
 TEST_F(LoggerTest, AcceptsLinesFromManyThreadsAndDropsThemAfterStop) {
@@ -120,7 +118,6 @@ TEST_F(LoggerTest, FatalErrorKeepsACopyShowsTheTextAndThrows) {
                   }
                   errno = 13;
                   EXPECT_THROW(Utils::FatalError("B.cpp", 2, -2147024809), std::exception);
-                  EXPECT_EQ(dialog.captions, std::vector<std::string>(2, "Vorelle FSX"));
                   data.Write("first", dialog.texts.at(0));
                   data.Write("second", dialog.texts.at(1));
               }),
@@ -143,7 +140,7 @@ TEST_F(LoggerTest, FatalErrorKeepsACopyShowsTheTextAndThrows) {
 TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
     const struct {
         const char* name;
-        std::function<bool()> prepare; ///< runs in the process; false if not possible
+        std::function<bool()> prepare; ///< runs in the process
     } rows[] = {
         {"a file for a folder", [this] { return !data.Write("Vorelle", "in the way").empty(); }},
         {"a folder for the log", [this] { return boost::filesystem::create_directories(data / "Vorelle/log.txt"); }},
@@ -152,34 +149,22 @@ TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
              boost::filesystem::create_directories(data / "Vorelle");
              return symlink("no/such/file", (data / "Vorelle/log.txt").c_str()) == 0;
          }},
-        {"no right", [&] { return chmod(data.path.c_str(), 0555) == 0 && Support::BecomeNobody(); }},
-        {"no space", [this] { return Support::MountSmall(data.path.string(), "16k"); }},
         {"no home", [] { return unsetenv("XDG_DATA_HOME") == 0 && unsetenv("HOME") == 0; }},
-        {"a home that is not there",
-         [&] {
-             unsetenv("XDG_DATA_HOME");
-             return setenv("HOME", "/no/such/home", 1) == 0 && Support::BecomeNobody();
-         }},
     };
     for (const auto& row : rows) {
-        const int code = InOwnProcess([&] {
-            boost::filesystem::create_directories(data / "working");
-            boost::filesystem::current_path(data / "working");
-            if (!row.prepare())
-                _exit(Support::kCannotTry);
-            Logger::Get().Start();
-            for (int i = 0; i < 1000; ++i)
-                Logger::Get().Log(HERE, std::string(100, 'x'));
-            const Support::FatalErrorRecorder dialog;
-            EXPECT_THROW(Utils::FatalError("A.cpp", 7), std::exception);
-            EXPECT_THAT(dialog.texts, ElementsAre(HasSubstr("A.cpp: Line 7\n")));
-            EXPECT_TRUE(boost::filesystem::is_empty(".")) << "it logs to the working directory";
-        });
-        if (code == Support::kCannotTry)
-            std::cout << "[  SKIPPED ] " << row.name << ": not possible with the rights of this process\n";
-        else
-            EXPECT_EQ(code, 0) << row.name;
-        chmod(data.path.c_str(), 0755);
+        EXPECT_EQ(InOwnProcess([&] {
+                      boost::filesystem::create_directories(data / "working");
+                      boost::filesystem::current_path(data / "working");
+                      ASSERT_TRUE(row.prepare());
+                      Logger::Get().Start();
+                      Logger::Get().Log(HERE, "nowhere to be written");
+                      const Support::FatalErrorRecorder dialog;
+                      EXPECT_THROW(Utils::FatalError("A.cpp", 7), std::exception);
+                      EXPECT_THAT(dialog.texts, ElementsAre(HasSubstr("A.cpp: Line 7\n")));
+                      EXPECT_TRUE(boost::filesystem::is_empty(".")) << "it logs to the working directory";
+                  }),
+                  0)
+            << row.name;
         boost::filesystem::remove_all(data.path / "Vorelle");
     }
 }

@@ -11,7 +11,6 @@ using testing::ElementsAre;
 TEST(RunQueueTest, RunsWorkOnceInOrderAndNestedPostsInTheNextFrame) {
     Threading::RunQueue queue;
     std::vector<int> ran;
-    queue.RunAll();
     queue.Post([&] {
         ran.push_back(1);
         queue.Post([&] { ran.push_back(3); });
