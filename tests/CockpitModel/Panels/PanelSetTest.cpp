@@ -57,8 +57,9 @@ std::vector<std::string> Places(const std::vector<PanelEntry>& entries) {
 /// The sections of a configuration as "section: key=value;" and so on, in order.
 std::string SectionsOf(const std::string& config) {
     std::istringstream stream(config);
+    const ConfigFile file(stream, false);
     std::string text;
-    for (const auto& [name, table] : ConfigFile(stream, false).Sections()) {
+    for (const auto& [name, table] : file.Sections()) {
         text += name + ":";
         for (const auto& [key, value] : table)
             text += " " + key + "=" + value + ";";
