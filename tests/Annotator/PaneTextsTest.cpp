@@ -1,14 +1,20 @@
 #include "Annotator/PaneTexts.h"
 
+#include "Annotator/AnimationPosition.h"
+#include "Annotator/UvGeometry.h"
+#include "CockpitModel/Panels/PanelSet.h"
 #include "Support/ModelBuilder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <limits>
 #include <sstream>
 
 namespace {
 
 using namespace Annotator;
 using namespace CockpitModel;
+using testing::ElementsAre;
+using testing::FieldsAre;
 
 TEST(PaneTexts, DumpsAnAnimationWithItsTracksAndKeys) {
     ModelAnimation animation =
@@ -69,6 +75,39 @@ TEST(PaneTexts, TellsOfAPartWhatItHas) {
     EXPECT_EQ(MaterialText(part), "MaterialTexId: -1 TexId: 5 Tex: a&b.png");
     part.material = nullptr;
     EXPECT_EQ(MaterialText(part), "Material:");
+}
+
+TEST(AnimationPosition, MovesAllAnimationsOfOneDataref) {
+    CockpitModel::ModelData model;
+    for (const char* name : {"sim/a", "sim/b", "sim/a"})
+        model.animations.push_back(Support::Animation(name, {}));
+    model.animations[2].length = 50.0f;
+    EXPECT_TRUE(MoveAnimations(model, "sim/a", 0.25f));
+    EXPECT_FLOAT_EQ(model.animations[0].position, 0.25f);
+    EXPECT_FLOAT_EQ(model.animations[1].position, 0.0f);
+    EXPECT_FLOAT_EQ(model.animations[2].position, 0.125f);
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25);
+    model.animations[0].position = 0.259f;
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25) << "truncated";
+    model.animations[0].position = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(SliderPercent(model.animations[0]), 0);
+}
+
+TEST(UvGeometry, FillsASquareWithTheTextureSpace) {
+    CockpitModel::NodePart part;
+    part.vertices.resize(5); // a triangle and a rest that is none
+    part.vertices[0].texture = {0.255f, 1.0f};
+    part.vertices[1].texture = {-0.019f, 0.5f}; // truncated, not rounded down
+    part.vertices[2].texture = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()};
+    EXPECT_THAT(UvTriangles(part, 100),
+                ElementsAre(ElementsAre(FieldsAre(25, 100), FieldsAre(-1, 50), FieldsAre(0, testing::Ge(100000)))));
+
+    EXPECT_TRUE(UvPanelRectangles(part, 100).empty());
+    CockpitModel::Panel panel;
+    CockpitModel::PanelEntry& entry = panel.Entries.emplace_back();
+    entry.U = 0.1f, entry.V = 0.25f, entry.Width = 0.5f, entry.Height = 0.125f;
+    part.panel = &panel;
+    EXPECT_THAT(UvPanelRectangles(part, 200), ElementsAre(FieldsAre(FieldsAre(20, 50), FieldsAre(100, 25))));
 }
 
 } // namespace

@@ -7,16 +7,13 @@
 #include "Utils/FatalError.h"
 
 #include <boost/algorithm/string.hpp>
-#include <csignal>
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <malloc.h>
 #include <regex>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <typeinfo>
-#include <utility>
 
 namespace {
 
@@ -167,26 +164,6 @@ TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
             << row.name;
         boost::filesystem::remove_all(data.path / "Vorelle");
     }
-}
-
-TEST_F(LoggerTest, ContinuesWhenAFullDiskHasSpaceAgain) {
-    ASSERT_EQ(InOwnProcess([this] {
-                  signal(SIGXFSZ, SIG_IGN); // a write beyond the limit then fails like on a full disk
-                  rlimit limit{};
-                  getrlimit(RLIMIT_FSIZE, &limit);
-                  const rlim_t most = std::exchange(limit.rlim_cur, 100);
-                  setrlimit(RLIMIT_FSIZE, &limit);
-                  Logger::Get().Start();
-                  for (int i = 0; i < 10; ++i)
-                      Logger::Get().Log("T", i, "no space");
-                  std::this_thread::sleep_for(std::chrono::milliseconds(300)); // three polling intervals
-                  limit.rlim_cur = most;
-                  setrlimit(RLIMIT_FSIZE, &limit);
-                  Logger::Get().Log("T", 1, "space again");
-                  Logger::Get().Stop("");
-              }),
-              0);
-    EXPECT_THAT(LogLines().back(), EndsWith("\t\tT\t\t1\t\tspace again"));
 }
 
 /// If the log is a pipe, the writer waits at its start for a reader.

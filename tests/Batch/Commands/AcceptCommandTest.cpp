@@ -78,9 +78,7 @@ TEST(AcceptCommand, KeepsTheFirstOfTwoAircraftWithOneFile) {
     installation.Aircraft("Aircraft/A/Cub", "Ours", ThreeParts());
     installation.Aircraft("Aircraft/B/Cub", "Ours too", Support::ObjText().Texture().Tris().Drag("sim/knob").Tris());
     const ProgramResult result = RunBatch(installation, {"accept", "Aircraft/A/", "Aircraft/B/"});
-    EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.errors, HasSubstr("belongs to both"));
-    EXPECT_THAT(result.errors, HasSubstr("2 expectations added to 1 annotation file"));
     const std::string type = result.output.starts_with("Ours (") ? "Tap" : "Twist"; // in the system's order of folders
     EXPECT_THAT(installation.Read(kCub), HasSubstr(Record(0, 1, Expects(type) + "        <Reverse>0</Reverse>\n")));
 }

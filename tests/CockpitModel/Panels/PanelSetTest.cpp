@@ -183,15 +183,8 @@ TEST_F(PanelSetTest, APairMakesOneSteppingRectangle) {
     EXPECT_TRUE(jump.TwoCallbacks);
     EXPECT_EQ(As<CallbackCode>(jump.NegativeCallback).Code, "less");
     EXPECT_EQ(As<CallbackCode>(jump.PositiveCallback).Code, "more");
-}
-
-TEST_F(PanelSetTest, OtherChildrenAreMappedOneByOne) {
-    const MouseArea pair = Support::PairArea(0, 0, 50, 20, "less", "more");
-    MouseArea swapped = pair, withAction = pair;
-    std::swap(swapped.Children[0], swapped.Children[1]);
-    withAction.Action = pair.Children[0].Action;
-    EXPECT_EQ(EntriesOf(swapped).size(), 2u);
-    EXPECT_EQ(EntriesOf(withAction).size(), 3u);
+    std::swap(pair.Children[0], pair.Children[1]);
+    EXPECT_EQ(EntriesOf(pair).size(), 2u) << "in another order they are two areas";
 }
 
 } // namespace CockpitModel
