@@ -2,14 +2,12 @@
 
 #include "Support/FatalErrorRecorder.h"
 #include "Support/OwnProcess.h"
-#include "Support/Sanitizers.h"
 #include "Support/TemporaryFolder.h"
 #include "Utils/FatalError.h"
 
 #include <boost/algorithm/string.hpp>
 #include <cstdlib>
 #include <gmock/gmock.h>
-#include <malloc.h>
 #include <regex>
 #include <sys/stat.h>
 #include <thread>
@@ -167,16 +165,14 @@ TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
 }
 
 /// If the log is a pipe, the writer waits at its start for a reader.
-TEST_F(LoggerTest, NeverBlocksCallersAndFreesTheLines) {
-    constexpr std::size_t kLines = 200'000, kLength = 200;
+TEST_F(LoggerTest, NeverBlocksCallers) {
+    constexpr std::size_t kLines = 200'000;
     boost::filesystem::create_directories(data / "Vorelle");
     ASSERT_EQ(mkfifo((data / "Vorelle/log.txt").c_str(), 0600), 0);
     ASSERT_EQ(InOwnProcess([&] {
                   Logger::Get().Start();
-                  const std::size_t before = mallinfo2().uordblks;
                   for (std::size_t i = 0; i < kLines; ++i)
-                      Logger::Get().Log("T", 1, std::string(kLength, 'x'));
-                  const std::size_t waiting = mallinfo2().uordblks - before;
+                      Logger::Get().Log("T", 1, std::string(200, 'x'));
                   std::thread reader([&] {
                       std::ifstream log(data / "Vorelle/log.txt");
                       std::size_t lines = 0;
@@ -186,10 +182,6 @@ TEST_F(LoggerTest, NeverBlocksCallersAndFreesTheLines) {
                   });
                   Logger::Get().Stop("");
                   reader.join();
-                  if (Support::kSanitized)
-                      return;
-                  EXPECT_GT(waiting, kLines * kLength);
-                  EXPECT_LT(mallinfo2().uordblks - before, waiting / 3) << "only the queue's own nodes stay allocated";
               }),
               0);
 }

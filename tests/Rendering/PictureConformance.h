@@ -287,14 +287,6 @@ TYPED_TEST_P(ContextPictures, DrawsToTheHalvesOfBothEyesOrOnce) {
         this->Draw(Rectangle({-1, -1}, {0, 1}), params);
         EXPECT_EQ(this->Frame(), picture);
     }
-    this->Begin({4, 1});
-    GeometryDrawParams unknown = Flat();
-    unknown.singleView = false;
-    unknown.leftEye = true;
-    unknown.effect = "nothing";
-    EXPECT_THROW(this->Draw(FullView(), unknown), std::out_of_range);
-    this->Draw(FullView(), Flat());
-    EXPECT_EQ(this->Frame(), "WWWW\n") << "the whole viewport is restored, even after a rejected draw";
 }
 
 TYPED_TEST_P(ContextPictures, MinifiedTexturesShowTheirMipLevels) {

@@ -86,18 +86,4 @@ TEST(RunQueueTest, DestroysEachItemBeforeTheNextRunsAndAllAfterAnException) {
     queue.RunAll();
 }
 
-TEST(RunQueueTest, AcceptsWorkFromOtherThreadsDuringAFrame) {
-    Threading::RunQueue queue;
-    int ran = 0;
-    std::thread poster([&] {
-        for (int i = 0; i < 1000; ++i)
-            queue.Post([&] { ++ran; });
-    });
-    for (int i = 0; i < 1000; ++i)
-        queue.RunAll();
-    poster.join();
-    queue.RunAll();
-    EXPECT_EQ(ran, 1000);
-}
-
 } // namespace
