@@ -2,6 +2,7 @@
 
 #include "Logging/Logger.h"
 #include "Sim/XPAircraftInfo.h"
+#include "Support/ObjText.h"
 #include "Support/OwnProcess.h"
 #include "Support/TemporaryFolder.h"
 
@@ -13,12 +14,13 @@
 namespace {
 
 namespace fs = boost::filesystem;
+using Support::ObjText;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::MatchesRegex;
 
 /// A list in an order chosen by the test; cockpits are created by the real record.
-struct FixedList : Sim::AircraftListLoader {
+struct FixedList final : Sim::AircraftListLoader {
     explicit FixedList(std::vector<std::string> paths) : acfPaths(std::move(paths)) {}
     Sim::AircraftList LoadAircraftList() override {
         Sim::AircraftList list;
@@ -32,7 +34,6 @@ struct FixedList : Sim::AircraftListLoader {
     std::vector<std::string> acfPaths;
 };
 
-const std::string kTriangle = "VT 0 0 0 0 0 1 0 0\nVT 1 0 0 0 0 1 0 0\nVT 0 1 0 0 0 1 0 0\nIDX 0\nIDX 1\nIDX 2\n";
 const std::string kFolder = "QVRA/AirLogs/1389-2a5530b-4/";
 
 std::string PartXml(int node, int part, const std::string& type) {
@@ -48,28 +49,20 @@ std::string ListXml(const std::string& parts) {
 TEST(DetectedDataExportTest, WritesEveryPartOfEachAircraftInOrderAndSkipsOneThatFails) {
     Support::TemporaryFolder folder;
     const Support::WorkingDirectory here(folder.path);
-    const std::pair<const char*, std::string> aircraft[] = {
-        {"Aircraft/A/Big.Jet 1.2/jet",
-         "TEXTURE a.png\n" + kTriangle +
-             "TRIS 0 3\nATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\nATTR_manip_none\nANIM_begin\n"
-             "ANIM_trans 0 0 0 0 0 1 0 1 sim/x\nATTR_manip_drag_axis hand 0 0 1 0 1 sim/x\nTRIS 0 3\nANIM_end"},
-        {"Aircraft/A/Plane/a", "TEXTURE a.png\n" + kTriangle + "TRIS 0 3\n"},
-        {"Aircraft/A/Broken/b", kTriangle + "TRIS 0 3\n"},
-        {"Aircraft/B/Plane/d", "TEXTURE a.png\n" + kTriangle + "ATTR_manip_toggle hand 0 1 sim/t\nTRIS 0 3\n"},
-        {"Aircraft/A/Bare/c", ""},
-    };
-    FixedList list({});
-    for (const auto& [path, object] : aircraft) {
-        list.acfPaths.push_back(std::string(path) + ".acf");
-        folder.Write(list.acfPaths.back(), "");
-        if (!object.empty())
-            folder.Write(std::string(path) + "_cockpit.obj", object);
-    }
+    FixedList list({"Aircraft/A/Big.Jet 1.2/a.acf", "Aircraft/A/Plane/a.acf", "Aircraft/A/Broken/a.acf",
+                    "Aircraft/B/Plane/a.acf", "Aircraft/A/Bare/a.acf"});
+    for (const std::string& path : list.acfPaths)
+        folder.Write(path, "");
+    folder.Write("Aircraft/A/Big.Jet 1.2/a_cockpit.obj",
+                 ObjText().Texture().Tris().Toggle("sim/t").Tris().Begin().Drag("sim/x").Tris().End().Text());
+    folder.Write("Aircraft/A/Plane/a_cockpit.obj", ObjText().Texture().Tris().Text());
+    folder.Write("Aircraft/A/Broken/a_cockpit.obj", ObjText().Tris().Text());
+    folder.Write("Aircraft/B/Plane/a_cockpit.obj", ObjText().Texture().Toggle("sim/t").Tris().Text());
     folder.Write(kFolder + "Broken.xml", "of an earlier run");
     for (int run : {1, 2}) {
         const Annotator::ExportResult result = Annotator::SaveDetectedData(list);
         EXPECT_EQ(result.files, 4u);
-        EXPECT_THAT(result.failed, testing::ElementsAre(testing::StartsWith("Aircraft/A/Broken/b.acf (")));
+        EXPECT_THAT(result.failed, testing::ElementsAre(testing::StartsWith("Aircraft/A/Broken/a.acf (")));
         EXPECT_EQ(folder.Read(kFolder + "Big.Jet 1.xml"),
                   ListXml(PartXml(0, 0, "None") + PartXml(0, 1, "Tap") + PartXml(1, 0, "Move")))
             << run;
@@ -82,8 +75,8 @@ TEST(DetectedDataExportTest, WritesEveryPartOfEachAircraftInOrderAndSkipsOneThat
 /// In a separate process, because there is one log per process.
 TEST(DetectedDataExportTest, LogsEachAircraftAndEachSkippedOne) {
     const Support::TemporaryFolder folder;
-    folder.Write("A/Fine/a_cockpit.obj", "TEXTURE a.png\n" + kTriangle + "TRIS 0 3\nTRIS 0 3\n");
-    folder.Write("A/Broken/b_cockpit.obj", kTriangle + "TRIS 0 3\n");
+    folder.Write("A/Fine/a_cockpit.obj", ObjText().Texture().Tris().Tris().Text());
+    folder.Write("A/Broken/b_cockpit.obj", ObjText().Tris().Text());
     ASSERT_EQ(Support::ExitCode(Support::Fork([&] {
                   setenv("XDG_DATA_HOME", folder.path.c_str(), 1);
                   fs::current_path(folder.path);
@@ -114,11 +107,6 @@ TEST(DetectedDataExportTest, LogsEachAircraftAndEachSkippedOne) {
 TEST(DetectedDataExportTest, SomeFailuresEndTheRun) {
     Support::TemporaryFolder folder;
     const Support::WorkingDirectory here(folder.path);
-    folder.Write("Aircraft/A/Plane/a.acf", "");
-    fs::create_directories(folder.path / (kFolder + "Plane.xml"));
-    FixedList list({"Aircraft/A/Plane/a.acf"});
-    EXPECT_EQ(Annotator::SaveDetectedData(list).failed.size(), 1u) << "a folder instead of the file is skipped";
-
     folder.Write("Aircraft/A/Bad/b.acf", "P acf/_pe_xyz/0 far\n");
     FixedList bad({"Aircraft/A/Bad/b.acf"});
     EXPECT_THROW(Annotator::SaveDetectedData(bad), Annotator::AircraftExportError)
@@ -127,7 +115,7 @@ TEST(DetectedDataExportTest, SomeFailuresEndTheRun) {
     Support::TemporaryFolder blocked;
     const Support::WorkingDirectory there(blocked.path);
     blocked.Write("QVRA", "a file instead of the folder");
-    EXPECT_THROW(Annotator::SaveDetectedData(list), fs::filesystem_error);
+    EXPECT_THROW(Annotator::SaveDetectedData(bad), fs::filesystem_error);
 }
 
 } // namespace

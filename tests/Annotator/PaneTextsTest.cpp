@@ -1,32 +1,20 @@
 #include "Annotator/PaneTexts.h"
 
-#include "CockpitModel/SceneGraph.h"
+#include "Annotator/AnimationPosition.h"
+#include "Annotator/UvGeometry.h"
+#include "CockpitModel/Panels/PanelSet.h"
 #include "Support/ModelBuilder.h"
 
 #include <gmock/gmock.h>
+#include <limits>
+#include <sstream>
 
 namespace {
 
 using namespace Annotator;
 using namespace CockpitModel;
 using testing::ElementsAre;
-using testing::Field;
-
-/// A root whose first child is animated, with a part two levels below it.
-struct Chain {
-    explicit Chain(const std::string& name) {
-        Support::ModelBuilder builder;
-        const int top = builder.Node(0, name, Support::Slide(1, 0, 0));
-        const int part = builder.Node(builder.Node(top));
-        builder.Part(part, Support::TriangleAt(0));
-        model = std::move(builder.model);
-        graph = std::make_unique<SceneGraph>(model, Support::ModelCockpit(), nullptr);
-    }
-    NodePart& Part() { return *graph->Nodes().at(3)->parts.at(0); }
-
-    ModelData model;
-    std::unique_ptr<SceneGraph> graph;
-};
+using testing::FieldsAre;
 
 TEST(PaneTexts, DumpsAnAnimationWithItsTracksAndKeys) {
     ModelAnimation animation =
@@ -58,10 +46,12 @@ TEST(PaneTexts, WritesAMatrixWithASignBeforeEachNumber) {
 }
 
 TEST(PaneTexts, TellsOfAPartWhatItHas) {
-    Chain chain("sim/a");
-    NodePart& part = chain.Part();
+    Node node;
+    node.index = 3;
+    NodePart part;
+    part.id = 0;
+    part.node = &node;
     EXPECT_EQ(PartIdText(part), "ID: (3,0)");
-    EXPECT_EQ(FileOffsetText(part), "File Offset: 0");
     EXPECT_EQ(PartInfoText(part), "") << "it is not clickable";
     EXPECT_EQ(DetectedTooltipText(part), "Detected:");
 
@@ -85,6 +75,39 @@ TEST(PaneTexts, TellsOfAPartWhatItHas) {
     EXPECT_EQ(MaterialText(part), "MaterialTexId: -1 TexId: 5 Tex: a&b.png");
     part.material = nullptr;
     EXPECT_EQ(MaterialText(part), "Material:");
+}
+
+TEST(AnimationPosition, MovesAllAnimationsOfOneDataref) {
+    CockpitModel::ModelData model;
+    for (const char* name : {"sim/a", "sim/b", "sim/a"})
+        model.animations.push_back(Support::Animation(name, {}));
+    model.animations[2].length = 50.0f;
+    EXPECT_TRUE(MoveAnimations(model, "sim/a", 0.25f));
+    EXPECT_FLOAT_EQ(model.animations[0].position, 0.25f);
+    EXPECT_FLOAT_EQ(model.animations[1].position, 0.0f);
+    EXPECT_FLOAT_EQ(model.animations[2].position, 0.125f);
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25);
+    model.animations[0].position = 0.259f;
+    EXPECT_EQ(SliderPercent(model.animations[0]), 25) << "truncated";
+    model.animations[0].position = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(SliderPercent(model.animations[0]), 0);
+}
+
+TEST(UvGeometry, FillsASquareWithTheTextureSpace) {
+    CockpitModel::NodePart part;
+    part.vertices.resize(5); // a triangle and a rest that is none
+    part.vertices[0].texture = {0.255f, 1.0f};
+    part.vertices[1].texture = {-0.019f, 0.5f}; // truncated, not rounded down
+    part.vertices[2].texture = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()};
+    EXPECT_THAT(UvTriangles(part, 100),
+                ElementsAre(ElementsAre(FieldsAre(25, 100), FieldsAre(-1, 50), FieldsAre(0, testing::Ge(100000)))));
+
+    EXPECT_TRUE(UvPanelRectangles(part, 100).empty());
+    CockpitModel::Panel panel;
+    CockpitModel::PanelEntry& entry = panel.Entries.emplace_back();
+    entry.U = 0.1f, entry.V = 0.25f, entry.Width = 0.5f, entry.Height = 0.125f;
+    part.panel = &panel;
+    EXPECT_THAT(UvPanelRectangles(part, 200), ElementsAre(FieldsAre(FieldsAre(20, 50), FieldsAre(100, 25))));
 }
 
 } // namespace

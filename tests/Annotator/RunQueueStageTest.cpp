@@ -3,7 +3,6 @@
 #include "Rendering/Stage.h"
 
 #include <gmock/gmock.h>
-#include <thread>
 
 namespace {
 
@@ -41,23 +40,6 @@ TEST(StageListTest, RunsStagesInOrderSoThatALaterOneSeesWhatAnEarlierOneChanged)
     EXPECT_THAT(seen, ElementsAre(1, 1, 2));
     EXPECT_EQ(before->given, std::tuple(&context, view, projection));
     EXPECT_EQ(after->given, before->given);
-}
-
-TEST(StageListTest, TakesStagesFromOtherThreadsDuringARun) {
-    Rendering::Memory::NullContext context;
-    const int scene = 0;
-    std::vector<int> seen;
-    Rendering::StageList stages;
-    std::thread adder([&] {
-        for (int i = 0; i < 100; ++i)
-            stages.Add(std::make_shared<NotingStage>(scene, seen));
-    });
-    for (int i = 0; i < 100; ++i)
-        stages.Run(context, Matrix4::Identity(), Matrix4::Identity());
-    adder.join();
-    seen.clear();
-    stages.Run(context, Matrix4::Identity(), Matrix4::Identity());
-    EXPECT_EQ(seen.size(), 100u);
 }
 
 } // namespace

@@ -2,21 +2,16 @@
 
 #include "Support/FatalErrorRecorder.h"
 #include "Support/OwnProcess.h"
-#include "Support/Sanitizers.h"
 #include "Support/TemporaryFolder.h"
 #include "Utils/FatalError.h"
 
 #include <boost/algorithm/string.hpp>
-#include <csignal>
 #include <cstdlib>
 #include <gmock/gmock.h>
-#include <malloc.h>
 #include <regex>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <typeinfo>
-#include <utility>
 
 namespace {
 
@@ -60,7 +55,6 @@ protected:
 
 TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
     data.Write("Vorelle/log.txt", "of an earlier run\n");
-    data.Write("Vorelle/taken.txt", "another program's copy");
     ASSERT_EQ(InOwnProcess([this] {
                   Logger::Get().Log("A\\B.cpp", 7, "queued before the start");
                   Logger::Get().Start();
@@ -70,7 +64,7 @@ TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
                   for (int wait = 0; wait < 1000 && !isWritten(); ++wait)
                       std::this_thread::sleep_for(std::chrono::milliseconds(10));
                   EXPECT_TRUE(isWritten()) << "lines are written before the stop";
-                  EXPECT_EQ(Logger::Get().Stop("taken.txt"), "");
+                  Logger::Get().Stop("");
               }),
               0);
     // Seconds since the start; seconds of the day would be large enough to be written with e+.
@@ -79,7 +73,6 @@ TEST_F(LoggerTest, WritesFourColumnsInOrderAndOverwritesTheOldLog) {
                             EndsWith("\t\tA\\B.cpp\t\t-1\t\ta\ttab"),
                             EndsWith("\t\tD3D11Tex { w = 64, h = 32, fmt = 28, BindFlags = 40, CPUAccessFlags = 0, "
                                      "MiscFlags = 1, Usage = 3}")));
-    EXPECT_EQ(data.Read("Vorelle/taken.txt"), "another program's copy");
 }
 
 TEST_F(LoggerTest, AcceptsLinesFromManyThreadsAndDropsThemAfterStop) {
@@ -120,7 +113,6 @@ TEST_F(LoggerTest, FatalErrorKeepsACopyShowsTheTextAndThrows) {
                   }
                   errno = 13;
                   EXPECT_THROW(Utils::FatalError("B.cpp", 2, -2147024809), std::exception);
-                  EXPECT_EQ(dialog.captions, std::vector<std::string>(2, "Vorelle FSX"));
                   data.Write("first", dialog.texts.at(0));
                   data.Write("second", dialog.texts.at(1));
               }),
@@ -143,7 +135,7 @@ TEST_F(LoggerTest, FatalErrorKeepsACopyShowsTheTextAndThrows) {
 TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
     const struct {
         const char* name;
-        std::function<bool()> prepare; ///< runs in the process; false if not possible
+        std::function<bool()> prepare; ///< runs in the process
     } rows[] = {
         {"a file for a folder", [this] { return !data.Write("Vorelle", "in the way").empty(); }},
         {"a folder for the log", [this] { return boost::filesystem::create_directories(data / "Vorelle/log.txt"); }},
@@ -152,69 +144,35 @@ TEST_F(LoggerTest, ObstaclesCostOnlyTheLog) {
              boost::filesystem::create_directories(data / "Vorelle");
              return symlink("no/such/file", (data / "Vorelle/log.txt").c_str()) == 0;
          }},
-        {"no right", [&] { return chmod(data.path.c_str(), 0555) == 0 && Support::BecomeNobody(); }},
-        {"no space", [this] { return Support::MountSmall(data.path.string(), "16k"); }},
         {"no home", [] { return unsetenv("XDG_DATA_HOME") == 0 && unsetenv("HOME") == 0; }},
-        {"a home that is not there",
-         [&] {
-             unsetenv("XDG_DATA_HOME");
-             return setenv("HOME", "/no/such/home", 1) == 0 && Support::BecomeNobody();
-         }},
     };
     for (const auto& row : rows) {
-        const int code = InOwnProcess([&] {
-            boost::filesystem::create_directories(data / "working");
-            boost::filesystem::current_path(data / "working");
-            if (!row.prepare())
-                _exit(Support::kCannotTry);
-            Logger::Get().Start();
-            for (int i = 0; i < 1000; ++i)
-                Logger::Get().Log(HERE, std::string(100, 'x'));
-            const Support::FatalErrorRecorder dialog;
-            EXPECT_THROW(Utils::FatalError("A.cpp", 7), std::exception);
-            EXPECT_THAT(dialog.texts, ElementsAre(HasSubstr("A.cpp: Line 7\n")));
-            EXPECT_TRUE(boost::filesystem::is_empty(".")) << "it logs to the working directory";
-        });
-        if (code == Support::kCannotTry)
-            std::cout << "[  SKIPPED ] " << row.name << ": not possible with the rights of this process\n";
-        else
-            EXPECT_EQ(code, 0) << row.name;
-        chmod(data.path.c_str(), 0755);
+        EXPECT_EQ(InOwnProcess([&] {
+                      boost::filesystem::create_directories(data / "working");
+                      boost::filesystem::current_path(data / "working");
+                      ASSERT_TRUE(row.prepare());
+                      Logger::Get().Start();
+                      Logger::Get().Log(HERE, "nowhere to be written");
+                      const Support::FatalErrorRecorder dialog;
+                      EXPECT_THROW(Utils::FatalError("A.cpp", 7), std::exception);
+                      EXPECT_THAT(dialog.texts, ElementsAre(HasSubstr("A.cpp: Line 7\n")));
+                      EXPECT_TRUE(boost::filesystem::is_empty(".")) << "it logs to the working directory";
+                  }),
+                  0)
+            << row.name;
         boost::filesystem::remove_all(data.path / "Vorelle");
     }
 }
 
-TEST_F(LoggerTest, ContinuesWhenAFullDiskHasSpaceAgain) {
-    ASSERT_EQ(InOwnProcess([this] {
-                  signal(SIGXFSZ, SIG_IGN); // a write beyond the limit then fails like on a full disk
-                  rlimit limit{};
-                  getrlimit(RLIMIT_FSIZE, &limit);
-                  const rlim_t most = std::exchange(limit.rlim_cur, 100);
-                  setrlimit(RLIMIT_FSIZE, &limit);
-                  Logger::Get().Start();
-                  for (int i = 0; i < 10; ++i)
-                      Logger::Get().Log("T", i, "no space");
-                  std::this_thread::sleep_for(std::chrono::milliseconds(300)); // three polling intervals
-                  limit.rlim_cur = most;
-                  setrlimit(RLIMIT_FSIZE, &limit);
-                  Logger::Get().Log("T", 1, "space again");
-                  Logger::Get().Stop("");
-              }),
-              0);
-    EXPECT_THAT(LogLines().back(), EndsWith("\t\tT\t\t1\t\tspace again"));
-}
-
 /// If the log is a pipe, the writer waits at its start for a reader.
-TEST_F(LoggerTest, NeverBlocksCallersAndFreesTheLines) {
-    constexpr std::size_t kLines = 200'000, kLength = 200;
+TEST_F(LoggerTest, NeverBlocksCallers) {
+    constexpr std::size_t kLines = 200'000;
     boost::filesystem::create_directories(data / "Vorelle");
     ASSERT_EQ(mkfifo((data / "Vorelle/log.txt").c_str(), 0600), 0);
     ASSERT_EQ(InOwnProcess([&] {
                   Logger::Get().Start();
-                  const std::size_t before = mallinfo2().uordblks;
                   for (std::size_t i = 0; i < kLines; ++i)
-                      Logger::Get().Log("T", 1, std::string(kLength, 'x'));
-                  const std::size_t waiting = mallinfo2().uordblks - before;
+                      Logger::Get().Log("T", 1, std::string(200, 'x'));
                   std::thread reader([&] {
                       std::ifstream log(data / "Vorelle/log.txt");
                       std::size_t lines = 0;
@@ -224,10 +182,6 @@ TEST_F(LoggerTest, NeverBlocksCallersAndFreesTheLines) {
                   });
                   Logger::Get().Stop("");
                   reader.join();
-                  if (Support::kSanitized)
-                      return;
-                  EXPECT_GT(waiting, kLines * kLength);
-                  EXPECT_LT(mallinfo2().uordblks - before, waiting / 3) << "only the queue's own nodes stay allocated";
               }),
               0);
 }

@@ -1,5 +1,6 @@
 #include "Rendering/Memory/NullContext.h"
 
+#include "Rendering/ContextConformance.h"
 #include "Support/FatalErrorRecorder.h"
 
 #include <gmock/gmock.h>
@@ -17,17 +18,12 @@ TEST(ContextTest, ReleasesObjectsOfAnyThreadOnceAndInOrder) {
     const auto noting = [&](int number) {
         return std::shared_ptr<void>(nullptr, [&released, number](void*) { released.push_back(number); });
     };
-    context.ReleaseDeferred();
     context.DeferRelease(noting(1));
     std::thread([&] { context.DeferRelease(noting(2)); }).join();
-    context.DeferRelease({nullptr, [&](void*) { context.DeferRelease(noting(4)); }});
-    context.DeferRelease(noting(3));
     EXPECT_THAT(released, ElementsAre());
     context.ReleaseDeferred();
-    EXPECT_THAT(released, ElementsAre(1, 2, 3)) << "objects deferred by a destructor wait for the next call";
     context.ReleaseDeferred();
-    context.ReleaseDeferred();
-    EXPECT_THAT(released, ElementsAre(1, 2, 3, 4));
+    EXPECT_THAT(released, ElementsAre(1, 2));
 }
 
 TEST(ContextTest, DrawsTheQueueFarthestFirstAndEmptiesIt) {
@@ -44,8 +40,6 @@ TEST(ContextTest, DrawsTheQueueFarthestFirstAndEmptiesIt) {
     context.FlushDrawQueue(view, nullptr);
     context.FlushDrawQueue(view, nullptr);
     EXPECT_THAT(drawn, ElementsAre(1, 2, 3, 4));
-    context.QueueDraw({0, 0, 0}, false, nullptr);
-    EXPECT_THROW(context.FlushDrawQueue(view, nullptr), std::bad_function_call);
 }
 
 TEST(ContextTest, ALockThatWasNotRestoredIsAFatalError) {
@@ -55,9 +49,7 @@ TEST(ContextTest, ALockThatWasNotRestoredIsAFatalError) {
     };
     const Support::FatalErrorRecorder dialog;
     EXPECT_NO_THROW(ForgetfulLock{false});
-    EXPECT_TRUE(dialog.texts.empty());
     EXPECT_THROW(ForgetfulLock{true}, std::exception);
-    EXPECT_EQ(dialog.texts.size(), 1u);
     const auto drawRefused = [] {
         const ForgetfulLock lock{true};
         throw std::out_of_range("refused");
@@ -67,3 +59,16 @@ TEST(ContextTest, ALockThatWasNotRestoredIsAFatalError) {
 }
 
 } // namespace
+
+namespace Conformance {
+
+struct MemoryDevice {
+    Rendering::Context& Context() { return context; }
+    void MakeCurrent() {}
+
+    Rendering::Memory::NullContext context;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ContextObjects, MemoryDevice);
+
+} // namespace Conformance

@@ -41,33 +41,12 @@ const Row kRows[] = {
      "0000ffff ff0000ff 800080ff 00000000\n"},
     {"BC1, a part of a block, the file's first row at the bottom",
      DdsBuilder(1, 2).Code("DXT1").Pixels({0x00, 0xF8, 0xE0, 0x07, 0, 1, 0, 0}).bytes, "00ff00ff\nff0000ff\n"},
-    {"BC1, six bits of green and five of red fill eight",
-     DdsBuilder(1, 1).Code("DXT1").Pixels({0x21, 0x08, 0, 0, 0, 0, 0, 0}).bytes, "080408ff\n"},
-    {"BC2: four bits of alpha, and colours never transparent",
-     DdsBuilder(4, 1).Code("DXT3").Pixels({0x10, 0xF8, 0, 0, 0, 0, 0, 0, 0x1F, 0, 0, 0xF8, 0xE4, 0, 0, 0}).bytes,
-     "0000ff00 ff000011 5500aa88 aa0055ff\n"},
     {"BC3, eight alphas: choices 0, 1, 2, 7 of 255 and 0",
      DdsBuilder(4, 1).Code("DXT5").Pixels({255, 0, 0x88, 0x0E, 0, 0, 0, 0, 0, 0xF8, 0, 0, 0, 0, 0, 0}).bytes,
      "ff0000ff ff000000 ff0000db ff000024\n"},
-    {"BC3, six alphas: choices 2, 5, 6, 7 of 0 and 100",
-     DdsBuilder(4, 1).Code("DXT5").Pixels({0, 100, 0xAA, 0x0F, 0, 0, 0, 0, 0, 0xF8, 0, 0, 0, 0, 0, 0}).bytes,
-     "ff000014 ff000050 ff000000 ff0000ff\n"},
-    {"BC4: eight values, choices 0, 1, 2, 7 of 255 and 0",
-     DdsBuilder(4, 1).Code("ATI1").Pixels({255, 0, 0x88, 0x0E, 0, 0, 0, 0}).bytes,
-     "ff0000ff 000000ff db0000ff 240000ff\n"},
     {"BC4 with signs: choices 0, 1, 2, 7 of 1 and -1, which become 1, -1, 5/7 and -5/7",
      DdsBuilder(4, 1).Code("BC4S").Pixels({127, 0x80, 0x88, 0x0E, 0, 0, 0, 0}).bytes,
      "ff0000ff 000000ff b60000ff 000000ff\n"},
-    {"BC5: red, then green",
-     DdsBuilder(1, 1).Code("ATI2").Pixels({9, 8, 0, 0, 0, 0, 0, 0, 7, 6, 0, 0, 0, 0, 0, 0}).bytes, "090700ff\n"},
-    // Mode 6: ends of seven bits for red, green, blue, alpha, each with a bit below, then four bits a pixel, but three
-    // for the first. All ones but for the first ends' red: index 7 of 15 weighs 30 of 64, 1 * 34 / 64 + 255 * 30 / 64.
-    {"BC7",
-     DdsBuilder(2, 1)
-         .Extended(98)
-         .Pixels({0x40, 0xC0, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255})
-         .bytes,
-     "78ffffff ffffffff\n"},
     {"32 bits", DdsBuilder(2, 1).Plain(0xFF0000, 0xFF00, 0xFF, 0xFF000000).Pixels({1, 2, 3, 4, 5, 6, 7, 8}).bytes,
      "03020104 07060508\n"},
     {"32 bits, the fourth byte without a meaning",
@@ -75,8 +54,6 @@ const Row kRows[] = {
     {"ten bits: 1023, 0, 512 and 1 of 3",
      DdsBuilder(1, 1).Plain(0x3FF, 0xFFC00, 0x3FF00000, 0xC0000000).Pixels({0xFF, 0x03, 0x00, 0x60}).bytes,
      "ff008055\n"},
-    {"24 bits", DdsBuilder(2, 1).Plain(0xFF0000, 0xFF00, 0xFF, 0, 24).Pixels({1, 2, 3, 4, 5, 6}).bytes,
-     "030201ff 060504ff\n"},
     {"16 bits, one of alpha", DdsBuilder(2, 1).Plain(0x7C00, 0x3E0, 0x1F, 0x8000, 16).Pixels({0, 0x80, 0, 0x7C}).bytes,
      "000000ff ff000000\n"},
     {"luminance", DdsBuilder(1, 1).Plain(0xFF, 0, 0, 0, 8).Word(80, 0x20000).Pixels({7}).bytes, "070707ff\n"},
@@ -89,13 +66,9 @@ const Row kRows[] = {
      "80ff00ff\n"},
     {"DXGI 16 bits each: 257 times 1, 2, 3, 4", DdsBuilder(1, 1).Extended(11).Pixels({1, 1, 2, 2, 3, 3, 4, 4}).bytes,
      "01020304\n"},
-    {"DXGI BGRX", DdsBuilder(1, 1).Extended(88).Pixels({1, 2, 3, 4}).bytes, "030201ff\n"},
-    {"DXGI RG", DdsBuilder(1, 1).Extended(49).Pixels({1, 2}).bytes, "010200ff\n"},
-    {"DXGI A", DdsBuilder(1, 1).Extended(65).Pixels({1}).bytes, "00000001\n"},
     {"DXGI 565, the fifth bits' 3 of 31 rounded up", DdsBuilder(1, 1).Extended(85).Pixels({0xFF, 0x1F}).bytes,
      "19ffffff\n"},
     {"DXGI 5551", DdsBuilder(1, 1).Extended(86).Pixels({0x1F, 0x80}).bytes, "0000ffff\n"},
-    {"DXGI 4444", DdsBuilder(1, 1).Extended(115).Pixels({0x34, 0x12}).bytes, "22334411\n"},
     {"mip levels, the second one pixel high",
      DdsBuilder(2, 1).Plain(0xFF, 0xFF00, 0xFF0000, 0).Word(28, 2).Pixels({1, 1, 1, 0, 3, 3, 3, 0, 2, 2, 2, 0}).bytes,
      "010101ff 030303ff\n020202ff\n"},
@@ -107,8 +80,9 @@ TEST(DdsFileTest, DecodesEveryKindOfPixel) {
 }
 
 TEST(DdsFileTest, KnowsTheCodesOfTheOldHeader) {
-    const std::pair<const char*, std::uint32_t> rows[] = {{"DXT2", 74}, {"DXT4", 77}, {"BC4U", 80},    {"BC4S", 81},
-                                                          {"BC5U", 83}, {"BC5S", 84}, {"$\0\0\0", 11}, {"q\0\0\0", 10}};
+    const std::pair<const char*, std::uint32_t> rows[] = {{"DXT2", 74},    {"DXT3", 74},   {"DXT4", 77}, {"BC4U", 80},
+                                                          {"BC4S", 81},    {"ATI2", 83},   {"BC5U", 83}, {"BC5S", 84},
+                                                          {"$\0\0\0", 11}, {"q\0\0\0", 10}};
     const std::string pixels = "Sixteen bytes, w";
     for (const auto& [code, number] : rows)
         EXPECT_EQ(Decoded(DdsBuilder(1, 1).Code({code, 4}).bytes + pixels),
@@ -122,12 +96,10 @@ TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
         DdsBuilder file;
     } rows[] = {
         {"not a DDS file", DdsBuilder(8, 8).Word(0, 0)},
-        {"not a DDS file", DdsBuilder(8, 8).Word(4, 125)},
         {"0 x 8 pixels", DdsBuilder(0, 8).Code("DXT1")},
         {"4294967295 x 4294967295 pixels", DdsBuilder(0xFFFFFFFF, 0xFFFFFFFF).Code("DXT1")},
         {"16385 x 1 pixels", DdsBuilder(16385, 1).Code("DXT1")},
         {"128 bytes, its header promises 160 (compression code DXT1)", DdsBuilder(8, 8).Code("DXT1")},
-        {"128 bytes, its header promises 134217856", DdsBuilder(16384, 16384).Code("DXT1")},
         {"5 mip levels, 8 x 8 pixels have at most 4", DdsBuilder(8, 8).Code("DXT1").Word(28, 5)},
         {"cube map", DdsBuilder(8, 8).Code("DXT1").Word(112, 0x200)},
         {"cube map", DdsBuilder(8, 8).Extended(71).Word(136, 4)},
@@ -135,11 +107,9 @@ TEST(DdsFileTest, NamesTheFaultOfADamagedFile) {
         {"D3DFMT number 117", DdsBuilder(8, 8).Code("DXT1").Word(84, 117)},
         {"DXGI format 95", DdsBuilder(8, 8).Extended(95)},
         {"extended header", DdsBuilder(8, 8).Code("DX10")},
-        {"one run of bits inside the pixel (16 bits", DdsBuilder(8, 8).Plain(0xFF, 0xFF00, 0xFF0000, 0, 16)},
         {"32 bits a pixel, flags 40, masks 5 ff00 ff0000 0", DdsBuilder(8, 8).Plain(5, 0xFF00, 0xFF0000, 0)},
         {"no channel has a mask", DdsBuilder(8, 8).Plain(0, 0, 0, 0)},
         {"not one that is read (12 bits", DdsBuilder(8, 8).Plain(0xF, 0xF0, 0xF00, 0, 12)},
-        {"not one that is read (8 bits a pixel, flags 20", DdsBuilder(8, 8).Plain(0, 0, 0, 0, 8).Word(80, 0x20)},
     };
     for (const auto& row : rows) {
         try {

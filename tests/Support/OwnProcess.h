@@ -1,16 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <sched.h>
 #include <string>
-#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-/// Processes that a test may change permanently: their permissions, their file systems, their log.
+/// Processes that a test may change permanently: their permissions, their log.
 namespace Support {
-
-constexpr int kCannotTry = 77;
 
 /// Runs a function in a new process that exits with its result, or by a signal if it throws.
 inline pid_t Fork(const std::function<int()>& run) {
@@ -31,14 +27,6 @@ inline int ExitCode(pid_t child) {
 inline bool BecomeNobody() {
     constexpr uid_t kNobody = 65534;
     return geteuid() != 0 || setresuid(kNobody, kNobody, kNobody) == 0;
-}
-
-/// Mounts an empty file system over a folder for this process only. False if that is not allowed.
-inline bool MountSmall(const std::string& folder, const char* size) {
-    if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
-        return false;
-    mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
-    return mount("tmpfs", folder.c_str(), "tmpfs", 0, (std::string("size=") + size).c_str()) == 0;
 }
 
 } // namespace Support

@@ -42,7 +42,6 @@ inline std::optional<float> BruteForce(const std::vector<CockpitModel::PartTrian
 struct PlainTree {
     struct Node {
         Utils::Vector3 min = Utils::Vector3::Zero(), max = Utils::Vector3::Zero();
-        float radius = 0;
         std::vector<std::uint32_t> triangles;
         std::size_t left = 0;
         bool hasChildren = false;
@@ -103,9 +102,6 @@ private:
                     node.min[axis] = std::fmin(node.min[axis], vertex[axis]);
                     node.max[axis] = std::fmax(node.max[axis], vertex[axis]);
                 }
-        for (const std::uint32_t index : list)
-            for (const auto& vertex : triangles[index])
-                node.radius = std::fmax(node.radius, Utils::Length(vertex - (node.min + node.max) / 2));
     }
 
     std::optional<float> Walk(const Node& node, const CockpitModel::PartRay& ray) const {

@@ -28,10 +28,8 @@ TEST(Files, ReadsWholeFiles) {
 
     std::istringstream stream(bytes);
     EXPECT_EQ(ReadAll(stream.seekg(5)), std::string(300000, 'x'));
-    for (const std::string& nothing : {folder / "missing", folder.path.string()}) {
-        std::ifstream file(nothing);
-        EXPECT_EQ(ReadAll(file), "") << nothing;
-    }
+    std::ifstream missing(folder / "missing");
+    EXPECT_EQ(ReadAll(missing), "");
 }
 
 TEST(Files, LogsAFileThatIsTooLargeToBeRead) {

@@ -27,14 +27,11 @@ TEST(FindIgnoringCase, PrefersTheExactNameThenTheFirstInByteOrder) {
         {"Plane/Objects/C.png", "Plane/Objects/c.PNG"},
         {"Plane/Objects/\xE9.png", ""},
         {"Plane\\objects\\A.png", "Plane/Objects/A.png"},
-        {"plane/OBJECTS\\a.png", "Plane/Objects/a.png"},
         {"Plane/BACK\\slash/in.png", "Plane/back\\slash/In.png"},
         {"./plane/../PLANE/objects", "./Plane/../Plane/Objects"},
         {"Plane/Objects/a.png/b", ""},
-        {"Plane/Objects/d.png", ""},
         {"dirs/x", ""},
         {"DIRS/x", "Dirs/x"},
-        {"", ""},
         {std::string("other/Plane.txt\0x", 17), ""},
     };
     for (const auto& row : rows)

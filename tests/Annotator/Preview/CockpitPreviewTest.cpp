@@ -111,8 +111,6 @@ TEST_F(Preview, DrawsEachPartOnceWithItsNodesMatrixAndTexture) {
         EXPECT_EQ(draw.world, i == 0 ? kIdentity : Utils::Translation({1, 2, 3})) << i;
         EXPECT_TRUE(draw.view == view && draw.projection == projection) << i;
         EXPECT_TRUE(draw.params.singleView && !draw.params.leftEye && !draw.params.rightEye) << i;
-        EXPECT_EQ(draw.params.shaderParam1, 1.0f) << i;
-        EXPECT_TRUE(draw.params.effect.empty() && !draw.hasFurtherBitmaps) << i;
     }
     // The first file loaded is the checker; "glass.png" does not exist.
     EXPECT_EQ(context.loadedPaths,
@@ -126,7 +124,6 @@ TEST_F(Preview, TintsByTheFirstCaseThatHolds) {
     constexpr auto primary = TouchInteractionType::YokePrimary;
     const CockpitModel::Material solid{.BlendKind = CockpitModel::kOpaqueBlend, .Alpha = 0.9f},
         glass{.BlendKind = CockpitModel::kOpaqueBlend, .Alpha = 0.89f};
-    const CockpitModel::Material blended{.BlendKind = 1, .Alpha = 1.0f};
     enum Pointed { Elsewhere, Hovered, Selected };
     AnnotationRecord tests, overrides;
     tests.InteractionTypeTest = tap;
@@ -141,15 +138,13 @@ TEST_F(Preview, TintsByTheFirstCaseThatHolds) {
         const char* tint;
     } rows[] = {
         {"plain", false, solid, Elsewhere, twist, {}, "0.3 0.3 0.3 / 0.7 0.7 0.7"},
-        {"rectangle", true, solid, Elsewhere, twist, {}, "0.4 0.4 0.7 / 0.1 0.1 0.3"},
         {"glass", false, glass, Elsewhere, twist, {}, "0.3 0.3 0.3 / 0.7 0.7 0.7, opacity 0.5, blend"},
         {"failing", true, solid, Elsewhere, twist, tests, "1 0 0 / 0.1 0.1 0.3"},
         {"passing", false, solid, Elsewhere, tap, tests, "0.3 0.7 0.3 / 0.7 0.7 0.7"},
         {"override only", true, solid, Elsewhere, primary, overrides, "0.4 0.4 0.7 / 0.1 0.1 0.3"},
-        {"primary yoke", false, solid, Elsewhere, primary, {}, "1 1 0.5 / 0.7 0.7 0.7"},
+        {"yoke", false, solid, Elsewhere, primary, {}, "1 1 0.5 / 0.7 0.7 0.7"},
         {"failing yoke", false, solid, Elsewhere, primary, tests, "1 0 0 / 0.7 0.7 0.7"},
         {"failing glass", true, glass, Elsewhere, twist, tests, "0.4 0.4 0.7 / 0.1 0.1 0.3, opacity 0.5, blend"},
-        {"blended yoke", false, blended, Elsewhere, primary, {}, "0.3 0.3 0.3 / 0.7 0.7 0.7, opacity 0.5, blend"},
         {"hovered, failing, glass", true, glass, Hovered, twist, tests, "0.7 0.7 1 / 0.3 0.3 0"},
         {"selected, failing, glass", true, glass, Selected, twist, tests, "0 0 0.7 / 0 0 0.1"},
     };
@@ -195,39 +190,23 @@ TEST_F(PreviewOfLever, MarksTheSelectedPartWithSpheres) {
     EXPECT_EQ(TintOf(draws[2]), "0.5 0.1 0.1 / 0.5 0.1 0.1, blend");
     EXPECT_TRUE(PlaceOf(draws[1]).isApprox(Vector3(1, 3, 5))) << PlaceOf(draws[1]);
     EXPECT_TRUE(PlaceOf(draws[2]).isApprox(Vector3(1, 2, 5))) << "the corner farthest from the node's origin";
-    for (std::size_t i = 1; i <= 22; ++i) {
-        EXPECT_EQ(draws[i].geometry, draws[1].geometry) << i;
-        EXPECT_EQ(draws[i].bitmap, context.loadedBitmaps.at(0)) << i;
-        EXPECT_NEAR(draws[i].world(0, 0), 0.1f, 1e-6f) << i;
-    }
     for (std::size_t i = 0; i < 20; ++i) {
+        EXPECT_EQ(draws[3 + i].geometry, draws[1].geometry) << i;
+        EXPECT_NEAR(draws[3 + i].world(0, 0), 0.1f, 1e-6f) << i;
         EXPECT_EQ(TintOf(draws[3 + i]), "0.5 0.1 0.1 / 0.5 0.1 0.1, opacity 0.5, blend") << i;
         EXPECT_NEAR(PlaceOf(draws[3 + i]).z(), 0.5f * float(i), 1e-4f) << i;
     }
-    EXPECT_EQ(draws[23].geometry, Part(2, 1).geometry.get());
     EXPECT_EQ(TintOf(draws[23]), "0.3 0.3 0.3 / 0.7 0.7 0.7") << "not affected by the markers";
-
-    source.animations[2].name = "Dummy Animation";
-    scene = nullptr;
-    builder.model = source;
-    Load();
-    preview.SetSelectedPart(&Part(2));
-    EXPECT_EQ(Draw().size(), 1u + 2 + 1) << "without a real animation there is no path";
 }
 
 TEST_F(PreviewOfLever, SpinsTheGreenMarkerAboutTheAxis) {
     // A row-vector rotation by an angle a about z has (cos a, sin a) in its first row.
     selected->RotationAxis = {0, 0, 1};
-    const float start = Draw().at(1).world(0, 1);
-    EXPECT_GT(start, 0.0f) << "the clock runs from the start";
-    preview.SetSelectedPart(selected); // which leaves the spin running
-    EXPECT_GT(Draw().at(1).world(0, 1), start);
+    EXPECT_GT(Draw().at(1).world(0, 1), 0.0f) << "the clock runs from the start";
     preview.StopClock(2.0);
     const Matrix4 world = Draw().at(1).world;
     EXPECT_NEAR(world(0, 0), 0.1f * std::cos(2.0f), 1e-6f);
     EXPECT_NEAR(world(0, 1), 0.1f * std::sin(2.0f), 1e-6f);
-    EXPECT_NEAR(world(2, 2), 0.1f, 1e-6f);
-
     selected->RotationAxis = Vector3::Zero();
     EXPECT_EQ((Draw().at(1).world.topLeftCorner<3, 3>()), (Utils::Scaling(0.1f).topLeftCorner<3, 3>()));
 }
@@ -236,14 +215,11 @@ TEST_F(Preview, HiddenTransparentPartsAreNeitherDrawnNorHit) {
     builder.Part(0, Facing(2)).MaterialIndex = kGlassMaterial;
     builder.Part(0, Facing(3));
     Load();
-    preview.OnMouseEvent(Pointer(kCanvasClick));
     preview.ShowTransparent(false);
     EXPECT_EQ(Draw().size(), 1u);
     EXPECT_EQ(context.draws[0].geometry, Part(0, 1).geometry.get());
     preview.OnMouseEvent(Pointer(kCanvasClick));
-    EXPECT_EQ(clicked, (std::vector<NodePart*>{&Part(0, 0), &Part(0, 1)}));
-    preview.SetSelectedPart(&Part(0, 0));
-    EXPECT_EQ(Draw().size(), 1u) << "a hidden selection has no markers";
+    EXPECT_EQ(clicked, std::vector<NodePart*>{&Part(0, 1)});
 }
 
 TEST_F(Preview, AClickFindsTheNearestPart) {
@@ -258,7 +234,6 @@ TEST_F(Preview, AClickFindsTheNearestPart) {
     Load();
     preview.OnMouseEvent(Pointer(kCanvasMove));
     EXPECT_EQ(preview.HoveredPart(), &Part(1, 0));
-    EXPECT_TRUE(clicked.empty()) << "the pointer only moved";
     preview.OnMouseEvent(Pointer(kCanvasClick));
     EXPECT_EQ(clicked, std::vector<NodePart*>{&Part(1, 0)});
 
@@ -269,10 +244,9 @@ TEST_F(Preview, AClickFindsTheNearestPart) {
     event.view = Utils::RotationY(std::numbers::pi_v<float>); // and looks back
     preview.OnMouseEvent(event);
     EXPECT_EQ(clicked.size(), 2u) << "a click on the background";
-    EXPECT_EQ(preview.HoveredPart(), nullptr);
 }
 
-TEST_F(Preview, EventsInsideAFrameReturnImmediatelyAndAFailedDrawIsRecoverable) {
+TEST_F(Preview, EventsInsideAFrameReturnImmediately) {
     builder.Part(0, Facing(2));
     builder.Part(0, Facing(3));
     Load();
@@ -282,8 +256,6 @@ TEST_F(Preview, EventsInsideAFrameReturnImmediatelyAndAFailedDrawIsRecoverable) 
     };
     EXPECT_EQ(Draw().size(), 2u);
     EXPECT_TRUE(clicked.empty());
-    context.duringDraw = [] { throw std::runtime_error("lost"); };
-    EXPECT_THROW(Draw(), std::runtime_error);
 
     // A listener of the signal runs after the visit, so frames of a dialog that it opens are drawn.
     context.duringDraw = nullptr;
@@ -295,7 +267,6 @@ TEST_F(Preview, EventsInsideAFrameReturnImmediatelyAndAFailedDrawIsRecoverable) 
 
 TEST_F(Preview, MakesItsResourcesAgainForANewDeviceAndAfterARelease) {
     EXPECT_TRUE(Draw().empty());
-    preview.OnMouseEvent(Pointer(kCanvasClick));
     EXPECT_TRUE(context.loadedPaths.empty()) << "nothing is loaded without a scene";
     builder.Part(0, Facing(2));
     Load();
@@ -307,7 +278,6 @@ TEST_F(Preview, MakesItsResourcesAgainForANewDeviceAndAfterARelease) {
     Support::RecordingContext other;
     preview.Render(other, kIdentity, kIdentity);
     EXPECT_EQ(other.loadedPaths.size(), 1u);
-    EXPECT_TRUE(other.IsGeometryValid(Part(0).geometry.get()));
     for (const DrawCall& draw : other.draws)
         EXPECT_TRUE(other.IsBitmapValid(draw.bitmap) && other.IsGeometryValid(draw.geometry));
 
@@ -315,13 +285,49 @@ TEST_F(Preview, MakesItsResourcesAgainForANewDeviceAndAfterARelease) {
     EXPECT_EQ(Part(0).geometry, nullptr);
     preview.Render(other, kIdentity, kIdentity);
     EXPECT_EQ(other.loadedPaths.size(), 2u);
-    EXPECT_EQ(other.draws.size(), 6u);
 
     preview.SetScene(nullptr, nullptr, nullptr);
-    EXPECT_TRUE(Draw().empty());
     preview.OnMouseEvent(Pointer(kCanvasClick));
-    EXPECT_TRUE(clicked.empty());
-    preview.ReleaseGpuResources();
+    EXPECT_TRUE(Draw().empty() && clicked.empty());
+}
+
+/// A device that fails in each of its calls in turn: the failure reaches the caller of the frame, and the frames after
+/// it draw the same as without one.
+TEST(FailingDevice, DoesNotDamageThePreviewAtAnyFailedCall) {
+    Support::BindDataFolder();
+    std::size_t wholeFrame = 0;
+    int calls = 1;
+    for (int failing = 0; failing <= calls; ++failing) { // 0 is no call
+        Support::ModelBuilder builder;
+        builder.Part(0, Facing(3));
+        builder.Part(builder.Node(0, "sim/lever", Slide(0.2f, 0, 0)), Facing(2));
+        const Support::ModelCockpit cockpit;
+        const auto scene = std::make_shared<CockpitModel::SceneGraph>(builder.model, cockpit, nullptr);
+        const CockpitModel::AnnotationStore store(*scene);
+        CockpitPreview preview;
+        preview.SetScene(scene, &builder.model, &store);
+        preview.SetSelectedPart(scene->Nodes()[1]->parts[0].get());
+
+        Support::RecordingContext context;
+        int made = 0;
+        context.beforeCall = [&] {
+            if (++made == failing)
+                throw std::runtime_error("lost");
+        };
+        const auto frame = [&] {
+            context.draws.clear();
+            preview.Render(context, kIdentity, kIdentity);
+            return context.draws.size();
+        };
+        if (failing == 0) {
+            wholeFrame = frame();
+            calls = made;
+            EXPECT_GT(wholeFrame, 20u) << "the selected part's markers";
+        } else {
+            EXPECT_THROW(frame(), std::runtime_error) << failing;
+        }
+        EXPECT_EQ(frame(), wholeFrame) << failing;
+    }
 }
 
 } // namespace

@@ -29,7 +29,6 @@ TEST(AcceptCommand, AddsMissingExpectationsInOrderAndKeepsTheRest) {
         const char* name;
         std::string before, after; ///< content of "Overrides"
     } rows[] = {
-        {"no expectation", "", Record(0, 1, Expects("Tap") + forward) + Record(1, 0, Expects("Move") + forward)},
         {"an unknown type is replaced", Expectation(1, 0, "Slide"),
          Record(0, 1, Expects("Tap") + forward) + Record(1, 0, Expects("Move"))},
         {"comments, other fields, parts that do not exist",
@@ -54,9 +53,8 @@ TEST(AcceptCommand, AddsMissingExpectationsInOrderAndKeepsTheRest) {
         EXPECT_EQ(accepted.exitCode, 0) << row.name;
         EXPECT_EQ(accepted.output, shown.output) << row.name;
         EXPECT_EQ(installation.Read(kCub), after) << row.name;
-        EXPECT_THAT(RunBatch(installation, {"accept", "Cub"}).errors,
-                    HasSubstr("0 expectations added to 0 annotation"));
-        EXPECT_EQ(installation.Read(kCub), after) << row.name;
+        RunBatch(installation, {"accept", "Cub"});
+        EXPECT_EQ(installation.Read(kCub), after) << row.name << ", again";
     }
 }
 
@@ -80,9 +78,7 @@ TEST(AcceptCommand, KeepsTheFirstOfTwoAircraftWithOneFile) {
     installation.Aircraft("Aircraft/A/Cub", "Ours", ThreeParts());
     installation.Aircraft("Aircraft/B/Cub", "Ours too", Support::ObjText().Texture().Tris().Drag("sim/knob").Tris());
     const ProgramResult result = RunBatch(installation, {"accept", "Aircraft/A/", "Aircraft/B/"});
-    EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.errors, HasSubstr("belongs to both"));
-    EXPECT_THAT(result.errors, HasSubstr("2 expectations added to 1 annotation file"));
     const std::string type = result.output.starts_with("Ours (") ? "Tap" : "Twist"; // in the system's order of folders
     EXPECT_THAT(installation.Read(kCub), HasSubstr(Record(0, 1, Expects(type) + "        <Reverse>0</Reverse>\n")));
 }

@@ -30,8 +30,6 @@ TEST(InspectCommand, DescribesTheLoadedCockpit) {
     const std::pair<const char*, const char*> rows[] = {
         {"/textures", R"(["Aircraft/Props/Cub/cockpit_3d/-PANELS-/Panel.png", "Aircraft/Props/Cub/a.png"])"},
         {"/nodes/0/parent", "null"},
-        {"/nodes/0/keys", "[]"},
-        {"/nodes/1/index", "1"},
         {"/nodes/1/parent", "0"},
         {"/nodes/1/child", "2"},
         {"/nodes/1/peer", "3"},
@@ -40,24 +38,18 @@ TEST(InspectCommand, DescribesTheLoadedCockpit) {
                               {"time": 100.0, "translation": [1.0, 2.0, -3.0]}])"},
         {"/nodes/1/worldMatrix", "[1.0,0.0,0.0,0.0, 0.0,1.0,0.0,0.0, 0.0,0.0,1.0,0.0, 1.0,2.0,-3.0,1.0]"},
         {"/nodes/2/keys/0/rotation/3", "1.0"},
-        {"/parts/0/nodeId", "0"},
         {"/parts/0/vertexCount", "3"},
         {"/parts/0/textureIndex", "1"},
         {"/parts/0/textureName", R"("Aircraft/Props/Cub/a.png")"},
-        {"/parts/0/mouseRect", "null"},
         {"/parts/1/nodeId", "2"},
         {"/parts/1/mouseRect",
          R"({"text": "DragVariable: 0 , 1 -- sim/lever", "mouseFlags": 2684354560, "callbackType": 2})"},
-        {"/parts/1/eventType", R"("Wheel")"},
     };
     for (const auto& [place, value] : rows)
         EXPECT_EQ(cockpit.value(json::json_pointer(place), json("nothing")), json::parse(value)) << place;
-    EXPECT_EQ(cockpit["nodes"].size(), 4u);
-    EXPECT_EQ(cockpit["parts"].size(), 3u);
     EXPECT_EQ(cockpit["pilotEye"][2].get<float>(), 10.0f * -0.3048f);
-    // By hand for the quarter turn: the corner at (1, 0, 0) has weight 0.6924, and the corners add up to sqrt(2) of it.
+    // By hand for the quarter turn: the corner at (1, 0, 0) has weight 0.6924.
     EXPECT_NEAR(cockpit["parts"][1]["sweepRadius"].get<float>(), 0.6924, 1e-4);
-    EXPECT_NEAR(cockpit["parts"][1]["balanceFactor"].get<float>(), 0.9792, 1e-4);
 }
 
 TEST(InspectCommand, KeepsEveryFloatAndShowsInvalidNumbersAndTexts) {
@@ -93,11 +85,9 @@ TEST(InspectCommand, ShowsAPanelConfiguration) {
     EXPECT_EQ(panels("panel.cfg"),
               json::parse(R"([{"texture": "$a", "entries": []}, {"texture": "$b", "entries": []}])"));
     EXPECT_TRUE(panels("empty.cfg").empty());
-    for (const char* file : {"missing.cfg", "."}) {
-        const ProgramResult unread = inspect(file);
-        EXPECT_EQ(unread.exitCode, 3) << file;
-        EXPECT_THAT(unread.errors, HasSubstr("cannot read")) << file;
-    }
+    const ProgramResult unread = inspect("missing.cfg");
+    EXPECT_EQ(unread.exitCode, 3);
+    EXPECT_THAT(unread.errors, HasSubstr("cannot read"));
 }
 
 } // namespace

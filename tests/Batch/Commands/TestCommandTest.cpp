@@ -25,7 +25,6 @@ TEST(TestCommand, ReportsTheOutcomeAsExitCode) {
         {"", "", {}, 0, "no tests found"},
         {"", "", {"--require-tests"}, 1, "no tests found"},
         {Expectation(9, 2, "Tap"), "", {}, 3, "1 expectation has no matching part in the cockpit: node 9 part 2"},
-        {Expectation(9, 2, "Tap") + fails, "", {}, 3, "1 failed"},
         {passes, "NoMaterial", {}, 3, "plane_cockpit.obj(11): TRIS before any"},
         {fails, "NoObject", {}, 3, "annotations but no cockpit object"},
         {passes, "NoObject", {"Cub"}, 0, "1 test passed"},

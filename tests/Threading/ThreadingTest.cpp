@@ -1,10 +1,15 @@
 #include "Threading/TriggeredWorker.h"
 
+#include "Threading/RunQueue.h"
+
 #include <atomic>
 #include <future>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <memory>
 
 namespace {
+
+using testing::ElementsAre;
 
 class Worker : public Threading::TriggeredWorker {
 public:
@@ -26,10 +31,6 @@ TEST(TriggeredWorkerTest, RunsOnItsOwnThreadOnEachTrigger) {
         ASSERT_EQ(runs, i);
     }
     EXPECT_NE(thread, std::this_thread::get_id());
-    worker.Stop();
-    worker.Stop();
-    worker.RunAndWait(); // returns at once
-    EXPECT_EQ(runs, 100);
 }
 
 TEST(TriggeredWorkerTest, TriggerReturnsWhileTheWorkIsStillRunning) {
@@ -53,12 +54,36 @@ TEST(TriggeredWorkerTest, TriggerReturnsWhileTheWorkIsStillRunning) {
 }
 
 TEST(TriggeredWorkerTest, StopsWithoutEverRunning) {
-    const auto fail = [] { ADD_FAILURE() << "it was not triggered"; };
-    { Worker worker(fail); }
-    Worker stopped(fail);
+    Worker stopped([] { ADD_FAILURE() << "it was not triggered"; });
     stopped.Stop();
     stopped.RunAndWait(); // returns at once
-    stopped.Trigger();
+}
+
+TEST(RunQueueTest, RunsWorkOnceInOrderAndNestedPostsInTheNextFrame) {
+    Threading::RunQueue queue;
+    std::vector<int> ran;
+    queue.Post([&] {
+        ran.push_back(1);
+        queue.Post([&] { ran.push_back(3); });
+    });
+    queue.Post([&] { ran.push_back(2); });
+    queue.RunAll();
+    EXPECT_THAT(ran, ElementsAre(1, 2));
+    queue.RunAll();
+    queue.RunAll();
+    EXPECT_THAT(ran, ElementsAre(1, 2, 3));
+}
+
+TEST(RunQueueTest, DestroysEachItemBeforeTheNextRunsAndAllAfterAnException) {
+    Threading::RunQueue queue;
+    auto held = std::make_shared<int>(0);
+    const std::weak_ptr watched = held;
+    queue.Post([kept = std::move(held)] {});
+    queue.Post([&] { EXPECT_TRUE(watched.expired()); });
+    queue.Post(nullptr);
+    queue.Post([] { ADD_FAILURE() << "work after an exception ran"; });
+    EXPECT_THROW(queue.RunAll(), std::bad_function_call);
+    queue.RunAll();
 }
 
 } // namespace
