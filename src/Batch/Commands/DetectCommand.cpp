@@ -83,7 +83,6 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
                               session.console);
     const std::size_t failed = ForEachAircraft(
         aircraft, session.console,
-        [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.aircraft.load); },
         {.take = [&](const Sim::AircraftInfo& info, const std::string& xml) { writer.Write(info, xml); },
          .showsProgress = true});
     return writer.Finish(aircraft.selection.size(), failed);
@@ -96,7 +95,10 @@ Action PrepareDetect(CLI::App& app) {
     app.add_option("--out", options->folder, "Folder for the files (default: QVRA/AirLogs/... in the installation)")
         ->type_name("DIR");
     AddAircraftOptions(app, options->aircraft);
-    return [options](Session& session) { return Detect(*options, session); };
+    return {[options](Session& session) { return Detect(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) {
+                return DetectOne(info, options->aircraft.load);
+            }};
 }
 
 } // namespace Batch
