@@ -11,6 +11,10 @@ namespace CLI {
 class App;
 }
 
+namespace Sim {
+struct AircraftInfo;
+}
+
 namespace Batch {
 
 /// The program's exit codes. If several apply, the greatest is returned.
@@ -39,7 +43,12 @@ struct Session {
     std::string ResolveArgument(const std::string& path) const;
 };
 
-using Action = std::function<ExitCode(Session&)>;
+/// What a command does.
+struct Action {
+    std::function<ExitCode(Session&)> run;
+    /// What its workers do for each aircraft of RunJobs; null if it starts none. Nothing of `run` happens in a worker.
+    std::function<std::string(const Sim::AircraftInfo& info, const std::string& input)> job = nullptr;
+};
 
 /// A command of the program. To add one: a source file with its Prepare function, a line in Commands.h, a row in the
 /// table of Program.cpp.

@@ -39,10 +39,10 @@ std::string AnnotationText(const std::optional<CockpitModel::AnnotationRecord>& 
 }
 
 /// Empty if the cockpit has no such part.
-std::string ExplainOne(const Sim::AircraftInfo& info, PartAddress address, const Annotator::LoadOptions& load) {
-    const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, load);
+std::string ExplainOne(const Sim::AircraftInfo& info, const ExplainOptions& options) {
+    const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, options.aircraft.load);
     const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
-    const NodePart* const part = sceneGraph.FindPart(address);
+    const NodePart* const part = sceneGraph.FindPart(ReadAddress(options.part));
     if (!part)
         return {};
     CockpitModel::AnnotationStore store(sceneGraph);
@@ -51,11 +51,10 @@ std::string ExplainOne(const Sim::AircraftInfo& info, PartAddress address, const
 }
 
 ExitCode Explain(const ExplainOptions& options, Session& session) {
-    const PartAddress address = ReadAddress(options.part);
+    ReadAddress(options.part);
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
-    const std::string text =
-        RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, address, options.aircraft.load); });
+    const std::string text = RunJob(info, options.aircraft.limits.timeout);
     if (text.empty())
         throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
                                             "; run 'inspect' to list all parts, 'manips' to list clickable parts");
@@ -69,7 +68,8 @@ Action PrepareExplain(CLI::App& app) {
     auto options = std::make_shared<ExplainOptions>();
     AddAircraftOptions(app, options->aircraft);
     app.add_option("PART", options->part, "Part as NODE,PART, for example 12,0")->type_name("")->required();
-    return [options](Session& session) { return Explain(*options, session); };
+    return {[options](Session& session) { return Explain(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) { return ExplainOne(info, *options); }};
 }
 
 } // namespace Batch

@@ -131,7 +131,7 @@ ExitCode Lint(const LintOptions& options, Session& session) {
         else
             Print(FindingsText(findings, options.all));
     };
-    const std::size_t failed = ForEachAircraft(aircraft, session.console, LintOne, {.take = take});
+    const std::size_t failed = ForEachAircraft(aircraft, session.console, {.take = take});
     if (options.json)
         PrintJson(everything.dump(1) + '\n');
     FlushPrinted();
@@ -148,7 +148,8 @@ Action PrepareLint(CLI::App& app) {
     app.add_flag("--all", options->all, "Print every finding, including repeated ones");
     app.add_flag("--json", options->json, "Print all findings as a list of JSON objects");
     AddSelectionOptions(app, options->aircraft);
-    return [options](Session& session) { return Lint(*options, session); };
+    return {[options](Session& session) { return Lint(*options, session); },
+            [](const Sim::AircraftInfo& info, const std::string&) { return LintOne(info); }};
 }
 
 } // namespace Batch

@@ -152,7 +152,7 @@ ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
     RequireData();
-    const std::string answer = RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options); });
+    const std::string answer = RunJob(info, options.aircraft.limits.timeout);
     const std::string_view bytes = std::string_view(answer).substr(1);
     if (answer[0] == kWrongRequest)
         throw CommandError(kWrongUsage, NameOf(info) + ": " + std::string(bytes));
@@ -170,7 +170,11 @@ Action PrepareRender(CLI::App& app) {
     app.add_option("--out", options->file, "PNG file to write")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
     AddAircraftOptions(app, options->aircraft);
-    return [options](Session& session) { return Render(*options, session); };
+    return {[options](Session& session) { return Render(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) {
+                RequireData();
+                return RenderOne(info, *options);
+            }};
 }
 
 } // namespace Batch
