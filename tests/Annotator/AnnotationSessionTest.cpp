@@ -1,0 +1,124 @@
+#include "Annotator/AnnotationSession.h"
+
+#include "Support/MadeAircraft.h"
+#include "Support/TemporaryFolder.h"
+#include "Utils/RangeCheck.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace Support;
+using CockpitModel::AnnotationRecord;
+using testing::HasSubstr;
+
+const std::string kFile = "QVRA/Annotations/Cub.xml";
+
+/// A part on node 0 and two on node 1.
+CockpitModel::ModelData ThreeParts() {
+    ModelBuilder builder;
+    builder.Part(0, TriangleAt(1));
+    const int lever = builder.Node(0, "sim/lever", Slide(1, 0, 0));
+    builder.Part(lever, TriangleAt(2));
+    builder.Part(lever, TriangleAt(3));
+    return std::move(builder.model);
+}
+
+class AnnotationSessionTest : public testing::Test {
+protected:
+    AnnotationSessionTest() : inside(folder.path) { boost::filesystem::create_directory("QVRA"); }
+
+    CockpitModel::NodePart* Part(int node, int part) { return session.Scene()->FindPart({node, part}); }
+
+    TemporaryFolder folder;
+    WorkingDirectory inside;
+    MadeAircraft cub{"Cub", "Made/Cub", MakerOf(ThreeParts())};
+    Annotator::AnnotationSession session;
+};
+
+TEST_F(AnnotationSessionTest, StartsTheWorkingRecordOfEachSelectionFromTheStoredOne) {
+    session.Load(cub);
+    EXPECT_EQ(session.AircraftName(), "Cub");
+    EXPECT_EQ(session.SelectedPart(), nullptr);
+    session.Select(Part(1, 1));
+    EXPECT_EQ(session.SelectedPart(), Part(1, 1));
+    EXPECT_EQ(session.Edit(), (AnnotationRecord{.NodeId = 1, .PartId = 1}));
+    session.Edit().Tooltip = "not saved";
+    session.Select(Part(0, 0));
+    session.Edit().Reverse = true;
+    EXPECT_TRUE(session.Save().saved);
+    session.Select(Part(1, 1));
+    EXPECT_EQ(session.Edit().Tooltip, std::nullopt);
+
+    session.Load(cub);
+    EXPECT_EQ(session.SelectedPart(), nullptr);
+    session.Select(Part(0, 0));
+    EXPECT_EQ(session.Edit(), (AnnotationRecord{.NodeId = 0, .PartId = 0, .Reverse = true})) << "read from the file";
+    session.Clear();
+    EXPECT_EQ(session.SelectedPart(), nullptr);
+    EXPECT_EQ(session.Scene(), nullptr);
+}
+
+TEST_F(AnnotationSessionTest, TellsWhatASaveKeptAndWhyItFailed) {
+    folder.Write(kFile, "<Overrides><!-- mine --></Overrides>");
+    session.Load(cub);
+    session.Select(Part(1, 0));
+    EXPECT_EQ(session.Save().unreadableCopy, "") << "the copy is readable";
+    EXPECT_EQ(folder.Read(kFile + ".kept-1"), "<Overrides><!-- mine --></Overrides>");
+    folder.Write(kFile, "<Overrides><Override>");
+    EXPECT_EQ(session.Save().unreadableCopy, kFile + ".kept-2");
+    const std::string saved = folder.Read(kFile);
+    EXPECT_THAT(saved, HasSubstr("<NodeId>1</NodeId>"));
+    EXPECT_EQ(session.Save().unreadableCopy, "");
+    EXPECT_EQ(folder.Read(kFile), saved);
+
+    boost::filesystem::remove(kFile);
+    folder.Write(kFile + "/in the way", "");
+    session.Edit().Tooltip = "mine";
+    const auto failed = session.Save();
+    EXPECT_FALSE(failed.saved);
+    EXPECT_THAT(failed.error, HasSubstr(kFile));
+    EXPECT_EQ(session.Edit().Tooltip, "mine");
+}
+
+/// A cockpit that throws when it is used.
+struct ThrowingCockpit final : CockpitModel::AircraftCockpit {
+    bool IsValid() const override { throw std::runtime_error("validity"); }
+    std::unique_ptr<CockpitModel::ModelData> LoadModel() const override { return nullptr; }
+};
+
+TEST_F(AnnotationSessionTest, HasNoAircraftAfterALoadThatFails) {
+    using Cockpit = std::unique_ptr<CockpitModel::AircraftCockpit>;
+    CockpitModel::ModelData broken = ThreeParts();
+    broken.animationLinks.Children.clear();
+    const std::pair<CockpitMaker, std::string> rows[] = {
+        {[]() -> Cockpit { throw Utils::OutOfRange("cockpit"); }, "cockpit"},
+        {[] { return std::make_unique<ThrowingCockpit>(); }, "validity"},
+        {MakerOf(broken), "invalid vector<T> subscript"},
+    };
+    for (const auto& [maker, reason] : rows) {
+        SCOPED_TRACE(reason);
+        session.Load(cub);
+        session.Select(Part(0, 0));
+        const std::weak_ptr<CockpitModel::SceneGraph> before = session.Scene();
+        bool releasedFirst = false;
+        const MadeAircraft failing("Cub", "Made/Cub", [&] {
+            releasedFirst = before.expired();
+            return maker();
+        });
+        std::string thrown;
+        try {
+            session.Load(failing);
+        } catch (const std::exception& error) {
+            thrown = Utils::Describe(error);
+        }
+        EXPECT_EQ(thrown, reason);
+        EXPECT_TRUE(releasedFirst) << "only one aircraft in memory";
+        EXPECT_EQ(session.AircraftName() + session.AnnotationPath(), "");
+        EXPECT_TRUE(!session.Cockpit() && !session.Model() && !session.Scene() && !session.Annotations());
+        EXPECT_EQ(session.SelectedPart(), nullptr);
+        EXPECT_EQ(session.Edit(), AnnotationRecord());
+    }
+}
+
+} // namespace
