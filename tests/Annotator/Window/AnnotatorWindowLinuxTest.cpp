@@ -3,7 +3,6 @@
 
 #include <boost/filesystem.hpp>
 #include <dlfcn.h>
-#include <wx/notebook.h>
 #include <wx/uiaction.h>
 
 namespace {
@@ -88,18 +87,6 @@ TEST_F(AnnotatorWindowTest, HandlesTheSameChoiceAgain) {
         EXPECT_EQ(loads, row.loads) << row.closing;
     }
     EXPECT_EQ(selector->GetSelection(), 2);
-
-    tree->SelectItem(Lever());
-    Find<wxNotebook>(*window)->ChangeSelection(1);
-    auto& pane = *Find<Annotator::AnimationsPane>(*window);
-    Choose(*Find<wxChoice>(pane), 1);
-    PumpFrames(3);
-    auto& slider = *Find<wxSlider>(pane);
-    slider.SetValue(40);
-    OpenAndCloseList(*Find<wxChoice>(pane), {WXK_ESCAPE});
-    EXPECT_EQ(slider.GetValue(), 40);
-    OpenAndCloseList(*Find<wxChoice>(pane), {WXK_RETURN});
-    EXPECT_EQ(slider.GetValue(), 0) << "the position of the animation";
 }
 
 TEST_F(AnnotatorWindowTest, ShowsWhereASaveKeptAnUnreadableFileAndWhenItFails) {
