@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Batch/Console.h"
+#include "Batch/Jobs/Job.h"
 
 #include <boost/filesystem/path.hpp>
 #include <functional>
@@ -9,10 +10,6 @@
 
 namespace CLI {
 class App;
-}
-
-namespace Sim {
-struct AircraftInfo;
 }
 
 namespace Batch {
@@ -47,7 +44,7 @@ struct Session {
 struct Action {
     std::function<ExitCode(Session&)> run;
     /// What its workers do for each aircraft of RunJobs; null if it starts none. Nothing of `run` happens in a worker.
-    std::function<std::string(const Sim::AircraftInfo& info, const std::string& input)> job = nullptr;
+    Job job = nullptr;
 };
 
 /// A command of the program. To add one: a source file with its Prepare function, a line in Commands.h, a row in the
