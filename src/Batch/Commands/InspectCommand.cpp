@@ -33,10 +33,10 @@ std::string ReadPanel(const std::string& path) {
     return std::move(text).str();
 }
 
-std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::string>& panel,
-                       const Annotator::LoadOptions& load) {
+JobOutput InspectOne(const Sim::AircraftInfo& info, const std::optional<std::string>& panel,
+                     const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository, load.reading);
     if (panel) {
         std::istringstream configuration(*panel);
         opened.panels->Read(configuration, repository);
@@ -44,7 +44,7 @@ std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::s
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
     std::ostringstream json;
     WriteCockpitJson(json, info, *opened.cockpit, *built.sceneGraph, panel ? opened.panels.get() : nullptr);
-    return std::move(json).str();
+    return {std::move(json).str(), built.model->remarks};
 }
 
 ExitCode Inspect(const InspectOptions& options, Session& session) {
@@ -55,8 +55,8 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
         panel = ReadPanel(session.ResolveArgument(options.panel));
         session.console.Message("no gauges are available, so the panels have no entries");
     }
-    PrintJson(
-        RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.aircraft.load); }));
+    PrintJson(RunJob(info, session.console,
+                     [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.aircraft.load); }));
     return kDone;
 }
 
@@ -66,6 +66,7 @@ Action PrepareInspect(CLI::App& app) {
     auto options = std::make_shared<InspectOptions>();
     app.add_option("--panel", options->panel, "Read this panel configuration for the aircraft and include its panels")
         ->type_name("FILE");
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
     return [options](Session& session) { return Inspect(*options, session); };
 }

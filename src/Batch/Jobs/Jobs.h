@@ -11,6 +11,8 @@
 
 namespace Batch {
 
+class Console;
+
 /// What a job returns.
 struct JobOutput {
     JobOutput(std::string result, std::vector<std::string> notes = {})
@@ -43,8 +45,9 @@ struct JobResult {
 void RunJobs(const AircraftSelection& aircraft, std::size_t processes, const Job& job,
              const std::function<void(JobResult&&)>& use);
 
-/// Runs one job. A failure ends the command with the aircraft's name and the reason.
-std::string RunJob(const Sim::AircraftInfo& aircraft, const Job& job);
+/// Runs one job, prints its remarks and returns its text. A failure ends the command with the aircraft's name and the
+/// reason.
+std::string RunJob(const Sim::AircraftInfo& aircraft, Console& console, const Job& job);
 
 /// The number of processors available to this program.
 std::size_t DefaultProcesses();
