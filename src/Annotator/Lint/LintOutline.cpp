@@ -1,11 +1,15 @@
 #include "Annotator/Lint/LintOutline.h"
 
 #include "Annotator/Lint/LintKeywords.h"
+#include "CockpitModel/XPlane/Manipulators.h"
 #include "Utils/Text.h"
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 #include <span>
+#include <tuple>
+#include <utility>
 
 namespace Annotator {
 
@@ -69,6 +73,8 @@ private:
     std::string_view WithoutReturns(std::string_view text);
     void Step();
     void Take(WordSpan words, std::size_t values);
+    void TakeAny(std::string_view keyword, std::string_view values);
+    void Add(const CockpitModel::Manipulator& read, std::string_view keyword);
     void Other(std::string_view keyword);
 
     LintOutline& outline;
@@ -112,6 +118,10 @@ void OutlineReader::Line(std::string_view text) {
     const auto words = Utils::SplitBlanks(WithoutReturns(text));
     if (words.empty() || words.front().starts_with('#'))
         return;
+    if (outline.reading == CockpitModel::Reading::Full && words.front().starts_with(CockpitModel::kManipulatorPrefix)) {
+        TakeAny(words.front(), text.substr(text.find(words.front()) + words.front().size()));
+        return;
+    }
     const auto handler = std::ranges::find(kHandlers, words.front(), &Handler::keyword);
     if (handler != std::end(kHandlers))
         (this->*handler->read)(words);
@@ -193,8 +203,33 @@ void OutlineReader::NoManipulator(WordSpan) {
 void OutlineReader::Take(WordSpan words, std::size_t values) {
     NoManipulator(words);
     manipulator = static_cast<int>(outline.manipulators.size());
-    outline.manipulators.push_back({line, block, std::string(words.front()), FloatAt(words, values),
+    outline.manipulators.push_back({line, block, std::string(words.front()), true, FloatAt(words, values),
                                     FloatAt(words, values + 1), WordAt(words, values + 2)});
+}
+
+void OutlineReader::TakeAny(std::string_view keyword, std::string_view values) {
+    const std::string_view name = keyword.substr(CockpitModel::kManipulatorPrefix.size());
+    if (!CockpitModel::IsManipulatorModifier(name))
+        NoManipulator({});
+    const CockpitModel::ManipulatorKeyword* const known = CockpitModel::FindManipulatorKeyword(name);
+    if (!known)
+        Other(keyword);
+    else if (known->family != CockpitModel::ManipulatorFamily::Untouched)
+        Add(CockpitModel::ReadManipulator(*known, values, line), keyword);
+}
+
+void OutlineReader::Add(const CockpitModel::Manipulator& read, std::string_view keyword) {
+    manipulator = static_cast<int>(outline.manipulators.size());
+    LintManipulator& added = outline.manipulators.emplace_back();
+    added.line = line;
+    added.block = block;
+    added.keyword = keyword;
+    const bool hasNames = CockpitModel::FindManipulatorKeyword(read.keyword)->names > 0;
+    added.names = !hasNames ? nullptr : read.keyword.starts_with("command") ? "command" : "dataref";
+    added.dataref = read.names.empty() ? "" : read.names.front();
+    const auto range = read.names.empty() ? std::nullopt : read.Range();
+    added.hasRange = range.has_value();
+    std::tie(added.from, added.to) = range.value_or(std::pair(0.0f, 0.0f));
 }
 
 void OutlineReader::Other(std::string_view keyword) {
@@ -216,9 +251,10 @@ void OutlineReader::Other(std::string_view keyword) {
 
 } // namespace
 
-LintOutline ReadLintOutline(std::string_view text) {
+LintOutline ReadLintOutline(std::string_view text, CockpitModel::Reading reading) {
     static_assert(std::ranges::is_sorted(kObjKeywords));
     LintOutline outline;
+    outline.reading = reading;
     OutlineReader reader(outline);
     std::string_view line;
     while (Utils::NextLine(text, line))

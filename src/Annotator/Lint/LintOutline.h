@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CockpitModel/Reading.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -15,8 +17,10 @@ struct LintManipulator {
     std::uint32_t line = 0;
     std::uint32_t block = 0;
     std::string keyword;
-    float from = 0, to = 0;
-    std::string dataref;
+    bool hasRange = true;
+    float from = 0, to = 0;        ///< if it has a range
+    std::string dataref;           ///< the first name; may be a command
+    const char* names = "dataref"; ///< what its names are; null for a keyword without names
 };
 
 struct LintStep {
@@ -57,6 +61,8 @@ struct LintUnknown {
 };
 
 struct LintOutline {
+    CockpitModel::Reading reading = CockpitModel::Reading::Plain;
+    bool attached = false;                     ///< not the cockpit object
     std::vector<LintManipulator> manipulators; ///< those that make a part clickable
     std::vector<LintStep> steps;
     std::vector<LintBlock> blocks{{}}; ///< entry 0 is the root
@@ -70,7 +76,8 @@ struct LintOutline {
     std::vector<std::uint32_t> endsWithoutBegin, beginsWithoutEnd;
 };
 
-LintOutline ReadLintOutline(std::string_view text);
+/// The full reading has the manipulators of all keywords.
+LintOutline ReadLintOutline(std::string_view text, CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 
 /// The keyword of the format that differs from the word only in case; empty if there is none.
 std::string_view KeywordLike(std::string_view word);

@@ -33,9 +33,9 @@ std::string ReadPanel(const std::string& path) {
 }
 
 /// `panelText` is the text of the options' panel configuration.
-std::string InspectOne(const Sim::AircraftInfo& info, const InspectOptions& options, const std::string& panelText) {
+JobOutput InspectOne(const Sim::AircraftInfo& info, const InspectOptions& options, const std::string& panelText) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository, options.aircraft.load.reading);
     const bool hasPanel = !options.panel.empty();
     if (hasPanel) {
         std::istringstream configuration(panelText);
@@ -44,7 +44,7 @@ std::string InspectOne(const Sim::AircraftInfo& info, const InspectOptions& opti
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.aircraft.load);
     std::ostringstream json;
     WriteCockpitJson(json, info, *opened.cockpit, *built.sceneGraph, hasPanel ? opened.panels.get() : nullptr);
-    return std::move(json).str();
+    return {std::move(json).str(), built.model->remarks};
 }
 
 ExitCode Inspect(const InspectOptions& options, Session& session) {
@@ -55,7 +55,7 @@ ExitCode Inspect(const InspectOptions& options, Session& session) {
         panel = ReadPanel(session.ResolveArgument(options.panel));
         session.console.Message("no gauges are available, so the panels have no entries");
     }
-    PrintJson(RunJob(info, options.aircraft.limits.timeout, panel));
+    PrintJson(RunJob(info, session.console, options.aircraft.limits.timeout, panel));
     return kDone;
 }
 
@@ -65,6 +65,7 @@ Action PrepareInspect(CLI::App& app) {
     auto options = std::make_shared<InspectOptions>();
     app.add_option("--panel", options->panel, "Read this panel configuration for the aircraft and include its panels")
         ->type_name("FILE");
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
     return {[options](Session& session) { return Inspect(*options, session); },
             [options](const Sim::AircraftInfo& info, const std::string& panel) {

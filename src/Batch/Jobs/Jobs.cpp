@@ -2,6 +2,7 @@
 
 #include "Batch/BatchLog.h"
 #include "Batch/Command.h"
+#include "Batch/Console.h"
 #include "Batch/Jobs/JobAnswer.h"
 #include "Batch/Jobs/Process.h"
 #include "Logging/Logger.h"
@@ -13,11 +14,14 @@
 
 namespace Batch {
 
-std::string RunJob(const Sim::AircraftInfo& aircraft, std::chrono::milliseconds timeout, const std::string& input) {
+std::string RunJob(const Sim::AircraftInfo& aircraft, Console& console, std::chrono::milliseconds timeout,
+                   const std::string& input) {
     std::string output;
     const auto use = [&](JobResult&& result) {
         if (result.failure)
             throw CommandError(kAircraftFailed, NameOf(aircraft) + ": " + *result.failure);
+        for (const std::string& remark : result.remarks)
+            console.Message(NameOf(aircraft) + ": " + remark);
         output = std::move(result.output);
     };
     RunJobs({&aircraft}, {.processes = 1, .timeout = timeout}, use, input);

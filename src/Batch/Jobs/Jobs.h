@@ -12,6 +12,8 @@
 
 namespace Batch {
 
+class Console;
+
 /// The result of the job for one aircraft.
 struct JobResult {
     const Sim::AircraftInfo* aircraft = nullptr;
@@ -41,8 +43,10 @@ inline constexpr std::size_t kMaxPendingPerWorker = 8;
 void RunJobs(const AircraftSelection& aircraft, const JobLimits& limits, const std::function<void(JobResult&&)>& use,
              const std::string& input = {});
 
-/// Runs one job. A failure ends the command with the aircraft's name and the reason.
-std::string RunJob(const Sim::AircraftInfo& aircraft, std::chrono::milliseconds timeout, const std::string& input = {});
+/// Runs one job, prints its remarks and returns its text. A failure ends the command with the aircraft's name and the
+/// reason.
+std::string RunJob(const Sim::AircraftInfo& aircraft, Console& console, std::chrono::milliseconds timeout,
+                   const std::string& input = {});
 
 /// The main function of a worker: runs the job for each aircraft that RunJobs sends, until there are no more. Returns
 /// the exit code.
