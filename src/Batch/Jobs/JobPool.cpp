@@ -18,13 +18,13 @@ using Clock = std::chrono::steady_clock;
 
 /// The most that one wait counts for a worker: the time while this process was stopped, or was using a result, is not
 /// the worker's.
-constexpr milliseconds kLongestWait{1'000};
+constexpr Clock::duration kLongestWait = std::chrono::seconds(1);
 
 struct Worker {
     std::unique_ptr<WorkerProcess> process;
     std::optional<std::size_t> index; ///< of its aircraft
     bool hasAnswered = false;
-    milliseconds waited{0}; ///< for the answer
+    Clock::duration waited{}; ///< for the answer
     std::string received;
 };
 
@@ -66,7 +66,7 @@ private:
                 continue;
             }
             worker->index = started++;
-            worker->waited = milliseconds(0);
+            worker->waited = {};
         }
     }
 
@@ -91,17 +91,17 @@ private:
         if (workers.empty())
             return;
         std::vector<WorkerProcess*> processes;
-        milliseconds longest = kLongestWait;
+        Clock::duration longest = kLongestWait;
         for (const Worker& worker : workers) {
             processes.push_back(worker.process.get());
             if (worker.index)
-                longest = std::clamp(limits.timeout - worker.waited, milliseconds(0), longest);
+                longest = std::min(longest, limits.timeout - worker.waited);
         }
         const Clock::time_point begin = Clock::now();
-        WorkerProcess::WaitForAny(processes, longest);
-        const auto waited = std::chrono::ceil<milliseconds>(Clock::now() - begin);
+        WorkerProcess::WaitForAny(processes, std::chrono::ceil<milliseconds>(longest));
+        const Clock::duration waited = std::min(Clock::now() - begin, kLongestWait);
         std::erase_if(workers, [&](Worker& worker) {
-            worker.waited += std::min(waited, kLongestWait);
+            worker.waited += waited;
             return !Receive(worker);
         });
     }

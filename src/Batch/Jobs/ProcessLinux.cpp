@@ -25,6 +25,7 @@ void OpenStandardStreams() {
 void StartWorker() {
     // If the parent has already ended, so has this process's input.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_NAME, program_invocation_short_name); // it was started by another name of its file
     answers = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     dup2(nowhere, STDOUT_FILENO);
