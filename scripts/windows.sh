@@ -19,7 +19,7 @@ libraries="boost tinyxml2 polyclipping libpng pixman cairo googletest"
 system=$(sed -n "s/^VERSION_CODENAME=//p" /etc/os-release)
 cache=${WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vorelle-annotator/windows-${system:-unknown}}
 build=$root/build/windows
-targets=(foundation_tests rendering_tests rendering_d3d11_tests batch_windows_tests vorelle-batch)
+targets=(foundation_tests rendering_tests rendering_d3d11_tests batch_jobs_tests vorelle-batch)
 [ $window = OFF ] || targets+=(annotator_window_tests vorelle-annotator)
 
 run_tests() {

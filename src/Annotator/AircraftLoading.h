@@ -10,8 +10,8 @@
 
 namespace Annotator {
 
-/// Loading an aircraft takes two operations, so that the window, the export and the checks can add their own checks and
-/// error handling between them.
+/// Loading an aircraft takes two operations, so that the session, the export and the checks can add their own checks
+/// and error handling between them.
 
 /// An aircraft whose files are located and whose panel configuration is read. It has no model yet.
 struct OpenedAircraft {

@@ -6,6 +6,7 @@
 #include "Utils/Text.h"
 
 #include <algorithm>
+#include <boost/algorithm/string/join.hpp>
 #include <cmath>
 #include <cstdio>
 #include <vector>
@@ -14,11 +15,15 @@ namespace Annotator {
 
 namespace {
 
+using CockpitModel::DetectionDecision;
 using CockpitModel::DetectionRule;
 using CockpitModel::InteractionDetector;
+using CockpitModel::Manipulator;
+using CockpitModel::ManipulatorRule;
 using CockpitModel::ModelAnimation;
 using CockpitModel::Node;
 using CockpitModel::NodePart;
+using CockpitModel::Reading;
 using CockpitModel::SceneGraph;
 using CockpitModel::TouchInteractionType;
 
@@ -83,8 +88,12 @@ std::vector<const NodePart*> YokeCandidates(const SceneGraph& sceneGraph) {
     return candidates;
 }
 
-std::string YokeChangeText(const NodePart& part) {
-    const std::string none = "with a manipulator before its TRIS it is not a yoke";
+Reading ReadingOf(const NodePart& part) {
+    return part.node->graph->Model().reading;
+}
+
+/// `none` is what makes it no yoke.
+std::string YokeChangeText(const NodePart& part, const std::string& none) {
     const std::vector<const NodePart*> candidates = YokeCandidates(*part.node->graph);
     const auto rival = std::ranges::find_if(candidates, [&](const NodePart* other) { return other != &part; });
     if (rival == candidates.end())
@@ -99,30 +108,89 @@ struct RuleTexts {
     std::string why, change;
 };
 
+std::string WithoutText(const NodePart& part) {
+    return part.manipulator ? "it has no manipulator that is touched" : "it has no manipulator";
+}
+
 /// A part without a manipulator that is not a yoke may be below only one of a yoke's two animations.
 RuleTexts NoRectangleTexts(const NodePart& part) {
+    const Reading reading = ReadingOf(part);
     bool roll = false, pitch = false;
     for (const Node* node = part.node; node; node = node->parent) {
-        roll |= node->animation && CockpitModel::IsYokeRollName(node->animation->name);
-        pitch |= node->animation && CockpitModel::IsYokePitchName(node->animation->name);
+        if (!node->animation || (reading == Reading::Full && node->animation->outsideBlocks))
+            continue;
+        roll |= CockpitModel::IsYokeRollName(node->animation->name, reading);
+        pitch |= CockpitModel::IsYokePitchName(node->animation->name, reading);
     }
     const std::string manipulator =
-        "a manipulator before its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move";
+        reading == Reading::Full
+            ? "a manipulator before its TRIS, whose keyword and cursor decide the type"
+            : "a manipulator before its TRIS: ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move";
     if (!roll && !pitch)
-        return {"it has no manipulator and no yoke animation at or above it, so None", manipulator};
-    return {std::string("it has no manipulator and only the ") + (roll ? "roll" : "pitch") +
+        return {WithoutText(part) + " and no yoke animation at or above it, so None", manipulator};
+    return {WithoutText(part) + " and only the " + (roll ? "roll" : "pitch") +
                 " animation of a yoke at or above it, so None",
             manipulator + "; an animation with sim/cockpit2/controls/yoke_" + (roll ? "pitch" : "roll") +
                 "_ratio at or above it makes it a yoke"};
 }
 
-RuleTexts TextsOf(DetectionRule rule, const NodePart& part) {
+std::string Keyword(const Manipulator& manipulator) {
+    return "ATTR_manip_" + manipulator.keyword;
+}
+
+std::string NamesText(const Manipulator& manipulator) {
+    return manipulator.names.empty() ? "no dataref" : boost::algorithm::join(manipulator.names, " and ");
+}
+
+constexpr const char* kYokeNames = "the roll and the pitch of a yoke";
+
+RuleTexts StraightTexts(const Manipulator& manipulator, const char* kind) {
+    const std::string cursor = manipulator.cursor.empty() ? "it has no cursor"
+                                                          : "its cursor " + manipulator.cursor +
+                                                                " does not begin "
+                                                                "with rotate";
+    return {Keyword(manipulator) + " is " + kind + " and " + cursor + ", so Move",
+            "a cursor that begins with rotate makes it Twist; ATTR_manip_push or ATTR_manip_command makes it Tap"};
+}
+
+RuleTexts ManipulatorTexts(ManipulatorRule rule, const NodePart& part) {
+    const Manipulator& manipulator = *part.manipulator;
+    const std::string keyword = Keyword(manipulator);
     switch (rule) {
+    case ManipulatorRule::Untouched:
+        return {};
+    case ManipulatorRule::YokeDrag:
+        return {keyword + " drags " + NamesText(manipulator) + ", " + kYokeNames + ", so a yoke",
+                YokeChangeText(part, "with other datarefs it is Move")};
+    case ManipulatorRule::DragXY:
+        return {keyword + " drags " + NamesText(manipulator) + ", which are not " + kYokeNames + ", so Move",
+                std::string("as its two datarefs, ") + kYokeNames + " make it a yoke"};
+    case ManipulatorRule::Button:
+        return {keyword + " is a button, so Tap", "the keyword of a knob makes it Twist, that of a switch or a drag "
+                                                  "Move, or Twist if its cursor begins with rotate"};
+    case ManipulatorRule::Knob:
+        return {keyword + " is a knob, so Twist", "the keyword of a button makes it Tap, that of a switch or a drag "
+                                                  "Move, if its cursor does not begin with rotate"};
+    case ManipulatorRule::RotateCursor:
+        return {keyword + " has the cursor " + manipulator.cursor + ", which begins with rotate, so Twist",
+                "a cursor that does not begin with rotate makes it Move"};
+    case ManipulatorRule::Switch:
+        return StraightTexts(manipulator, "a switch");
+    case ManipulatorRule::Drag:
+        return StraightTexts(manipulator, "a drag");
+    case ManipulatorRule::CommandAxis:
+        return StraightTexts(manipulator, "a pull along an axis");
+    }
+    return {};
+}
+
+RuleTexts TextsOf(const DetectionDecision& decision, const NodePart& part) {
+    switch (decision.rule) {
     case DetectionRule::NoRectangle:
         return NoRectangleTexts(part);
     case DetectionRule::YokeAnimations:
-        return {"it has no manipulator, but roll and pitch animations of a yoke at or above it, so a yoke",
-                YokeChangeText(part)};
+        return {WithoutText(part) + ", but roll and pitch animations of a yoke at or above it, so a yoke",
+                YokeChangeText(part, "with a manipulator before its TRIS it is not a yoke")};
     case DetectionRule::FiresEvent:
         return {"its manipulator fires an event when clicked, so Tap",
                 "ATTR_manip_drag_axis instead of its toggle makes it Twist or Move"};
@@ -145,19 +213,38 @@ RuleTexts TextsOf(DetectionRule rule, const NodePart& part) {
     case DetectionRule::Twist:
         return {TwistText(part), TwistChangeText(part)};
     case DetectionRule::Manipulator:
-        return {};
+        return ManipulatorTexts(decision.manipulator, part);
     }
     return {};
 }
 
 /// In the format of compilers, so that editors can open the line.
+std::string PlaceText(const NodePart& part, std::uint32_t line) {
+    return part.node->graph->Model().objects.at(part.block.Object).path + ":" + std::to_string(line) + ": ";
+}
+
+std::string RectLineText(const NodePart& part) {
+    return PlaceText(part, part.block.ManipulatorLine) + part.Rect()->Text + "\n";
+}
+
+std::string FullManipulatorText(const NodePart& part) {
+    const Manipulator& manipulator = *part.manipulator;
+    std::string text = "  manipulator: " + PlaceText(part, manipulator.line) + RectText(manipulator) + "\n";
+    if (!manipulator.cursor.empty())
+        text += "  cursor:      " + manipulator.cursor + "\n";
+    if (!manipulator.tooltip.empty())
+        text += "  tooltip:     " + manipulator.tooltip + "\n";
+    return text;
+}
+
 std::string SourceText(const NodePart& part) {
     if (part.block.SourceLine == 0)
         return "  source:      a panel, not the cockpit object\n";
-    const std::string file = part.node->graph->Model().sourcePath + ":";
-    std::string text = "  source:      " + file + std::to_string(part.block.SourceLine) + ": TRIS\n";
-    if (part.Rect())
-        text += "  manipulator: " + file + std::to_string(part.block.ManipulatorLine) + ": " + part.Rect()->Text + "\n";
+    std::string text = "  source:      " + PlaceText(part, part.block.SourceLine) + "TRIS\n";
+    if (part.manipulator)
+        text += FullManipulatorText(part);
+    else if (part.Rect())
+        text += "  manipulator: " + RectLineText(part);
     return text;
 }
 
@@ -167,15 +254,30 @@ bool HasRotation(const ModelAnimation& animation) {
     });
 }
 
+/// A long turn between two key frames takes several keys, and all of them count.
+std::string KeyFrameText(const ModelAnimation& animation) {
+    std::string text;
+    if (animation.keyFramed)
+        text += ", " + Utils::Counted(animation.tracks.at(0).size(), "key");
+    if (animation.loop != 0)
+        text += ", loop of " + FormatNumber(animation.loop);
+    if (animation.outsideBlocks)
+        text += ", outside all blocks";
+    return text;
+}
+
 std::string AnimationText(const Node& node) {
     if (!node.animation)
         return "no animation";
     if (node.animation->name == CockpitModel::kDummyAnimationName)
         return "a block without ANIM_trans or ANIM_rotate";
     if (CockpitModel::NamesNoDataref(node.animation->name))
-        return HasRotation(*node.animation) ? "a fixed rotation without a dataref" : "a fixed offset without a dataref";
+        return (HasRotation(*node.animation) ? "a fixed rotation without a dataref"
+                                             : "a fixed offset without a dataref") +
+               KeyFrameText(*node.animation);
     return (HasRotation(*node.animation) ? "rotation by " : "translation by ") + node.animation->name + " from " +
-           FormatNumber(node.animation->rangeLow) + " to " + FormatNumber(node.animation->rangeHigh);
+           FormatNumber(node.animation->rangeLow) + " to " + FormatNumber(node.animation->rangeHigh) +
+           KeyFrameText(*node.animation);
 }
 
 std::string ChainText(const NodePart& part) {
@@ -204,17 +306,27 @@ std::string CandidatesText(const SceneGraph& sceneGraph, const NodePart& asked) 
 } // namespace
 
 std::string ExplanationText(const SceneGraph& sceneGraph, const NodePart& part) {
-    const DetectionRule rule = InteractionDetector().Explain(part).rule;
-    const RuleTexts texts = TextsOf(rule, part);
+    const DetectionDecision decision = InteractionDetector().Explain(part, ReadingOf(part));
+    const RuleTexts texts = TextsOf(decision, part);
     std::string text = "part " + Id(part) + " is " + TouchInteractionTypeToText(part.InteractionType) + "\n";
     text += "  because:     " + texts.why + "\n";
     text += SourceText(part);
     text += "  values:      BalanceFactor " + FormatNumber(part.BalanceFactor) + ", SweepRadius " +
             FormatNumber(part.SweepRadius) + " m, " + TriangleCount(part) + "\n";
     text += "  animations, from the part's node up to the root:\n" + ChainText(part);
-    if (rule == DetectionRule::YokeAnimations)
+    if (decision.type == TouchInteractionType::YokePart)
         text += CandidatesText(sceneGraph, part);
     return text + "  what would change it: " + texts.change + "\n";
+}
+
+std::string PlainReadingText(const NodePart* part) {
+    if (!part)
+        return "has no such part\n";
+    const RuleTexts texts = TextsOf(InteractionDetector().Explain(*part), *part);
+    std::string text = std::string(TouchInteractionTypeToText(part->InteractionType)) + "; " + texts.why + "\n";
+    if (part->Rect())
+        text += "    manipulator: " + RectLineText(*part);
+    return text;
 }
 
 } // namespace Annotator

@@ -9,23 +9,34 @@ namespace Batch {
 namespace {
 
 constexpr std::size_t kMostJobs = 1024;
+constexpr std::size_t kLongestTimeout = 86'400; // seconds
 
 void AddUntexturedOption(CLI::App& app, Annotator::LoadOptions& load) {
     app.add_flag("--untextured", load.untextured,
                  "Also load cockpits that have parts without TEXTURE; they get a plain material");
 }
 
+/// A whole number from 1 to `greatest`.
+std::size_t ParseNumber(const char* option, const std::string& text, std::size_t greatest) {
+    const auto number = Utils::ParseWhole<std::size_t>(text);
+    if (!number || *number < 1 || *number > greatest)
+        throw CLI::ValidationError(option, "'" + text + "' is not a number from 1 to " + std::to_string(greatest));
+    return *number;
+}
+
 void AddJobsOption(CLI::App& app, std::size_t& jobs) {
-    const auto parse = [&jobs](const std::string& text) {
-        const auto number = Utils::ParseWhole<std::size_t>(text);
-        if (!number || *number < 1 || *number > kMostJobs)
-            throw CLI::ValidationError("--jobs",
-                                       "'" + text + "' is not a number from 1 to " + std::to_string(kMostJobs));
-        jobs = *number;
-    };
-    app.add_option_function<std::string>("--jobs,-j", parse,
-                                         "Aircraft to process in parallel (default: number of processors)")
+    app.add_option_function<std::string>(
+           "--jobs,-j", [&jobs](const std::string& text) { jobs = ParseNumber("--jobs", text, kMostJobs); },
+           "Aircraft to process in parallel (default: number of processors)")
         ->type_name("N");
+}
+
+void AddTimeoutOption(CLI::App& app, std::chrono::milliseconds& timeout) {
+    const auto parse = [&timeout](const std::string& text) {
+        timeout = std::chrono::seconds(ParseNumber("--timeout", text, kLongestTimeout));
+    };
+    app.add_option_function<std::string>("--timeout", parse, "Longest time for one aircraft (default: 60)")
+        ->type_name("SECONDS");
 }
 
 } // namespace
@@ -46,12 +57,14 @@ void AddFullOption(CLI::App& app, Annotator::LoadOptions& load) {
 }
 
 CLI::Option* AddSelectionOptions(CLI::App& app, AircraftOptions& options) {
-    AddJobsOption(app, options.jobs);
+    AddJobsOption(app, options.limits.processes);
+    AddTimeoutOption(app, options.limits.timeout);
     return app.add_option("AIRCRAFT", options.names, "Only these aircraft")->type_name("");
 }
 
 void AddAircraftOptions(CLI::App& app, SingleAircraftOptions& options) {
     AddUntexturedOption(app, options.load);
+    AddTimeoutOption(app, options.limits.timeout);
     app.add_option("AIRCRAFT", options.name, "Aircraft")->type_name("")->required();
 }
 

@@ -3,7 +3,6 @@
 #include "Annotator/AircraftLoading.h"
 #include "Batch/Jobs/Jobs.h"
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -17,23 +16,24 @@ namespace Batch {
 /// The options of commands that load aircraft.
 struct AircraftOptions {
     std::vector<std::string> names; ///< as in SelectAircraft
-    std::size_t jobs = DefaultProcesses();
+    JobLimits limits;
     Annotator::LoadOptions load;
 };
 
 /// The options of commands that load a single aircraft.
 struct SingleAircraftOptions {
     std::string name;
+    JobLimits limits;
     Annotator::LoadOptions load;
 };
 
-/// Adds --untextured, --jobs N and AIRCRAFT..., and returns the last of them.
+/// Adds --untextured, --jobs N, --timeout SECONDS and AIRCRAFT..., and returns the last of them.
 CLI::Option* AddAircraftOptions(CLI::App& app, AircraftOptions& options);
 /// Without --untextured, for a command that always loads such cockpits.
 CLI::Option* AddSelectionOptions(CLI::App& app, AircraftOptions& options);
 /// Adds --full, the full reading.
 void AddFullOption(CLI::App& app, Annotator::LoadOptions& load);
-/// Adds --untextured and AIRCRAFT.
+/// Adds --untextured, --timeout SECONDS and AIRCRAFT.
 void AddAircraftOptions(CLI::App& app, SingleAircraftOptions& options);
 
 } // namespace Batch

@@ -1,7 +1,6 @@
 #include "Batch/AircraftSelection.h"
 
 #include "Annotator/FailureTexts.h"
-#include "Batch/Jobs/Process.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Utils/Text.h"
 
@@ -47,11 +46,6 @@ AircraftSelection All(const Sim::AircraftList& aircraft) {
 } // namespace
 
 Sim::AircraftList LoadInstallation(Console& console) {
-    if (const std::string* acfPath = JobAircraft()) {
-        Sim::AircraftList only;
-        only.push_back(Sim::XPAircraftListLoader::LoadAircraft(*acfPath));
-        return only;
-    }
     const std::string folder = boost::filesystem::current_path().string();
     try {
         // A wrong folder in a script must not pass as an installation without problems.
@@ -84,7 +78,7 @@ const Sim::AircraftInfo& SelectAircraft(const Sim::AircraftList& aircraft, const
 
 AircraftSelection SelectAircraft(const Sim::AircraftList& aircraft, const std::vector<std::string>& names) {
     AircraftSelection selection = All(aircraft);
-    if (names.empty() || JobAircraft())
+    if (names.empty())
         return selection;
     std::set<const Sim::AircraftInfo*> wanted;
     for (const std::string& name : names)

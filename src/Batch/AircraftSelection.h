@@ -11,8 +11,7 @@ namespace Batch {
 using AircraftSelection = std::vector<const Sim::AircraftInfo*>;
 
 /// The aircraft of the installation in the working directory, in the order of the desktop tool's list; prints a message
-/// if there are none. A folder that is not an installation or cannot be scanned ends the command. In a process for one
-/// job (JobAircraft), only that job's aircraft.
+/// if there are none. A folder that is not an installation or cannot be scanned ends the command.
 Sim::AircraftList LoadInstallation(Console& console);
 
 /// The aircraft that the names match, in list order and once each; all aircraft if there are no names. A name is an

@@ -16,9 +16,9 @@ constexpr const char* kLogName = "batch-log.txt";
 
 void BeginLog() {
     Logging::Logger::Create();
-    if (JobAircraft())
+    if (IsWorker())
         return;
-    // Every process that loads an aircraft appends, so an older log must be removed first.
+    // The workers append, so an older log must be removed first.
     const boost::filesystem::path data = Utils::UserDataFolder();
     boost::system::error_code ignored;
     if (!data.empty())

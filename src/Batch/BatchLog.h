@@ -2,12 +2,12 @@
 
 namespace Batch {
 
-/// The program's log, "batch-log.txt" in the folder of the desktop tool's log. Each aircraft is loaded in a separate
-/// process that appends to it. The parent process logs nothing, because every child would write its queued lines again.
+/// The program's log, "batch-log.txt" in the folder of the desktop tool's log. Only workers load aircraft and log; each
+/// appends the lines of one aircraft after the other.
 
-/// Empties the log for this run, unless this process was started for one job.
+/// Empties the log for this run, unless this process is a worker.
 void BeginLog();
-/// Starts the logger of a process that loads an aircraft.
+/// Starts the logger of a worker for an aircraft. Logger::Stop writes its lines.
 void JoinLog();
 
 } // namespace Batch

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Batch/Console.h"
+#include "Batch/Jobs/Job.h"
 
 #include <boost/filesystem/path.hpp>
 #include <functional>
@@ -39,7 +40,12 @@ struct Session {
     std::string ResolveArgument(const std::string& path) const;
 };
 
-using Action = std::function<ExitCode(Session&)>;
+/// What a command does.
+struct Action {
+    std::function<ExitCode(Session&)> run;
+    /// What its workers do for each aircraft of RunJobs; null if it starts none. Nothing of `run` happens in a worker.
+    Job job = nullptr;
+};
 
 /// A command of the program. To add one: a source file with its Prepare function, a line in Commands.h, a row in the
 /// table of Program.cpp.

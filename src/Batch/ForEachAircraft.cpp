@@ -24,15 +24,15 @@ SelectedAircraft LoadSelection(const AircraftOptions& options, Console& console)
     SelectedAircraft aircraft;
     aircraft.list = LoadInstallation(console);
     aircraft.selection = SelectAircraft(aircraft.list, options.names);
-    aircraft.jobs = options.jobs;
+    aircraft.limits = options.limits;
     return aircraft;
 }
 
-std::size_t ForEachAircraft(const SelectedAircraft& aircraft, Console& console, const Job& job, const ResultUse& use) {
+std::size_t ForEachAircraft(const SelectedAircraft& aircraft, Console& console, const ResultUse& use) {
     std::size_t failed = 0;
     if (use.showsProgress)
         console.BeginProgress(aircraft.selection.size());
-    RunJobs(aircraft.selection, aircraft.jobs, job, [&](const JobResult& result) {
+    RunJobs(aircraft.selection, aircraft.limits, [&](const JobResult& result) {
         failed += Use(result, console, use);
         if (use.showsProgress)
             console.Advance();

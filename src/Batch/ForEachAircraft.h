@@ -14,7 +14,7 @@ namespace Batch {
 struct SelectedAircraft {
     Sim::AircraftList list; ///< owns them
     AircraftSelection selection;
-    std::size_t jobs = 1; ///< processes in parallel
+    JobLimits limits;
 };
 
 /// The aircraft of the installation that the options select. Errors end the command, as in LoadInstallation and
@@ -29,7 +29,7 @@ struct ResultUse {
     bool showsProgress = false;
 };
 
-/// Runs a job for each aircraft, as RunJobs does, and returns the number of aircraft whose job failed.
-std::size_t ForEachAircraft(const SelectedAircraft& aircraft, Console& console, const Job& job, const ResultUse& use);
+/// Runs the command's job for each aircraft, as RunJobs does, and returns the number of aircraft whose job failed.
+std::size_t ForEachAircraft(const SelectedAircraft& aircraft, Console& console, const ResultUse& use);
 
 } // namespace Batch

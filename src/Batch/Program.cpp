@@ -3,6 +3,8 @@
 #include "Annotator/FailureTexts.h"
 #include "Batch/BatchLog.h"
 #include "Batch/Commands.h"
+#include "Batch/Jobs/Jobs.h"
+#include "Batch/Jobs/Process.h"
 #include "Batch/Usage.h"
 
 #include <CLI/CLI.hpp>
@@ -132,12 +134,14 @@ void FlushOutput() {
         throw CommandError(kNotWritten, "cannot write to stdout" + (reason->empty() ? "" : ": " + *reason));
 }
 
-ExitCode RunAction(const CommandLine& line, Session& session) {
+int RunAction(const CommandLine& line, Session& session) {
     try {
         session.startFolder = boost::filesystem::current_path();
         EnterInstallation(line.installation);
         BeginLog();
-        const ExitCode code = line.action(session);
+        if (IsWorker())
+            return ServeJobs(line.action.job);
+        const ExitCode code = line.action.run(session);
         FlushOutput();
         return code;
     } catch (const CommandError& error) {
@@ -172,7 +176,7 @@ int Run(std::vector<std::string> arguments) {
         std::cout << CompletionText(line.app) << std::flush;
         return kDone;
     }
-    if (!line.action) {
+    if (!line.action.run) {
         session.console.Message("a command is required; run 'vorelle-batch --help' for a list");
         return kWrongUsage;
     }

@@ -50,6 +50,7 @@ Logger& Logger::Get() {
 void Logger::Start(const std::string& fileName, std::ios::openmode mode) {
     if (running.exchange(true))
         return;
+    accepting = true;
     const boost::filesystem::path folder = LogFolder();
     thread = std::thread([this, mode, path = folder.empty() ? folder : folder / fileName] { WriteLines(path, mode); });
 }

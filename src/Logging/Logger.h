@@ -32,8 +32,9 @@ public:
     static void Create();
     static Logger& Get();
 
-    /// Starts the writer thread; a second call does nothing. `fileName` is the log's name in the folder "Vorelle" of
-    /// the user's data folder. std::ios::app appends to a log that other processes also write to.
+    /// Starts the writer thread; a second call does nothing unless Stop was called in between. `fileName` is the log's
+    /// name in the folder "Vorelle" of the user's data folder. std::ios::app appends to a log that other processes also
+    /// write to.
     void Start(const std::string& fileName = "log.txt", std::ios::openmode mode = std::ios::trunc);
     /// Queues one line: seconds since start, source file, line and message. After Stop the line is dropped.
     void Log(const char* file, std::int32_t line, std::string message);
@@ -50,7 +51,7 @@ private:
     std::string crashLogName; ///< guarded by stopMutex until the writer thread ends
     std::string crashLogPath; ///< set by the writer thread; others read it after joining it
     std::atomic<bool> running{false};
-    std::atomic<bool> accepting{true};          ///< false from Stop on
+    std::atomic<bool> accepting{true};          ///< false from Stop to the next Start
     boost::lockfree::queue<std::string*> queue; ///< finished lines, owned by the queue
     std::mutex stopMutex;                       ///< one Stop at a time
     std::mutex wakeMutex;                       ///< for `wake`

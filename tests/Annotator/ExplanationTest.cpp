@@ -11,13 +11,14 @@ namespace Annotator {
 namespace {
 
 using CockpitModel::NodePart;
+using CockpitModel::Reading;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 
 /// A cockpit of these lines after a pool: vertices 3 to 5 are around the origin, 6 to 8 too but two of them 0.2 m away,
 /// 9 to 11 on one side of it. IDX lists them in order after 0 1 2, the last three 3 times. TEXTURE is in line 22.
 struct Cockpit {
-    explicit Cockpit(const std::string& lines) {
+    explicit Cockpit(const std::string& lines, Reading reading = Reading::Plain) {
         const Support::WorkingDirectory inside(installation.path);
         Support::ObjText object;
         for (const char* corner : {"0.02 0 0", "-0.02 0 0", "0 0.02 0", "0.2 0 0", "-0.2 0 0", "0 0.05 0", "0.1 0 0",
@@ -26,7 +27,7 @@ struct Cockpit {
         object.Line("IDX10 3 4 5 6 7 8").Line("IDX10 9 10 11 9 10 11 9 10 11").Texture().Line(lines);
         installation.Aircraft("Aircraft/Props/Cub", "Cub", object);
         const auto list = Sim::XPAircraftListLoader().LoadAircraftList();
-        aircraft = LoadAircraft(*list.at(0));
+        aircraft = LoadAircraft(*list.at(0), {.reading = reading});
     }
 
     NodePart& Part(std::size_t node) const { return *aircraft.built.sceneGraph->Nodes().at(node)->parts.at(0); }
@@ -54,6 +55,7 @@ TEST(ExplanationTest, StatesTheRuleItsValuesAndWhatWouldChangeIt) {
         const char* type;
         const char* because; ///< regular expressions
         const char* change;
+        Reading reading = Reading::Plain;
     } rows[] = {
         {"nothing to click", "TRIS 0 3", 0, "None", "no manipulator and no yoke animation at or above it, so None",
          "ATTR_manip_toggle makes it Tap, ATTR_manip_drag_axis Twist or Move$"},
@@ -86,9 +88,26 @@ TEST(ExplanationTest, StatesTheRuleItsValuesAndWhatWouldChangeIt) {
         {"the only yoke", "ANIM_begin\n" + kRoll + kPitch + "TRIS 3 3\nANIM_end", 2, "YokePrimary",
          "no manipulator, but roll and pitch animations of a yoke at or above it, so a yoke",
          "with a manipulator before its TRIS it is not a yoke$"},
+        {"a button", "ATTR_manip_push hand 0 1 a/b\nTRIS 3 3", 0, "Tap", "ATTR_manip_push is a button, so Tap",
+         "a knob makes it Twist", Reading::Full},
+        {"a knob by its keyword", "ATTR_manip_command_knob hand a/up a/down\nTRIS 3 3", 0, "Twist",
+         "ATTR_manip_command_knob is a knob, so Twist", "a button makes it Tap", Reading::Full},
+        {"a turned cursor", "ATTR_manip_command_axis rotate_large 0 1 0 a/up a/down\nTRIS 3 3", 0, "Twist",
+         "command_axis has the cursor rotate_large, which begins with rotate, so Twist", "makes it Move$",
+         Reading::Full},
+        {"a switch", "ATTR_manip_axis_switch_up_down up_down 0 1 1 1 a/b\nTRIS 3 3", 0, "Move",
+         "is a switch and its cursor up_down does not begin with rotate, so Move", "makes it Twist; ", Reading::Full},
+        {"a drag in a plane", "ATTR_manip_drag_xy hand 1 1 0 1 0 1 a/b a/c\nTRIS 3 3", 0, "Move",
+         "drags a/b and a/c, which are not the roll and the pitch of a yoke, so Move", "make it a yoke$",
+         Reading::Full},
+        {"a dragged yoke", "ATTR_manip_drag_xy hand 1 1 0 1 0 1 a/FC_roll a/FC_ptch\nTRIS 3 3", 0, "YokePrimary",
+         "drags a/FC_roll and a/FC_ptch, the roll and the pitch of a yoke, so a yoke", "other datarefs it is Move$",
+         Reading::Full},
+        {"a shield", "ATTR_manip_noop\nTRIS 3 3", 0, "None", "no manipulator that is touched and no yoke animation",
+         "keyword and cursor decide", Reading::Full},
     };
     for (const auto& row : rows) {
-        const std::string text = Cockpit(row.lines).Text(row.node);
+        const std::string text = Cockpit(row.lines, row.reading).Text(row.node);
         const auto line = [&](const std::string& heading) {
             const std::size_t start = text.find(heading);
             return start == text.npos ? "nothing" : text.substr(start, text.find('\n', start) - start);

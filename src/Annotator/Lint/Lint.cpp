@@ -6,6 +6,7 @@
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Touch/InteractionDetector.h"
+#include "CockpitModel/XPlane/AttachedObjects.h"
 #include "CockpitModel/XPlane/XPAircraftCockpit.h"
 #include "CockpitModel/XPlane/XPObjData.h"
 #include "Utils/Files.h"
@@ -18,6 +19,7 @@
 #include <cstdio>
 #include <set>
 #include <tuple>
+#include <utility>
 
 namespace Annotator {
 
@@ -25,9 +27,16 @@ namespace {
 
 using enum LintSeverity;
 using boost::filesystem::path;
+using CockpitModel::Reading;
 using CockpitModel::TouchInteractionType;
 
 constexpr std::size_t kMostOtherYokes = 4;
+
+/// An object file of the aircraft.
+struct LintedObject {
+    std::string file;
+    LintOutline outline;
+};
 
 /// The name of a file on disk, even if the system also finds it in other upper or lower case; empty if there is none.
 path CockpitFileOnDisk(const path& file) {
@@ -100,20 +109,25 @@ std::string ScoreText(const CockpitModel::NodePart& part) {
 }
 
 /// Datarefs of animations that look like a yoke's but are not recognized as one.
-std::string OtherYokes(const LintOutline& outline) {
+std::string OtherYokes(const std::vector<LintedObject>& objects) {
     std::string text;
     std::set<std::string> seen;
-    for (const LintStep& step : outline.steps) {
-        const std::string name = Utils::ToLowerAscii(step.dataref);
-        const bool like = name.find("yoke") != name.npos || name.find("stick") != name.npos;
-        const bool known = CockpitModel::IsYokeRollName(step.dataref) || CockpitModel::IsYokePitchName(step.dataref);
-        if (like && !known && seen.size() < kMostOtherYokes && seen.insert(name).second)
-            text += (text.empty() ? " (" : ", ") + step.dataref + " in line " + std::to_string(step.line);
+    for (const auto& [file, outline] : objects) {
+        for (const LintStep& step : outline.steps) {
+            const std::string name = Utils::ToLowerAscii(step.dataref);
+            const bool like = name.find("yoke") != name.npos || name.find("stick") != name.npos;
+            const bool known = CockpitModel::IsYokeRollName(step.dataref, outline.reading) ||
+                               CockpitModel::IsYokePitchName(step.dataref, outline.reading);
+            if (like && !known && seen.size() < kMostOtherYokes && seen.insert(name).second)
+                text += (text.empty() ? " (" : ", ") + step.dataref + " in " +
+                        (outline.attached ? file + ", line " : "line ") + std::to_string(step.line);
+        }
     }
     return text.empty() ? text : text + (seen.size() == 1 ? " is not recognized)" : " are not recognized)");
 }
 
-void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& outline, LintFindings& findings) {
+void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const std::vector<LintedObject>& objects,
+                LintFindings& findings) {
     std::vector<const CockpitModel::NodePart*> candidates;
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
@@ -121,7 +135,10 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const LintOutline& o
                 candidates.push_back(part.get());
     if (candidates.empty()) {
         findings.Add(Note, "no-yoke", 0,
-                     "no part without a manipulator moves with both axes of a yoke" + OtherYokes(outline),
+                     std::string(sceneGraph.Model().reading == Reading::Full
+                                     ? "no part moves with both axes of a yoke or drags them"
+                                     : "no part without a manipulator moves with both axes of a yoke") +
+                         OtherYokes(objects),
                      "animate the yoke with ANIM_rotate or ANIM_trans lines that use the datarefs "
                      "sim/cockpit2/controls/yoke_roll_ratio and .../yoke_pitch_ratio");
         return;
@@ -149,13 +166,16 @@ void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGr
 
 /// Yokes and annotated parts can only be checked in the built cockpit. If it cannot be built, the findings in its text
 /// say why, except for limits of the model.
-void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline, std::vector<LintFinding>& all,
-                       LintFindings& findings) {
-    if (outline.doubledReturns.count > 0)
+void CheckBuiltCockpit(const Sim::AircraftInfo& info, Reading reading, const std::vector<LintedObject>& objects,
+                       std::vector<LintFinding>& all, LintFindings& findings) {
+    if (std::ranges::any_of(objects, [](const auto& object) { return object.outline.doubledReturns.count > 0; }))
         return; // the built cockpit would not match the file
     try {
-        const LoadedAircraft aircraft = LoadAircraft(info, {.untextured = true});
-        CheckYokes(*aircraft.built.sceneGraph, outline, findings);
+        const LoadedAircraft aircraft = LoadAircraft(info, {.reading = reading, .untextured = true});
+        for (const std::string& remark : aircraft.built.model->remarks)
+            LintFindings(info.acfPath, all)
+                .Add(Warning, "attached-objects", 0, remark, "correct the object's entry in Plane Maker, or its file");
+        CheckYokes(*aircraft.built.sceneGraph, objects, findings);
         CheckAnnotations(info, *aircraft.built.sceneGraph, all);
     } catch (const std::exception& error) {
         if (std::ranges::find(all, Error, &LintFinding::severity) == all.end())
@@ -163,7 +183,7 @@ void CheckBuiltCockpit(const Sim::AircraftInfo& info, const LintOutline& outline
     }
 }
 
-/// Most severe first, then by file and line; the cockpit object comes before the annotations.
+/// Most severe first, then by file and line; the objects come before the annotations.
 void Sort(std::vector<LintFinding>& findings) {
     std::ranges::stable_sort(findings, [](const LintFinding& a, const LintFinding& b) {
         return std::tie(b.severity, a.file, a.line) < std::tie(a.severity, b.file, b.line);
@@ -176,6 +196,46 @@ void RunChecks(const LintOutline& outline, const std::string& file, std::vector<
         check(outline, target);
 }
 
+/// Adds an object to the list and its findings to the others.
+void LintFile(const path& object, LintOutline read, const path& acf, std::vector<LintedObject>& objects,
+              std::vector<LintFinding>& findings) {
+    objects.push_back({object.string(), std::move(read)});
+    const LintOutline& outline = objects.back().outline;
+    RunChecks(outline, object.string(), findings);
+    LintFindings target(object.string(), findings);
+    const path aircraftFolder = acf.parent_path();
+    CheckTextureFiles(outline, outline.attached ? object.parent_path() : aircraftFolder, target);
+    CheckPanel(outline, aircraftFolder, target);
+}
+
+void LintCockpitObject(const path& object, const path& acf, Reading reading, std::vector<LintedObject>& objects,
+                       std::vector<LintFinding>& findings) {
+    LintFile(object, ReadLintOutline(Utils::ReadFile(object), reading), acf, objects, findings);
+    if (const path expected = CockpitModel::CockpitObjectPath(acf); object != expected)
+        LintFindings(object.string(), findings)
+            .Add(Warning, "object-case", 0, "the name of the cockpit object differs in case from " + expected.string(),
+                 "rename the file: Linux file names are case-sensitive");
+}
+
+void LintAttachedObjects(const std::set<std::string>& attached, const path& acf, std::vector<LintedObject>& objects,
+                         std::vector<LintFinding>& findings) {
+    for (const std::string& file : attached) {
+        LintOutline outline = ReadLintOutline(Utils::ReadFile(file), Reading::Full);
+        outline.attached = true;
+        LintFile(file, std::move(outline), acf, objects, findings);
+    }
+}
+
+void NoteAttachedObjects(const std::set<std::string>& attached, const path& acf, std::vector<LintFinding>& findings) {
+    if (!attached.empty())
+        LintFindings(acf.string(), findings)
+            .Add(Note, "attached-objects", 0,
+                 Utils::Counted(attached.size(), "attached object with manipulators is",
+                                "attached objects with manipulators are") +
+                     " not read, for example " + *attached.begin(),
+                 "use --full to check them and the parts that they add");
+}
+
 } // namespace
 
 const char* LintSeverityText(LintSeverity severity) {
@@ -186,31 +246,32 @@ LintSeverity LintSeverityFromText(std::string_view text) {
     return text == LintSeverityText(Error) ? Error : text == LintSeverityText(Warning) ? Warning : Note;
 }
 
-std::vector<LintFinding> LintObject(const std::string& file, std::string_view text) {
+std::vector<LintFinding> LintObject(const std::string& file, std::string_view text, Reading reading) {
     std::vector<LintFinding> findings;
-    RunChecks(ReadLintOutline(text), file, findings);
+    RunChecks(ReadLintOutline(text, reading), file, findings);
     Sort(findings);
     return findings;
 }
 
-std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info) {
+std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info, Reading reading) {
     const path acf = info.acfPath;
-    const path expected = CockpitModel::CockpitObjectPath(acf);
-    const path object = CockpitFileOnDisk(expected);
-    if (object.empty())
-        throw std::runtime_error("cannot find the cockpit object " + expected.string());
-    const LintOutline outline = ReadLintOutline(Utils::ReadFile(object));
+    const path object = CockpitFileOnDisk(CockpitModel::CockpitObjectPath(acf));
+    std::set<std::string> attached;
+    for (const auto& found : CockpitModel::FindAttachedObjects(acf, Utils::ReadFile(acf), object).objects)
+        attached.insert(found.path);
+    if (object.empty() && (reading == Reading::Plain || attached.empty()))
+        throw std::runtime_error("cannot find the cockpit object " + CockpitModel::CockpitObjectPath(acf).string());
+    std::vector<LintedObject> objects;
     std::vector<LintFinding> findings;
-    RunChecks(outline, object.string(), findings);
-    LintFindings target(object.string(), findings);
-    if (object != expected)
-        target.Add(Warning, "object-case", 0,
-                   "the name of the cockpit object differs in case from " + expected.string(),
-                   "rename the file: Linux file names are case-sensitive");
+    if (!object.empty())
+        LintCockpitObject(object, acf, reading, objects, findings);
+    if (reading == Reading::Full)
+        LintAttachedObjects(attached, acf, objects, findings);
+    else
+        NoteAttachedObjects(attached, acf, findings);
     CheckAcf(acf, findings);
-    CheckTextureFiles(outline, acf.parent_path(), target);
-    CheckPanel(outline, acf.parent_path(), target);
-    CheckBuiltCockpit(info, outline, findings, target);
+    LintFindings target(object.empty() ? acf.string() : object.string(), findings);
+    CheckBuiltCockpit(info, reading, objects, findings, target);
     Sort(findings);
     return findings;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CockpitModel/Reading.h"
 #include "Sim/AircraftInfo.h"
 
 #include <cstdint>
@@ -11,7 +12,7 @@ namespace Annotator {
 
 enum class LintSeverity { Note, Warning, Error };
 
-/// A possible mistake in an aircraft's cockpit object, in a file used by it or in its annotations.
+/// A possible mistake in an object of an aircraft, in a file used by it or in its annotations.
 struct LintFinding {
     LintSeverity severity = LintSeverity::Warning;
     std::string check; ///< identifier of the check
@@ -25,10 +26,12 @@ const char* LintSeverityText(LintSeverity severity);
 LintSeverity LintSeverityFromText(std::string_view text);
 
 /// The findings in the text of a cockpit object, most severe first, then by line.
-std::vector<LintFinding> LintObject(const std::string& file, std::string_view text);
+std::vector<LintFinding> LintObject(const std::string& file, std::string_view text,
+                                    CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 
-/// The findings of an aircraft: in its cockpit object, the files around it, its yokes and its annotation file. Throws
-/// if the aircraft cannot be read.
-std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info);
+/// The findings of an aircraft: in its cockpit object, the files around it, its yokes and its annotation file; in the
+/// full reading also in its attached objects. Throws if the aircraft cannot be read.
+std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info,
+                                      CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 
 } // namespace Annotator

@@ -25,7 +25,14 @@ std::string FormatNumber(float number) {
     return std::move(text).str();
 }
 
+bool IsFull(const LintOutline& outline) {
+    return outline.reading == CockpitModel::Reading::Full;
+}
+
+/// The full reading gives such parts a plain material.
 void CheckMaterials(const LintOutline& outline, LintFindings& findings) {
+    if (IsFull(outline))
+        return;
     const auto first = std::ranges::find(outline.draws, false, &LintDraw::textured);
     if (first == outline.draws.end())
         return;
@@ -80,7 +87,7 @@ void CheckSteps(const LintOutline& outline, LintFindings& findings) {
     const char* moved = "nothing"; // by the root's first step
     for (const LintStep& step : outline.steps) {
         const std::string keyword = step.rotates ? "ANIM_rotate" : "ANIM_trans";
-        if (step.block == 0) {
+        if (step.block == 0 && !outline.attached) {
             findings.Add(step.moves ? Warning : Note, "step-outside", step.line,
                          keyword + " outside any ANIM_begin, which moves " + std::exchange(moved, "the whole cockpit"),
                          "move it after the ANIM_begin of the parts that it should move, or remove it");
@@ -99,15 +106,16 @@ void CheckSteps(const LintOutline& outline, LintFindings& findings) {
 
 void CheckManipulators(const LintOutline& outline, LintFindings& findings) {
     for (const LintManipulator& manipulator : outline.manipulators) {
-        const auto& [dataref, from, to] = manipulator.values;
-        if (manipulator.complete && from == to)
+        if (manipulator.hasRange && manipulator.from == manipulator.to)
             findings.Add(Warning, "equal-values", manipulator.line,
-                         manipulator.keyword + " between equal values, " + FormatNumber(from) + " and " +
-                             FormatNumber(to),
+                         manipulator.keyword + " between equal values, " + FormatNumber(manipulator.from) + " and " +
+                             FormatNumber(manipulator.to),
                          "write two different values for the dataref");
-        if (manipulator.complete && CockpitModel::NamesNoDataref(dataref))
-            findings.Add(Warning, "no-dataref", manipulator.line, manipulator.keyword + " without a dataref",
-                         "add the dataref after the two values");
+        if (manipulator.names && CockpitModel::NamesNoDataref(manipulator.dataref))
+            findings.Add(Warning, "no-dataref", manipulator.line,
+                         manipulator.keyword + " without a " + manipulator.names,
+                         IsFull(outline) ? "write all values of the keyword; its names are the last"
+                                         : "add the dataref after the two values");
     }
 }
 
@@ -167,7 +175,10 @@ void CheckInForce(const LintOutline& outline, LintFindings& findings) {
     }
 }
 
+/// In the full reading the animation does not decide the type.
 void CheckDrags(const LintOutline& outline, LintFindings& findings) {
+    if (IsFull(outline))
+        return;
     int last = -1;
     for (const LintDraw& draw : outline.draws) {
         if (draw.manipulator < 0 || draw.manipulator == last || draw.unreadLine != 0)

@@ -1,10 +1,14 @@
 #include "Annotator/Lint/LintOutline.h"
 
+#include "CockpitModel/XPlane/Manipulators.h"
 #include "CockpitModel/XPlane/ObjKeywords.h"
 #include "CockpitModel/XPlane/ObjValues.h"
 #include "Utils/Text.h"
 
 #include <algorithm>
+#include <optional>
+#include <tuple>
+#include <utility>
 
 namespace Annotator {
 
@@ -62,6 +66,9 @@ private:
     void Manipulator(std::string_view word, const ManipulatorKeyword* keyword, ObjLine& values);
     void NoManipulator();
     void Step();
+    void PlainManipulator(std::string_view word, const ManipulatorKeyword* keyword, ObjLine& values);
+    void FullManipulator(std::string_view word, const ManipulatorKeyword* keyword, ObjLine& values);
+    LintManipulator& Add(std::string_view word, const ManipulatorKeyword& keyword);
     void Unknown(std::string_view keyword);
 
     LintOutline& outline;
@@ -216,11 +223,18 @@ void OutlineReader::NoManipulator() {
 
 /// `keyword` is null for a word that the format does not have.
 void OutlineReader::Manipulator(std::string_view word, const ManipulatorKeyword* keyword, ObjLine& values) {
-    const PlainEffect effect = keyword ? keyword->plain : PlainEffect::Leaves;
     if (keyword)
         CheckValues(word, KindsToCheck(*keyword), values);
     else
         Unknown(word);
+    if (outline.reading == CockpitModel::Reading::Full)
+        FullManipulator(word, keyword, values);
+    else
+        PlainManipulator(word, keyword, values);
+}
+
+void OutlineReader::PlainManipulator(std::string_view word, const ManipulatorKeyword* keyword, ObjLine& values) {
+    const PlainEffect effect = keyword ? keyword->plain : PlainEffect::Leaves;
     if (effect != PlainEffect::Leaves) {
         NoManipulator();
     } else if (!(keyword && keyword->adds) && manipulator >= 0 && unreadLine == 0) {
@@ -229,9 +243,40 @@ void OutlineReader::Manipulator(std::string_view word, const ManipulatorKeyword*
     }
     if (!SetsPlain(effect))
         return;
+    const CockpitModel::XPObjManip read = CockpitModel::ReadPlainManipulator(values, *keyword);
+    LintManipulator& added = Add(word, *keyword);
+    added.dataref = read.dataref;
+    added.names = complete ? "dataref" : nullptr;
+    added.hasRange = complete;
+    added.from = read.value1;
+    added.to = read.value2;
+}
+
+LintManipulator& OutlineReader::Add(std::string_view word, const ManipulatorKeyword& keyword) {
     manipulator = static_cast<int>(outline.manipulators.size());
-    outline.manipulators.push_back(
-        {lineNumber, block, std::string(word), effect, CockpitModel::ReadPlainManipulator(values, *keyword), complete});
+    LintManipulator& added = outline.manipulators.emplace_back();
+    added.line = lineNumber;
+    added.block = block;
+    added.keyword = word;
+    added.effect = keyword.plain;
+    return added;
+}
+
+/// A word that the format does not have ends the manipulator in force.
+void OutlineReader::FullManipulator(std::string_view word, const ManipulatorKeyword* keyword, ObjLine& values) {
+    if (keyword && keyword->adds)
+        return;
+    NoManipulator();
+    if (!keyword || keyword->family == CockpitModel::ManipulatorFamily::Untouched)
+        return;
+    const CockpitModel::Manipulator read = CockpitModel::ReadManipulator(*keyword, values.Rest(), lineNumber);
+    LintManipulator& added = Add(word, *keyword);
+    if (complete && keyword->names > 0)
+        added.names = keyword->name.starts_with("command") ? "command" : "dataref";
+    added.dataref = read.names.empty() ? "" : read.names.front();
+    const auto range = complete && !read.names.empty() ? read.Range() : std::nullopt;
+    added.hasRange = range.has_value();
+    std::tie(added.from, added.to) = range.value_or(std::pair(0.0f, 0.0f));
 }
 
 void OutlineReader::Unknown(std::string_view keyword) {
@@ -246,8 +291,9 @@ void OutlineReader::Unknown(std::string_view keyword) {
 
 } // namespace
 
-LintOutline ReadLintOutline(std::string_view text) {
+LintOutline ReadLintOutline(std::string_view text, CockpitModel::Reading reading) {
     LintOutline outline;
+    outline.reading = reading;
     OutlineReader reader(outline);
     std::string_view line;
     while (Utils::NextLine(text, line))

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "CockpitModel/XPlane/XPObjData.h"
+#include "CockpitModel/Reading.h"
+#include "CockpitModel/Touch/Manipulator.h"
 
 #include <cstdint>
 #include <map>
@@ -18,8 +19,10 @@ struct LintManipulator {
     std::uint32_t block = 0;
     std::string keyword;
     CockpitModel::PlainEffect effect = CockpitModel::PlainEffect::Leaves;
-    CockpitModel::XPObjManip values;
-    bool complete = true; ///< its line has no fault
+    bool hasRange = false;
+    float from = 0, to = 0;      ///< if it has a range
+    std::string dataref;         ///< the first name; may be a command
+    const char* names = nullptr; ///< what its names are; null without names or if its line has a fault
 };
 
 struct LintStep {
@@ -69,6 +72,8 @@ struct LintFault {
 };
 
 struct LintOutline {
+    CockpitModel::Reading reading = CockpitModel::Reading::Plain;
+    bool attached = false;                     ///< not the cockpit object
     std::vector<LintManipulator> manipulators; ///< those that make a part clickable
     std::vector<LintStep> steps;
     std::vector<LintBlock> blocks{{}}; ///< entry 0 is the root
@@ -84,7 +89,8 @@ struct LintOutline {
     std::vector<std::uint32_t> endsWithoutBegin, beginsWithoutEnd;
 };
 
-LintOutline ReadLintOutline(std::string_view text);
+/// The full reading has the manipulators of all keywords.
+LintOutline ReadLintOutline(std::string_view text, CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 
 /// The keyword of the format that differs from the word only in case; empty if there is none.
 std::string KeywordLike(std::string_view word);

@@ -8,7 +8,6 @@
 #include "Annotator/Window/TestsWindow.h"
 #include "Utils/FatalError.h"
 
-#include <boost/filesystem/operations.hpp>
 #include <cstdlib>
 #include <wx/app.h>
 #include <wx/button.h>
@@ -39,7 +38,7 @@ void EndProgram(int code) {
 AnnotatorWindow::AnnotatorWindow(Sim::AircraftListLoader* loader)
     : wxFrame(nullptr, wxID_ANY, "Vorelle Aircraft Annotator", wxDefaultPosition, wxSize(1400, 800),
               wxDEFAULT_FRAME_STYLE),
-      aircraftListLoader(loader), gaugeRepository(boost::filesystem::current_path().string()) {
+      aircraftListLoader(loader) {
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     SetSizer(sizer);
     MakeMenus();
@@ -186,7 +185,7 @@ void AnnotatorWindow::OnClickFailure(const std::exception& error) {
 }
 
 void AnnotatorWindow::OnCanvasFailure(const std::exception& error) {
-    const bool hadScene = sceneGraph != nullptr;
+    const bool hadScene = session.Scene() != nullptr;
     ShowEmptyState();
     ShowProblem(this, FrameFailureText(error));
     // Without a scene the device itself has failed, and every further frame would fail too.

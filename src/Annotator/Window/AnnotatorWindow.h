@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Annotator/AnnotationSession.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Window/AircraftSelectorDropdown.h"
 #include "Annotator/Window/AnimationsPane.h"
@@ -8,9 +9,6 @@
 #include "Annotator/Window/PartInfoPane.h"
 #include "Annotator/Window/TestPane.h"
 #include "Annotator/Window/TextureViewPane.h"
-#include "CockpitModel/Annotations/AnnotationStore.h"
-#include "CockpitModel/Panels/PanelSet.h"
-#include "CockpitModel/SceneGraph.h"
 #include "Sim/AircraftListLoader.h"
 #include "Threading/RunQueue.h"
 
@@ -25,9 +23,9 @@
 
 namespace Annotator {
 
-/// The main window, from the choice of an aircraft to a saved annotation. It owns the loaded aircraft and shares its
-/// scene graph with the preview. Without an aircraft, that is at startup and after a failed load, tree, panes and
-/// preview are empty. User interface thread.
+/// The main window, from the choice of an aircraft to a saved annotation. It shows the state of its session, whose
+/// scene graph it shares with the preview. Without an aircraft, that is at startup and after a failed load, tree, panes
+/// and preview are empty. User interface thread.
 class AnnotatorWindow : public wxFrame {
 public:
     /// The loader is not owned. Exceptions of the scan are not caught.
@@ -64,9 +62,7 @@ private:
     void AddNodeItems(CockpitModel::Node& node);
     const wxTreeItemId& ItemOf(const CockpitModel::NodePart& part) const;
     void HighlightItem(const wxTreeItemId& item);
-    void ShowAnnotation(CockpitModel::NodePart& part);
     void EmptyTree();
-    void ReleaseScene();
     void ShowEmptyState();
 
     Sim::AircraftListLoader* aircraftListLoader;
@@ -81,20 +77,11 @@ private:
     TextureViewPane* textureViewPane = nullptr;
     wxCheckBox* showTransparentCheckBox = nullptr;
     Threading::RunQueue runQueue; ///< work for the next frame
-    std::string aircraftName;
-    std::string annotationPath;
-    std::unique_ptr<CockpitModel::AircraftCockpit> cockpit;
-    CockpitModel::GaugeRepository gaugeRepository;
-    std::unique_ptr<CockpitModel::PanelSet> panels;
-    std::unique_ptr<CockpitModel::ModelData> model; ///< source of the animation positions
-    std::shared_ptr<CockpitModel::SceneGraph> sceneGraph;
+    AnnotationSession session;    ///< outlives the preview, which points into its scene
     std::shared_ptr<CockpitPreview> preview;
     std::vector<wxTreeItemId> nodeItems; ///< by node index
     std::unordered_map<const CockpitModel::NodePart*, wxTreeItemId> partItems;
     std::optional<wxTreeItemId> highlightedItem;
-    CockpitModel::NodePart* selectedPart = nullptr;
-    std::unique_ptr<CockpitModel::AnnotationStore> annotationStore;
-    CockpitModel::AnnotationRecord currentAnnotation; ///< working record of the selected part; two panes point to it
 };
 
 } // namespace Annotator

@@ -1,12 +1,8 @@
-// The window's scene: loading an aircraft, the tree of its nodes and parts, the selection and Save.
-#include "Annotator/AircraftLoading.h"
+// What the window shows of its session: the tree of nodes and parts, the selection, and the results of loads and saves.
 #include "Annotator/FailureTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/ProblemBox.h"
-#include "CockpitModel/Annotations/AnnotationXml.h"
-#include "Logging/Logger.h"
-#include "Utils/FatalError.h"
-#include "Utils/Files.h"
+#include "Utils/RangeCheck.h"
 
 #include <stdexcept>
 
@@ -25,26 +21,6 @@ public:
     NodePart* part; ///< of the loaded scene
 };
 
-/// A fatal error has a fixed text and an empty exception, so the reason is logged before it and thrown after it.
-void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCockpit& cockpit) {
-    if (cockpit.IsValid())
-        return;
-    const std::string reason = "No cockpit object found for " + info.acfPath;
-    Logging::Logger::Get().Log(HERE, reason);
-    try {
-        Utils::FatalError("Annotator\\AnnotatorWindow.cpp", 158);
-    } catch (const std::exception&) {
-        throw std::runtime_error(reason + "\n" + kLogEndedText);
-    }
-}
-
-CockpitModel::AnnotationRecord NewAnnotation(const NodePart& part) {
-    CockpitModel::AnnotationRecord record;
-    record.NodeId = part.node->index;
-    record.PartId = part.id;
-    return record;
-}
-
 } // namespace
 
 void AnnotatorWindow::LoadGuarded(const Sim::AircraftInfo& info) {
@@ -58,29 +34,15 @@ void AnnotatorWindow::LoadGuarded(const Sim::AircraftInfo& info) {
 }
 
 void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
-    // Clears the old scene first, so that only one aircraft is in memory and a failed load leaves no partial scene.
-    EmptyTree();
-    SelectPart(nullptr);
-    ReleaseScene();
-    aircraftName = info.displayName;
-    OpenedAircraft opened = OpenAircraft(info, gaugeRepository);
-    RequireModel(info, *opened.cockpit);
-    BuiltAircraft built = BuildAircraft(opened);
-    cockpit = std::move(opened.cockpit);
-    panels = std::move(opened.panels);
-    model = std::move(built.model);
-    sceneGraph = std::move(built.sceneGraph);
-    sceneGraph->BuildPartTrees();
-    annotationStore = std::make_unique<CockpitModel::AnnotationStore>(*sceneGraph);
-    annotationPath = CockpitModel::AnnotationPath(info);
-    annotationStore->Read(annotationPath);
-    preview->SetScene(sceneGraph, model.get(), annotationStore.get());
+    ShowEmptyState();
+    session.Load(info);
+    session.Scene()->BuildPartTrees();
+    preview->SetScene(session.Scene(), session.Model(), session.Annotations());
     RebuildTree();
-    canvas->control.camera.SetPosition(CameraPlace(*cockpit));
+    canvas->control.camera.SetPosition(CameraPlace(*session.Cockpit()));
     canvas->SetFocus();
 }
 
-/// The items point into the scene, so they are deleted before it.
 void AnnotatorWindow::EmptyTree() {
     partTree->DeleteAllItems();
     highlightedItem.reset();
@@ -88,29 +50,19 @@ void AnnotatorWindow::EmptyTree() {
     nodeItems.clear();
 }
 
-void AnnotatorWindow::ReleaseScene() {
-    // Pointers before their targets: the graph points to the panels, the store to the graph.
-    preview->SetScene(nullptr, nullptr, nullptr);
-    annotationStore.reset();
-    sceneGraph.reset();
-    model.reset();
-    panels.reset();
-    cockpit.reset();
-}
-
+/// Tree, panes and preview have pointers into the scene, so they are emptied before it.
 void AnnotatorWindow::ShowEmptyState() {
     EmptyTree();
     SelectPart(nullptr);
-    ReleaseScene();
-    aircraftName.clear();
-    annotationPath.clear();
+    preview->SetScene(nullptr, nullptr, nullptr);
+    session.Clear();
 }
 
 void AnnotatorWindow::RebuildTree() {
-    partTree->AddRoot(ToWide(aircraftName));
-    nodeItems.reserve(sceneGraph->Nodes().size());
+    partTree->AddRoot(ToWide(session.AircraftName()));
+    nodeItems.reserve(session.Scene()->Nodes().size());
     const Utils::Matrix4 unused = Utils::Matrix4::Identity();
-    sceneGraph->VisitNodes(
+    session.Scene()->VisitNodes(
         unused, unused, [this](const auto&, const auto&, const auto&, const auto&, Node& node) { AddNodeItems(node); });
     partTree->ExpandAll();
 }
@@ -145,20 +97,18 @@ void AnnotatorWindow::SelectGuarded(NodePart* part) {
 
 void AnnotatorWindow::SelectPart(NodePart* part) {
     // Selecting the part's item below calls this function again, through the tree's selection event.
-    if (part == selectedPart)
+    if (part == session.SelectedPart())
         return;
-    selectedPart = part;
+    session.Select(part);
     preview->SetSelectedPart(part);
     textureViewPane->SetPart(part);
     partInfoPane->SetPart(part);
-    if (part) {
+    if (part)
         HighlightItem(ItemOf(*part));
-        ShowAnnotation(*part);
-    } else {
-        testPane->SetPart(nullptr, nullptr);
-        interactionPane->SetPart(nullptr, nullptr);
-    }
-    animationsPane->SetPart(part, model.get());
+    CockpitModel::AnnotationRecord* const annotation = part ? &session.Edit() : nullptr;
+    testPane->SetPart(part, annotation);
+    interactionPane->SetPart(part, annotation);
+    animationsPane->SetPart(part, session.Model());
 }
 
 const wxTreeItemId& AnnotatorWindow::ItemOf(const NodePart& part) const {
@@ -183,28 +133,23 @@ void AnnotatorWindow::HighlightItem(const wxTreeItemId& item) {
     highlightedItem = item;
 }
 
-void AnnotatorWindow::ShowAnnotation(NodePart& part) {
-    currentAnnotation = annotationStore->Get(part).value_or(NewAnnotation(part));
-    testPane->SetPart(&part, &currentAnnotation);
-    interactionPane->SetPart(&part, &currentAnnotation);
-}
-
 void AnnotatorWindow::OnSaveAnnotation(wxCommandEvent&) {
-    if (selectedPart)
+    if (session.SelectedPart())
         RunGuarded(
             this, [this] { SaveAnnotation(); },
-            [this](const std::exception& error) { return SaveFailureText(annotationPath, ReasonText(error)); });
+            [this](const std::exception& error) {
+                return SaveFailureText(session.AnnotationPath(), ReasonText(error));
+            });
 }
 
 void AnnotatorWindow::SaveAnnotation() {
     testPane->Commit();
     interactionPane->Commit();
-    annotationStore->Set(*selectedPart, currentAnnotation);
-    if (const auto result = annotationStore->Write(annotationPath); !result)
-        ShowProblem(this, SaveFailureText(annotationPath, result.error));
-    else if (const std::string& copy = annotationStore->BackupPath();
-             !copy.empty() && !CockpitModel::IsXml(Utils::ReadFile(copy)))
-        ShowProblem(this, KeptCopyText(annotationPath, copy));
+    const AnnotationSaveResult result = session.Save();
+    if (!result.saved)
+        ShowProblem(this, SaveFailureText(session.AnnotationPath(), result.error));
+    else if (!result.unreadableCopy.empty())
+        ShowProblem(this, KeptCopyText(session.AnnotationPath(), result.unreadableCopy));
 }
 
 } // namespace Annotator

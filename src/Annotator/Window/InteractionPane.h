@@ -25,7 +25,7 @@ private:
     void ShowPart();
 
     CockpitModel::NodePart* part = nullptr;
-    CockpitModel::AnnotationRecord* annotation = nullptr; ///< the window's working record
+    CockpitModel::AnnotationRecord* annotation = nullptr; ///< the session's working record
     wxStaticText* detectedInteractionLabel;
     ItemDropDown<CockpitModel::TouchInteractionType>* interactionDropDown;
     wxStaticText* detectedEventLabel;

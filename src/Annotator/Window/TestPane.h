@@ -18,7 +18,7 @@ public:
     bool Commit();
 
 private:
-    CockpitModel::AnnotationRecord* annotation = nullptr; ///< the window's working record
+    CockpitModel::AnnotationRecord* annotation = nullptr; ///< the session's working record
     ItemDropDown<CockpitModel::TouchInteractionType>* interactionTypeDropDown;
 };
 

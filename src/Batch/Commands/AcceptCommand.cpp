@@ -139,7 +139,7 @@ ExitCode Accept(const AcceptOptions& options, Session& session) {
     const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
     ExpectationWriter writer(session.console);
     const std::size_t failed = ForEachAircraft(
-        aircraft, session.console, [&](const Sim::AircraftInfo& info) { return FindNew(info, options); },
+        aircraft, session.console,
         {.take = [&](const Sim::AircraftInfo& info, const std::string& found) { writer.Take(info, found); }});
     FlushPrinted(); // shown before anything is saved
     return writer.Finish(options.dryRun, failed);
@@ -152,7 +152,8 @@ Action PrepareAccept(CLI::App& app) {
     app.add_flag("--dry-run", options->dryRun, "Print what would be added, without saving");
     app.add_flag("--yoke", options->yoke, "Also record yoke parts, which have no mouse rectangle");
     AddAircraftOptions(app, options->aircraft)->description("Aircraft to record")->required();
-    return [options](Session& session) { return Accept(*options, session); };
+    return {[options](Session& session) { return Accept(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) { return FindNew(info, *options); }};
 }
 
 } // namespace Batch

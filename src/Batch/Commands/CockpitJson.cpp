@@ -78,6 +78,39 @@ Json ToJson(const NodePart& part) {
             {"eventType", TouchEventTypeToText(part.EventType)}};
 }
 
+/// What only the full reading has of a node. The time of a key is a percentage of the range.
+void AddFullMembers(const ModelAnimation& animation, Json& node) {
+    node["range"] = {animation.rangeLow, animation.rangeHigh};
+    node["keyFramed"] = animation.keyFramed;
+    node["loop"] = animation.loop;
+    node["outsideBlocks"] = animation.outsideBlocks;
+}
+
+Json FullJson(const Node& node) {
+    Json json = ToJson(node);
+    if (node.animation)
+        AddFullMembers(*node.animation, json);
+    return json;
+}
+
+Json ToJson(const CockpitModel::Manipulator& manipulator) {
+    Json names = Json::array();
+    for (const std::string& name : manipulator.names)
+        names.push_back(JsonText(name));
+    return {
+        {"line", manipulator.line},       {"keyword", manipulator.keyword}, {"cursor", JsonText(manipulator.cursor)},
+        {"numbers", manipulator.numbers}, {"names", std::move(names)},      {"tooltip", JsonText(manipulator.tooltip)}};
+}
+
+Json FullJson(const NodePart& part) {
+    Json json = ToJson(part);
+    const bool hasObject = part.block.SourceLine != 0;
+    json["object"] = hasObject ? JsonText(part.node->graph->Model().objects.at(part.block.Object).name) : Json();
+    json["line"] = hasObject ? Json(part.block.SourceLine) : Json();
+    json["manipulator"] = part.manipulator ? ToJson(*part.manipulator) : Json();
+    return json;
+}
+
 Json ToJson(const Panel& panel) {
     Json entries = Json::array();
     for (const CockpitModel::PanelEntry& entry : panel.Entries)
@@ -144,14 +177,15 @@ void WriteCockpitJson(std::ostream& stream, const Sim::AircraftInfo& info, const
     writer.Member("textures", textures);
     if (panels)
         WritePanels(writer, *panels);
+    const bool full = sceneGraph.Model().reading == CockpitModel::Reading::Full;
     writer.BeginList("nodes");
     for (const auto& node : sceneGraph.Nodes())
-        writer.Item(ToJson(*node));
+        writer.Item(full ? FullJson(*node) : ToJson(*node));
     writer.EndList();
     writer.BeginList("parts");
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
-            writer.Item(ToJson(*part));
+            writer.Item(full ? FullJson(*part) : ToJson(*part));
     writer.EndList();
     writer.Finish();
 }

@@ -189,7 +189,7 @@ Action PrepareCompare(CLI::App& app) {
     app.add_option("A", options->a, "Folder with the older files")->type_name("")->required();
     app.add_option("B", options->b, "Folder with the newer files")->type_name("")->required();
     app.add_flag("--json", options->json, "Print the differences as JSON");
-    return [options](Session& session) { return Compare(*options, session); };
+    return {[options](Session& session) { return Compare(*options, session); }};
 }
 
 } // namespace Batch

@@ -91,7 +91,6 @@ ExitCode Detect(const DetectOptions& options, Session& session) {
                               session.console);
     const std::size_t failed = ForEachAircraft(
         aircraft, session.console,
-        [&](const Sim::AircraftInfo& info) { return DetectOne(info, options.aircraft.load); },
         {.take = [&](const Sim::AircraftInfo& info, const std::string& xml) { writer.Write(info, xml); },
          .showsProgress = true});
     return writer.Finish(aircraft.selection.size(), failed);
@@ -105,7 +104,10 @@ Action PrepareDetect(CLI::App& app) {
         ->type_name("DIR");
     AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
-    return [options](Session& session) { return Detect(*options, session); };
+    return {[options](Session& session) { return Detect(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) {
+                return DetectOne(info, options->aircraft.load);
+            }};
 }
 
 } // namespace Batch

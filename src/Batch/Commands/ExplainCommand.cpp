@@ -5,8 +5,10 @@
 #include "Batch/Commands.h"
 #include "Batch/Jobs/Jobs.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
+#include "Utils/RangeCheck.h"
 
 #include <CLI/CLI.hpp>
+#include <boost/filesystem/operations.hpp>
 #include <memory>
 
 namespace Batch {
@@ -38,24 +40,43 @@ std::string AnnotationText(const std::optional<CockpitModel::AnnotationRecord>& 
     return text;
 }
 
+/// What the plain reading says of a part of the full one.
+std::string PlainText(const Sim::AircraftInfo& info, PartAddress address) {
+    const std::string heading = "  plain reading: ";
+    try {
+        CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
+        const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
+        if (!opened.cockpit->IsValid())
+            return heading + Annotator::PlainReadingText(nullptr);
+        const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, {.untextured = true});
+        return heading + Annotator::PlainReadingText(built.sceneGraph->FindPart(address));
+    } catch (const std::exception& error) {
+        return heading + "cannot be loaded: " + Utils::Describe(error) + "\n";
+    }
+}
+
 /// Empty if the cockpit has no such part.
-std::string ExplainOne(const Sim::AircraftInfo& info, PartAddress address, const Annotator::LoadOptions& load) {
+JobOutput ExplainOne(const Sim::AircraftInfo& info, const ExplainOptions& options) {
+    const Annotator::LoadOptions& load = options.aircraft.load;
+    const PartAddress address = ReadAddress(options.part);
     const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, load);
     const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
     const NodePart* const part = sceneGraph.FindPart(address);
     if (!part)
-        return {};
+        return std::string();
     CockpitModel::AnnotationStore store(sceneGraph);
     store.Read(CockpitModel::AnnotationFile(info));
-    return Annotator::ExplanationText(sceneGraph, *part) + AnnotationText(store.Get(*part));
+    std::string text = Annotator::ExplanationText(sceneGraph, *part);
+    if (load.reading == CockpitModel::Reading::Full)
+        text += PlainText(info, address);
+    return {text + AnnotationText(store.Get(*part)), aircraft.built.model->remarks};
 }
 
 ExitCode Explain(const ExplainOptions& options, Session& session) {
-    const PartAddress address = ReadAddress(options.part);
+    ReadAddress(options.part);
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
-    const std::string text =
-        RunJob(info, [&](const Sim::AircraftInfo& one) { return ExplainOne(one, address, options.aircraft.load); });
+    const std::string text = RunJob(info, session.console, options.aircraft.limits.timeout);
     if (text.empty())
         throw CommandError(kWrongUsage, NameOf(info) + " has no part " + options.part +
                                             "; run 'inspect' to list all parts, 'manips' to list clickable parts");
@@ -67,9 +88,11 @@ ExitCode Explain(const ExplainOptions& options, Session& session) {
 
 Action PrepareExplain(CLI::App& app) {
     auto options = std::make_shared<ExplainOptions>();
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
     app.add_option("PART", options->part, "Part as NODE,PART, for example 12,0")->type_name("")->required();
-    return [options](Session& session) { return Explain(*options, session); };
+    return {[options](Session& session) { return Explain(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) { return ExplainOne(info, *options); }};
 }
 
 } // namespace Batch

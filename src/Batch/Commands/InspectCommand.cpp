@@ -12,7 +12,6 @@
 #include <cstring>
 #include <fstream>
 #include <memory>
-#include <optional>
 #include <sstream>
 
 namespace Batch {
@@ -33,30 +32,30 @@ std::string ReadPanel(const std::string& path) {
     return std::move(text).str();
 }
 
-std::string InspectOne(const Sim::AircraftInfo& info, const std::optional<std::string>& panel,
-                       const Annotator::LoadOptions& load) {
+/// `panelText` is the text of the options' panel configuration.
+JobOutput InspectOne(const Sim::AircraftInfo& info, const InspectOptions& options, const std::string& panelText) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    if (panel) {
-        std::istringstream configuration(*panel);
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository, options.aircraft.load.reading);
+    const bool hasPanel = !options.panel.empty();
+    if (hasPanel) {
+        std::istringstream configuration(panelText);
         opened.panels->Read(configuration, repository);
     }
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
+    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.aircraft.load);
     std::ostringstream json;
-    WriteCockpitJson(json, info, *opened.cockpit, *built.sceneGraph, panel ? opened.panels.get() : nullptr);
-    return std::move(json).str();
+    WriteCockpitJson(json, info, *opened.cockpit, *built.sceneGraph, hasPanel ? opened.panels.get() : nullptr);
+    return {std::move(json).str(), built.model->remarks};
 }
 
 ExitCode Inspect(const InspectOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
-    std::optional<std::string> panel;
+    std::string panel;
     if (!options.panel.empty()) {
         panel = ReadPanel(session.ResolveArgument(options.panel));
         session.console.Message("no gauges are available, so the panels have no entries");
     }
-    PrintJson(
-        RunJob(info, [&](const Sim::AircraftInfo& one) { return InspectOne(one, panel, options.aircraft.load); }));
+    PrintJson(RunJob(info, session.console, options.aircraft.limits.timeout, panel));
     return kDone;
 }
 
@@ -66,8 +65,12 @@ Action PrepareInspect(CLI::App& app) {
     auto options = std::make_shared<InspectOptions>();
     app.add_option("--panel", options->panel, "Read this panel configuration for the aircraft and include its panels")
         ->type_name("FILE");
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
-    return [options](Session& session) { return Inspect(*options, session); };
+    return {[options](Session& session) { return Inspect(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string& panel) {
+                return InspectOne(info, *options, panel);
+            }};
 }
 
 } // namespace Batch

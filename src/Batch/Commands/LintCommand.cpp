@@ -60,8 +60,8 @@ std::vector<LintFinding> FindingsFromJson(const Json& list) {
 }
 
 /// The findings, encoded for the parent process.
-std::string LintOne(const Sim::AircraftInfo& info) {
-    return ToJson(Annotator::LintAircraft(info)).dump();
+std::string LintOne(const Sim::AircraftInfo& info, CockpitModel::Reading reading) {
+    return ToJson(Annotator::LintAircraft(info, reading)).dump();
 }
 
 /// In the format of compilers.
@@ -131,7 +131,7 @@ ExitCode Lint(const LintOptions& options, Session& session) {
         else
             Print(FindingsText(findings, options.all));
     };
-    const std::size_t failed = ForEachAircraft(aircraft, session.console, LintOne, {.take = take});
+    const std::size_t failed = ForEachAircraft(aircraft, session.console, {.take = take});
     if (options.json)
         PrintJson(everything.dump(1) + '\n');
     FlushPrinted();
@@ -147,8 +147,12 @@ Action PrepareLint(CLI::App& app) {
     auto options = std::make_shared<LintOptions>();
     app.add_flag("--all", options->all, "Print every finding, including repeated ones");
     app.add_flag("--json", options->json, "Print all findings as a list of JSON objects");
+    AddFullOption(app, options->aircraft.load);
     AddSelectionOptions(app, options->aircraft);
-    return [options](Session& session) { return Lint(*options, session); };
+    return {[options](Session& session) { return Lint(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) {
+                return LintOne(info, options->aircraft.load.reading);
+            }};
 }
 
 } // namespace Batch

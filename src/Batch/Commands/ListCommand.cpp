@@ -16,7 +16,7 @@ ExitCode List(Session& session) {
 } // namespace
 
 Action PrepareList(CLI::App&) {
-    return List;
+    return {List};
 }
 
 } // namespace Batch

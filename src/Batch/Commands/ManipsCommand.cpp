@@ -190,9 +190,7 @@ ExitCode Manips(const ManipulatorOptions& options, Session& session) {
         (options.json ? PrintJson : Print)(separator + output);
         separator = options.json ? ",\n" : options.csv ? "" : "\n";
     };
-    const std::size_t failed =
-        ForEachAircraft(aircraft, session.console, [&](const Sim::AircraftInfo& info) { return FormOf(options, info); },
-                        {.take = take});
+    const std::size_t failed = ForEachAircraft(aircraft, session.console, {.take = take});
     if (options.json)
         std::cout << (*separator == '[' ? "[]\n" : "\n]\n");
     return failed > 0 ? kAircraftFailed : kDone;
@@ -206,7 +204,8 @@ Action PrepareManips(CLI::App& app) {
     app.add_flag("--json", options->json, "Print a list of JSON objects")->excludes(csv);
     AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
-    return [options](Session& session) { return Manips(*options, session); };
+    return {[options](Session& session) { return Manips(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) { return FormOf(*options, info); }};
 }
 
 } // namespace Batch

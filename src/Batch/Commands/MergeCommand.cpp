@@ -86,7 +86,7 @@ Action PrepareMerge(CLI::App& app) {
     app.add_option("PART", options->parts, "JSON reports, or folders of reports, which are read in order of file name")
         ->type_name("")
         ->required();
-    return [options](Session& session) { return Merge(*options, session); };
+    return {[options](Session& session) { return Merge(*options, session); }};
 }
 
 } // namespace Batch

@@ -120,10 +120,10 @@ bool IsEmpty(const Rendering::MemBitmap& picture) {
            std::ranges::count(pixels, pixels.front()) == std::ssize(pixels);
 }
 
-std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& options) {
+JobOutput RenderOne(const Sim::AircraftInfo& info, const RenderOptions& options) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository);
-    if (!opened.cockpit->IsValid())
+    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository, options.aircraft.load.reading);
+    if (options.aircraft.load.reading == CockpitModel::Reading::Plain && !opened.cockpit->IsValid())
         throw std::runtime_error("the folder of the .acf file contains no cockpit object");
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.aircraft.load);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
@@ -133,7 +133,7 @@ std::string RenderOne(const Sim::AircraftInfo& info, const RenderOptions& option
             Rendering::DrawOffScreen(options.picture.size, Annotator::kCanvasColour, [&](Rendering::Context& context) {
                 Annotator::DrawPreviewPicture(context, options.picture, opened, built, annotations);
             });
-        return char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Rendering::ToPng(picture);
+        return {char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Rendering::ToPng(picture), built.model->remarks};
     } catch (const std::invalid_argument& error) {
         return char{kWrongRequest} + std::string(error.what());
     }
@@ -152,7 +152,7 @@ ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
     RequireData();
-    const std::string answer = RunJob(info, [&](const Sim::AircraftInfo& one) { return RenderOne(one, options); });
+    const std::string answer = RunJob(info, session.console, options.aircraft.limits.timeout);
     const std::string_view bytes = std::string_view(answer).substr(1);
     if (answer[0] == kWrongRequest)
         throw CommandError(kWrongUsage, NameOf(info) + ": " + std::string(bytes));
@@ -169,8 +169,13 @@ Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
     app.add_option("--out", options->file, "PNG file to write")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
-    return [options](Session& session) { return Render(*options, session); };
+    return {[options](Session& session) { return Render(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) {
+                RequireData();
+                return RenderOne(info, *options);
+            }};
 }
 
 } // namespace Batch

@@ -44,9 +44,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
     const auto fail = [&](const Sim::AircraftInfo& info, const std::string& reason) {
         report.push_back(Unloaded(info, reason));
     };
-    ForEachAircraft(aircraft, session.console,
-                    [&](const Sim::AircraftInfo& info) { return TestOne(info, options.aircraft.load); },
-                    {.take = take, .fail = fail, .showsProgress = true});
+    ForEachAircraft(aircraft, session.console, {.take = take, .fail = fail, .showsProgress = true});
     return PublishReport(report, options.reports, session);
 }
 
@@ -56,7 +54,9 @@ Action PrepareTest(CLI::App& app) {
     auto options = std::make_shared<TestOptions>();
     AddReportOptions(app, options->reports);
     AddAircraftOptions(app, options->aircraft);
-    return [options](Session& session) { return Test(*options, session); };
+    return {
+        [options](Session& session) { return Test(*options, session); },
+        [options](const Sim::AircraftInfo& info, const std::string&) { return TestOne(info, options->aircraft.load); }};
 }
 
 } // namespace Batch

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Batch {
@@ -8,17 +9,18 @@ namespace Batch {
 /// Operating system functions for the program's own process, with one source file per system.
 
 /// Must be called first: prepares the standard streams and returns the arguments as UTF-8, without the program's
-/// name.
+/// name and without kWorkerOption.
 std::vector<std::string> StartProcess(int argc, char** argv);
 
 /// Whether stderr is a terminal. Afterwards that terminal interprets escape sequences.
 bool ErrorsGoToTerminal();
 
-/// The aircraft path of the job if this process was started by this program for one job; otherwise null. Such a process
-/// may only send its result: anything it prints is discarded.
-const std::string* JobAircraft();
+/// Whether this process was started by this program to run jobs. What such a process prints to stdout is discarded.
+bool IsWorker();
+/// Sends a worker's answer to the process that started it. False if that process no longer reads.
+bool SendAnswer(std::string_view bytes);
 
-/// The first argument of such a process, before that path. Not documented for users.
-inline constexpr const char* kJobOption = "--job";
+/// The first argument of a worker. Not documented for users.
+inline constexpr const char* kWorkerOption = "--worker";
 
 } // namespace Batch

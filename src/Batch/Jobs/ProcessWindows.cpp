@@ -3,12 +3,11 @@
 #include "Utils/FatalError.h"
 #include "Utils/WideText.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <io.h>
-#include <iostream>
-#include <optional>
 #include <windows.h>
 
 #include <shellapi.h>
@@ -17,7 +16,7 @@ namespace Batch {
 
 namespace {
 
-std::optional<std::string> jobAircraft;
+HANDLE answers = nullptr; ///< of a worker: its standard output at the start
 
 /// The arguments of main are in the system's code page, which lacks many characters.
 std::vector<std::string> CommandLineArguments() {
@@ -32,7 +31,7 @@ std::vector<std::string> CommandLineArguments() {
 
 /// A console gets UTF-8; a file or another program gets the same bytes as on any system.
 void PrepareStreams() {
-    for (const int stream : {1, 2})
+    for (const int stream : {0, 1, 2})
         _setmode(stream, _O_BINARY);
     static const UINT before = GetConsoleOutputCP();
     if (before != 0 && SetConsoleOutputCP(CP_UTF8))
@@ -47,17 +46,23 @@ void PrepareFailures() {
     });
 }
 
+void StartWorker() {
+    DuplicateHandle(GetCurrentProcess(), GetStdHandle(STD_OUTPUT_HANDLE), GetCurrentProcess(), &answers, 0, FALSE,
+                    DUPLICATE_SAME_ACCESS);
+    const int nowhere = _open("NUL", _O_WRONLY | _O_BINARY);
+    _dup2(nowhere, 1);
+    _close(nowhere);
+}
+
 } // namespace
 
 std::vector<std::string> StartProcess(int, char**) {
     PrepareFailures();
     PrepareStreams();
     std::vector<std::string> arguments = CommandLineArguments();
-    if (arguments.size() >= 2 && arguments[0] == kJobOption) {
-        jobAircraft = arguments[1];
-        arguments.erase(arguments.begin(), arguments.begin() + 2);
-        std::cout.rdbuf(nullptr);
-        std::cerr.rdbuf(nullptr);
+    if (!arguments.empty() && arguments[0] == kWorkerOption) {
+        StartWorker();
+        arguments.erase(arguments.begin());
     }
     return arguments;
 }
@@ -68,8 +73,20 @@ bool ErrorsGoToTerminal() {
     return GetConsoleMode(errors, &mode) && SetConsoleMode(errors, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
-const std::string* JobAircraft() {
-    return jobAircraft ? &*jobAircraft : nullptr;
+bool IsWorker() {
+    return answers != nullptr;
+}
+
+bool SendAnswer(std::string_view bytes) {
+    constexpr std::size_t kWriteSize = 65536;
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        if (!WriteFile(answers, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kWriteSize)), &written,
+                       nullptr))
+            return false;
+        bytes.remove_prefix(written);
+    }
+    return true;
 }
 
 } // namespace Batch

@@ -25,12 +25,12 @@ inline constexpr ObjKeyword kObjKeywords[] = {
     {"ANIM_end"},
     {"ANIM_hide", "nnd"},
     {"ANIM_keyframe_loop", "n"},
-    {"ANIM_rotate", "nnnnnnn?d"},
+    {"ANIM_rotate", "nnnnn?nnd"},
     {"ANIM_rotate_begin", "nnnd"},
     {"ANIM_rotate_end"},
     {"ANIM_rotate_key", "nn"},
     {"ANIM_show", "nnd"},
-    {"ANIM_trans", "nnnnnnnn?d"},
+    {"ANIM_trans", "nnnnnn?nnd"},
     {"ANIM_trans_begin", "d"},
     {"ANIM_trans_end"},
     {"ANIM_trans_key", "nnnn"},
@@ -108,10 +108,10 @@ inline constexpr ObjKeyword kObjKeywords[] = {
     {"IDX10", "iiiiiiiiii"},
     {"IF"},
     {"LIGHTS", "ii"},
-    {"LIGHT_CUSTOM", "nnnnnnnnnnnnd"},
+    {"LIGHT_CUSTOM", "nnnnnnnnnnnn?d"},
     {"LIGHT_NAMED", "wnnn"},
     {"LIGHT_PARAM", "wnnn"},
-    {"LIGHT_SPILL_CUSTOM", "nnnnnnnnnnnnd"},
+    {"LIGHT_SPILL_CUSTOM", "nnnnnnnnnnnn?d"},
     {"LINES", "ii"},
     {"MAGNET", "wwnnnnnn"},
     {"NORMAL_DECAL"},
@@ -168,7 +168,7 @@ constexpr const ObjKeyword* FindObjKeyword(std::string_view name) {
     return found != std::end(kObjKeywords) && found->name == name ? found : nullptr;
 }
 
-/// How many numbers a keyword's line begins with.
+/// How many numbers a keyword needs at the beginning of its values.
 consteval std::size_t NumberCount(std::string_view name) {
     const std::string_view values = FindObjKeyword(name)->values;
     return std::min(values.find_first_not_of("ni"), values.size());

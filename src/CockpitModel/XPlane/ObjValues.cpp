@@ -25,7 +25,7 @@ void ReadRange(ObjLine& line, XPObjAnimStep& step) {
 } // namespace
 
 XPObjAnimStep ReadTranslation(ObjLine& line) {
-    static_assert(NumberCount("ANIM_trans") == 6 + 2);
+    static_assert(NumberCount("ANIM_trans") == 6);
     XPObjAnimStep step;
     step.translation = line.Floats<6>();
     ReadRange(line, step);
@@ -33,7 +33,7 @@ XPObjAnimStep ReadTranslation(ObjLine& line) {
 }
 
 XPObjAnimStep ReadRotation(ObjLine& line) {
-    static_assert(NumberCount("ANIM_rotate") == 5 + 2);
+    static_assert(NumberCount("ANIM_rotate") == 5);
     XPObjAnimStep step;
     step.rotation = line.Floats<5>();
     ReadRange(line, step);

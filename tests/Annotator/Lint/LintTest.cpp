@@ -24,6 +24,24 @@ std::vector<LintFinding> Lint(const ObjText& object) {
     return LintObject("plane_cockpit.obj", object.Text());
 }
 
+TEST(LintTest, ChecksAttachedObjectsInTheFullReading) {
+    const Support::Installation installation;
+    const Support::WorkingDirectory inside(installation.path.string());
+    const std::string file = "_v10_att_file_stl ";
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", "P _obja/0/" + file + "a.obj\nP _obja/1/" + file + "gone.obj\n");
+    installation.Write("Aircraft/Props/Cub/objects/a.obj",
+                       ObjText().Texture().Line("ANIM_trans 0 0 0 0 1 0\nATTR_manip_push hand 1 1 x").Tris().Text());
+    installation.Write("Aircraft/Props/Cub/objects/panel.png", "");
+    const Sim::AircraftList list = Sim::XPAircraftListLoader().LoadAircraftList();
+    EXPECT_THROW(LintAircraft(*list.front()), std::runtime_error);
+    EXPECT_THAT(Places(LintAircraft(*list.front(), CockpitModel::Reading::Full)),
+                ElementsAre("no-dataref@12", "equal-values@13", "attached-objects@0", "no-yoke@0"));
+    installation.Write("Aircraft/Props/Cub/plane_cockpit.obj", "");
+    const auto findings = LintAircraft(*list.front());
+    EXPECT_THAT(Places(findings), ElementsAre("attached-objects@0", "no-yoke@0"));
+    EXPECT_THAT(findings.at(0).message, HasSubstr("1 attached object with manipulators is not read"));
+}
+
 /// Texts start after ten lines of header and pool and a TEXTURE in line 11.
 TEST(LintTest, FindsWhatTheReaderSkipsSilently) {
     const struct {
@@ -31,6 +49,7 @@ TEST(LintTest, FindsWhatTheReaderSkipsSilently) {
         const char* text;
         std::vector<std::string> places;
         const char* message = ""; ///< part of the first message
+        CockpitModel::Reading reading = CockpitModel::Reading::Plain;
     } rows[] = {
         {"known keywords without effect",
          "ATTR_LOD 0 10\nANIM_rotate_key 0 1\nRAIN_scale 1\nTHERMAL_source2 0 a b\nWIPER_param a\nslung_load_weight 9",
@@ -40,9 +59,18 @@ TEST(LintTest, FindsWhatTheReaderSkipsSilently) {
         {"one surplus end, then two missing ends",
          "ANIM_begin\nANIM_end\nANIM_end\nANIM_begin\nANIM_begin\n",
          {"unbalanced@14", "unbalanced@15", "unbalanced@16"}},
-        {"equal values",
-         "ATTR_manip_toggle hand 2 2.0 sim/x\nATTR_manip_drag_axis hand 1 0 0 3 3 sim/x",
-         {"equal-values@12", "equal-values@13"}},
+        {"equal values", "ATTR_manip_drag_axis hand 1 0 0 3 3.0 sim/x", {"equal-values@12"}},
+        {"malformed numbers",
+         "VT 1 2 3 4 5 6 7 1,5 # comma\nTRIS 0 3.0\nATTR_manip_wrap hand 1 1 x 2 sim/x",
+         {"bad-number@12", "bad-number@13", "bad-number@14"},
+         "column 18: VT needs a number, but has '1,5'"},
+        {"missing values, each reported once",
+         "  VT 1 2\t\r\nATTR_manip_command hand\nATTR_manip_drag_axis hand 1 0 0 1\nANIM_show 0 1 \nLIGHT_NAMED",
+         {"missing-value@12", "missing-value@13", "missing-value@14", "missing-value@15", "missing-value@16"},
+         "column 10: the line ends where VT needs a number"},
+        {"values that may be missing, and text after the last",
+         "IDX 0 1\nANIM_begin\nANIM_trans 1 2 3 1 2 3\nANIM_end\nATTR_manip_noop\nATTR_manip_push h 0 1 a a tip, 1",
+         {}},
         {"manipulators without a dataref",
          "ATTR_manip_toggle hand 0 1\nATTR_manip_toggle hand 0 1 no_ref",
          {"no-dataref@12", "no-dataref@13"}},
@@ -95,9 +123,16 @@ TEST(LintTest, FindsWhatTheReaderSkipsSilently) {
          "ANIM_begin\nANIM_trans_begin x\nATTR_manip_drag_axis hand 1 0 0 0 1 x\nTRIS 0 3\nANIM_end",
          {"drag-without-animation@15"},
          "keyframes"},
+        {"the full reading takes every manipulator",
+         "ATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nATTR_manip_push hand 1 1 y\nTRIS 0 3\nATTR_manip_wheel 1\n"
+         "ATTR_manip_command_knob hand\nATTR_manip_device\nATTR_manip_later\nANIM_begin\n"
+         "ATTR_manip_drag_axis_pix hand 9 0 1 0 1 z\nTRIS 0 3\nANIM_end\nATTR_draw_disable\nTRIS 0 3\n",
+         {"equal-values@14", "no-dataref@17", "unknown-keyword@19", "left-in-force@25"},
+         "ATTR_manip_push between equal values",
+         CockpitModel::Reading::Full},
     };
     for (const auto& row : rows) {
-        const auto findings = Lint(ObjText().Texture().Line(row.text));
+        const auto findings = LintObject("plane_cockpit.obj", ObjText().Texture().Line(row.text).Text(), row.reading);
         EXPECT_EQ(Places(findings), row.places) << row.name;
         EXPECT_THAT(findings.empty() ? "" : findings[0].message, HasSubstr(row.message)) << row.name;
     }

@@ -35,6 +35,11 @@ public:
 
 class FailingDriverTest : public WindowTest {
 protected:
+    FailingDriverTest() {
+        Open(); // makes the library resolve the driver's functions
+        Close();
+    }
+
     /// The window's first frame, a load, a click, a selection, a resize and closing. Returns how often the driver's
     /// errors were queried.
     int OpenPickAndClose() {
@@ -54,36 +59,30 @@ protected:
 /// For a failure at each step of the device, the fatal error and its consequences are shown, and the window can be
 /// closed.
 TEST_F(FailingDriverTest, ShowsTheFatalErrorForAnyFailedStep) {
-    Open(); // also makes the library resolve the driver's functions
-    Close();
-    int steps = 0;
-    {
+    const int steps = [&] {
         const FailingDriver whole(0, 0);
-        steps = OpenPickAndClose();
-    }
-    ASSERT_TRUE(dialogs.texts.empty()) << dialogs.texts[0];
+        return OpenPickAndClose();
+    }();
+    ASSERT_EQ(testing::PrintToString(dialogs.texts), "{}");
     ASSERT_GT(steps, 50);
     std::set<std::string> places;
     // The first steps create the device; frames repeat theirs.
     for (int step = 1; step <= steps; step += step < 25 ? 1 : 23) {
+        SCOPED_TRACE("step " + std::to_string(step));
         dialogs.texts.clear();
-        dialogs.captions.clear();
         const FailingDriver failing(step, step);
         OpenPickAndClose();
-        if (calls < step)
+        if (calls < step && step > steps / 2)
             break; // some runs take fewer steps
-        ASSERT_GE(dialogs.texts.size(), 2u) << "step " << step;
-        EXPECT_EQ(dialogs.captions[0], "Vorelle FSX") << "step " << step;
-        EXPECT_THAT(dialogs.texts[0], HasSubstr("Vorelle Fatal Error Encountered (1285, ")) << "step " << step;
-        EXPECT_THAT(dialogs.texts[1], HasSubstr("The cockpit cannot be shown")) << "step " << step;
+        ASSERT_GE(dialogs.texts.size(), 2u);
+        EXPECT_THAT(dialogs.texts[0], HasSubstr("Vorelle Fatal Error Encountered (1285, "));
+        EXPECT_THAT(dialogs.texts[1], HasSubstr("The cockpit cannot be shown"));
         places.insert(dialogs.texts[0].substr(0, dialogs.texts[0].find("Please")));
     }
     EXPECT_GE(places.size(), 10u) << "distinct locations of driver checks";
 }
 
 TEST_F(FailingDriverTest, EndsWithAPermanentlyLostDriver) {
-    Open();
-    Close();
     for (const int step : {1, 5, 40, 80}) {
         dialogs.texts.clear();
         const FailingDriver lost(step, INT_MAX);

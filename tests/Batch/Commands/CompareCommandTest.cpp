@@ -41,6 +41,17 @@ TEST(CompareCommand, PrintsWhatChangedAppearedAndVanished) {
     EXPECT_THAT(result.errors, HasSubstr("2 files compared, 4 parts differ, 2 in only one folder"));
 }
 
+TEST(CompareCommand, ComparesBothReadings) {
+    const Support::Installation installation;
+    const Support::ObjText object = Support::ObjText().Texture().Toggle("a/b").Tris();
+    installation.Aircraft("Aircraft/Props/Cub", "Cub",
+                          Support::ObjText(object).Line("ATTR_manip_command_knob hand a/up a/down").Tris());
+    for (const char* option : {"--full", "--untextured"})
+        EXPECT_EQ(RunBatch(installation, {"detect", "--out", option + 2, option}).exitCode, 0);
+    EXPECT_EQ(RunBatch(installation, {"compare", "untextured", "full"}).output,
+              "Cub.xml\n  node 0 part 1: Tap -> Twist, EventType Wheel -> LClick/LClick\n");
+}
+
 TEST(CompareCommand, ReportsTheOutcomeAsExitCode) {
     const std::string none = File("");
     const struct {

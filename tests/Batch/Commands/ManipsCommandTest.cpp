@@ -37,11 +37,20 @@ TEST(ManipsCommand, ListsTheWholeCockpit) {
     installation.Aircraft("Aircraft/Props/Cub", "Cub",
                           "P _obja/0/" + file + "knob.obj\nP _obja/1/" + file + "gone.obj\n");
     installation.Write("Aircraft/Props/Cub/objects/knob.obj",
-                       Support::ObjText().Line("ATTR_manip_axis_knob rotate 0 8 1 1 a/b").Tris().Text());
+                       Support::ObjText().Line("ATTR_manip_axis_knob rotate 0 8 1 1 a/b The course").Tris().Text());
     const Support::ProgramResult csv = RunBatch(installation, {"manips", "--full", "--csv"});
     EXPECT_THAT(csv.output,
                 HasSubstr("/plane.acf,2,0,11,other,0,8,Twist,,,a/b,objects/knob.obj,12,axis_knob,a/b,Wheel\n"));
     EXPECT_THAT(csv.errors, HasSubstr("attached object 1 (gone.obj) is not there"));
+    EXPECT_THAT(RunBatch(installation, {"inspect", "--full", "Cub"}).output,
+                HasSubstr(R"("object":"objects/knob.obj","line":12,"manipulator":{"line":11,"keyword":"axis_knob",)"
+                          R"("cursor":"rotate","numbers":[0.0,8.0,1.0,1.0],"names":["a/b"],"tooltip":"The course"}})"));
+    const Support::ProgramResult explained = RunBatch(installation, {"explain", "--full", "Cub", "2,0"});
+    EXPECT_THAT(explained.errors, HasSubstr("attached object 1 (gone.obj) is not there"));
+    EXPECT_THAT(explained.output,
+                testing::ContainsRegex("knob, so Twist\n.*knob.obj:12: TRIS\n.*knob.obj:11: axis_knob: "
+                                       "0 , 8 , 1 , 1 -- a/b\n.*rotate\n.*The course\n"));
+    EXPECT_THAT(explained.output, HasSubstr("plain reading: has no such part\n"));
     EXPECT_EQ(RunBatch(installation, {"detect", "--full"}).exitCode, 0);
     EXPECT_TRUE(boost::filesystem::exists(installation / "QVRA/AirLogs/full/Cub.xml"));
     boost::filesystem::remove(installation / "Aircraft/Props/Cub/objects/knob.obj");

@@ -1,142 +1,155 @@
+// The workers are further processes of this program.
 #include "Batch/Jobs/Jobs.h"
 
-#include "Batch/BatchProgram.h"
 #include "Batch/Command.h"
-#include "Batch/Jobs/JobResult.h"
-#include "Batch/Jobs/ScopedSignalBlock.h"
+#include "Batch/Jobs/Process.h"
 #include "Sim/XPAircraftInfo.h"
+#include "Support/TemporaryFolder.h"
+#include "Support/TestMain.h"
 
 #include <csignal>
-#include <cstdlib>
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <iostream>
-#include <new>
-#include <poll.h>
+#include <set>
+#include <thread>
 #include <unistd.h>
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 namespace Batch {
 namespace {
 
+using namespace std::chrono_literals;
+using std::this_thread::sleep_for;
 using testing::HasSubstr;
+
+#ifdef _WIN32
+constexpr const char* kAborted = "exit code 3 without a result";
+bool Runs(unsigned long process) {
+    return WaitForSingleObject(OpenProcess(SYNCHRONIZE, FALSE, process), 0) == WAIT_TIMEOUT;
+}
+#else
+constexpr const char* kAborted = "signal 6 (Aborted)";
+bool Runs(unsigned long process) {
+    return kill(static_cast<pid_t>(process), 0) == 0;
+}
+#endif
+
+/// The processes of the jobs that wrote a file, once for each file.
+std::multiset<unsigned long> WorkersIn(const std::string& folder) {
+    std::multiset<unsigned long> workers;
+    for (const auto& entry : boost::filesystem::directory_iterator(folder))
+        workers.insert(std::stoul(entry.path().filename().string()));
+    return workers;
+}
+
+/// The aircraft's path selects what its job does; the input is a folder that all jobs share.
+std::string Act(const Sim::AircraftInfo& aircraft, const std::string& folder) {
+    static int served = 0;
+    ++served;
+    const std::string& path = aircraft.acfPath;
+    if (path == "abort")
+        std::abort();
+    if (path == "exit")
+        SendAnswer("R"), std::_Exit(7);
+    if (path == "throw")
+        throw std::runtime_error("no material");
+    if (path == "memory")
+        throw std::bad_alloc();
+    if (path == "large")
+        return std::string(3'000'000, 'x') + "\r\n\x1A" + path;
+    if (path == "served")
+        return std::to_string(served);
+    std::ofstream(folder + "/" + std::to_string(getpid()) + "-" + std::to_string(served)) << path;
+    if (path == "hang")
+        sleep_for(1h);
+    if (path.starts_with("wait ")) {
+        while (WorkersIn(folder).size() < std::stoul(path.substr(5)))
+            sleep_for(10ms);
+        sleep_for(100ms); // for one file too many
+    }
+    return path + " of " + std::to_string(WorkersIn(folder).size());
+}
 
 class Jobs : public testing::Test {
 protected:
-    Jobs() { setenv("XDG_DATA_HOME", data.path.c_str(), 1); }
+    Jobs() { putenv(logs.data()); }
 
-    Support::TemporaryFolder data; // for the log of the processes
+    std::vector<JobResult> Run(const std::vector<std::string>& paths, const JobLimits& limits, bool cancels = false) {
+        aircraft.resize(paths.size());
+        AircraftSelection selection;
+        for (std::size_t i = 0; i < paths.size(); ++i) {
+            aircraft[i].acfPath = paths[i];
+            selection.push_back(&aircraft[i]);
+        }
+        std::vector<JobResult> results;
+        const auto use = [&](JobResult&& result) {
+            EXPECT_EQ(result.aircraft, &aircraft[results.size()]);
+            results.push_back(std::move(result));
+            if (cancels)
+                throw CommandError(kNotWritten, "full");
+        };
+        RunJobs(selection, limits, use, folder.path.string());
+        EXPECT_EQ(results.size(), paths.size());
+        results.resize(paths.size());
+        return results;
+    }
+
+    const Support::TemporaryFolder folder, data;
+    std::string logs = "XDG_DATA_HOME=" + data.path.string();
+    std::vector<Sim::XPAircraftInfo> aircraft;
 };
 
-std::size_t NumberOf(const Sim::AircraftInfo& aircraft) {
-    return std::stoul(aircraft.displayName);
+TEST_F(Jobs, GiveTheirResultsInOrderAndNameTheAircraftThatFailed) {
+    struct {
+        std::string path, output, failure;
+    } const rows[] = {
+        {"large", std::string(3'000'000, 'x') + "\r\n\x1Alarge", "none"},
+        {"exit", "", "exit code 7 without a result"},
+        {"abort", "", kAborted},
+        {"throw", "", "no material"},
+        {"memory", "", "out of memory"},
+        {"A b/\xC3\x9C\xE6\x97\xA5/\nc%d.acf", "A b/\xC3\x9C\xE6\x97\xA5/\nc%d.acf of ", "none"},
+    };
+    std::vector<std::string> paths;
+    for (std::size_t i = 0; i < 3 * std::size(rows); ++i)
+        paths.push_back(rows[i % std::size(rows)].path);
+    for (const std::size_t processes : {1, 3, 100}) {
+        const std::vector<JobResult> results = Run(paths, {.processes = processes});
+        for (std::size_t i = 0; i < results.size(); ++i) {
+            const auto& row = rows[i % std::size(rows)];
+            EXPECT_TRUE(results[i].output.starts_with(row.output)) << row.path << processes;
+            EXPECT_THAT(results[i].failure.value_or("none"), HasSubstr(row.failure)) << row.path << processes;
+        }
+    }
 }
 
-/// Results of jobs for aircraft named by numbers, in the order of arrival.
-std::vector<JobResult> Results(std::size_t count, std::size_t processes, const Job& job) {
-    std::vector<Sim::XPAircraftInfo> aircraft(count);
-    AircraftSelection all;
-    for (std::size_t i = 0; i < count; ++i) {
-        aircraft[i].displayName = std::to_string(i);
-        all.push_back(&aircraft[i]);
-    }
-    std::vector<JobResult> results;
-    RunJobs(all, processes, job, [&](JobResult&& result) {
-        EXPECT_EQ(NumberOf(*result.aircraft), results.size()) << processes;
-        results.push_back(std::move(result));
-    });
-    EXPECT_EQ(results.size(), count) << processes;
-    results.resize(count);
-    return results;
-}
-
-TEST_F(Jobs, GiveTheirOutputInOrderForAnyNumberOfProcesses) {
-    // Some are larger than a pipe's buffer, and the first ones take longer than those after them.
-    const auto output = [](std::size_t index) {
-        return std::string(index < 3 ? 3'000'000 : index, static_cast<char>('a' + index % 26));
-    };
-    for (const std::size_t processes : {1, 2, 7, 100}) {
-        const std::vector<JobResult> results =
-            Results(40, processes, [&](const Sim::AircraftInfo& aircraft) { return output(NumberOf(aircraft)); });
-        for (std::size_t i = 0; i < results.size(); ++i)
-            EXPECT_TRUE(results[i].output == output(i) && !results[i].failure) << i << " of " << processes;
-    }
-    EXPECT_TRUE(Results(0, 4, {}).empty());
-}
-
-TEST_F(Jobs, ReportHowEachProcessFailedAndKeepTheOthers) {
-    // The pipe for the result is one of the files that a process opened for writing after the test began.
-    const int firstFree = dup(0);
-    close(firstFree);
-    const auto beginAnswer = [firstFree] {
-        for (int file = firstFree; file < firstFree + 8; ++file)
-            if ((fcntl(file, F_GETFL) & O_ACCMODE) == O_WRONLY && write(file, "Rfi", 3) != 3)
-                _exit(8);
-    };
-    const std::function<void()> ends[] = {
-        [] {},
-        [] { std::abort(); },
-        [&] { beginAnswer(), raise(SIGKILL); },
-        [] { throw std::runtime_error("no material"); },
-        [] { _exit(7); },
-        [] { throw std::bad_alloc(); },
-        [] {},
-    };
-    const char* const failures[] = {
-        "", "signal 6 (Aborted)", "signal 9 (Killed)", "no material", "exit code 7", "out of memory", ""};
-    const auto results = Results(std::size(ends), 3, [&](const Sim::AircraftInfo& aircraft) -> std::string {
-        ends[NumberOf(aircraft)]();
-        return "fine";
-    });
-    for (std::size_t i = 0; i < results.size(); ++i) {
-        EXPECT_THAT(results[i].failure.value_or(""), HasSubstr(failures[i]));
-        EXPECT_EQ(results[i].output, results[i].failure ? "" : "fine") << i;
-        EXPECT_EQ(results[i].failure.has_value(), *failures[i] != '\0') << i;
-    }
+TEST_F(Jobs, ShareAWorkerUntilOneFailsOrGivesNoAnswer) {
+    const auto results =
+        Run({"served", "served", "throw", "served", "hang", "served"}, {.processes = 1, .timeout = 3s});
+    EXPECT_EQ(results[0].output + results[1].output + results[3].output + results[5].output, "1211");
+    EXPECT_THAT(results[4].failure.value_or(""), HasSubstr("no answer within 3 s"));
 }
 
 TEST_F(Jobs, RunUpToTheLimitAndNotTooFarAfterASlowOne) {
-    // The first waits until all jobs whose results may wait for it have started, and then for one more.
-    int begun[2];
-    ASSERT_EQ(pipe(begun), 0);
-    const Job job = [&](const Sim::AircraftInfo& aircraft) -> std::string {
-        char byte = 'x';
-        if (NumberOf(aircraft) != 0)
-            return write(begun[1], &byte, 1) == 1 ? std::to_string(ChildrenOf(getppid()).size()) : "no pipe";
-        for (std::size_t others = 1; others < 2 * kMaxPendingPerProcess; ++others)
-            EXPECT_EQ(read(begun[0], &byte, 1), 1);
-        pollfd more{begun[0], POLLIN, 0};
-        return poll(&more, 1, 100) == 0 ? "1" : "too many have begun";
-    };
-    for (const JobResult& result : Results(40, 2, job))
-        EXPECT_THAT(result.output, testing::AnyOf("1", "2"));
+    const std::size_t most = 2 * kMaxPendingPerWorker;
+    std::vector<std::string> paths(40, "other");
+    paths[0] = "wait " + std::to_string(most);
+    EXPECT_EQ(Run(paths, {.processes = 2})[0].output, paths[0] + " of " + std::to_string(most));
+    const std::multiset<unsigned long> workers = WorkersIn(folder.path.string());
+    EXPECT_EQ(std::set(workers.begin(), workers.end()).size(), 2u);
 }
 
-TEST_F(Jobs, EndTheirProcessesWhenTheirResultsAreNotNeeded) {
-    int alive[2];
-    ASSERT_EQ(pipe(alive), 0);
-    const Job job = [&](const Sim::AircraftInfo& info) -> std::string {
-        close(alive[0]);
-        if (info.displayName.empty())
-            pause();
-        return {};
-    };
-    Sim::XPAircraftInfo first, second;
-    first.displayName = "ends";
-    EXPECT_THROW(RunJobs({&first, &second}, 2, job, [](JobResult&&) { throw CommandError(kNotWritten, "full"); }),
-                 CommandError);
-    close(alive[1]);
-    char byte = 0;
-    EXPECT_EQ(read(alive[0], &byte, 1), 0) << "a process still holds the pipe";
-}
-
-TEST(ScopedSignalBlock, EndTheProcessAfterwards) {
-    const auto hold = [] {
-        const ScopedSignalBlock held;
-        raise(SIGINT);
-        std::cerr << "written";
-    };
-    EXPECT_EXIT(hold(), testing::KilledBySignal(SIGINT), "written");
+TEST_F(Jobs, EndTheirWorkersWhenTheirResultsAreNotNeeded) {
+    EXPECT_THROW(Run({"wait 2", "hang"}, {.processes = 2}, true), CommandError);
+    for (const unsigned long worker : WorkersIn(folder.path.string()))
+        EXPECT_FALSE(Runs(worker));
 }
 
 } // namespace
 } // namespace Batch
+
+int main(int argc, char** argv) {
+    Batch::StartProcess(argc, argv);
+    return Batch::IsWorker() ? Batch::ServeJobs(Batch::Act) : Support::RunTests(argc, argv);
+}

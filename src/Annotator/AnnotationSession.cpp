@@ -1,0 +1,87 @@
+#include "Annotator/AnnotationSession.h"
+
+#include "Annotator/AircraftLoading.h"
+#include "Annotator/FailureTexts.h"
+#include "CockpitModel/Annotations/AnnotationXml.h"
+#include "Logging/Logger.h"
+#include "Utils/FatalError.h"
+#include "Utils/Files.h"
+
+#include <boost/filesystem/operations.hpp>
+#include <stdexcept>
+
+namespace Annotator {
+
+namespace {
+
+using CockpitModel::AnnotationRecord;
+using CockpitModel::NodePart;
+
+/// A fatal error has a fixed text and an empty exception, so the reason is logged before it and thrown after it.
+void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCockpit& cockpit) {
+    if (cockpit.IsValid())
+        return;
+    const std::string reason = "No cockpit object found for " + info.acfPath;
+    Logging::Logger::Get().Log(HERE, reason);
+    try {
+        Utils::FatalError("Annotator\\AnnotatorWindow.cpp", 158);
+    } catch (const std::exception&) {
+        throw std::runtime_error(reason + "\n" + kLogEndedText);
+    }
+}
+
+AnnotationRecord NewAnnotation(const NodePart& part) {
+    AnnotationRecord record;
+    record.NodeId = part.node->index;
+    record.PartId = part.id;
+    return record;
+}
+
+} // namespace
+
+AnnotationSession::AnnotationSession() : gaugeRepository(boost::filesystem::current_path().string()) {}
+
+void AnnotationSession::Load(const Sim::AircraftInfo& info) {
+    Clear();
+    OpenedAircraft opened = OpenAircraft(info, gaugeRepository);
+    RequireModel(info, *opened.cockpit);
+    BuiltAircraft built = BuildAircraft(opened);
+    auto store = std::make_unique<CockpitModel::AnnotationStore>(*built.sceneGraph);
+    std::string path = CockpitModel::AnnotationPath(info);
+    store->Read(path);
+    aircraftName = info.displayName;
+    annotationPath = std::move(path);
+    cockpit = std::move(opened.cockpit);
+    panels = std::move(opened.panels);
+    model = std::move(built.model);
+    sceneGraph = std::move(built.sceneGraph);
+    annotationStore = std::move(store);
+}
+
+void AnnotationSession::Clear() {
+    Select(nullptr);
+    // Pointers before their targets: the store points to the graph, the graph to the panels.
+    annotationStore.reset();
+    sceneGraph.reset();
+    model.reset();
+    panels.reset();
+    cockpit.reset();
+    annotationPath.clear();
+    aircraftName.clear();
+}
+
+void AnnotationSession::Select(NodePart* part) {
+    currentAnnotation = part ? annotationStore->Get(*part).value_or(NewAnnotation(*part)) : AnnotationRecord();
+    selectedPart = part;
+}
+
+AnnotationSaveResult AnnotationSession::Save() {
+    annotationStore->Set(*selectedPart, currentAnnotation);
+    if (const auto written = annotationStore->Write(annotationPath); !written)
+        return {.error = written.error};
+    const std::string& copy = annotationStore->BackupPath();
+    const bool unreadable = !copy.empty() && !CockpitModel::IsXml(Utils::ReadFile(copy));
+    return {.saved = true, .unreadableCopy = unreadable ? copy : ""};
+}
+
+} // namespace Annotator
