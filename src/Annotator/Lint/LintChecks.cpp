@@ -1,5 +1,6 @@
 #include "Annotator/Lint/LintChecks.h"
 
+#include "CockpitModel/XPlane/ObjKeywords.h"
 #include "CockpitModel/XPlane/XPObjData.h"
 #include "Utils/Text.h"
 
@@ -92,6 +93,8 @@ void CheckSteps(const LintOutline& outline, LintFindings& findings) {
                          "move it after the ANIM_begin of the parts that it should move, or remove it");
             continue;
         }
+        if (!step.complete)
+            continue;
         if (step.zeroAxis)
             findings.Add(step.moves ? Warning : Note, "zero-axis", step.line, keyword + " with the axis 0 0 0",
                          "write the direction of the axis, for example 0 1 0");
@@ -183,7 +186,7 @@ void CheckDrags(const LintOutline& outline, LintFindings& findings) {
         last = draw.manipulator;
         const LintManipulator& manipulator = outline.manipulators[static_cast<std::size_t>(draw.manipulator)];
         const LintBlock& block = outline.blocks[draw.block];
-        if (manipulator.keyword != "ATTR_manip_drag_axis" || block.steps)
+        if (manipulator.effect != CockpitModel::PlainEffect::SetsDrag || block.steps)
             continue;
         const bool root = draw.block == 0;
         findings.Add(Warning, "drag-without-animation", draw.line,
@@ -208,12 +211,47 @@ void CheckLineEnds(const LintOutline& outline, LintFindings& findings) {
 
 void CheckKeywords(const LintOutline& outline, LintFindings& findings) {
     for (const auto& [keyword, unknown] : outline.unknown) {
-        const std::string_view like = KeywordLike(keyword);
+        const std::string like = KeywordLike(keyword);
         findings.Add(Warning, "unknown-keyword", unknown.firstLine,
                      keyword.substr(0, 64) + " is not a keyword of the format (" + Counted(unknown.count, "line") + ")",
                      like.empty() ? "remove it, or start a comment with #"
-                                  : "write " + std::string(like) + ": keywords are case-sensitive");
+                                  : "write " + like + ": keywords are case-sensitive");
     }
+}
+
+std::string KindText(char kind) {
+    switch (kind) {
+    case CockpitModel::kNumber:
+        return "a number";
+    case CockpitModel::kInteger:
+        return "a whole number";
+    case CockpitModel::kCursor:
+        return "a cursor";
+    case CockpitModel::kCommand:
+        return "a command";
+    case CockpitModel::kDataref:
+        return "a dataref";
+    default:
+        return "a name";
+    }
+}
+
+void CheckFaults(const LintOutline& outline, LintFindings& findings) {
+    for (const LintFault& fault : outline.faults) {
+        const std::string place = "column " + std::to_string(fault.column) + ": ";
+        if (fault.found.empty())
+            findings.Add(Warning, "missing-value", fault.line,
+                         place + "the line ends where " + fault.keyword + " needs " + KindText(fault.needed),
+                         "add the missing values at the end of the line");
+        else
+            findings.Add(Warning, "bad-number", fault.line,
+                         place + fault.keyword + " needs " + KindText(fault.needed) + ", but has '" + fault.found + "'",
+                         "write it in digits, with a point before decimals and a space after it");
+    }
+    if (const LintUnknown& more = outline.moreFaults; more.count > 0)
+        findings.Add(Warning, "more-faults", more.firstLine,
+                     Counted(more.count, "more line has", "more lines have") + " a missing value or a malformed number",
+                     "correct the lines above first, then run lint again");
 }
 
 void CheckTextureLines(const LintOutline& outline, LintFindings& findings) {
@@ -225,8 +263,8 @@ void CheckTextureLines(const LintOutline& outline, LintFindings& findings) {
 }
 
 constexpr LintCheck kChecks[] = {
-    CheckMaterials, CheckRanges, CheckBlocks,   CheckSteps,        CheckManipulators,
-    CheckInForce,   CheckDrags,  CheckKeywords, CheckTextureLines, CheckLineEnds,
+    CheckMaterials, CheckRanges,   CheckBlocks, CheckSteps,        CheckManipulators, CheckInForce,
+    CheckDrags,     CheckKeywords, CheckFaults, CheckTextureLines, CheckLineEnds,
 };
 
 } // namespace

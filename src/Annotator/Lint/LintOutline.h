@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CockpitModel/Reading.h"
+#include "CockpitModel/Touch/Manipulator.h"
 
 #include <cstdint>
 #include <map>
@@ -17,10 +18,11 @@ struct LintManipulator {
     std::uint32_t line = 0;
     std::uint32_t block = 0;
     std::string keyword;
-    bool hasRange = true;
-    float from = 0, to = 0;        ///< if it has a range
-    std::string dataref;           ///< the first name; may be a command
-    const char* names = "dataref"; ///< what its names are; null for a keyword without names
+    CockpitModel::PlainEffect effect = CockpitModel::PlainEffect::Leaves;
+    bool hasRange = false;
+    float from = 0, to = 0;      ///< if it has a range
+    std::string dataref;         ///< the first name; may be a command
+    const char* names = nullptr; ///< what its names are; null without names or if its line has a fault
 };
 
 struct LintStep {
@@ -30,6 +32,7 @@ struct LintStep {
     bool zeroAxis = false;   ///< of a rotation by a nonzero angle
     bool moves = false;      ///< its two values differ
     std::string dataref;
+    bool complete = true; ///< its line has no fault
 };
 
 struct LintBlock {
@@ -60,6 +63,14 @@ struct LintUnknown {
     std::size_t count = 0;
 };
 
+/// A value that is missing or not of the kind that its keyword needs.
+struct LintFault {
+    std::uint32_t line = 0, column = 0; ///< from 1, in bytes
+    std::string keyword;
+    std::string found; ///< empty if the value is missing
+    char needed = 0;   ///< its kind, as in CockpitModel::ObjKeyword
+};
+
 struct LintOutline {
     CockpitModel::Reading reading = CockpitModel::Reading::Plain;
     bool attached = false;                     ///< not the cockpit object
@@ -68,9 +79,11 @@ struct LintOutline {
     std::vector<LintBlock> blocks{{}}; ///< entry 0 is the root
     std::vector<LintDraw> draws;       ///< those that become parts
     std::vector<LintTexture> textures;
-    std::vector<std::int64_t> indices;
+    std::vector<std::int32_t> indices;
     std::int64_t vertices = 0;
     std::map<std::string, LintUnknown, std::less<>> unknown; ///< keywords that the format does not have
+    std::vector<LintFault> faults;                           ///< the first ones
+    LintUnknown moreFaults;                                  ///< lines with faults after those
     std::uint32_t emptyTexture = 0;                          ///< line of the first TEXTURE without a path; 0 for none
     LintUnknown doubledReturns;                              ///< lines that end in CR CR LF
     std::vector<std::uint32_t> endsWithoutBegin, beginsWithoutEnd;
@@ -80,6 +93,6 @@ struct LintOutline {
 LintOutline ReadLintOutline(std::string_view text, CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 
 /// The keyword of the format that differs from the word only in case; empty if there is none.
-std::string_view KeywordLike(std::string_view word);
+std::string KeywordLike(std::string_view word);
 
 } // namespace Annotator

@@ -60,7 +60,8 @@ ShownManipulator ManipulatorOf(const MouseRect& rect) {
 Json KindOf(const CockpitModel::Manipulator* manipulator) {
     if (!manipulator)
         return {};
-    return manipulator->keyword == "toggle" ? "toggle" : manipulator->keyword == "drag_axis" ? "drag" : "other";
+    using enum CockpitModel::PlainEffect;
+    return manipulator->plain == SetsToggle ? "toggle" : manipulator->plain == SetsDrag ? "drag" : "other";
 }
 
 ShownManipulator FullManipulatorOf(const NodePart& part) {

@@ -14,10 +14,18 @@ namespace CockpitModel {
 /// Manipulator keywords that a hand works alike.
 enum class ManipulatorFamily : std::uint8_t { Untouched, Button, Knob, Switch, Drag, CommandAxis, DragXY };
 
+/// What a manipulator's line does to the manipulator in force in the plain reading.
+enum class PlainEffect : std::uint8_t { Leaves, Clears, SetsToggle, SetsDrag };
+
+inline bool SetsPlain(PlainEffect effect) {
+    return effect == PlainEffect::SetsToggle || effect == PlainEffect::SetsDrag;
+}
+
 /// A manipulator as the object's text gives it.
 struct Manipulator {
     std::string keyword; ///< without "ATTR_manip_"
     ManipulatorFamily family = ManipulatorFamily::Untouched;
+    PlainEffect plain = PlainEffect::Leaves;
     std::string cursor;
     std::vector<float> numbers;     ///< in the order of the line
     std::vector<std::string> names; ///< datarefs or commands; without placeholders for no dataref

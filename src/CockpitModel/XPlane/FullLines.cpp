@@ -26,10 +26,10 @@ void FullLines::Read(std::string_view keyword, std::string_view values, std::uin
 }
 
 void FullLines::ReadManipulatorLine(std::string_view name, std::string_view values, std::uint32_t line) {
-    if (IsManipulatorModifier(name))
+    const ManipulatorKeyword* const keyword = FindManipulatorKeyword(name);
+    if (keyword && keyword->adds)
         return;
     inForce = kXPObjNone;
-    const ManipulatorKeyword* const keyword = FindManipulatorKeyword(name);
     if (!keyword || keyword->name == "none")
         return;
     inForce = static_cast<std::uint32_t>(data.manipulators.size());

@@ -10,22 +10,23 @@ namespace CockpitModel {
 namespace {
 
 using Family = ManipulatorFamily;
+using enum PlainEffect;
 
 /// More frequent ones first.
 constexpr ManipulatorKeyword kKeywords[] = {
-    {"none", Family::Untouched},
-    {"command", Family::Button, 0, 1},
-    {"toggle", Family::Button, 2, 1, 0},
+    {"none", Family::Untouched, 0, 0, -1, Clears},
+    {"command", Family::Button, 0, 1, -1, Clears},
+    {"toggle", Family::Button, 2, 1, 0, SetsToggle},
     {"push", Family::Button, 2, 1, 0},
-    {"drag_axis", Family::Drag, 5, 1, 3},
+    {"drag_axis", Family::Drag, 5, 1, 3, SetsDrag},
     {"command_knob", Family::Knob, 0, 2},
     {"axis_knob", Family::Knob, 4, 1, 0},
-    {"command_axis", Family::CommandAxis, 3, 2},
+    {"command_axis", Family::CommandAxis, 3, 2, -1, Clears},
     {"command_switch_up_down", Family::Switch, 0, 2},
     {"command_switch_left_right", Family::Switch, 0, 2},
     {"delta", Family::Button, 4, 1, 2},
     {"drag_rotate", Family::Drag, 13, 2, 9},
-    {"drag_xy", Family::DragXY, 6, 2, 2},
+    {"drag_xy", Family::DragXY, 6, 2, 2, Clears},
     {"command_switch_up_down2", Family::Switch, 0, 1},
     {"command_switch_left_right2", Family::Switch, 0, 1},
     {"command_knob2", Family::Knob, 0, 1},
@@ -36,23 +37,26 @@ constexpr ManipulatorKeyword kKeywords[] = {
     {"wrap", Family::Button, 4, 1, 2},
     {"noop", Family::Untouched},
     {"device", Family::Button},
+    {.name = "wheel", .numbers = 1, .adds = true},
+    {.name = "keyframe", .numbers = 2, .adds = true},
 };
 
 } // namespace
+
+std::span<const ManipulatorKeyword> ManipulatorKeywords() {
+    return kKeywords;
+}
 
 const ManipulatorKeyword* FindManipulatorKeyword(std::string_view name) {
     const auto* const found = std::ranges::find(kKeywords, name, &ManipulatorKeyword::name);
     return found == std::end(kKeywords) ? nullptr : found;
 }
 
-bool IsManipulatorModifier(std::string_view name) {
-    return name == "wheel" || name == "keyframe";
-}
-
 Manipulator ReadManipulator(const ManipulatorKeyword& keyword, std::string_view values, std::uint32_t line) {
     Manipulator manipulator;
     manipulator.keyword = keyword.name;
     manipulator.family = keyword.family;
+    manipulator.plain = keyword.plain;
     manipulator.rangeAt = keyword.rangeAt;
     manipulator.line = line;
     ValueText text(values);

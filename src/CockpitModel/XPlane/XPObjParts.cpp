@@ -83,9 +83,9 @@ void AddFullPart(const XPObjDrawCall& call, const Manipulator* manipulator, Mode
         return;
     part.ManipulatorIndex = static_cast<std::int32_t>(call.manipulator);
     part.ManipulatorLine = manipulator->line;
-    if (manipulator->keyword == "toggle" && call.toggle)
+    if (manipulator->plain == PlainEffect::SetsToggle && call.toggle)
         AddToggleRect(*call.toggle, model, part);
-    else if (manipulator->keyword == "drag_axis" && call.drag)
+    else if (manipulator->plain == PlainEffect::SetsDrag && call.drag)
         AddDragRect(*call.drag, model, part);
     else if (manipulator->family != ManipulatorFamily::Untouched)
         AddManipulatorRect(*manipulator, model, part);

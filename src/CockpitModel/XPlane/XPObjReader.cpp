@@ -1,13 +1,14 @@
 #include "CockpitModel/XPlane/XPObjReader.h"
 
 #include "CockpitModel/XPlane/FullLines.h"
-#include "CockpitModel/XPlane/NumberText.h"
+#include "CockpitModel/XPlane/Manipulators.h"
+#include "CockpitModel/XPlane/ObjKeywords.h"
+#include "CockpitModel/XPlane/ObjLine.h"
+#include "CockpitModel/XPlane/ObjValues.h"
 #include "Utils/Files.h"
 #include "Utils/LineBlocks.h"
-#include "Utils/Text.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 namespace CockpitModel {
@@ -20,85 +21,6 @@ constexpr std::uint32_t kRoot = 0;
 /// objects. Prevents a long name shared by many draw calls from exhausting memory.
 constexpr std::size_t kNameBytes = 64 << 20;
 
-/// Separators of the values after a keyword: a stream's white space without the line feed.
-bool IsSpace(char c) {
-    return Utils::IsBlank(c) || c == '\r' || c == '\v' || c == '\f';
-}
-
-/// One line, read from left to right: the keyword, then the values in order. From the first missing or malformed value
-/// on, numbers read as 0 and words as empty. The text ends with a line feed, so scans need no end check.
-class Line {
-public:
-    Line(const char* place, const char* textEnd) : at(place), end(textEnd) {}
-
-    /// The next run of bytes other than spaces, tabs and the line's end.
-    std::string_view Token() {
-        while (Utils::IsBlank(*at))
-            ++at;
-        const char* start = at;
-        while (!Utils::IsBlank(*at) && *at != '\n' && !(*at == '\r' && at[1] == '\n'))
-            ++at;
-        return {start, at};
-    }
-
-    bool Read(std::int32_t& value) {
-        const NumberRead<std::int32_t> number = good ? ReadInteger(SkipSpace(at), end) : NumberRead<std::int32_t>();
-        good = number.next;
-        at = good ? number.next : at;
-        value = number.value;
-        return good;
-    }
-
-    std::int32_t Integer() {
-        std::int32_t value = 0;
-        Read(value);
-        return value;
-    }
-
-    template <std::size_t N>
-    std::array<float, N> Floats() {
-        std::array<float, N> values{};
-        const char* place = at; // a local copy stays in a register, `at` does not
-        for (std::size_t i = 0; i < N && good; ++i) {
-            const NumberRead<float> number = ReadFloat(SkipSpace(place), end);
-            good = number.next;
-            place = good ? number.next : place;
-            values[i] = number.value;
-        }
-        at = place;
-        return values;
-    }
-
-    float Float() { return Floats<1>()[0]; }
-
-    std::string_view Word() {
-        at = SkipSpace(at);
-        const char* start = at;
-        while (good && !IsSpace(*at) && *at != '\n')
-            ++at;
-        good = at != start;
-        return {start, at};
-    }
-
-    /// What stands behind the values that were read.
-    std::string_view Rest() const { return {at, NextLine() - 1}; }
-
-    const char* NextLine() const {
-        return static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at))) + 1;
-    }
-
-private:
-    static const char* SkipSpace(const char* place) {
-        while (IsSpace(*place))
-            ++place;
-        return place;
-    }
-
-    const char* at;
-    const char* end;
-    bool good = true;
-};
-
 /// Adds lines to the data and keeps the state in force.
 class Reader {
 public:
@@ -110,27 +32,24 @@ public:
 
     void ReadLines(const char* text, const char* end);
 
-    void PointCounts(Line& line);
-    void Texture(Line& line);
-    void Vertex(Line& line);
-    void Index(Line& line);
-    void TenIndices(Line& line);
-    void Triangles(Line& line);
-    void EnableDrawing(Line&) { inForce.drawEnabled = true; }
-    void DisableDrawing(Line&) { inForce.drawEnabled = false; }
-    void UsePanelTexture(Line&) { panelTexture = true; }
-    void UseOwnTexture(Line&) { panelTexture = false; }
-    void BeginBlock(Line&);
-    void EndBlock(Line&);
-    void Translation(Line& line);
-    void Rotation(Line& line);
-    void NoManipulator(Line&);
-    void Toggle(Line& line);
-    void DragAxis(Line& line);
+    void PointCounts(ObjLine& line);
+    void Texture(ObjLine& line);
+    void Vertex(ObjLine& line);
+    void Index(ObjLine& line);
+    void TenIndices(ObjLine& line);
+    void Triangles(ObjLine& line);
+    void EnableDrawing(ObjLine&) { inForce.drawEnabled = true; }
+    void DisableDrawing(ObjLine&) { inForce.drawEnabled = false; }
+    void UsePanelTexture(ObjLine&) { panelTexture = true; }
+    void UseOwnTexture(ObjLine&) { panelTexture = false; }
+    void BeginBlock(ObjLine&);
+    void EndBlock(ObjLine&);
+    void Translation(ObjLine& line);
+    void Rotation(ObjLine& line);
 
 private:
+    void ReadManipulatorLine(std::string_view name, ObjLine& line);
     XPObjAnimNode& CurrentNode() { return data.animNodes[inForce.animNode]; }
-    static XPObjManip ManipulatorValues(Line& line);
     void CountName(std::string& name);
     void CountNames(const Manipulator& manipulator);
 
@@ -147,7 +66,7 @@ private:
 
 struct Keyword {
     std::string_view name;
-    void (Reader::*read)(Line& line);
+    void (Reader::*read)(ObjLine& line);
 };
 
 /// Searched from the top, so the most frequent keywords come first.
@@ -164,12 +83,6 @@ constexpr Keyword kKeywords[] = {
     {"ATTR_no_cockpit", &Reader::UseOwnTexture},
     {"ATTR_draw_enable", &Reader::EnableDrawing},
     {"ATTR_draw_disable", &Reader::DisableDrawing},
-    {"ATTR_manip_none", &Reader::NoManipulator},
-    {"ATTR_manip_toggle", &Reader::Toggle},
-    {"ATTR_manip_drag_axis", &Reader::DragAxis},
-    {"ATTR_manip_drag_xy", &Reader::NoManipulator},
-    {"ATTR_manip_command", &Reader::NoManipulator},
-    {"ATTR_manip_command_axis", &Reader::NoManipulator},
     {"TEXTURE", &Reader::Texture},
     {"POINT_COUNTS", &Reader::PointCounts},
 };
@@ -177,24 +90,23 @@ constexpr Keyword kKeywords[] = {
 void Reader::ReadLines(const char* text, const char* end) {
     while (text != end) {
         ++lineNumber;
-        Line line(text, end);
+        ObjLine line(text, end);
         const std::string_view name = line.Token();
         if (reading == Reading::Full && name.starts_with('A')) {
             full.Read(name, line.Rest(), lineNumber, inForce.animNode);
             inForce.manipulator = full.InForce();
         }
-        for (const Keyword& keyword : kKeywords) {
-            if (keyword.name == name) {
-                (this->*keyword.read)(line);
-                break;
-            }
-        }
+        const auto* const keyword = std::ranges::find(kKeywords, name, &Keyword::name);
+        if (keyword != std::end(kKeywords))
+            (this->*keyword->read)(line);
+        else if (name.starts_with(kManipulatorPrefix))
+            ReadManipulatorLine(name.substr(kManipulatorPrefix.size()), line);
         text = line.NextLine();
     }
 }
 
 /// Only reserves memory, and no more than a text of this size can need, because the counts may be wrong.
-void Reader::PointCounts(Line& line) {
+void Reader::PointCounts(ObjLine& line) {
     if (!data.vertices.empty() || !data.indices.empty())
         return;
     const auto capacity = [&](std::size_t leastBytes) {
@@ -207,7 +119,7 @@ void Reader::PointCounts(Line& line) {
     data.indices.reserve(capacity(sizeof "0"));
 }
 
-void Reader::Texture(Line& line) {
+void Reader::Texture(ObjLine& line) {
     const std::string_view path = line.Token();
     if (path.empty()) {
         if (data.emptyTextureLine == 0)
@@ -218,22 +130,22 @@ void Reader::Texture(Line& line) {
     data.textures.emplace_back(path);
 }
 
-void Reader::Vertex(Line& line) {
-    const auto [x, y, z, nx, ny, nz, u, v] = line.Floats<8>();
+void Reader::Vertex(ObjLine& line) {
+    const auto [x, y, z, nx, ny, nz, u, v] = line.Floats<NumberCount("VT")>();
     data.vertices.push_back({x, y, z, nx, ny, nz, u, v});
 }
 
-void Reader::Index(Line& line) {
+void Reader::Index(ObjLine& line) {
     data.indices.push_back(line.Integer());
 }
 
-void Reader::TenIndices(Line& line) {
+void Reader::TenIndices(ObjLine& line) {
     std::int32_t index = 0;
-    for (int i = 0; i < 10 && line.Read(index); ++i)
+    for (std::size_t i = 0; i < NumberCount("IDX10") && line.Read(index); ++i)
         data.indices.push_back(index);
 }
 
-void Reader::Triangles(Line& line) {
+void Reader::Triangles(ObjLine& line) {
     XPObjDrawCall& call = data.drawCalls.emplace_back(inForce);
     call.offset = line.Integer();
     call.count = line.Integer();
@@ -248,7 +160,7 @@ void Reader::Triangles(Line& line) {
 
 /// The rectangles of the parts copy the names; those of a toggle and a drag are counted as such.
 void Reader::CountNames(const Manipulator& manipulator) {
-    const bool counted = manipulator.keyword == "toggle" || manipulator.keyword == "drag_axis";
+    const bool counted = SetsPlain(manipulator.plain);
     for (std::string name : manipulator.names)
         if (!counted)
             CountName(name);
@@ -265,7 +177,7 @@ void Reader::CountName(std::string& name) {
     std::string().swap(name); // an assignment would keep the memory
 }
 
-void Reader::BeginBlock(Line&) {
+void Reader::BeginBlock(ObjLine&) {
     const auto index = static_cast<std::uint32_t>(data.animNodes.size());
     CurrentNode().children.push_back(index);
     XPObjAnimNode& node = data.animNodes.emplace_back();
@@ -274,54 +186,30 @@ void Reader::BeginBlock(Line&) {
     inForce.animNode = index;
 }
 
-void Reader::EndBlock(Line&) {
+void Reader::EndBlock(ObjLine&) {
     if (inForce.animNode != kRoot)
         inForce.animNode = CurrentNode().parent;
 }
 
-void Reader::Translation(Line& line) {
-    XPObjAnimStep& step = CurrentNode().steps.emplace_back();
-    step.translation = line.Floats<6>();
-    step.value1 = line.Float();
-    step.value2 = line.Float();
-    step.dataref = line.Word();
+void Reader::Translation(ObjLine& line) {
+    CurrentNode().steps.push_back(ReadTranslation(line));
 }
 
-void Reader::Rotation(Line& line) {
-    XPObjAnimStep& step = CurrentNode().steps.emplace_back();
-    step.rotation = line.Floats<5>();
-    step.value1 = line.Float();
-    step.value2 = line.Float();
-    step.dataref = line.Word();
+void Reader::Rotation(ObjLine& line) {
+    CurrentNode().steps.push_back(ReadRotation(line));
 }
 
-void Reader::NoManipulator(Line&) {
+void Reader::ReadManipulatorLine(std::string_view name, ObjLine& line) {
+    const ManipulatorKeyword* const keyword = FindManipulatorKeyword(name);
+    if (!keyword || keyword->plain == PlainEffect::Leaves)
+        return;
     inForce.toggle.reset();
     inForce.drag.reset();
     inForce.manipLine = 0;
-}
-
-void Reader::Toggle(Line& line) {
-    NoManipulator(line);
-    line.Word(); // the cursor
-    inForce.toggle = ManipulatorValues(line);
+    if (keyword->plain == PlainEffect::Clears)
+        return;
+    (keyword->plain == PlainEffect::SetsToggle ? inForce.toggle : inForce.drag) = ReadPlainManipulator(line, *keyword);
     inForce.manipLine = lineNumber;
-}
-
-void Reader::DragAxis(Line& line) {
-    NoManipulator(line);
-    line.Word();      // the cursor
-    line.Floats<3>(); // the direction
-    inForce.drag = ManipulatorValues(line);
-    inForce.manipLine = lineNumber;
-}
-
-XPObjManip Reader::ManipulatorValues(Line& line) {
-    XPObjManip manip;
-    manip.value1 = line.Float();
-    manip.value2 = line.Float();
-    manip.dataref = line.Word();
-    return manip;
 }
 
 } // namespace
