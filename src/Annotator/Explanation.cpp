@@ -145,10 +145,9 @@ std::string NamesText(const Manipulator& manipulator) {
 constexpr const char* kYokeNames = "the roll and the pitch of a yoke";
 
 RuleTexts StraightTexts(const Manipulator& manipulator, const char* kind) {
-    const std::string cursor = manipulator.cursor.empty() ? "it has no cursor"
-                                                          : "its cursor " + manipulator.cursor +
-                                                                " does not begin "
-                                                                "with rotate";
+    const std::string cursor = manipulator.cursor.empty()
+                                   ? "it has no cursor"
+                                   : "its cursor " + manipulator.cursor + " does not begin with rotate";
     return {Keyword(manipulator) + " is " + kind + " and " + cursor + ", so Move",
             "a cursor that begins with rotate makes it Twist; ATTR_manip_push or ATTR_manip_command makes it Tap"};
 }
@@ -164,7 +163,7 @@ RuleTexts ManipulatorTexts(ManipulatorRule rule, const NodePart& part) {
                 YokeChangeText(part, "with other datarefs it is Move")};
     case ManipulatorRule::DragXY:
         return {keyword + " drags " + NamesText(manipulator) + ", which are not " + kYokeNames + ", so Move",
-                std::string("as its two datarefs, ") + kYokeNames + " make it a yoke"};
+                std::string(kYokeNames) + " as its two datarefs make it a yoke"};
     case ManipulatorRule::Button:
         return {keyword + " is a button, so Tap", "the keyword of a knob makes it Twist, that of a switch or a drag "
                                                   "Move, or Twist if its cursor begins with rotate"};

@@ -36,7 +36,7 @@ TEST(LintTest, ChecksAttachedObjectsInTheFullReading) {
     EXPECT_THROW(LintAircraft(*list.front()), std::runtime_error);
     EXPECT_THAT(Places(LintAircraft(*list.front(), CockpitModel::Reading::Full)),
                 ElementsAre("no-dataref@12", "equal-values@13", "attached-objects@0", "no-yoke@0"));
-    installation.Write("Aircraft/Props/Cub/plane_cockpit.obj", "");
+    installation.Write("Aircraft/Props/Cub/plane_cockpit.obj", ObjText().Text());
     const auto findings = LintAircraft(*list.front());
     EXPECT_THAT(Places(findings), ElementsAre("attached-objects@0", "no-yoke@0"));
     EXPECT_THAT(findings.at(0).message, HasSubstr("1 attached object with manipulators is not read"));
