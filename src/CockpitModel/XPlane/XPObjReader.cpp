@@ -87,6 +87,13 @@ constexpr Keyword kKeywords[] = {
     {"POINT_COUNTS", &Reader::PointCounts},
 };
 
+const Keyword* FindKeyword(std::string_view name) {
+    for (const Keyword& keyword : kKeywords)
+        if (keyword.name == name)
+            return &keyword;
+    return nullptr;
+}
+
 void Reader::ReadLines(const char* text, const char* end) {
     while (text != end) {
         ++lineNumber;
@@ -96,8 +103,7 @@ void Reader::ReadLines(const char* text, const char* end) {
             full.Read(name, line.Rest(), lineNumber, inForce.animNode);
             inForce.manipulator = full.InForce();
         }
-        const auto* const keyword = std::ranges::find(kKeywords, name, &Keyword::name);
-        if (keyword != std::end(kKeywords))
+        if (const Keyword* const keyword = FindKeyword(name))
             (this->*keyword->read)(line);
         else if (name.starts_with(kManipulatorPrefix))
             ReadManipulatorLine(name.substr(kManipulatorPrefix.size()), line);
