@@ -91,8 +91,8 @@ TEST(LintTest, FindsWhatTheReaderSkipsSilently) {
          "4 lines end in CR CR LF"},
         {"ranges outside the indices", "TRIS 1 3\nTRIS -3 3\n", {"index-range@12", "index-range@13"}},
         {"a missing vertex",
-         "IDX10 0 1 3\nTRIS 0 3\nTRIS 3 3\n",
-         {"index-range@14"},
+         "IDX 0\nIDX 1\nIDX 3\nTRIS 0 3\nTRIS 3 3\n",
+         {"index-range@16"},
          "needs vertex 3 (counted from 0), but the file has 3"},
         {"a part that is not drawn", "ATTR_draw_disable\nTRIS 1 3\n", {}},
         {"no whole triangle", "TRIS 0 2\n", {"part-triangle@12"}},
@@ -127,7 +127,7 @@ TEST(LintTest, FindsWhatTheReaderSkipsSilently) {
          "ATTR_manip_toggle hand 0 1 x\nTRIS 0 3\nATTR_manip_push hand 1 1 y\nTRIS 0 3\nATTR_manip_wheel 1\n"
          "ATTR_manip_command_knob hand\nATTR_manip_device\nATTR_manip_later\nANIM_begin\n"
          "ATTR_manip_drag_axis_pix hand 9 0 1 0 1 z\nTRIS 0 3\nANIM_end\nATTR_draw_disable\nTRIS 0 3\n",
-         {"equal-values@14", "no-dataref@17", "unknown-keyword@19", "left-in-force@25"},
+         {"equal-values@14", "missing-value@17", "unknown-keyword@19", "left-in-force@25"},
          "ATTR_manip_push between equal values",
          CockpitModel::Reading::Full},
     };
