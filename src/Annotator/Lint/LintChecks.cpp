@@ -246,7 +246,9 @@ void CheckFaults(const LintOutline& outline, LintFindings& findings) {
         else
             findings.Add(Warning, "bad-number", fault.line,
                          place + fault.keyword + " needs " + KindText(fault.needed) + ", but has '" + fault.found + "'",
-                         "write it in digits, with a point before decimals and a space after it");
+                         fault.needed == CockpitModel::kInteger
+                             ? "write it in digits only, with a space after it"
+                             : "write it in digits, with a point before decimals and a space after it");
     }
     if (const LintUnknown& more = outline.moreFaults; more.count > 0)
         findings.Add(Warning, "more-faults", more.firstLine,
