@@ -22,16 +22,21 @@ auto& SlotOf(Records& records, const NodePart& part) {
     return Utils::At(Utils::At(records, part.node->index), part.id);
 }
 
+/// `sorted` is in the order of the addresses.
+bool Contains(const std::vector<AnnotationRecord>& sorted, const AnnotationRecord& record) {
+    const auto first = std::ranges::lower_bound(sorted, record.Address(), {}, &AnnotationRecord::Address);
+    const auto last = std::ranges::upper_bound(sorted, record.Address(), {}, &AnnotationRecord::Address);
+    return std::find(first, last, record) != last;
+}
+
 /// Whether a text contains anything beyond these records.
 bool SaysMore(const std::string& xml, std::vector<AnnotationRecord> records) {
     const AnnotationText text = ParseAnnotations(xml);
     if (!text.isXml || text.saysMore)
         return true;
     std::ranges::sort(records, {}, &AnnotationRecord::Address);
-    return std::ranges::any_of(text.elements, [&](const AnnotationElement& element) {
-        const auto ofPart = std::ranges::equal_range(records, element.record.Address(), {}, &AnnotationRecord::Address);
-        return std::ranges::find(ofPart, element.record) == ofPart.end();
-    });
+    return std::ranges::any_of(text.elements,
+                               [&](const AnnotationElement& element) { return !Contains(records, element.record); });
 }
 
 } // namespace
