@@ -68,7 +68,8 @@ build_boost() { # only Filesystem is not header-only
   unpack boost "${packages[boost]}_*.orig.tar.xz" --wildcards '*/libs/filesystem/src'
   local source
   for source in "$cache"/build/boost/libs/filesystem/src/*.cpp; do
-    $CXX -O2 "$map" -DBOOST_FILESYSTEM_STATIC_LINK=1 -DBOOST_FILESYSTEM_SOURCE -I"$prefix/include" -c "$source" \
+    # Since Boost 1.83 it needs std::atomic_ref.
+    $CXX -std=c++20 -O2 "$map" -DBOOST_FILESYSTEM_STATIC_LINK=1 -DBOOST_FILESYSTEM_SOURCE -I"$prefix/include" -c "$source" \
       -o "${source%.cpp}.o"
   done
   $host-ar rcs "$prefix/lib/libboost_filesystem.a" "$cache"/build/boost/libs/filesystem/src/*.o
