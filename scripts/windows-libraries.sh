@@ -64,6 +64,30 @@ with_configure() { # NAME SUBDIR OPTION...: builds and installs SUBDIR
     make -C "$part" -j "$jobs" && make -C "$part" install)
 }
 
+with_meson() { # NAME OPTION...
+  local source=$cache/build/$1
+  shift
+  cat >"$source/windows.ini" <<TEXT
+[binaries]
+c = '$CC'
+cpp = '$CXX'
+ar = '$host-ar'
+strip = '$host-strip'
+windres = '$host-windres'
+pkg-config = 'pkg-config'
+[properties]
+pkg_config_libdir = '$prefix/lib/pkgconfig'
+[host_machine]
+system = 'windows'
+cpu_family = 'x86_64'
+cpu = 'x86_64'
+endian = 'little'
+TEXT
+  meson setup "$source/out" "$source" --cross-file "$source/windows.ini" --prefix "$prefix" --libdir lib \
+    --buildtype release --default-library static --wrap-mode nodownload -Dc_args="$map" -Dtests=disabled "$@"
+  ninja -C "$source/out" -j "$jobs" install
+}
+
 build_boost() { # only Filesystem is not header-only
   unpack boost "${packages[boost]}_*.orig.tar.xz" --wildcards '*/libs/filesystem/src'
   local source
@@ -100,15 +124,24 @@ build_libpng() { # links the static zlib by its file name, otherwise its DLL wou
 
 build_pixman() {
   unpack pixman "${packages[pixman]}_*.orig.tar.*"
-  with_configure pixman pixman --disable-gtk --disable-libpng
-  cp "$cache/build/pixman/pixman-1.pc" "$prefix/lib/pkgconfig/"
+  if [ -e "$cache/build/pixman/configure" ]; then
+    with_configure pixman pixman --disable-gtk --disable-libpng
+    cp "$cache/build/pixman/pixman-1.pc" "$prefix/lib/pkgconfig/"
+  else # since 0.44
+    with_meson pixman -Dgtk=disabled -Dlibpng=disabled -Ddemos=disabled
+  fi
 }
 
 build_cairo() {
   unpack cairo "${packages[cairo]}_*.orig.tar.*" --exclude '*/test/reference/*'
-  with_configure cairo src --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
-    --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace \
-    --enable-png
+  if [ -e "$cache/build/cairo/configure" ]; then
+    with_configure cairo src --disable-xlib --disable-ft --disable-fc --disable-ps --disable-pdf --disable-svg \
+      --disable-script --disable-interpreter --disable-gobject --disable-full-testing --disable-trace \
+      --enable-png
+  else # since 1.18
+    with_meson cairo -Dpng=enabled -Dzlib=disabled -Dfreetype=disabled -Dfontconfig=disabled -Ddwrite=disabled -Dglib=disabled \
+      -Dspectre=disabled -Dsymbol-lookup=disabled -Dxlib=disabled -Dxcb=disabled
+  fi
 }
 
 build_wxwidgets() { # with the libpng and zlib built above
