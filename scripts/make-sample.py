@@ -7,14 +7,14 @@
 import sys
 from pathlib import Path
 
-from sample import glider, prototype, trainer
+from sample import glider, prototype, scout, trainer
 from sample.picture import same_picture
 
 SAMPLE = Path(__file__).resolve().parent.parent / "sample"
 
 
 def main():
-    made = {SAMPLE / path: content for aircraft in (trainer, glider, prototype) for path, content in aircraft.files()}
+    made = {SAMPLE / path: content for aircraft in (trainer, scout, glider, prototype) for path, content in aircraft.files()}
     if sys.argv[1:] == ["--check"]:
         sys.exit(check(made))
     for path, content in made.items():

@@ -6,6 +6,8 @@
 #include "Annotator/Window/AnnotatorApp.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/Toolkit.h"
+#include "CockpitModel/AircraftCockpit.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "Logging/Logger.h"
 #include "Sim/XPAircraftListLoader.h"
@@ -37,7 +39,7 @@ constexpr double kWarmUpShare = 0.2;
 constexpr double kMostGrowth = 0.05;
 /// Messages that the window may show: one aircraft of the sample has no texture, and its annotations have a record
 /// without a part.
-constexpr const char* kExpected[] = {"cannot be loaded", "It was kept unchanged as"};
+constexpr const char* kExpected[] = {"cannot be loaded", "It was kept unchanged as", "are not saved. Load"};
 constexpr long kMostHandles = 4, kMostThreads = 1;
 /// Texture names are checked up to this number. Drivers reuse the names of deleted textures.
 constexpr GLuint kMostTextures = 4096;
@@ -73,8 +75,12 @@ Sample TakeSample(double seconds) {
 class Soak {
 public:
     explicit Soak(unsigned seed) : random(seed) {
-        for (const auto& info : loader.LoadAircraftList())
-            paths.push_back(CockpitModel::AnnotationPath(*info));
+        for (const auto& info : loader.LoadAircraftList()) {
+            if (info->CreateCockpit()->IsValid())
+                plainAircraft.push_back(static_cast<int>(aircraft.size()));
+            aircraft.push_back(info->Clone());
+        }
+        dialogs.answer = wxID_YES;
         Open();
     }
 
@@ -85,7 +91,9 @@ public:
             Step();
             if (now >= nextSample) {
                 // Aircraft differ greatly in size, so only samples of the same one are comparable.
-                Load(0);
+                if (IsFull())
+                    ChangeReading();
+                Load(plainAircraft.front());
                 Support::PumpFrames(10); // the driver has processed the load
                 malloc_trim(0);
                 samples.push_back(TakeSample(now));
@@ -142,10 +150,10 @@ private:
         static constexpr struct {
             int weight; ///< of 1000
             void (Soak::*act)();
-        } kActions[] = {
-            {20, &Soak::LoadAny}, {300, &Soak::Click},    {100, &Soak::Drag},    {150, &Soak::SelectInTree},
-            {200, &Soak::Slide},  {150, &Soak::EditSave}, {40, &Soak::TurnPage}, {20, &Soak::ShowTransparent},
-            {15, &Soak::Walk},    {4, &Soak::Resize},     {1, &Soak::Reopen}};
+        } kActions[] = {{20, &Soak::LoadAny},       {300, &Soak::Click},          {100, &Soak::Drag},
+                        {150, &Soak::SelectInTree}, {200, &Soak::Slide},          {150, &Soak::EditSave},
+                        {40, &Soak::TurnPage},      {20, &Soak::ShowTransparent}, {12, &Soak::Walk},
+                        {4, &Soak::Resize},         {1, &Soak::Reopen},           {3, &Soak::ChangeReading}};
         ++steps;
         int at = Below(1000);
         for (const auto& action : kActions) {
@@ -158,9 +166,13 @@ private:
         Support::PumpFrames(1);
     }
 
-    void LoadAny() { Load(Below(static_cast<int>(paths.size()))); }
-    void Load(int aircraft) {
-        loaded = aircraft;
+    /// Without a cockpit object, an aircraft is a fatal error in the plain reading.
+    void LoadAny() {
+        const int count = static_cast<int>(IsFull() ? aircraft.size() : plainAircraft.size());
+        Load(IsFull() ? Below(count) : plainAircraft[static_cast<std::size_t>(Below(count))]);
+    }
+    void Load(int index) {
+        loaded = index;
         Support::Choose(Child<wxChoice>(), loaded + 1);
         Support::PumpFrames(2);
         ++loads;
@@ -215,6 +227,15 @@ private:
         auto& box = *Support::FindLabelled<wxCheckBox>(*window, "Show Transparent Objects");
         box.SetValue(!box.GetValue());
         Support::Fire(box, wxEVT_CHECKBOX);
+    }
+    wxMenuItem& ReadingItem() { return *window->GetMenuBar()->GetMenu(2)->FindItemByPosition(0); }
+    bool IsFull() { return ReadingItem().IsChecked(); }
+    void ChangeReading() {
+        if (std::ranges::find(plainAircraft, loaded) == plainAircraft.end())
+            Load(plainAircraft.front());
+        Support::ChooseMenuItem(*window->GetMenuBar()->GetMenu(2), 0);
+        Support::PumpFrames(2);
+        ++loads;
     }
     void Walk() {
         const int keys[] = {'W', 'A', 'S', 'D', WXK_LEFT, WXK_RIGHT, WXK_UP, WXK_DOWN};
@@ -271,7 +292,8 @@ private:
         Support::Find<wxCheckBox>(pane)->SetValue(record.Reverse);
         Support::Find<wxTextCtrl>(pane)->SetValue(wxString::FromUTF8(tooltip));
         Support::Fire(*Support::FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON);
-        saved[paths[static_cast<std::size_t>(loaded)]][*address] = record;
+        const auto reading = IsFull() ? CockpitModel::Reading::Full : CockpitModel::Reading::Plain;
+        saved[CockpitModel::AnnotationFile(*aircraft[static_cast<std::size_t>(loaded)], reading)][*address] = record;
         ++saves;
     }
 
@@ -318,7 +340,8 @@ private:
 
     std::mt19937 random;
     Sim::XPAircraftListLoader loader;
-    std::vector<std::string> paths; ///< of annotation files, by the aircraft's index in the list
+    Sim::AircraftList aircraft;     ///< in the order of the selector
+    std::vector<int> plainAircraft; ///< indices of those with a cockpit object
     Support::DialogRecorder dialogs;
     AnnotatorWindow* window = nullptr;
     DXCanvas* canvas = nullptr;

@@ -30,6 +30,13 @@ void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCoc
     }
 }
 
+/// A page gives an empty tooltip back as none.
+AnnotationRecord Normalised(AnnotationRecord record) {
+    if (record.Tooltip && record.Tooltip->empty())
+        record.Tooltip.reset();
+    return record;
+}
+
 AnnotationRecord NewAnnotation(const NodePart& part) {
     AnnotationRecord record;
     record.NodeId = part.node->index;
@@ -41,14 +48,18 @@ AnnotationRecord NewAnnotation(const NodePart& part) {
 
 AnnotationSession::AnnotationSession() : gaugeRepository(boost::filesystem::current_path().string()) {}
 
-void AnnotationSession::Load(const Sim::AircraftInfo& info) {
+void AnnotationSession::Load(const Sim::AircraftInfo& info, CockpitModel::Reading newReading) {
     Clear();
-    OpenedAircraft opened = OpenAircraft(info, gaugeRepository);
-    RequireModel(info, *opened.cockpit);
+    OpenedAircraft opened = OpenAircraft(info, gaugeRepository, newReading);
+    if (newReading == CockpitModel::Reading::Plain)
+        RequireModel(info, *opened.cockpit);
     BuiltAircraft built = BuildAircraft(opened);
     auto store = std::make_unique<CockpitModel::AnnotationStore>(*built.sceneGraph);
-    std::string path = CockpitModel::AnnotationPath(info);
-    store->Read(path);
+    std::string path = CockpitModel::AnnotationPath(info, newReading);
+    const CockpitModel::AnnotationSource source = CockpitModel::FindAnnotations(info, newReading);
+    store->Read(source.path);
+    reading = newReading;
+    plainAnnotations = source.ofPlain;
     aircraftName = info.displayName;
     annotationPath = std::move(path);
     cockpit = std::move(opened.cockpit);
@@ -68,6 +79,7 @@ void AnnotationSession::Clear() {
     cockpit.reset();
     annotationPath.clear();
     aircraftName.clear();
+    plainAnnotations = false;
 }
 
 void AnnotationSession::Select(NodePart* part) {
@@ -79,9 +91,15 @@ AnnotationSaveResult AnnotationSession::Save() {
     annotationStore->Set(*selectedPart, currentAnnotation);
     if (const auto written = annotationStore->Write(annotationPath); !written)
         return {.error = written.error};
+    plainAnnotations = false;
     const std::string& copy = annotationStore->BackupPath();
     const bool unreadable = !copy.empty() && !CockpitModel::IsXml(Utils::ReadFile(copy));
     return {.saved = true, .unreadableCopy = unreadable ? copy : ""};
+}
+
+bool AnnotationSession::IsEdited() const {
+    return selectedPart && Normalised(currentAnnotation) !=
+                               Normalised(annotationStore->Get(*selectedPart).value_or(NewAnnotation(*selectedPart)));
 }
 
 } // namespace Annotator

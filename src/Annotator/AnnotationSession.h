@@ -27,8 +27,8 @@ public:
     AnnotationSession();
 
     /// Replaces the loaded aircraft. The old one is released first, so that only one is in memory. A failure throws and
-    /// leaves no aircraft loaded; an aircraft without a cockpit object is a fatal error.
-    void Load(const Sim::AircraftInfo& info);
+    /// leaves no aircraft loaded; in the plain reading, an aircraft without a cockpit object is a fatal error.
+    void Load(const Sim::AircraftInfo& info, CockpitModel::Reading reading = CockpitModel::Reading::Plain);
     /// Releases the aircraft.
     void Clear();
 
@@ -39,9 +39,14 @@ public:
     CockpitModel::AnnotationRecord& Edit() { return currentAnnotation; }
     /// Stores the working record and writes the annotation file. Needs a selected part.
     AnnotationSaveResult Save();
+    /// Whether the working record differs from the stored one.
+    bool IsEdited() const;
 
     const std::string& AircraftName() const { return aircraftName; }     ///< empty without an aircraft
     const std::string& AnnotationPath() const { return annotationPath; } ///< empty without an aircraft
+    CockpitModel::Reading Reading() const { return reading; }            ///< of the last load
+    /// The annotations are those of the plain reading, until the first save into the full reading's own file.
+    bool HasPlainAnnotations() const { return plainAnnotations; }
     CockpitModel::NodePart* SelectedPart() const { return selectedPart; }
     /// Null without an aircraft, like the following ones.
     const CockpitModel::AircraftCockpit* Cockpit() const { return cockpit.get(); }
@@ -60,6 +65,8 @@ private:
     CockpitModel::NodePart* selectedPart = nullptr;
     std::unique_ptr<CockpitModel::AnnotationStore> annotationStore;
     CockpitModel::AnnotationRecord currentAnnotation;
+    CockpitModel::Reading reading = CockpitModel::Reading::Plain;
+    bool plainAnnotations = false;
 };
 
 } // namespace Annotator

@@ -22,20 +22,21 @@ std::string FailedText(const Sim::AircraftInfo& info, const std::string& reason)
     return info.displayName + " (" + info.acfPath + "): " + reason;
 }
 
-OpenedAircraft Open(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository) {
+OpenedAircraft Open(const Sim::AircraftInfo& info, CockpitModel::GaugeRepository& repository,
+                    CockpitModel::Reading reading) {
     try {
-        return OpenAircraft(info, repository);
+        return OpenAircraft(info, repository, reading);
     } catch (const std::exception& error) {
         throw AircraftExportError(FailedText(info, ReasonText(error)));
     }
 }
 
 void SaveOne(const Sim::AircraftInfo& info, const fs::path& folder, CockpitModel::GaugeRepository& repository,
-             ExportResult& result) {
+             CockpitModel::Reading reading, ExportResult& result) {
     Logging::Logger::Get().Log(kPlace, kLoadingLine,
                                "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
     const fs::path path = folder / DetectedDataFileName(info);
-    const OpenedAircraft opened = Open(info, repository);
+    const OpenedAircraft opened = Open(info, repository, reading);
     try {
         const BuiltAircraft built = BuildAircraft(opened);
         if (const auto saved = Utils::SaveFile(path.string(), DetectedDataXml(*built.sceneGraph))) {
@@ -52,14 +53,14 @@ void SaveOne(const Sim::AircraftInfo& info, const fs::path& folder, CockpitModel
 
 } // namespace
 
-ExportResult SaveDetectedData(Sim::AircraftListLoader& loader) {
-    const fs::path folder = DetectedDataFolder();
+ExportResult SaveDetectedData(Sim::AircraftListLoader& loader, CockpitModel::Reading reading) {
+    const fs::path folder = DetectedDataFolder(reading);
     fs::create_directories(folder);
     CockpitModel::GaugeRepository repository(fs::current_path().string());
     const Sim::AircraftList list = loader.LoadAircraftList();
     ExportResult result;
     for (const auto& info : list)
-        SaveOne(*info, folder, repository, result);
+        SaveOne(*info, folder, repository, reading, result);
     return result;
 }
 

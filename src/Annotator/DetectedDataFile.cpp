@@ -80,7 +80,9 @@ bool FlagFromText(const std::string& text) {
 
 } // namespace
 
-std::string DetectedDataFolder() {
+std::string DetectedDataFolder(CockpitModel::Reading reading) {
+    if (reading == CockpitModel::Reading::Full)
+        return "QVRA/AirLogs/full";
     return "QVRA/AirLogs/" + std::to_string(kBuildNumber) + "-" + kBuildId + "-4";
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CockpitModel/PartAddress.h"
+#include "CockpitModel/Reading.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 
 #include <map>
@@ -15,8 +16,9 @@ struct AircraftInfo;
 
 namespace Annotator {
 
-/// The folder of the detected-data files of this build, relative to the installation.
-std::string DetectedDataFolder();
+/// The folder of the detected-data files of this build, relative to the installation. The full reading has a folder of
+/// its own, because it has further parts and other types.
+std::string DetectedDataFolder(CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 /// The name of an aircraft's detected-data file in that folder.
 std::string DetectedDataFileName(const Sim::AircraftInfo& info);
 /// The content of a detected-data file: an XML document with the detected types of all parts.

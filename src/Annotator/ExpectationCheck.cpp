@@ -51,20 +51,36 @@ std::vector<AnnotationRecord> UnplacedExpectations(const std::string& path, cons
     return records;
 }
 
-AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const std::string& annotations,
+/// An aircraft that cannot be loaded in the plain reading has nothing to compare with.
+void AddPlainTypes(const Sim::AircraftInfo& info, AircraftResult& tests) {
+    try {
+        const LoadedAircraft plain = LoadAircraft(info, {.untextured = true});
+        for (PartResult& result : tests.parts)
+            if (const NodePart* part = plain.built.sceneGraph->FindPart({result.NodeId, result.PartId});
+                part && !result.passed)
+                result.plain = part->InteractionType;
+    } catch (const std::exception&) {
+    }
+}
+
+AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel::AnnotationSource& annotations,
                               const LoadOptions& options) {
     const LoadedAircraft aircraft = LoadAircraft(info, options);
     const SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
     AnnotationStore store(sceneGraph);
-    store.Read(annotations);
+    store.Read(annotations.path);
 
     AircraftResult tests;
     tests.displayName = info.displayName;
     tests.acfPath = info.acfPath;
+    tests.reading = options.reading;
+    tests.plainExpectations = annotations.ofPlain;
     tests.hasCockpitObject = aircraft.opened.cockpit->IsValid();
     RunTests(sceneGraph, store, tests);
-    tests.unplaced = UnplacedExpectations(annotations, sceneGraph);
+    tests.unplaced = UnplacedExpectations(annotations.path, sceneGraph);
     tests.clickable = CountClickable(sceneGraph);
+    if (tests.reading == CockpitModel::Reading::Full && tests.Failed() > 0)
+        AddPlainTypes(info, tests);
     return tests;
 }
 
@@ -74,13 +90,17 @@ std::size_t AircraftResult::Passed() const {
     return static_cast<std::size_t>(std::ranges::count(parts, true, &PartResult::passed));
 }
 
+std::size_t AircraftResult::FailedAsPlain() const {
+    return static_cast<std::size_t>(std::ranges::count(parts, true, &PartResult::FailedAsPlain));
+}
+
 AircraftCheckError::AircraftCheckError(const Sim::AircraftInfo& info, const std::string& why)
     : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why) {}
 
 std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options) {
     try {
-        const std::string annotations = CockpitModel::AnnotationFile(info);
-        if (!boost::filesystem::exists(annotations))
+        const CockpitModel::AnnotationSource annotations = CockpitModel::FindAnnotations(info, options.reading);
+        if (!boost::filesystem::exists(annotations.path))
             return std::nullopt;
         return CheckAnnotated(info, annotations, options);
     } catch (const std::exception& error) {
@@ -88,11 +108,11 @@ std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const
     }
 }
 
-std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader) {
+std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader, CockpitModel::Reading reading) {
     std::vector<AircraftResult> results;
     for (const auto& info : loader.LoadAircraftList()) {
-        CockpitModel::AnnotationPath(*info); // creates the folder, as every use in the window does
-        if (std::optional<AircraftResult> tests = CheckAircraft(*info))
+        CockpitModel::AnnotationPath(*info, reading); // creates the folder, as every use in the window does
+        if (std::optional<AircraftResult> tests = CheckAircraft(*info, {.reading = reading}))
             results.push_back(std::move(*tests));
     }
     return results;

@@ -22,12 +22,19 @@ struct PartResult {
     CockpitModel::TouchInteractionType expected = CockpitModel::TouchInteractionType::None;
     CockpitModel::TouchInteractionType detected = CockpitModel::TouchInteractionType::None; ///< before any override
     bool passed = false;
+    /// Of a failed test of the full reading: what the plain one detects, if it has the part.
+    std::optional<CockpitModel::TouchInteractionType> plain = std::nullopt;
+
+    /// A failed test whose expectation is right for the plain reading.
+    bool FailedAsPlain() const { return !passed && plain == expected; }
 };
 
 /// Test results of one aircraft.
 struct AircraftResult {
     std::string displayName;
     std::string acfPath;
+    CockpitModel::Reading reading = CockpitModel::Reading::Plain;
+    bool plainExpectations = false; ///< the full reading has no annotation file of its own yet
     bool hasCockpitObject = true;
     std::vector<PartResult> parts; ///< by node and part
     /// Records with an expectation for which the scene has no part, in file order.
@@ -38,6 +45,7 @@ struct AircraftResult {
     std::size_t Total() const { return parts.size(); }
     std::size_t Passed() const;
     std::size_t Failed() const { return Total() - Passed(); }
+    std::size_t FailedAsPlain() const;
 };
 
 /// An aircraft whose tests could not be run; what() contains its name and the reason.
@@ -45,13 +53,15 @@ struct AircraftCheckError : std::runtime_error {
     AircraftCheckError(const Sim::AircraftInfo& info, const std::string& why);
 };
 
-/// Loads one aircraft, runs the detection and compares its parts with the expectations in its annotation file. An
-/// aircraft without such a file is not loaded and gives an empty result. Every failure throws an AircraftCheckError
-/// with the cause nested in it. Creates no files or folders. Different threads may test different aircraft.
+/// Loads one aircraft, runs the detection and compares its parts with the expectations in the reading's annotation
+/// file. After a failed test of the full reading, the plain one is loaded too, if it can. An aircraft without such a
+/// file is not loaded and gives an empty result. Every failure throws an AircraftCheckError with the cause nested in
+/// it. Creates no files or folders. Different threads may test different aircraft.
 std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options = {});
 
 /// Tests every aircraft that has an annotation file, in list order, with one in memory at a time. An aircraft whose
 /// file contains no expectation has a total of 0. The first aircraft that fails to load ends the run.
-std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader);
+std::vector<AircraftResult> CheckAllAircraft(Sim::AircraftListLoader& loader,
+                                             CockpitModel::Reading reading = CockpitModel::Reading::Plain);
 
 } // namespace Annotator

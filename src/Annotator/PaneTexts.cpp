@@ -1,8 +1,11 @@
 #include "Annotator/PaneTexts.h"
 
+#include "Annotator/AnnotationSession.h"
 #include "CockpitModel/SceneGraph.h"
+#include "CockpitModel/Touch/Manipulator.h"
 #include "Utils/RangeCheck.h"
 
+#include <boost/algorithm/string/join.hpp>
 #include <iomanip>
 #include <sstream>
 
@@ -54,6 +57,13 @@ std::string AnimationRowText(const AnimData& row) {
                          : "Node Local Matrix:\n" + MatrixText(row.node->localMatrix) + "\n";
 }
 
+std::string TreeRootText(const AnnotationSession& session) {
+    if (session.Reading() == CockpitModel::Reading::Plain)
+        return session.AircraftName();
+    return session.AircraftName() + " (full reading" +
+           (session.HasPlainAnnotations() ? std::string(", ") + kPlainExpectations : "") + ")";
+}
+
 std::string MatrixText(const Utils::Matrix4& matrix) {
     std::ostringstream text;
     text << std::fixed << std::setprecision(2) << std::setfill('0');
@@ -89,6 +99,20 @@ std::string PartInfoText(const NodePart& part) {
     text << "Balance Factor: " << part.BalanceFactor << "\nParent Matrix:\n"
          << MatrixText(part.node->localMatrix) << '\n';
     part.Rect()->Dump(text, "");
+    return text.str();
+}
+
+std::string ManipulatorText(const NodePart& part) {
+    const CockpitModel::Manipulator* const manipulator = part.manipulator;
+    if (!manipulator)
+        return {};
+    std::ostringstream text;
+    text << "Keyword: " << manipulator->keyword << "\nCursor: " << manipulator->cursor << "\nValues:";
+    for (const float number : manipulator->numbers)
+        text << ' ' << number;
+    text << "\nNames: " << boost::algorithm::join(manipulator->names, " ") << "\nTooltip: " << manipulator->tooltip
+         << "\nObject: " << Utils::At(part.node->graph->Model().objects, part.block.Object).name
+         << "\nLine: " << manipulator->line << ", drawn in line " << part.block.SourceLine << '\n';
     return text.str();
 }
 

@@ -10,6 +10,8 @@
 
 namespace Annotator {
 
+class AnnotationSession;
+
 /// The texts and values that the notebook's pages show for a part, without a toolkit. The pointers belong to the loaded
 /// scene.
 
@@ -25,12 +27,20 @@ std::vector<AnimData> AnimationRows(const CockpitModel::NodePart& part, CockpitM
 /// The animation's tracks and keys, or the node's local matrix if it has no animation.
 std::string AnimationRowText(const AnimData& row);
 
+/// Said of annotations of the full reading that were read from the plain one's file.
+inline constexpr const char* kPlainExpectations = "expectations of the plain reading";
+
+/// The tree's root: the aircraft's name, and the reading if it is the full one.
+std::string TreeRootText(const AnnotationSession& session);
+
 std::string MatrixText(const Utils::Matrix4& matrix);
 std::string PartIdText(const CockpitModel::NodePart& part);
 std::string FileOffsetText(const CockpitModel::NodePart& part);
 std::string MaterialText(const CockpitModel::NodePart& part);
 /// Motion, placement and mouse rectangle of a clickable part; otherwise empty.
 std::string PartInfoText(const CockpitModel::NodePart& part);
+/// The manipulator as the object's file gives it, and where; empty without one and in the plain reading.
+std::string ManipulatorText(const CockpitModel::NodePart& part);
 std::string DetectedTooltipText(const CockpitModel::NodePart& part);
 
 } // namespace Annotator

@@ -58,6 +58,26 @@ TEST_F(AnnotationSessionTest, StartsTheWorkingRecordOfEachSelectionFromTheStored
     EXPECT_EQ(session.Scene(), nullptr);
 }
 
+TEST_F(AnnotationSessionTest, KeepsAFileForEachReading) {
+    folder.Write(kFile, "<Overrides><Override><NodeId>1</NodeId><PartId>1</PartId><Reverse>1</Reverse></Override>"
+                        "</Overrides>");
+    session.Load(cub, CockpitModel::Reading::Full);
+    EXPECT_TRUE(session.HasPlainAnnotations());
+    session.Select(Part(0, 0));
+    EXPECT_FALSE(session.IsEdited());
+    session.Edit().Tooltip = "";
+    EXPECT_FALSE(session.IsEdited()) << "as the page shows no tooltip";
+    session.Edit().Tooltip = "mine";
+    EXPECT_TRUE(session.IsEdited());
+    EXPECT_TRUE(session.Save().saved);
+    EXPECT_FALSE(session.IsEdited() || session.HasPlainAnnotations());
+    EXPECT_THAT(folder.Read("QVRA/Annotations/full/Cub.xml"), HasSubstr("<Reverse>1</Reverse>"));
+    EXPECT_THAT(folder.Read(kFile), testing::Not(HasSubstr("mine")));
+    session.Load(cub);
+    session.Select(Part(0, 0));
+    EXPECT_EQ(session.Edit().Tooltip, std::nullopt);
+}
+
 TEST_F(AnnotationSessionTest, TellsWhatASaveKeptAndWhyItFailed) {
     folder.Write(kFile, "<Overrides><!-- mine --></Overrides>");
     session.Load(cub);

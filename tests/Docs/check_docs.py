@@ -11,7 +11,7 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-DOCUMENTS = ["docs/batch.md", "docs/formats.md"]
+DOCUMENTS = ["docs/batch.md", "docs/formats.md", "docs/full-reading.md"]
 BLOCK = re.compile(r"(?<=^```console\n)(.*?)(?=^```$)", re.M | re.S)
 
 

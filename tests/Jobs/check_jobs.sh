@@ -91,7 +91,7 @@ check_slurm() {
   compare
   rm "$first" out/tests.*
   bash "$root/scripts/jobs/slurm-array.sh" installation out >/dev/null
-  [ "$(cat started/* | wc -l)" = 4 ] || fail "not exactly the missing part was made again"
+  [ "$(cat started/* | wc -l)" = 5 ] || fail "not exactly the missing part was made again"
 }
 
 "check_$engine"

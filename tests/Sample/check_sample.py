@@ -5,6 +5,7 @@
     check_sample.py INSTALLATION PROGRAM...        the detected-data files of vorelle-batch, byte for byte; PROGRAM is the
                                                    command that starts it
 """
+import json
 import os
 import subprocess
 import sys
@@ -12,12 +13,13 @@ import tempfile
 import xml.etree.ElementTree as ElementTree
 
 import expected_detection as expected
+import expected_full
 
 
 def main():
     installation = sys.argv[1]
     if len(sys.argv) > 2:
-        faults = program_faults(installation, sys.argv[2:])
+        faults = program_faults(installation, sys.argv[2:]) + full_faults(installation, sys.argv[2:])
     else:
         faults = readme_faults(installation)
     for fault in faults:
@@ -54,6 +56,21 @@ def program_faults(installation, program):
     return faults
 
 
+def full_faults(installation, program):
+    """The scout's controls and its expectations in the full reading."""
+    acf = os.path.join(installation, "Aircraft/General Aviation/Vorelle Scout/scout.acf")
+    arguments = [*program, "-C", installation]
+    listed = subprocess.run([*arguments, "manips", "--full", "--json", "Scout"], stdout=subprocess.PIPE, check=True)
+    found = sorted(
+        tuple(part[key] for key in ("object", "drawLine", "keyword", "names", "type")) for part in json.loads(listed.stdout)
+    )
+    faults = [f"the full reading of the scout differs: {control}" for control in set(found) ^ set(expected_full.controls(acf))]
+    tested = subprocess.run([*arguments, "test", "--full", "--require-tests", "Scout"], stdout=subprocess.PIPE, check=False)
+    if tested.returncode != 0:
+        faults.append(f"test --full Scout ended with {tested.returncode}:\n{tested.stdout.decode()}")
+    return faults
+
+
 def readme_faults(installation):
     with open(os.path.join(installation, "README.md"), encoding="utf-8") as file:
         rows = [
@@ -64,7 +81,7 @@ def readme_faults(installation):
     parts = [row for row in rows if len(row) == 6 and row[1].isdigit()]
     faults = []
     for name, by_node in detected_aircraft(installation).items():
-        if by_node:
+        if by_node and any(by_node.values()):
             own = [row for row in parts if os.path.splitext(row[0])[0] + ".xml" == name]
             detected = {
                 (str(node), str(place)): part.type for node in by_node for place, part in enumerate(by_node[node])

@@ -158,7 +158,7 @@ void CheckYokes(const CockpitModel::SceneGraph& sceneGraph, const std::vector<Li
 
 void CheckAnnotations(const Sim::AircraftInfo& info, const CockpitModel::SceneGraph& sceneGraph,
                       std::vector<LintFinding>& findings) {
-    const std::string file = CockpitModel::AnnotationFile(info);
+    const std::string file = CockpitModel::FindAnnotations(info, sceneGraph.Model().reading).path;
     LintFindings target(file, findings);
     if (boost::filesystem::exists(file))
         LintAnnotations(Utils::ReadFile(file), sceneGraph, target);

@@ -72,6 +72,7 @@ void AnnotatorWindow::MakeMenus() {
     auto* bar = new wxMenuBar;
     bar->Append(tests, "Tests");
     bar->Append(detectedData, "Detected Data");
+    MakeReadingMenu(*bar);
     SetMenuBar(bar);
     tests->Bind(wxEVT_MENU, &AnnotatorWindow::OnRunAllTests, this, wxID_ANY, wxID_ANY);
     detectedData->Bind(wxEVT_MENU, &AnnotatorWindow::OnSaveDetectedData, this, wxID_ANY, wxID_ANY);
@@ -154,14 +155,14 @@ void AnnotatorWindow::MakePreview() {
 
 void AnnotatorWindow::OnRunAllTests(wxCommandEvent&) {
     RunGuarded(
-        this, [this] { (new TestsWindow(aircraftListLoader))->Show(true); }, TestRunFailureText);
+        this, [this] { (new TestsWindow(aircraftListLoader, reading))->Show(true); }, TestRunFailureText);
 }
 
 void AnnotatorWindow::OnSaveDetectedData(wxCommandEvent&) {
     RunGuarded(
         this,
         [this] {
-            const ExportResult result = SaveDetectedData(*aircraftListLoader);
+            const ExportResult result = SaveDetectedData(*aircraftListLoader, reading);
             // While the log is running, failures are only logged.
             if (Utils::FatalErrorReported())
                 ShowProblem(this, ExportDoneText(result));
@@ -175,6 +176,7 @@ void AnnotatorWindow::OnShowTransparent(wxCommandEvent&) {
 }
 
 void AnnotatorWindow::OnAircraftSelected(const Sim::AircraftInfo& info) {
+    pickedAircraft = &info;
     RunGuarded(
         this, [&] { runQueue.Post([this, &info] { LoadGuarded(info); }); },
         [&](const std::exception& error) { return LoadFailureText(info, error); });

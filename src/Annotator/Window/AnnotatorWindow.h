@@ -39,6 +39,7 @@ public:
 
 private:
     void MakeMenus();
+    void MakeReadingMenu(wxMenuBar& bar);
     void MakeStatusBar();
     void MakeTree(wxPanel* parent);
     void MakeCanvas(wxPanel* parent);
@@ -48,6 +49,7 @@ private:
 
     void OnRunAllTests(wxCommandEvent& event);
     void OnSaveDetectedData(wxCommandEvent& event);
+    void OnFullReading(wxCommandEvent& event);
     void OnTreeSelectionChanged(wxTreeEvent& event);
     void OnSaveAnnotation(wxCommandEvent& event);
     void OnShowTransparent(wxCommandEvent& event);
@@ -58,6 +60,7 @@ private:
     void LoadGuarded(const Sim::AircraftInfo& info);
     void SelectGuarded(CockpitModel::NodePart* part);
     void SaveAnnotation();
+    bool MayDiscardEdit();
     void RebuildTree();
     void AddNodeItems(CockpitModel::Node& node);
     const wxTreeItemId& ItemOf(const CockpitModel::NodePart& part) const;
@@ -82,6 +85,9 @@ private:
     std::vector<wxTreeItemId> nodeItems; ///< by node index
     std::unordered_map<const CockpitModel::NodePart*, wxTreeItemId> partItems;
     std::optional<wxTreeItemId> highlightedItem;
+    CockpitModel::Reading reading = CockpitModel::Reading::Plain; ///< of the next load, export and run of the tests
+    const Sim::AircraftInfo* pickedAircraft = nullptr;            ///< the selector's
+    wxMenuItem* fullReadingItem = nullptr;
 };
 
 } // namespace Annotator

@@ -1,5 +1,6 @@
 // What the window shows of its session: the tree of nodes and parts, the selection, and the results of loads and saves.
 #include "Annotator/FailureTexts.h"
+#include "Annotator/PaneTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/ProblemBox.h"
 #include "Utils/RangeCheck.h"
@@ -35,7 +36,7 @@ void AnnotatorWindow::LoadGuarded(const Sim::AircraftInfo& info) {
 
 void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     ShowEmptyState();
-    session.Load(info);
+    session.Load(info, reading);
     session.Scene()->BuildPartTrees();
     preview->SetScene(session.Scene(), session.Model(), session.Annotations());
     RebuildTree();
@@ -59,7 +60,7 @@ void AnnotatorWindow::ShowEmptyState() {
 }
 
 void AnnotatorWindow::RebuildTree() {
-    partTree->AddRoot(ToWide(session.AircraftName()));
+    partTree->AddRoot(ToWide(TreeRootText(session)));
     nodeItems.reserve(session.Scene()->Nodes().size());
     const Utils::Matrix4 unused = Utils::Matrix4::Identity();
     session.Scene()->VisitNodes(
@@ -146,6 +147,7 @@ void AnnotatorWindow::SaveAnnotation() {
     testPane->Commit();
     interactionPane->Commit();
     const AnnotationSaveResult result = session.Save();
+    partTree->SetItemText(partTree->GetRootItem(), ToWide(TreeRootText(session)));
     if (!result.saved)
         ShowProblem(this, SaveFailureText(session.AnnotationPath(), result.error));
     else if (!result.unreadableCopy.empty())

@@ -33,7 +33,21 @@ void PartInfoPane::SetPart(const CockpitModel::NodePart* part) {
              part ? "Detected Interaction Type: " + TouchInteractionTypeToText(part->InteractionType) : kNoType);
     ShowText(*infoText, part ? PartInfoText(*part) : std::string());
     ShowText(*baseDataText, part && part->Rect() ? part->Rect()->Text : std::string());
+    ShowManipulator(part ? ManipulatorText(*part) : "");
     ContentChanged();
+}
+
+/// Only the full reading has one to show; until then the page has no controls for it.
+void PartInfoPane::ShowManipulator(const std::string& text) {
+    if (!manipulatorText && text.empty())
+        return;
+    if (!manipulatorText) {
+        manipulatorHeading = AddHeading("Manipulator:");
+        manipulatorText = AddText("");
+    }
+    ShowText(*manipulatorText, text);
+    manipulatorHeading->Show(!text.empty());
+    manipulatorText->Show(!text.empty());
 }
 
 } // namespace Annotator

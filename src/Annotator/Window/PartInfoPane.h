@@ -14,12 +14,16 @@ public:
     void SetPart(const CockpitModel::NodePart* part);
 
 private:
+    void ShowManipulator(const std::string& text);
+
     wxStaticText* idLabel; ///< bold
     wxStaticText* offsetLabel;
     wxStaticText* materialLabel;
     wxStaticText* detectedLabel;
     wxStaticText* infoText;
     wxStaticText* baseDataText;
+    wxStaticText* manipulatorHeading = nullptr;
+    wxStaticText* manipulatorText = nullptr;
 };
 
 } // namespace Annotator

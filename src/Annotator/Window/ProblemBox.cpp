@@ -6,8 +6,18 @@
 
 namespace Annotator {
 
+namespace {
+
+constexpr const char* kTitle = "Vorelle Aircraft Annotator";
+
+} // namespace
+
 void ShowProblem(wxWindow* parent, const std::string& text) {
-    wxMessageBox(ToWide(text), "Vorelle Aircraft Annotator", wxOK | wxICON_ERROR, parent);
+    wxMessageBox(ToWide(text), kTitle, wxOK | wxICON_ERROR, parent);
+}
+
+bool Confirm(wxWindow* parent, const std::string& question) {
+    return wxMessageBox(ToWide(question), kTitle, wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION, parent) == wxYES;
 }
 
 void RunGuarded(wxWindow* parent, const std::function<void()>& work,

@@ -37,7 +37,7 @@ std::string FindNew(const Sim::AircraftInfo& info, const AcceptOptions& options)
     const Annotator::LoadedAircraft aircraft = Annotator::LoadAircraft(info, options.aircraft.load);
     const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
     CockpitModel::AnnotationStore store(sceneGraph);
-    store.Read(CockpitModel::AnnotationFile(info));
+    store.Read(CockpitModel::FindAnnotations(info, options.aircraft.load.reading).path);
     Json found = Json::array();
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)
@@ -61,17 +61,21 @@ std::string ReadAnnotationFile(const std::string& path) {
 /// Collects expectations per annotation file and saves them. Aircraft in folders of the same name share a file.
 class ExpectationWriter {
 public:
-    explicit ExpectationWriter(Console& messages) : console(messages) {}
+    ExpectationWriter(CockpitModel::Reading read, Console& messages) : reading(read), console(messages) {}
 
     void Take(const Sim::AircraftInfo& info, const std::string& found) {
-        const std::string path = CockpitModel::AnnotationFile(info);
+        const std::string path = CockpitModel::AnnotationFile(info, reading);
+        const CockpitModel::AnnotationSource source = CockpitModel::FindAnnotations(info, reading);
         File& file = files[path];
+        file.source = source.path;
         if (!file.ofAircraft.empty())
             console.Message(path + " belongs to both " + file.ofAircraft + " and " + NameOf(info) +
                             "; the expectations of the former are kept");
         file.ofAircraft = NameOf(info);
         const Json parts = Json::parse(found);
-        std::cout << NameOf(info) << ": " << Counted(parts.size(), "new expectation") << " for " << Shown(path) << '\n';
+        std::cout << NameOf(info) << ": " << Counted(parts.size(), "new expectation") << " for " << Shown(path)
+                  << (source.ofPlain ? ", which starts from the expectations of the plain reading in " : "")
+                  << (source.ofPlain ? Shown(source.path) : "") << '\n';
         for (const Json& part : parts)
             Add(file, part);
     }
@@ -93,6 +97,7 @@ public:
 private:
     struct File {
         std::string ofAircraft;
+        std::string source; ///< the file whose content is kept
         std::map<CockpitModel::PartAddress, AnnotationRecord> expectations;
     };
 
@@ -110,10 +115,10 @@ private:
         for (const auto& [address, record] : file.expectations)
             records.push_back(record);
         try {
-            const std::string xml = CockpitModel::AddExpectations(ReadAnnotationFile(path), records);
+            const std::string xml = CockpitModel::AddExpectations(ReadAnnotationFile(file.source), records);
             return dryRun || Write(path, xml);
         } catch (const std::runtime_error& error) {
-            console.Message(path + ": " + error.what());
+            console.Message(file.source + ": " + error.what());
             ++unreadable;
             return false;
         }
@@ -129,6 +134,7 @@ private:
         return saved.saved;
     }
 
+    const CockpitModel::Reading reading;
     Console& console;
     std::map<std::string, File> files; ///< by path
     std::size_t unreadable = 0;        ///< annotation files
@@ -137,7 +143,7 @@ private:
 
 ExitCode Accept(const AcceptOptions& options, Session& session) {
     const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
-    ExpectationWriter writer(session.console);
+    ExpectationWriter writer(options.aircraft.load.reading, session.console);
     const std::size_t failed = ForEachAircraft(
         aircraft, session.console,
         {.take = [&](const Sim::AircraftInfo& info, const std::string& found) { writer.Take(info, found); }});
@@ -151,6 +157,7 @@ Action PrepareAccept(CLI::App& app) {
     auto options = std::make_shared<AcceptOptions>();
     app.add_flag("--dry-run", options->dryRun, "Print what would be added, without saving");
     app.add_flag("--yoke", options->yoke, "Also record yoke parts, which have no mouse rectangle");
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft)->description("Aircraft to record")->required();
     return {[options](Session& session) { return Accept(*options, session); },
             [options](const Sim::AircraftInfo& info, const std::string&) { return FindNew(info, *options); }};

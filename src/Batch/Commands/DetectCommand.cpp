@@ -21,9 +21,6 @@ struct DetectOptions {
     AircraftOptions aircraft;
 };
 
-/// In a folder of their own, because the full reading has further parts and other types.
-constexpr const char* kFullFolder = "QVRA/AirLogs/full";
-
 JobOutput DetectOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     Logging::Logger& log = Logging::Logger::Get();
     log.Log(HERE, "Loading aircraft for output: " + info.displayName + " - " + info.acfPath);
@@ -77,13 +74,10 @@ private:
     bool notWritten = false;
 };
 
-std::string DefaultFolder(const Annotator::LoadOptions& load) {
-    return load.reading == CockpitModel::Reading::Full ? kFullFolder : Annotator::DetectedDataFolder();
-}
-
 ExitCode Detect(const DetectOptions& options, Session& session) {
     const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
-    const std::string folder = options.folder.empty() ? DefaultFolder(options.aircraft.load) : options.folder;
+    const std::string folder =
+        options.folder.empty() ? Annotator::DetectedDataFolder(options.aircraft.load.reading) : options.folder;
     // A command that writes into QVRA also installs the data files that the desktop tool needs there.
     if (const std::string problem = options.folder.empty() ? Annotator::InstallDataFiles() : ""; !problem.empty())
         session.console.Message(problem);

@@ -65,7 +65,7 @@ JobOutput ExplainOne(const Sim::AircraftInfo& info, const ExplainOptions& option
     if (!part)
         return std::string();
     CockpitModel::AnnotationStore store(sceneGraph);
-    store.Read(CockpitModel::AnnotationFile(info));
+    store.Read(CockpitModel::FindAnnotations(info, load.reading).path);
     std::string text = Annotator::ExplanationText(sceneGraph, *part);
     if (load.reading == CockpitModel::Reading::Full)
         text += PlainText(info, address);

@@ -110,7 +110,7 @@ std::vector<Row> RowsOf(const Sim::AircraftInfo& info, const Annotator::LoadedAi
     const bool full = aircraft.opened.cockpit->reading == CockpitModel::Reading::Full;
     const CockpitModel::SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
     CockpitModel::AnnotationStore store(sceneGraph);
-    store.Read(CockpitModel::AnnotationFile(info));
+    store.Read(CockpitModel::FindAnnotations(info, aircraft.opened.cockpit->reading).path);
     std::vector<Row> rows;
     for (const auto& node : sceneGraph.Nodes())
         for (const auto& part : node->parts)

@@ -15,8 +15,11 @@ namespace {
 
 namespace fs = boost::filesystem;
 
+using CockpitModel::Reading;
+
 struct MergeOptions {
     ReportOptions reports;
+    bool full = false;
     std::vector<std::string> parts;
 };
 
@@ -50,12 +53,18 @@ TestReport ReadPart(const std::string& path) {
     }
 }
 
-/// Collects parts. An aircraft in two of them would be counted twice.
+/// Collects parts of one reading. An aircraft in two of them would be counted twice.
 class Merger {
 public:
+    explicit Merger(bool full) : reading(full ? Reading::Full : Reading::Plain) {}
+
     void Add(const std::string& path) {
         for (AircraftReport& aircraft : ReadPart(path)) {
             const std::string& acf = aircraft.tests.acfPath;
+            if (aircraft.tests.reading != reading)
+                throw CommandError(kWrongUsage, path + (reading == Reading::Full
+                                                            ? ": not a report of 'test --full'; merge it without --full"
+                                                            : ": a report of 'test --full'; merge it with --full"));
             if (const auto [other, isNew] = partOf.try_emplace(acf, path); !isNew)
                 throw CommandError(kWrongUsage, acf + " is in both " + other->second + " and " + path +
                                                     "; leave one of them out so that its tests are counted once");
@@ -66,12 +75,13 @@ public:
     TestReport report;
 
 private:
+    const Reading reading;
     std::map<std::string, std::string> partOf; ///< by acfPath
 };
 
 /// A part that cannot be read ends the command: a report without its aircraft would look complete.
 ExitCode Merge(const MergeOptions& options, Session& session) {
-    Merger merger;
+    Merger merger(options.full);
     for (const std::string& word : options.parts)
         for (const std::string& part : PartsOf(session.ResolveArgument(word)))
             merger.Add(part);
@@ -83,6 +93,7 @@ ExitCode Merge(const MergeOptions& options, Session& session) {
 Action PrepareMerge(CLI::App& app) {
     auto options = std::make_shared<MergeOptions>();
     AddReportOptions(app, options->reports);
+    app.add_flag("--full", options->full, "The parts are reports of 'test --full'");
     app.add_option("PART", options->parts, "JSON reports, or folders of reports, which are read in order of file name")
         ->type_name("")
         ->required();

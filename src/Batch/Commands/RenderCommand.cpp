@@ -127,7 +127,7 @@ JobOutput RenderOne(const Sim::AircraftInfo& info, const RenderOptions& options)
         throw std::runtime_error("the folder of the .acf file contains no cockpit object");
     const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.aircraft.load);
     CockpitModel::AnnotationStore annotations(*built.sceneGraph);
-    annotations.Read(CockpitModel::AnnotationFile(info));
+    annotations.Read(CockpitModel::FindAnnotations(info, options.aircraft.load.reading).path);
     try {
         const Rendering::MemBitmap picture =
             Rendering::DrawOffScreen(options.picture.size, Annotator::kCanvasColour, [&](Rendering::Context& context) {

@@ -26,8 +26,9 @@ std::string TestOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions&
     }
 }
 
-AircraftReport Unloaded(const Sim::AircraftInfo& info, const std::string& reason) {
+AircraftReport Unloaded(const Sim::AircraftInfo& info, CockpitModel::Reading reading, const std::string& reason) {
     AircraftReport report;
+    report.tests.reading = reading;
     report.tests.displayName = Utils::ToValidUtf8(info.displayName);
     report.tests.acfPath = Utils::ToValidUtf8(info.acfPath);
     report.problems.push_back(Utils::ToValidUtf8(reason));
@@ -42,7 +43,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
             report.push_back(ParseAircraft(output));
     };
     const auto fail = [&](const Sim::AircraftInfo& info, const std::string& reason) {
-        report.push_back(Unloaded(info, reason));
+        report.push_back(Unloaded(info, options.aircraft.load.reading, reason));
     };
     ForEachAircraft(aircraft, session.console, {.take = take, .fail = fail, .showsProgress = true});
     return PublishReport(report, options.reports, session);
@@ -53,6 +54,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
 Action PrepareTest(CLI::App& app) {
     auto options = std::make_shared<TestOptions>();
     AddReportOptions(app, options->reports);
+    AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
     return {
         [options](Session& session) { return Test(*options, session); },

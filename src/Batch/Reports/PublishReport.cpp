@@ -28,7 +28,13 @@ bool WriteReports(const TestReport& report, const ReportOptions& options, Sessio
 }
 
 ExitCode Outcome(const TestTotals& totals, const ReportOptions& options, Console& console) {
-    console.Message(Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed");
+    std::string text = Counted(totals.passed, "test") + " passed, " + std::to_string(totals.failed) + " failed";
+    if (totals.full > 0)
+        text += ", " + std::to_string(totals.failedAsPlain) + " of them as the plain reading detects";
+    console.Message(text);
+    if (totals.plainExpectations > 0)
+        console.Message(Counted(totals.plainExpectations, "aircraft", "aircraft") +
+                        " tested with expectations of the plain reading");
     // An untested expectation is worse than a failed one.
     if (totals.withProblems > 0)
         return kAircraftFailed;

@@ -36,9 +36,12 @@ TestTotals Totals(const TestReport& report) {
     for (const AircraftReport& aircraft : report) {
         totals.passed += aircraft.tests.Passed();
         totals.failed += aircraft.tests.Failed();
+        totals.failedAsPlain += aircraft.tests.FailedAsPlain();
         totals.clickable += aircraft.tests.clickable;
         totals.covered += aircraft.tests.covered;
         totals.withProblems += !aircraft.problems.empty();
+        totals.full += aircraft.tests.reading == CockpitModel::Reading::Full;
+        totals.plainExpectations += aircraft.tests.plainExpectations;
     }
     return totals;
 }

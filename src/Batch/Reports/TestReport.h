@@ -20,8 +20,11 @@ using TestReport = std::vector<AircraftReport>;
 
 struct TestTotals {
     std::size_t passed = 0, failed = 0;
+    std::size_t failedAsPlain = 0; ///< of the failed tests
     std::size_t clickable = 0, covered = 0;
-    std::size_t withProblems = 0; ///< aircraft
+    std::size_t withProblems = 0;      ///< aircraft
+    std::size_t full = 0;              ///< aircraft tested in the full reading
+    std::size_t plainExpectations = 0; ///< of those, aircraft tested with the expectations of the plain reading
 
     std::size_t Tests() const { return passed + failed; }
 };

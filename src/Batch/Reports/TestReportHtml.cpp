@@ -2,6 +2,7 @@
 #include "Batch/Reports/TestReport.h"
 #include "Batch/Reports/TestReportStyle.h"
 
+#include <algorithm>
 #include <array>
 #include <boost/algorithm/string/replace.hpp>
 #include <cmath>
@@ -119,6 +120,9 @@ std::string Summary(const TestReport& report) {
     html += Tile(std::to_string(totals.Tests()), "tests");
     html += Tile(std::to_string(totals.passed), "passed", totals.passed > 0 ? "good" : "");
     html += Tile(std::to_string(totals.failed), "failed", totals.failed > 0 ? "bad" : "");
+    if (totals.full > 0)
+        html += Tile(std::to_string(totals.failedAsPlain), "failed as the plain reading detects",
+                     totals.failedAsPlain > 0 ? "warn" : "");
     html += Tile(std::to_string(report.size()), "annotated aircraft");
     html += Tile(std::to_string(totals.withProblems), "aircraft with problems", totals.withProblems > 0 ? "warn" : "");
     html += Tile(Percent(totals.covered, totals.clickable), "of clickable parts covered");
@@ -190,6 +194,22 @@ std::string Aircraft(const TestReport& report) {
                  AircraftRows(report));
 }
 
+/// Failed tests of the full reading have a column with what the plain one detects.
+bool HasPlainColumn(const AircraftResult& aircraft, const PartResult& part) {
+    return aircraft.reading == CockpitModel::Reading::Full && !part.passed;
+}
+
+std::string PlainCell(const AircraftResult& aircraft, const PartResult& part) {
+    if (!HasPlainColumn(aircraft, part))
+        return {};
+    return Element("td", part.plain ? TouchInteractionTypeToText(*part.plain) : "–");
+}
+
+std::string PlainHead(const std::vector<TestedPart>& parts) {
+    const auto has = [](const TestedPart& tested) { return HasPlainColumn(*tested.aircraft, *tested.part); };
+    return std::ranges::any_of(parts, has) ? HeadCells({{"Plain", ""}}) : "";
+}
+
 std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) {
     std::string rows;
     for (const auto& [aircraft, part] : parts)
@@ -197,12 +217,14 @@ std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) 
                                   Element("td", std::to_string(part->NodeId), "class=\"number\"") +
                                   Element("td", std::to_string(part->PartId), "class=\"number\"") +
                                   Element("td", part->rectangle.empty() ? "–" : Escaped(part->rectangle),
-                                          "class=\"rectangle\"")) +
+                                          "class=\"rectangle\"") +
+                                  PlainCell(*aircraft, *part)) +
                 "\n";
     const std::string title = "Expected " + TouchInteractionTypeToText(cell.first) + ", detected " +
                               TouchInteractionTypeToText(cell.second) + " (" + std::to_string(parts.size()) + ")";
     return Element("h3", title, "id=\"" + Anchor(cell) + "\"") + "\n" +
-           Table(HeadCells({{"Aircraft", ""}, {"NodeId", "number"}, {"PartId", "number"}, {"Mouse rectangle", ""}}),
+           Table(HeadCells({{"Aircraft", ""}, {"NodeId", "number"}, {"PartId", "number"}, {"Mouse rectangle", ""}}) +
+                     PlainHead(parts),
                  rows);
 }
 

@@ -65,7 +65,8 @@ private:
             printer.OpenElement("failure");
             Attribute("type", "InteractionType");
             Attribute("message", "expected " + TouchInteractionTypeToText(part.expected) + ", detected " +
-                                     TouchInteractionTypeToText(part.detected));
+                                     TouchInteractionTypeToText(part.detected) +
+                                     (part.FailedAsPlain() ? "; the plain reading detects what is expected" : ""));
             printer.CloseElement();
         }
         printer.CloseElement();

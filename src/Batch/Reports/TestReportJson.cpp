@@ -8,16 +8,22 @@ namespace {
 using Annotator::AircraftResult;
 using Annotator::PartResult;
 using CockpitModel::AnnotationRecord;
+using CockpitModel::Reading;
 using CockpitModel::TouchInteractionTypeFromText;
 using CockpitModel::TouchInteractionTypeToText;
 
+constexpr const char* kFull = "full";
+
 Json ToJson(const PartResult& part) {
-    return {{"nodeId", part.NodeId},
-            {"partId", part.PartId},
-            {"mouseRect", JsonText(part.rectangle)},
-            {"expected", TouchInteractionTypeToText(part.expected)},
-            {"detected", TouchInteractionTypeToText(part.detected)},
-            {"passed", part.passed}};
+    Json json{{"nodeId", part.NodeId},
+              {"partId", part.PartId},
+              {"mouseRect", JsonText(part.rectangle)},
+              {"expected", TouchInteractionTypeToText(part.expected)},
+              {"detected", TouchInteractionTypeToText(part.detected)},
+              {"passed", part.passed}};
+    if (part.plain)
+        json["plain"] = TouchInteractionTypeToText(*part.plain);
+    return json;
 }
 
 CockpitModel::TouchInteractionType TypeFromJson(const Json& json) {
@@ -30,12 +36,15 @@ CockpitModel::TouchInteractionType TypeFromJson(const Json& json) {
 }
 
 PartResult PartFromJson(const Json& json) {
-    return {.NodeId = json.at("nodeId"),
-            .PartId = json.at("partId"),
-            .rectangle = json.at("mouseRect"),
-            .expected = TypeFromJson(json.at("expected")),
-            .detected = TypeFromJson(json.at("detected")),
-            .passed = json.at("passed")};
+    PartResult part{.NodeId = json.at("nodeId"),
+                    .PartId = json.at("partId"),
+                    .rectangle = json.at("mouseRect"),
+                    .expected = TypeFromJson(json.at("expected")),
+                    .detected = TypeFromJson(json.at("detected")),
+                    .passed = json.at("passed")};
+    if (json.contains("plain"))
+        part.plain = TypeFromJson(json.at("plain"));
+    return part;
 }
 
 Json ToJson(const AnnotationRecord& unplaced) {
@@ -65,17 +74,23 @@ Json ToJson(const AircraftReport& aircraft) {
     Json problems = Json::array();
     for (const std::string& problem : aircraft.problems)
         problems.push_back(JsonText(problem));
-    return {{"displayName", JsonText(tests.displayName)},
-            {"acfPath", JsonText(tests.acfPath)},
-            {"hasCockpitObject", tests.hasCockpitObject},
-            {"passed", tests.Passed()},
-            {"failed", tests.Failed()},
-            {"total", tests.Total()},
-            {"clickable", tests.clickable},
-            {"covered", tests.covered},
-            {"problems", std::move(problems)},
-            {"parts", ListToJson(tests.parts)},
-            {"unplaced", ListToJson(tests.unplaced)}};
+    Json json{{"displayName", JsonText(tests.displayName)},
+              {"acfPath", JsonText(tests.acfPath)},
+              {"hasCockpitObject", tests.hasCockpitObject},
+              {"passed", tests.Passed()},
+              {"failed", tests.Failed()},
+              {"total", tests.Total()},
+              {"clickable", tests.clickable},
+              {"covered", tests.covered},
+              {"problems", std::move(problems)},
+              {"parts", ListToJson(tests.parts)},
+              {"unplaced", ListToJson(tests.unplaced)}};
+    if (tests.reading == Reading::Full) {
+        json["reading"] = kFull;
+        json["plainExpectations"] = tests.plainExpectations;
+        json["failedAsPlain"] = tests.FailedAsPlain();
+    }
+    return json;
 }
 
 AircraftReport AircraftFromJson(const Json& json) {
@@ -84,6 +99,8 @@ AircraftReport AircraftFromJson(const Json& json) {
     tests.displayName = json.at("displayName");
     tests.acfPath = json.at("acfPath");
     tests.hasCockpitObject = json.at("hasCockpitObject");
+    tests.reading = json.value("reading", "") == kFull ? Reading::Full : Reading::Plain;
+    tests.plainExpectations = json.value("plainExpectations", false);
     tests.clickable = json.at("clickable");
     tests.covered = json.at("covered");
     for (const Json& part : json.at("parts"))
@@ -119,10 +136,11 @@ std::string JsonReport(const TestReport& report) {
     Json aircraft = Json::array();
     for (const AircraftReport& one : report)
         aircraft.push_back(ToJson(one));
-    const Json json{{"passed", totals.passed},        {"failed", totals.failed},
-                    {"total", totals.Tests()},        {"clickable", totals.clickable},
-                    {"covered", totals.covered},      {"withProblems", totals.withProblems},
-                    {"aircraft", std::move(aircraft)}};
+    Json json{{"passed", totals.passed},        {"failed", totals.failed},   {"total", totals.Tests()},
+              {"clickable", totals.clickable},  {"covered", totals.covered}, {"withProblems", totals.withProblems},
+              {"aircraft", std::move(aircraft)}};
+    if (totals.full > 0)
+        json["failedAsPlain"] = totals.failedAsPlain;
     return json.dump(1) + "\n";
 }
 

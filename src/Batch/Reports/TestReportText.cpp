@@ -12,26 +12,43 @@ using CockpitModel::TouchInteractionTypeToText;
 
 using Row = std::vector<std::string>;
 
+bool IsFull(const TestReport& report) {
+    return Totals(report).full > 0;
+}
+
 std::vector<Row> CountRows(const TestReport& report) {
+    const bool full = IsFull(report);
     std::vector<Row> rows{{"Aircraft", "Passed", "Failed", "Total"}};
+    if (full)
+        rows.front().push_back("Failed as plain");
     for (const AircraftReport& aircraft : report) {
         const Annotator::AircraftResult& tests = aircraft.tests;
-        if (tests.Total() > 0)
-            rows.push_back({Shown(tests.displayName), std::to_string(tests.Passed()), std::to_string(tests.Failed()),
-                            std::to_string(tests.Total())});
+        if (tests.Total() == 0)
+            continue;
+        rows.push_back({Shown(tests.displayName), std::to_string(tests.Passed()), std::to_string(tests.Failed()),
+                        std::to_string(tests.Total())});
+        if (full)
+            rows.back().push_back(std::to_string(tests.FailedAsPlain()));
     }
     return rows;
 }
 
 /// A heading and one row per failed part.
 std::vector<Row> FailureRows(const TestReport& report) {
+    const bool full = IsFull(report);
     std::vector<Row> rows{{"Failed part of", "NodeId", "PartId", "Mouse rectangle", "Expected", "Detected"}};
+    if (full)
+        rows.front().push_back("Plain");
     for (const AircraftReport& aircraft : report)
-        for (const Annotator::PartResult& part : aircraft.tests.parts)
-            if (!part.passed)
-                rows.push_back({Shown(aircraft.tests.displayName), std::to_string(part.NodeId),
-                                std::to_string(part.PartId), part.rectangle.empty() ? "-" : Shown(part.rectangle),
-                                TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected)});
+        for (const Annotator::PartResult& part : aircraft.tests.parts) {
+            if (part.passed)
+                continue;
+            rows.push_back({Shown(aircraft.tests.displayName), std::to_string(part.NodeId), std::to_string(part.PartId),
+                            part.rectangle.empty() ? "-" : Shown(part.rectangle),
+                            TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected)});
+            if (full)
+                rows.back().push_back(part.plain ? TouchInteractionTypeToText(*part.plain) : "-");
+        }
     return rows;
 }
 
@@ -43,14 +60,23 @@ std::string TableText(const TestReport& report) {
 }
 
 std::string CsvReport(const TestReport& report) {
-    std::string csv = "aircraft,acfPath,nodeId,partId,mouseRect,expected,detected,result,problem\n";
+    const bool full = IsFull(report);
+    Row heading{"aircraft", "acfPath", "nodeId", "partId", "mouseRect", "expected", "detected", "result", "problem"};
+    std::string csv;
+    const auto add = [&](Row row, const std::string& plain) {
+        if (full)
+            row.push_back(plain);
+        csv += CsvLine(row);
+    };
+    add(std::move(heading), "plain");
     for (const auto& [tests, problems] : report) {
         for (const Annotator::PartResult& part : tests.parts)
-            csv += CsvLine({tests.displayName, tests.acfPath, std::to_string(part.NodeId), std::to_string(part.PartId),
-                            part.rectangle, TouchInteractionTypeToText(part.expected),
-                            TouchInteractionTypeToText(part.detected), part.passed ? "passed" : "failed", ""});
+            add({tests.displayName, tests.acfPath, std::to_string(part.NodeId), std::to_string(part.PartId),
+                 part.rectangle, TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected),
+                 part.passed ? "passed" : "failed", ""},
+                part.plain ? TouchInteractionTypeToText(*part.plain) : "");
         for (const std::string& problem : problems)
-            csv += CsvLine({tests.displayName, tests.acfPath, "", "", "", "", "", "error", problem});
+            add({tests.displayName, tests.acfPath, "", "", "", "", "", "error", problem}, "");
     }
     return csv;
 }

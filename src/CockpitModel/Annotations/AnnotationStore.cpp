@@ -16,6 +16,7 @@ namespace CockpitModel {
 namespace {
 
 constexpr const char* kFolder = "QVRA/Annotations";
+constexpr const char* kFullFolder = "QVRA/Annotations/full";
 
 template <typename Records>
 auto& SlotOf(Records& records, const NodePart& part) {
@@ -41,14 +42,25 @@ bool SaysMore(const std::string& xml, std::vector<AnnotationRecord> records) {
 
 } // namespace
 
-std::string AnnotationFile(const Sim::AircraftInfo& info) {
-    return std::string(kFolder) + "/" + Sim::FolderStem(info.acfPath) + ".xml";
+std::string AnnotationFile(const Sim::AircraftInfo& info, Reading reading) {
+    return std::string(reading == Reading::Full ? kFullFolder : kFolder) + "/" + Sim::FolderStem(info.acfPath) + ".xml";
 }
 
-std::string AnnotationPath(const Sim::AircraftInfo& info) {
+std::string AnnotationPath(const Sim::AircraftInfo& info, Reading reading) {
     boost::system::error_code ignored;
     boost::filesystem::create_directory(kFolder, ignored);
-    return AnnotationFile(info);
+    if (reading == Reading::Full)
+        boost::filesystem::create_directory(kFullFolder, ignored);
+    return AnnotationFile(info, reading);
+}
+
+AnnotationSource FindAnnotations(const Sim::AircraftInfo& info, Reading reading) {
+    boost::system::error_code ignored;
+    const auto exists = [&](const std::string& path) { return boost::filesystem::exists(path, ignored); };
+    std::string path = AnnotationFile(info, reading), ofPlain = AnnotationFile(info);
+    if (reading == Reading::Full && !exists(path) && exists(ofPlain))
+        return {std::move(ofPlain), true};
+    return {std::move(path), false};
 }
 
 AnnotationStore::AnnotationStore(const SceneGraph& sceneGraph) : sceneGraph(&sceneGraph) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CockpitModel/Annotations/AnnotationRecord.h"
+#include "CockpitModel/Reading.h"
 #include "Utils/SaveFile.h"
 
 #include <optional>
@@ -25,10 +26,19 @@ struct PartEvaluation {
     TouchInteractionType interactionType = TouchInteractionType::None; ///< override included
 };
 
-/// The path of an aircraft's annotation file, named after the aircraft's folder.
-std::string AnnotationFile(const Sim::AircraftInfo& info);
-/// The same path for a caller that may write the file: creates the folder "QVRA/Annotations" if "QVRA" exists.
-std::string AnnotationPath(const Sim::AircraftInfo& info);
+/// The path of an aircraft's annotation file, named after the aircraft's folder. Each reading has a file of its own,
+/// because the full one has further parts and other types.
+std::string AnnotationFile(const Sim::AircraftInfo& info, Reading reading = Reading::Plain);
+/// The same path for a caller that may write the file: creates its folder below "QVRA" if "QVRA" exists.
+std::string AnnotationPath(const Sim::AircraftInfo& info, Reading reading = Reading::Plain);
+
+struct AnnotationSource {
+    std::string path;
+    bool ofPlain = false; ///< the full reading has no file yet and starts from that of the plain one
+};
+
+/// The file from which a reading's annotations are read; it may be missing.
+AnnotationSource FindAnnotations(const Sim::AircraftInfo& info, Reading reading);
 
 /// The annotations of one loaded cockpit: a slot for each part that the scene graph had when the store was made. The
 /// graph must outlive it. User interface thread only.

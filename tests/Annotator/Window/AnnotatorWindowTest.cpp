@@ -164,6 +164,37 @@ TEST_F(AnnotatorWindowTest, SavesWhatItsPagesShowAndTestsIt) {
     EXPECT_TRUE(dialogs.texts.empty());
 }
 
+TEST_F(AnnotatorWindowTest, AsksBeforeAnotherReadingDiscardsAnEdit) {
+    Open();
+    wxMenu& reading = *window->GetMenuBar()->GetMenu(2);
+    const auto root = [&] { return TreeText().substr(0, TreeText().find('\n')); };
+    ChooseMenuItem(reading, 0);
+    EXPECT_EQ(root(), "") << "nothing is picked";
+    Load();
+    EXPECT_EQ(root(), "Trainer (full reading)");
+    tree->SelectItem(Lever());
+    Find<wxTextCtrl>(*window)->SetValue("not saved");
+    dialogs.answer = wxID_NO;
+    ChooseMenuItem(reading, 0);
+    PumpFrames(2);
+    EXPECT_TRUE(reading.FindItemByPosition(0)->IsChecked());
+    EXPECT_EQ(root(), "Trainer (full reading)");
+    EXPECT_EQ(Find<wxTextCtrl>(*window)->GetValue(), "not saved");
+    dialogs.answer = wxID_YES;
+    ChooseMenuItem(reading, 0);
+    PumpFrames(2);
+    EXPECT_EQ(root(), "Trainer");
+    EXPECT_EQ(dialogs.texts.size(), 2u);
+    tree->SelectItem(Lever());
+    ChooseMenuItem(reading, 0);
+    PumpFrames(2);
+    EXPECT_EQ(dialogs.texts.size(), 2u) << "nothing was changed";
+    tree->SelectItem(Lever());
+    Save();
+    EXPECT_TRUE(boost::filesystem::exists("QVRA/Annotations/full/Trainer.xml"));
+    EXPECT_FALSE(boost::filesystem::exists("QVRA/Annotations/Trainer.xml"));
+}
+
 TEST_F(AnnotatorWindowTest, IsEmptyAfterALoadThatFails) {
     loader.aircraft.emplace_back("Broken", "Made/Broken", [] {
         auto cockpit = std::make_unique<ModelCockpit>();

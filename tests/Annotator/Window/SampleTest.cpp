@@ -35,7 +35,7 @@ TEST(Sample, IsListedLoadedAndDrawn) {
 
     auto& selector = *Find<wxChoice>(*window);
     const std::vector<std::string> lines = Lines(selector);
-    EXPECT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines.size(), 5u);
     const auto trainer = std::ranges::find_if(lines, [](auto& line) { return line.starts_with("Vorelle Trainer"); });
     ASSERT_NE(trainer, lines.end());
     auto& canvas = *Find<Annotator::DXCanvas>(*window);
@@ -46,6 +46,15 @@ TEST(Sample, IsListedLoadedAndDrawn) {
     EXPECT_GT(CountColours(picture), 100u);
     wxImage::AddHandler(new wxPNGHandler);
     picture.SaveFile(VORELLE_BINARY_DIR "/canvas.png", wxBITMAP_TYPE_PNG);
+
+    ChooseMenuItem(*window->GetMenuBar()->GetMenu(2), 0);
+    const auto rootText = [&] {
+        return Find<wxTreeCtrl>(*window)->GetItemText(Find<wxTreeCtrl>(*window)->GetRootItem());
+    };
+    EXPECT_TRUE(PumpUntil([&] { return rootText().EndsWith("(full reading, expectations of the plain reading)"); }));
+    const auto scout = std::ranges::find_if(lines, [](auto& line) { return line.starts_with("Vorelle Scout"); });
+    Choose(selector, static_cast<int>(scout - lines.begin()));
+    EXPECT_TRUE(PumpUntil([&] { return rootText() == "Vorelle Scout (full reading)"; }));
     EXPECT_EQ(testing::PrintToString(dialogs.texts), "{}");
     window->Destroy();
     PumpFrames(3);

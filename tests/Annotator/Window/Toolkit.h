@@ -10,6 +10,7 @@
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/image.h>
+#include <wx/menu.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/window.h>
@@ -44,6 +45,7 @@ public:
 
     std::vector<std::string> captions, texts;
     std::function<void()> whileUp; ///< runs when a dialog would be shown
+    int answer = wxID_OK;
 
 protected:
     int Enter(wxDialog* dialog) override {
@@ -54,7 +56,7 @@ protected:
         }
         if (whileUp)
             whileUp();
-        return wxID_OK;
+        return answer;
     }
 };
 
@@ -121,6 +123,17 @@ void Choose(Choice& choice, int line) {
     event.SetEventObject(&choice);
     event.SetInt(line);
     choice.ProcessWindowEvent(event);
+}
+
+/// Simulates the user's choice of a menu's item, which a check item changes.
+inline void ChooseMenuItem(wxMenu& menu, std::size_t position) {
+    wxMenuItem& item = *menu.FindItemByPosition(position);
+    wxCommandEvent event(wxEVT_MENU, item.GetId());
+    if (item.IsCheckable()) {
+        item.Toggle();
+        event.SetInt(item.IsChecked());
+    }
+    menu.ProcessEvent(event);
 }
 
 inline void Fire(wxWindow& control, wxEventTypeTag<wxCommandEvent> type) {

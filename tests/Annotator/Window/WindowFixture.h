@@ -92,11 +92,7 @@ protected:
     }
     std::string IdLabel() { return Labels<wxStaticText>(*Find<Annotator::PartInfoPane>(*window)).at(0); }
 
-    void ChooseMenu(int menu) {
-        wxMenu& chosen = *window->GetMenuBar()->GetMenu(static_cast<std::size_t>(menu));
-        wxCommandEvent event(wxEVT_MENU, chosen.FindItemByPosition(0)->GetId());
-        chosen.ProcessEvent(event);
-    }
+    void ChooseMenu(int menu) { ChooseMenuItem(*window->GetMenuBar()->GetMenu(static_cast<std::size_t>(menu)), 0); }
     void Save() { Fire(*FindLabelled<wxButton>(*window, "Save"), wxEVT_BUTTON); }
     void Click(wxPoint at) {
         for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP}) {

@@ -59,5 +59,39 @@ TEST(TestCommand, WritesTheOtherReportsIfOneFails) {
     EXPECT_EQ(report["passed"], 1);
 }
 
+TEST(TestCommand, KeepsTheExpectationsOfTheFullReadingApart) {
+    const Installation installation;
+    // The plain reading takes a drag without motion for Twist, and a push for the drag above it.
+    installation.Aircraft("Aircraft/Props/Cub", "Cub",
+                          Support::ObjText()
+                              .Texture()
+                              .Toggle("sim/a")
+                              .Tris()
+                              .Drag("sim/b")
+                              .Tris()
+                              .Line("ATTR_manip_push hand 1 0 sim/c")
+                              .Tris());
+    installation.Annotations("Cub", Expectation(0, 0, "Tap") + Expectation(0, 1, "Twist"));
+    const std::string plain = installation.Read("QVRA/Annotations/Cub.xml"), fullFile = "QVRA/Annotations/full/Cub.xml";
+    const ProgramResult first = RunBatch(installation, {"test", "--full", "--json", "parts/first.json"});
+    EXPECT_EQ(first.exitCode, 4) << "no folder for the report";
+    EXPECT_THAT(first.errors, HasSubstr("1 test passed, 1 failed, 1 of them as the plain reading detects"));
+    EXPECT_THAT(first.errors, HasSubstr("1 aircraft tested with expectations of the plain reading"));
+    EXPECT_EQ(installation.Read(fullFile), "");
+
+    EXPECT_THAT(RunBatch(installation, {"accept", "--full", "Cub"}).output, HasSubstr("node 0 part 2: Tap"));
+    EXPECT_THAT(installation.Read(fullFile), HasSubstr("<InteractionTypeTest>Twist<")) << "copied";
+    EXPECT_EQ(installation.Read("QVRA/Annotations/Cub.xml"), plain);
+    installation.Write(fullFile, installation.Read(fullFile) + "<!-- ours -->");
+    const ProgramResult second = RunBatch(installation, {"test", "--full", "--json", "full.json"});
+    EXPECT_THAT(second.errors, HasSubstr("2 tests passed, 1 failed, 1 of them as the plain reading detects"));
+    EXPECT_THAT(second.errors, testing::Not(HasSubstr("with expectations of")));
+    EXPECT_THAT(RunBatch(installation, {"test"}).errors, HasSubstr("2 tests passed, 0 failed\n"));
+    EXPECT_EQ(RunBatch(installation, {"merge", "full.json"}).exitCode, 2);
+    const ProgramResult merged = RunBatch(installation, {"merge", "--full", "--json", "merged.json", "full.json"});
+    EXPECT_EQ(merged.output, second.output);
+    EXPECT_EQ(installation.Read("merged.json"), installation.Read("full.json"));
+}
+
 } // namespace
 } // namespace Batch
