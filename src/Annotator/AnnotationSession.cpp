@@ -3,6 +3,7 @@
 #include "Annotator/AircraftLoading.h"
 #include "Annotator/FailureTexts.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
+#include "CockpitModel/XPlane/AttachedObjects.h"
 #include "Logging/Logger.h"
 #include "Utils/FatalError.h"
 #include "Utils/Files.h"
@@ -17,6 +18,17 @@ namespace {
 using CockpitModel::AnnotationRecord;
 using CockpitModel::NodePart;
 
+/// What the user can try if the plain reading found no cockpit object.
+std::string FullReadingHint(const std::string& acfPath) try {
+    const bool attachesObjects = !CockpitModel::ReadAttachedEntries(Utils::ReadFile(acfPath)).empty();
+    return attachesObjects
+               ? "\nIts .acf attaches objects. To read the controls in them, choose Full Reading in the menu "
+                 "Reading."
+               : "";
+} catch (const std::exception&) {
+    return ""; // the reason of the failed load is more important
+}
+
 /// A fatal error has a fixed text and an empty exception, so the reason is logged before it and thrown after it.
 void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCockpit& cockpit) {
     if (cockpit.IsValid())
@@ -26,7 +38,7 @@ void RequireModel(const Sim::AircraftInfo& info, const CockpitModel::AircraftCoc
     try {
         Utils::FatalError("Annotator\\AnnotatorWindow.cpp", 158);
     } catch (const std::exception&) {
-        throw std::runtime_error(reason + "\n" + kLogEndedText);
+        throw std::runtime_error(reason + FullReadingHint(info.acfPath) + "\n" + kLogEndedText);
     }
 }
 
