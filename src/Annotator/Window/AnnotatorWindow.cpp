@@ -73,6 +73,7 @@ void AnnotatorWindow::MakeMenus() {
     bar->Append(tests, "Tests");
     bar->Append(detectedData, "Detected Data");
     MakeReadingMenu(*bar);
+    MakePartsMenu(*bar);
     SetMenuBar(bar);
     tests->Bind(wxEVT_MENU, &AnnotatorWindow::OnRunAllTests, this, wxID_ANY, wxID_ANY);
     detectedData->Bind(wxEVT_MENU, &AnnotatorWindow::OnSaveDetectedData, this, wxID_ANY, wxID_ANY);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Annotator/AnnotationSession.h"
+#include "Annotator/PartList.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Window/AircraftSelectorDropdown.h"
 #include "Annotator/Window/AnimationsPane.h"
@@ -12,6 +13,7 @@
 #include "Sim/AircraftListLoader.h"
 #include "Threading/RunQueue.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +24,8 @@
 #include <wx/treectrl.h>
 
 namespace Annotator {
+
+class PartListWindow;
 
 /// The main window, from the choice of an aircraft to a saved annotation. It shows the state of its session, whose
 /// scene graph it shares with the preview. Without an aircraft, that is at startup and after a failed load, tree, panes
@@ -40,6 +44,9 @@ public:
 private:
     void MakeMenus();
     void MakeReadingMenu(wxMenuBar& bar);
+    void MakePartsMenu(wxMenuBar& bar);
+    wxMenu* NewPartsMenu(const char* title, const std::function<void()>& showOther);
+    void MakePartList();
     void MakeStatusBar();
     void MakeTree(wxPanel* parent);
     void MakeCanvas(wxPanel* parent);
@@ -60,7 +67,14 @@ private:
     void LoadGuarded(const Sim::AircraftInfo& info);
     void SelectGuarded(CockpitModel::NodePart* part);
     void SaveAnnotation();
+    void CommitPages();
+    void ShowRecord();
+    void ShowSaveResult(const AnnotationSaveResult& result);
     bool MayDiscardEdit();
+    void ShowPartList();
+    void ReadPartList();
+    void GoToPart(const PartStep& step);
+    void ChangeRecords(const std::function<AnnotationSaveResult()>& change);
     void RebuildTree();
     void AddNodeItems(CockpitModel::Node& node);
     const wxTreeItemId& ItemOf(const CockpitModel::NodePart& part) const;
@@ -88,6 +102,7 @@ private:
     CockpitModel::Reading reading = CockpitModel::Reading::Plain; ///< of the next load, export and run of the tests
     const Sim::AircraftInfo* pickedAircraft = nullptr;            ///< the selector's
     wxMenuItem* fullReadingItem = nullptr;
+    PartListWindow* partListWindow = nullptr; ///< made when it is first shown
 };
 
 } // namespace Annotator
