@@ -42,7 +42,8 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     preview->SetScene(session.Scene(), session.Model(), session.Annotations());
     RebuildTree();
     ReadPartList();
-    canvas->control.camera.SetPosition(CameraPlace(*session.Cockpit()));
+    PlaceCamera();
+    EnableViews();
     canvas->SetFocus();
 }
 
@@ -61,6 +62,7 @@ void AnnotatorWindow::ShowEmptyState() {
     SelectPart(nullptr);
     preview->SetScene(nullptr, nullptr, nullptr);
     session.Clear();
+    EnableViews();
 }
 
 void AnnotatorWindow::RebuildTree() {
@@ -112,6 +114,7 @@ void AnnotatorWindow::SelectPart(NodePart* part) {
         HighlightItem(ItemOf(*part));
     ShowRecord();
     animationsPane->SetPart(part, session.Model());
+    EnableViews();
     if (partListWindow)
         partListWindow->ShowPart(part);
 }
