@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Annotator/AnnotationSession.h"
-#include "Annotator/PartList.h"
 #include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Preview/CornerPicture.h"
 #include "Annotator/Preview/Framing.h"
@@ -28,6 +27,7 @@
 namespace Annotator {
 
 class PartListWindow;
+struct PartStep;
 
 /// The main window, from the choice of an aircraft to a saved annotation. It shows the state of its session, whose
 /// scene graph it shares with the preview. Without an aircraft, that is at startup and after a failed load, tree, panes
@@ -117,7 +117,7 @@ private:
     const Sim::AircraftInfo* pickedAircraft = nullptr;            ///< the selector's
     wxMenuItem* fullReadingItem = nullptr;
     wxMenuItem *pilotsEyeItem = nullptr, *framePartItem = nullptr, *frameCockpitItem = nullptr;
-    std::shared_ptr<CornerPicture> legend; ///< of the parts' colours
+    std::shared_ptr<CornerPicture> legend;    ///< of the parts' colours
     PartListWindow* partListWindow = nullptr; ///< made when it is first shown
 };
 

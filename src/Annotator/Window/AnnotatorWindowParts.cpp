@@ -1,6 +1,5 @@
 // The menu that lists the parts and steps through those that need work, and what the list of parts asks for.
 #include "Annotator/FailureTexts.h"
-#include "Annotator/PaneTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
 #include "Annotator/Window/PartListWindow.h"
 #include "Annotator/Window/ProblemBox.h"
