@@ -1,31 +1,21 @@
 #include "Annotator/Preview/Framing.h"
 
 #include "Annotator/Preview/CanvasControl.h"
+#include "Utils/Extent.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace Annotator {
 
 namespace {
 
+using Utils::Extent;
 using Utils::Matrix4;
 using Utils::Vector3;
 
 constexpr float kFilled = 0.95f;           // of the image's width or height
 constexpr float kLeastDistance = 0.1f;     // metres from the camera to the nearest point
 constexpr float kFarPlaneMargin = 1.0001f; // keeps the farthest point in front of it despite rounding
-
-/// The points' extent along some axes.
-struct Extent {
-    Vector3 least = Vector3::Constant(std::numeric_limits<float>::max());
-    Vector3 greatest = Vector3::Constant(std::numeric_limits<float>::lowest());
-
-    void Add(const Vector3& point) {
-        least = least.cwiseMin(point);
-        greatest = greatest.cwiseMax(point);
-    }
-};
 
 } // namespace
 
