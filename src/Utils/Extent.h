@@ -15,10 +15,8 @@ struct Extent {
         least = least.cwiseMin(point);
         greatest = greatest.cwiseMax(point);
     }
-    void Add(const Extent& other) {
-        least = least.cwiseMin(other.least);
-        greatest = greatest.cwiseMax(other.greatest);
-    }
+    bool IsEmpty() const { return least.x() > greatest.x(); }
+    Vector3 Middle() const { return (least + greatest) / 2.0f; }
 };
 
 } // namespace Utils

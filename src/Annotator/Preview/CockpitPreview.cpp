@@ -23,6 +23,9 @@ constexpr const char* kCheckerFile = "QVRA/Images/checker.png";
 constexpr float kMarkerScale = 0.1f;
 constexpr float kPathStep = 0.05f;
 
+// Of the choices of colours beside the standard one.
+const Vector3 kHoverColour(0.9f, 0.9f, 1.0f);
+
 /// Sets a flag for the duration of a scope.
 class FlagScope : public Utils::NonAssignable {
 public:
@@ -33,10 +36,14 @@ private:
     bool& flag;
 };
 
-/// So that the surroundings are seen through it, and a control in it or behind it.
-void MakeHalfTransparent(GeometryDrawParams& params) {
+void MakeTransparent(GeometryDrawParams& params) {
     params.opacity = 0.5f;
     params.blend = true;
+}
+
+/// The surroundings are seen through it, and so is a control in it or behind it.
+void MakeClickBox(GeometryDrawParams& params) {
+    MakeTransparent(params);
     params.depthWrite = false;
 }
 
@@ -49,7 +56,7 @@ struct CockpitPreview::Frame {
     const Matrix4& view;
     const Matrix4& projection;
     GeometryDrawParams params = SingleViewParams();
-    const Vector3 plainFirst = params.firstColour, plainSecond = params.secondColour;
+    const GeometryDrawParams plain = params;
     bool clickBoxes = false; ///< which parts to draw: these or all others
 };
 
@@ -124,14 +131,13 @@ void CockpitPreview::DrawNode(Frame& frame, const Matrix4& world, const Node& no
     for (const auto& part : node.parts) {
         if (!IsShown(*part) || IsClickBox(*part) != frame.clickBoxes)
             continue;
-        frame.params.firstColour = frame.plainFirst;
-        frame.params.secondColour = frame.plainSecond;
-        frame.params.opacity = 1.0f;
-        frame.params.blend = false;
-        frame.params.depthWrite = true;
-        TintPart(frame.params, *part);
+        frame.params = frame.plain;
+        if (colours == PartColours::Standard)
+            TintPart(frame.params, *part);
+        else
+            PaintPart(frame.params, *part);
         if (frame.clickBoxes)
-            MakeHalfTransparent(frame.params);
+            MakeClickBox(frame.params);
         frame.context.DrawGeometry(world, frame.view, frame.projection, *part->geometry,
                                    frame.clickBoxes ? nullptr : PictureOf(*part), nullptr, frame.params);
         if (part.get() == selectedPart)
@@ -142,6 +148,18 @@ void CockpitPreview::DrawNode(Frame& frame, const Matrix4& world, const Node& no
 const Rendering::GPUBitmap* CockpitPreview::PictureOf(const NodePart& part) const {
     const Rendering::GPUBitmap* const texture = part.textureIndex ? sceneGraph->Texture(*part.textureIndex) : nullptr;
     return texture ? texture : checkerBitmap.get();
+}
+
+void CockpitPreview::PaintPart(GeometryDrawParams& params, const NodePart& part) {
+    if (&part == selectedPart) {
+        Paint(params, {0.0f, 0.0f, SelectionBlue(Seconds(selectionTimer))});
+    } else if (&part == hoveredPart) {
+        Paint(params, kHoverColour);
+    } else {
+        Paint(params, ColourOf(colours, part, annotationStore->Evaluate(part)));
+        if (part.IsTransparent())
+            MakeTransparent(params);
+    }
 }
 
 void CockpitPreview::TintPart(GeometryDrawParams& params, const NodePart& part) {
@@ -156,8 +174,7 @@ void CockpitPreview::TintPart(GeometryDrawParams& params, const NodePart& part) 
         params.firstColour = {0.7f, 0.7f, 1.0f};
         params.secondColour = {0.3f, 0.3f, 0.0f};
     } else if (part.IsTransparent()) {
-        params.opacity = 0.5f;
-        params.blend = true;
+        MakeTransparent(params);
     } else {
         TintByAnnotation(params, part);
     }

@@ -62,12 +62,17 @@ void Surroundings::Complete(Rendering::Context& context) {
 void Surroundings::TakeSome(Rendering::Context& context) {
     if (!reader)
         return;
-    Utils::Timer timer;
-    bool took = false;
-    while (timer.Elapsed() < kSecondsPerFrame && TakeMesh(context))
-        took = true;
-    if (!took)
-        TakePicture(context);
+    try {
+        Utils::Timer timer;
+        bool took = false;
+        while (timer.Elapsed() < kSecondsPerFrame && TakeMesh(context))
+            took = true;
+        if (!took)
+            TakePicture(context);
+    } catch (...) { // what was taken is lost
+        ReleaseGpuResources();
+        throw;
+    }
     if (reader->IsEmpty())
         reader.reset();
 }

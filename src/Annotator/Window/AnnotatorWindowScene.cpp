@@ -42,7 +42,8 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     if (session.Reading() == CockpitModel::Reading::Full)
         preview->SetSurroundings(session.Cockpit()->FindSurroundings());
     RebuildTree();
-    canvas->control.camera.SetPosition(CameraPlace(*session.Cockpit()));
+    PlaceCamera();
+    EnableViews();
     canvas->SetFocus();
 }
 
@@ -59,6 +60,7 @@ void AnnotatorWindow::ShowEmptyState() {
     SelectPart(nullptr);
     preview->SetScene(nullptr, nullptr, nullptr);
     session.Clear();
+    EnableViews();
 }
 
 void AnnotatorWindow::RebuildTree() {
@@ -112,6 +114,7 @@ void AnnotatorWindow::SelectPart(NodePart* part) {
     testPane->SetPart(part, annotation);
     interactionPane->SetPart(part, annotation);
     animationsPane->SetPart(part, session.Model());
+    EnableViews();
 }
 
 const wxTreeItemId& AnnotatorWindow::ItemOf(const NodePart& part) const {
