@@ -46,6 +46,7 @@ private:
     void MakeReadingMenu(wxMenuBar& bar);
     void MakeViewMenu(wxMenuBar& bar);
     wxMenu* MakeColoursMenu();
+    void AppendSurroundings(wxMenu& menu);
     void MakeStatusBar();
     void MakeTree(wxPanel* parent);
     void MakeCanvas(wxPanel* parent);
