@@ -53,6 +53,7 @@ private:
     void MakePartsMenu(wxMenuBar& bar);
     wxMenu* NewPartsMenu(const char* title, const std::function<void()>& showOther);
     void MakePartList();
+    void AppendSurroundings(wxMenu& menu);
     void MakeStatusBar();
     void MakeTree(wxPanel* parent);
     void MakeCanvas(wxPanel* parent);

@@ -40,6 +40,8 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     session.Load(info, reading);
     session.Scene()->BuildPartTrees();
     preview->SetScene(session.Scene(), session.Model(), session.Annotations());
+    if (session.Reading() == CockpitModel::Reading::Full)
+        preview->SetSurroundings(session.Cockpit()->FindSurroundings());
     RebuildTree();
     ReadPartList();
     PlaceCamera();

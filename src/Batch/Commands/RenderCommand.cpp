@@ -170,6 +170,10 @@ Action PrepareRender(CLI::App& app) {
     app.add_option("--out", options->file, "PNG file to write")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
     AddFullOption(app, options->aircraft.load);
+    app.add_flag_callback(
+           "--bare", [options] { options->picture.showSurroundings = false; },
+           "Leave out the cabin around the controls")
+        ->needs(app.get_option("--full"));
     AddAircraftOptions(app, options->aircraft);
     return {[options](Session& session) { return Render(*options, session); },
             [options](const Sim::AircraftInfo& info, const std::string&) {
