@@ -59,7 +59,14 @@ void CanvasControl::ReleaseKeys() {
     moveForward = moveBack = moveLeft = moveRight = moveUp = moveDown = false;
 }
 
+bool CanvasControl::IsKeyDown() const {
+    return moveForward || moveBack || moveLeft || moveRight || moveUp || moveDown;
+}
+
 void CanvasControl::MoveCamera(float dt) {
+    if (IsKeyDown())
+        move.Stop();
+    move.Advance(camera, dt);
     if (moveForward)
         StepCamera(0.0f, 0.0f, dt);
     else if (moveBack)
@@ -96,6 +103,7 @@ void CanvasControl::Motion(CanvasPoint pointer, bool dragging) {
         return;
     }
     clickArmed = false;
+    move.Stop();
     const float dx = static_cast<float>(pointer.x - lastMouse.x), dy = static_cast<float>(pointer.y - lastMouse.y);
     lastMouse = pointer;
     const Utils::Vector3 rotation(dy / static_cast<float>(clientSize.y), 0.0f, dx / static_cast<float>(clientSize.x));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Annotator/Preview/CameraMove.h"
 #include "Annotator/Preview/Clickable.h"
 #include "Rendering/Camera.h"
 #include "Utils/LinearAlgebra.h"
@@ -44,6 +45,9 @@ public:
     void ReleaseKeys();
     /// Moves the camera for a frame of dt seconds.
     void MoveCamera(float dt);
+    /// Starts a move that the next frames carry out. A key or a drag that moves the camera ends it, as does StopMove.
+    void MoveTo(const CameraPose& pose) { move.Start(camera, pose); }
+    void StopMove() { move.Stop(); }
 
     void Press(CanvasPoint pointer);
     void Motion(CanvasPoint pointer, bool dragging);
@@ -54,6 +58,7 @@ public:
     std::vector<std::shared_ptr<Clickable>> clickables;
 
 private:
+    bool IsKeyDown() const;
     void StepCamera(float yawOffset, float pitchOffset, float dt);
     void TellClickables(CanvasPoint pointer, CanvasEvent type);
 
@@ -61,6 +66,7 @@ private:
     float farPlane = kFarPlane;
     CanvasPoint lastMouse; ///< of the last press or drag step
     bool moveForward = false, moveBack = false, moveLeft = false, moveRight = false, moveUp = false, moveDown = false;
+    CameraMove move;
     bool clickArmed = false; ///< from a press until a drag step or the release
 };
 

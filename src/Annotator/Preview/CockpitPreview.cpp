@@ -22,6 +22,9 @@ constexpr const char* kCheckerFile = "QVRA/Images/checker.png";
 constexpr float kMarkerScale = 0.1f;
 constexpr float kPathStep = 0.05f;
 
+// Of the choices of colours beside the standard one.
+const Vector3 kHoverColour(0.9f, 0.9f, 1.0f);
+
 /// Sets a flag for the duration of a scope.
 class FlagScope : public Utils::NonAssignable {
 public:
@@ -40,6 +43,11 @@ GeometryDrawParams SingleViewParams() {
     return params;
 }
 
+void MakeTransparent(GeometryDrawParams& params) {
+    params.opacity = 0.5f;
+    params.blend = true;
+}
+
 } // namespace
 
 /// State shared by the draws of one frame. They share one record of parameters because its list and text would
@@ -49,7 +57,7 @@ struct CockpitPreview::Frame {
     const Matrix4& view;
     const Matrix4& projection;
     GeometryDrawParams params = SingleViewParams();
-    const Vector3 plainFirst = params.firstColour, plainSecond = params.secondColour;
+    const GeometryDrawParams plain = params;
 };
 
 float SelectionBlue(double seconds) {
@@ -102,16 +110,28 @@ void CockpitPreview::DrawNode(Frame& frame, const Matrix4& world, const Node& no
     for (const auto& part : node.parts) {
         if (!IsShown(*part))
             continue;
-        frame.params.firstColour = frame.plainFirst;
-        frame.params.secondColour = frame.plainSecond;
-        frame.params.opacity = 1.0f;
-        frame.params.blend = false;
-        TintPart(frame.params, *part);
+        frame.params = frame.plain;
+        if (colours == PartColours::Standard)
+            TintPart(frame.params, *part);
+        else
+            PaintPart(frame.params, *part);
         const Rendering::GPUBitmap* texture = part->textureIndex ? sceneGraph->Texture(*part->textureIndex) : nullptr;
         frame.context.DrawGeometry(world, frame.view, frame.projection, *part->geometry,
                                    texture ? texture : checkerBitmap.get(), nullptr, frame.params);
         if (part.get() == selectedPart)
             DrawMarkers(frame, world, *part);
+    }
+}
+
+void CockpitPreview::PaintPart(GeometryDrawParams& params, const NodePart& part) {
+    if (&part == selectedPart) {
+        Paint(params, {0.0f, 0.0f, SelectionBlue(Seconds(selectionTimer))});
+    } else if (&part == hoveredPart) {
+        Paint(params, kHoverColour);
+    } else {
+        Paint(params, ColourOf(colours, part, annotationStore->Evaluate(part)));
+        if (part.IsTransparent())
+            MakeTransparent(params);
     }
 }
 
@@ -127,8 +147,7 @@ void CockpitPreview::TintPart(GeometryDrawParams& params, const NodePart& part) 
         params.firstColour = {0.7f, 0.7f, 1.0f};
         params.secondColour = {0.3f, 0.3f, 0.0f};
     } else if (part.IsTransparent()) {
-        params.opacity = 0.5f;
-        params.blend = true;
+        MakeTransparent(params);
     } else {
         TintByAnnotation(params, part);
     }

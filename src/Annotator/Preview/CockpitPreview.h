@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Annotator/Preview/Clickable.h"
+#include "Annotator/Preview/PartColours.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/SceneGraph.h"
 #include "Rendering/Stage.h"
@@ -32,6 +33,7 @@ public:
     /// Restarts the pulse of the selection.
     void SetSelectedPart(CockpitModel::NodePart* part);
     void ShowTransparent(bool show) { showTransparent = show; }
+    void ShowColours(PartColours newColours) { colours = newColours; }
     /// Stops pulse and spin at their state after this number of seconds, so that an image is the same each time.
     void StopClock(double seconds) { stoppedAt = seconds; }
     const CockpitModel::NodePart* HoveredPart() const { return hoveredPart; }
@@ -49,11 +51,13 @@ private:
     void DrawNode(Frame& frame, const Utils::Matrix4& world, const CockpitModel::Node& node);
     void DrawMarkers(Frame& frame, const Utils::Matrix4& world, const CockpitModel::NodePart& part);
     void DrawSphere(const Frame& frame, const Utils::Matrix4& rotation, const Utils::Vector3& position) const;
+    void PaintPart(Rendering::GeometryDrawParams& params, const CockpitModel::NodePart& part);
     void TintPart(Rendering::GeometryDrawParams& params, const CockpitModel::NodePart& part);
     void TintByAnnotation(Rendering::GeometryDrawParams& params, const CockpitModel::NodePart& part) const;
     void FindHoveredPart(const CanvasMouseEvent& event);
 
     bool showTransparent = true;
+    PartColours colours = PartColours::Standard;
     std::unique_ptr<Rendering::GPUBitmap> checkerBitmap;  ///< for parts without a texture
     std::unique_ptr<Rendering::Geometry> sphereGeometry;  ///< marker shape
     std::shared_ptr<CockpitModel::SceneGraph> sceneGraph; ///< empty until the first load

@@ -31,13 +31,13 @@ void Fit(CanvasControl& control, const PictureRequest& request, const BuiltAircr
          const CockpitModel::NodePart* selected) {
     built.sceneGraph->SyncFromModel(*built.model);
     built.sceneGraph->Refresh();
-    const auto corners = WorldCorners(*built.sceneGraph, [&](const CockpitModel::NodePart& part) {
+    const auto wanted = [&](const CockpitModel::NodePart& part) {
         return selected ? &part == selected : request.showTransparent || !part.IsTransparent();
-    });
-    if (selected && !request.look)
-        control.camera.SetRotation(RotationTowards(corners, control.camera));
-    if (const auto framing = FramePoints(corners, control.camera, control.Aspect())) {
-        control.camera.SetPosition(framing->position);
+    };
+    const FramingRule rule{.turn = selected && !request.look};
+    if (const auto framing = FrameParts(*built.sceneGraph, wanted, control.camera, control.Aspect(), rule)) {
+        control.camera.SetPosition(framing->pose.position);
+        control.camera.SetRotation(framing->pose.rotation);
         control.SetFarPlane(std::max(kFarPlane, framing->farPlane));
     }
 }

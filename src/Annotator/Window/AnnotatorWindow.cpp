@@ -61,6 +61,7 @@ AnnotatorWindow::~AnnotatorWindow() {
     canvas->ReleaseDevice([this] {
         ShowEmptyState();
         preview->ReleaseGpuResources();
+        legend->ReleaseGpuResources();
     });
 }
 
@@ -73,6 +74,7 @@ void AnnotatorWindow::MakeMenus() {
     bar->Append(tests, "Tests");
     bar->Append(detectedData, "Detected Data");
     MakeReadingMenu(*bar);
+    MakeViewMenu(*bar);
     SetMenuBar(bar);
     tests->Bind(wxEVT_MENU, &AnnotatorWindow::OnRunAllTests, this, wxID_ANY, wxID_ANY);
     detectedData->Bind(wxEVT_MENU, &AnnotatorWindow::OnSaveDetectedData, this, wxID_ANY, wxID_ANY);
@@ -150,6 +152,8 @@ void AnnotatorWindow::MakePreview() {
     preview = std::make_shared<CockpitPreview>();
     preview->partSignal.connect([this](CockpitModel::NodePart* part) { SelectGuarded(part); });
     canvas->stages.Add(preview);
+    legend = std::make_shared<CornerPicture>([this] { return canvas->PixelSize(); });
+    canvas->stages.Add(legend);
     canvas->control.clickables.push_back(preview);
 }
 

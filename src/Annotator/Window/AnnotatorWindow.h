@@ -2,6 +2,8 @@
 
 #include "Annotator/AnnotationSession.h"
 #include "Annotator/Preview/CockpitPreview.h"
+#include "Annotator/Preview/CornerPicture.h"
+#include "Annotator/Preview/Framing.h"
 #include "Annotator/Window/AircraftSelectorDropdown.h"
 #include "Annotator/Window/AnimationsPane.h"
 #include "Annotator/Window/DXCanvas.h"
@@ -36,10 +38,14 @@ public:
     void LoadAircraft(const Sim::AircraftInfo& info);
     /// Shows a part of the loaded scene, or none, in tree, preview and panes.
     void SelectPart(CockpitModel::NodePart* part);
+    /// Moves the camera to the selected part; does nothing without one.
+    void FramePart();
 
 private:
     void MakeMenus();
     void MakeReadingMenu(wxMenuBar& bar);
+    void MakeViewMenu(wxMenuBar& bar);
+    wxMenu* MakeColoursMenu();
     void MakeStatusBar();
     void MakeTree(wxPanel* parent);
     void MakeCanvas(wxPanel* parent);
@@ -50,6 +56,7 @@ private:
     void OnRunAllTests(wxCommandEvent& event);
     void OnSaveDetectedData(wxCommandEvent& event);
     void OnFullReading(wxCommandEvent& event);
+    void OnCharHook(wxKeyEvent& event);
     void OnTreeSelectionChanged(wxTreeEvent& event);
     void OnSaveAnnotation(wxCommandEvent& event);
     void OnShowTransparent(wxCommandEvent& event);
@@ -57,6 +64,13 @@ private:
     void OnClickFailure(const std::exception& error);
     void OnCanvasFailure(const std::exception& error);
 
+    wxMenuItem* AppendView(wxMenu& menu, const wxString& label, void (AnnotatorWindow::*show)());
+    void ShowPilotsEye();
+    void FrameCockpit();
+    void MoveTo(const std::optional<Framing>& framing);
+    void PlaceCamera();
+    void ShowColours(PartColours colours);
+    void EnableViews();
     void LoadGuarded(const Sim::AircraftInfo& info);
     void SelectGuarded(CockpitModel::NodePart* part);
     void SaveAnnotation();
@@ -88,6 +102,8 @@ private:
     CockpitModel::Reading reading = CockpitModel::Reading::Plain; ///< of the next load, export and run of the tests
     const Sim::AircraftInfo* pickedAircraft = nullptr;            ///< the selector's
     wxMenuItem* fullReadingItem = nullptr;
+    wxMenuItem *pilotsEyeItem = nullptr, *framePartItem = nullptr, *frameCockpitItem = nullptr;
+    std::shared_ptr<CornerPicture> legend; ///< of the parts' colours
 };
 
 } // namespace Annotator

@@ -40,7 +40,8 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     session.Scene()->BuildPartTrees();
     preview->SetScene(session.Scene(), session.Model(), session.Annotations());
     RebuildTree();
-    canvas->control.camera.SetPosition(CameraPlace(*session.Cockpit()));
+    PlaceCamera();
+    EnableViews();
     canvas->SetFocus();
 }
 
@@ -57,6 +58,7 @@ void AnnotatorWindow::ShowEmptyState() {
     SelectPart(nullptr);
     preview->SetScene(nullptr, nullptr, nullptr);
     session.Clear();
+    EnableViews();
 }
 
 void AnnotatorWindow::RebuildTree() {
@@ -110,6 +112,7 @@ void AnnotatorWindow::SelectPart(NodePart* part) {
     testPane->SetPart(part, annotation);
     interactionPane->SetPart(part, annotation);
     animationsPane->SetPart(part, session.Model());
+    EnableViews();
 }
 
 const wxTreeItemId& AnnotatorWindow::ItemOf(const NodePart& part) const {

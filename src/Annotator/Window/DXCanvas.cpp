@@ -1,5 +1,6 @@
 #include "Annotator/Window/DXCanvas.h"
 
+#include "Annotator/Window/CommandKeys.h"
 #include "Annotator/Window/FatalErrorBox.h"
 #include "Utils/FatalError.h"
 
@@ -84,8 +85,11 @@ void DXCanvas::OnMotion(wxMouseEvent& event) {
 void DXCanvas::OnCaptureLost(wxMouseCaptureLostEvent&) {}
 
 void DXCanvas::OnKeyDown(wxKeyEvent& event) {
-    // Keys are not passed on, because the toolkit would move the focus with arrow keys. Only Tab must move it.
-    if (event.GetKeyCode() == WXK_TAB)
+    // Keys are not passed on, because the toolkit would move the focus with arrow keys. Only Tab must move it, and the
+    // menus need theirs.
+    if (IsCommandKey(event.GetKeyCode()))
+        event.Skip();
+    else if (event.GetKeyCode() == WXK_TAB)
         Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
     else
         control.SetKey(event.GetKeyCode(), true);

@@ -23,6 +23,8 @@ public:
     /// Releases the device permanently. `releaseObjects` must release all its objects; the device is current meanwhile.
     void ReleaseDevice(const std::function<void()>& releaseObjects);
 
+    Rendering::Size PixelSize() const; ///< of the frames, in screen pixels
+
     CanvasControl control;       ///< camera, projection and clickables
     Rendering::StageList stages; ///< run in each frame
     /// Emitted with an exception of a frame, of the device's creation or of a pointer move. No frame runs meanwhile.
@@ -47,7 +49,6 @@ private:
     void Resize();
     bool Frame(); ///< whether it waited for the display
     void RunGuarded(const std::function<void()>& work);
-    Rendering::Size PixelSize() const;
 
     bool paintedOnce = false;
     bool busy = false; ///< a modal box inside a frame pumps further events, which must not start another
