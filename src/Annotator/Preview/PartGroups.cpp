@@ -16,10 +16,11 @@ std::size_t DividedUp(std::size_t number, std::size_t divisor) {
 /// Splits along the longest axis, where the gap between neighbours is widest for the sizes of the two sides.
 class Splitter {
 public:
-    Splitter(const std::vector<Utils::Vector3>& allPoints, std::size_t mostMembers)
-        : points(allPoints), members(mostMembers) {}
+    Splitter(const std::vector<Utils::Vector3>& allPoints, std::size_t mostMembers, std::size_t wantedMembers)
+        : points(allPoints), members(mostMembers), wanted(wantedMembers) {}
 
-    void Split(std::span<std::size_t> indices, std::size_t groups) {
+    void Split(std::span<std::size_t> indices, std::size_t mostGroups) {
+        const std::size_t groups = std::min(DividedUp(indices.size(), wanted), mostGroups);
         if (groups < 2 || indices.size() < 2) {
             std::ranges::sort(indices);
             found.emplace_back(indices.begin(), indices.end());
@@ -66,7 +67,7 @@ private:
     }
 
     const std::vector<Utils::Vector3>& points;
-    const std::size_t members;
+    const std::size_t members, wanted;
 };
 
 } // namespace
@@ -75,12 +76,11 @@ std::vector<std::vector<std::size_t>> GroupByPlace(const std::vector<Utils::Vect
                                                    const GroupLimits& limits) {
     if (points.empty())
         return {};
-    const std::size_t groups =
-        std::min(DividedUp(points.size(), std::max<std::size_t>(limits.members * 2 / 3, 1)), limits.groups);
     std::vector<std::size_t> indices(points.size());
     std::iota(indices.begin(), indices.end(), std::size_t{0});
-    Splitter splitter(points, std::max(limits.members, DividedUp(points.size(), groups)));
-    splitter.Split(indices, groups);
+    Splitter splitter(points, std::max(limits.members, DividedUp(points.size(), limits.groups)),
+                      std::max<std::size_t>(limits.members * 2 / 3, 1));
+    splitter.Split(indices, limits.groups);
     return std::move(splitter.found);
 }
 

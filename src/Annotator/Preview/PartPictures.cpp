@@ -14,21 +14,6 @@ using Utils::Vector3;
 /// After the end of the selection's pulse.
 constexpr double kPictureTime = 1.0; // seconds
 
-/// The points moved away from the middle of their box.
-std::vector<Vector3> Spread(std::vector<Vector3> points, float factor) {
-    if (points.empty())
-        return points;
-    Vector3 least = points.front(), greatest = least;
-    for (const Vector3& point : points) {
-        least = least.cwiseMin(point);
-        greatest = greatest.cwiseMax(point);
-    }
-    const Vector3 middle = (least + greatest) / 2.0f;
-    for (Vector3& point : points)
-        point = middle + (point - middle) * factor;
-    return points;
-}
-
 } // namespace
 
 PartPictures::PartPictures(const OpenedAircraft& openedAircraft, const BuiltAircraft& builtAircraft,
@@ -48,9 +33,9 @@ PartPictures::Camera PartPictures::Frame(const std::vector<Vector3>& points, Ren
     CanvasControl control;
     control.Resize({static_cast<int>(size.width), static_cast<int>(size.height)});
     control.camera.SetPosition(CameraPlace(*opened.cockpit));
-    control.camera.SetRotation(RotationTowards(points, control.camera));
-    if (const auto framing = FramePoints(Spread(points, 0.95f / filled), control.camera, control.Aspect())) {
-        control.camera.SetPosition(framing->position);
+    if (const auto framing = FramePoints(points, control.camera, control.Aspect(), {.turn = true, .filled = filled})) {
+        control.camera.SetPosition(framing->pose.position);
+        control.camera.SetRotation(framing->pose.rotation);
         control.SetFarPlane(std::max(kFarPlane, framing->farPlane));
     }
     return {control.camera.ViewMatrix(), control.projection};

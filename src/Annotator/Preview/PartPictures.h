@@ -2,6 +2,7 @@
 
 #include "Annotator/AircraftLoading.h"
 #include "Annotator/Preview/CockpitPreview.h"
+#include "Annotator/Preview/PartColours.h"
 #include "Utils/NonAssignable.h"
 
 #include <vector>
@@ -34,7 +35,8 @@ public:
     void ShowColours(PartColours colours) { preview.ShowColours(colours); }
     /// Draws into the context's current target, which the caller has cleared.
     void Draw(Rendering::Context& context, const Camera& camera);
-    /// Releases the device's objects; its context must be current. Call it before the device ends, unless this ends first.
+    /// Releases the device's objects; its context must be current. Call it before the device ends, unless this ends
+    /// first.
     void ReleaseGpuResources() { preview.ReleaseGpuResources(); }
 
 private:

@@ -35,10 +35,6 @@ constexpr std::array<std::array<std::uint8_t, kDigitHeight>, 10> kDigits{{
     {0b01110, 0b10001, 0b10001, 0b01111, 0b00001, 0b00010, 0b01100},
 }};
 
-Rendering::Size SizeOf(const MemBitmap& image) {
-    return {static_cast<std::uint32_t>(image.Width()), static_cast<std::uint32_t>(image.Height())};
-}
-
 int ScaleOf(Rendering::Size size) {
     return static_cast<int>(std::max(size.height / kHeightOfScale, 1u));
 }
@@ -174,7 +170,7 @@ std::optional<Vector2> ToPixel(const Utils::Vector3& point, const Utils::Matrix4
     if (!(at.w() > 0.0f) || !pixel.allFinite())
         return std::nullopt;
     // Far outside, where the frame of a box that reaches into the image is not seen either.
-    return pixel.cwiseMax(Vector2(-width, -height)).cwiseMin(Vector2(2.0f * width, 2.0f * height));
+    return Vector2(pixel.cwiseMax(Vector2(-width, -height)).cwiseMin(Vector2(2.0f * width, 2.0f * height)));
 }
 
 std::optional<PixelBox> PixelBoxOf(const std::vector<Utils::Vector3>& points, const Utils::Matrix4& viewProjection,
@@ -205,7 +201,7 @@ std::vector<PixelBox> PlaceNumbers(const std::vector<NumberMark>& marks, Renderi
 }
 
 void DrawNumbers(MemBitmap& image, const std::vector<NumberMark>& marks) {
-    const std::vector<PixelBox> boxes = PlaceNumbers(marks, SizeOf(image));
+    const std::vector<PixelBox> boxes = PlaceNumbers(marks, Rendering::SizeOf(image));
     for (std::size_t i = 0; i < marks.size(); ++i)
         DrawLine(image, marks[i].at, MiddleOf(boxes[i]), 1, kBlack);
     for (std::size_t i = 0; i < marks.size(); ++i) {
@@ -214,7 +210,7 @@ void DrawNumbers(MemBitmap& image, const std::vector<NumberMark>& marks) {
         Fill(image, Square(marks[i].at, kDotRadius), marks[i].colour);
     }
     for (std::size_t i = 0; i < marks.size(); ++i)
-        DrawPlate(image, marks[i], boxes[i], ScaleOf(SizeOf(image)));
+        DrawPlate(image, marks[i], boxes[i], ScaleOf(Rendering::SizeOf(image)));
 }
 
 } // namespace Annotator

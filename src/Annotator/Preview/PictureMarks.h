@@ -4,6 +4,7 @@
 #include "Rendering/MemBitmap.h"
 #include "Utils/LinearAlgebra.h"
 
+#include <compare>
 #include <cstdint>
 #include <optional>
 #include <vector>
