@@ -27,8 +27,7 @@ private:
 };
 
 /// A single such image.
-inline MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background,
-                               const std::function<void(Context&)>& draw) {
+inline MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
     return OffScreen(size).Draw(background, draw);
 }
 

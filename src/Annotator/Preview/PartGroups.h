@@ -13,8 +13,8 @@ struct GroupLimits {
 };
 
 /// Splits points into groups of neighbours, as indices in ascending order. Groups get two thirds of the members that
-/// they may have, if that does not take too many groups, so that a split can be where the points are far apart. The same
-/// points give the same groups.
+/// they may have, if that does not take too many groups, so that a split can be where the points are far apart. The
+/// same points give the same groups.
 std::vector<std::vector<std::size_t>> GroupByPlace(const std::vector<Utils::Vector3>& points,
                                                    const GroupLimits& limits = {});
 

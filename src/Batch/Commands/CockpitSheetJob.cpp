@@ -120,8 +120,7 @@ private:
     }
 
     Annotator::PixelColour ColourOf(const NodePart& part) const {
-        return ToPixelColour(
-            Annotator::ColourOf(Annotator::PartColours::ByType, part, annotations.Evaluate(part)));
+        return ToPixelColour(Annotator::ColourOf(Annotator::PartColours::ByType, part, annotations.Evaluate(part)));
     }
 
     PartPictures& pictures;

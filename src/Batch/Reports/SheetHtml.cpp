@@ -86,10 +86,9 @@ std::string Picture(const CockpitSheet& sheet, const SheetPicture& picture, std:
         std::to_string(picture.parts.front().number) + " to " + std::to_string(picture.parts.back().number);
     const std::string title = "Picture " + std::to_string(index) + ": parts " + range;
     const std::string image =
-        picture.png.empty() ? ""
-                            : PngElement(picture.png, title + " of " + sheet.displayName, sheet.size.width,
-                                         sheet.size.height) +
-                                  "\n";
+        picture.png.empty()
+            ? ""
+            : PngElement(picture.png, title + " of " + sheet.displayName, sheet.size.width, sheet.size.height) + "\n";
     return Element("h2", title) + "\n<div class=\"sheet\">\n" + image + PartTable(picture.parts) + "</div>\n";
 }
 

@@ -34,7 +34,8 @@ struct CockpitSheet {
     std::vector<SheetPicture> pictures;
 };
 
-/// One self-contained page: the pictures, each with the table of its parts beside it. The same bytes for the same sheet.
+/// One self-contained page: the pictures, each with the table of its parts beside it. The same bytes for the same
+/// sheet.
 std::string SheetHtml(const CockpitSheet& sheet);
 
 } // namespace Batch
