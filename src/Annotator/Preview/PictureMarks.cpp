@@ -188,7 +188,7 @@ std::optional<PixelBox> PixelBoxOf(const std::vector<Utils::Vector3>& points, co
 }
 
 void DrawFrame(MemBitmap& image, const PixelBox& box, PixelColour colour) {
-    const PixelBox frame = Grown(box, kFrameDistance + kFrameWidth + 1);
+    const PixelBox frame = Grown(box, kFrameDistance + kFrameWidth + 2);
     Outline(image, frame, kFrameWidth + 2, kBlack);
     Outline(image, Grown(frame, -1), kFrameWidth, colour);
 }

@@ -22,20 +22,43 @@ TEST(PictureMarks, FindsWherePointsAppear) {
 }
 
 TEST(PictureMarks, FramesABox) {
-    Rendering::MemBitmap image(16, 12);
-    DrawFrame(image, {6, 7, 7, 8}, {255, 0, 0});
-    // Four pixels free, two red ones with a black one on each side; the lower edge is outside the image.
+    Rendering::MemBitmap image(16, 5);
+    DrawFrame(image, {7, 8, 8, 9}, {255, 0, 0});
+    // Four pixels free, then one black, two red and one black; the lower edge is outside the image.
     EXPECT_EQ(Support::Picture(image), "................\n"
-                                       "RRRRRRRRRRRRR...\n"
-                                       "RRRRRRRRRRRRR...\n"
-                                       ".R..........R...\n"
-                                       ".R..........R...\n");
+                                       "RRRRRRRRRRRRRRR.\n"
+                                       "RRRRRRRRRRRRRRR.\n"
+                                       "RR...........RR.\n"
+                                       "RR...........RR.\n");
 }
 
 TEST(PictureMarks, DrawsANumberBesideItsPoint) {
     Rendering::MemBitmap image(32, 32);
     DrawNumbers(image, {{17, Vector2(16.5f, 28.5f), {255, 255, 0}}});
-    EXPECT_EQ(Support::Picture(image), "");
+    EXPECT_EQ(Support::Picture(image).substr(9 * 33), // nothing above
+              "................................\n"
+              ".........YYYYYYYYYYYYYYY........\n"
+              ".........YYYYYYYYYYYYYYY........\n"
+              ".........YYYY.YYY.....YY........\n"
+              ".........YYY..YYYYYYY.YY........\n"
+              ".........YYYY.YYYYYY.YYY........\n"
+              ".........YYYY.YYYYY.YYYY........\n"
+              ".........YYYY.YYYY.YYYYY........\n"
+              ".........YYYY.YYYY.YYYYY........\n"
+              ".........YYY...YYY.YYYYY........\n"
+              ".........YYYYYYYYYYYYYYY........\n"
+              ".........YYYYYYYYYYYYYYY........\n"
+              "................................\n"
+              "................Y...............\n"
+              "................Y...............\n"
+              "................Y...............\n"
+              "................................\n"
+              "..............YYYYY.............\n"
+              "..............YYYYY.............\n"
+              "..............YYYYY.............\n"
+              "..............YYYYY.............\n"
+              "..............YYYYY.............\n"
+              "................................\n");
 }
 
 TEST(PictureMarks, KeepsNumbersApart) {
