@@ -1,7 +1,6 @@
 #include "Annotator/ExpectationCheck.h"
 
 #include "Annotator/FailureTexts.h"
-#include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
 
 #include <algorithm>
@@ -64,7 +63,7 @@ void AddPlainTypes(const Sim::AircraftInfo& info, AircraftResult& tests) {
 }
 
 AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel::AnnotationSource& annotations,
-                              const LoadOptions& options) {
+                              const LoadOptions& options, const LoadedUse& onFailed) {
     const LoadedAircraft aircraft = LoadAircraft(info, options);
     const SceneGraph& sceneGraph = *aircraft.built.sceneGraph;
     AnnotationStore store(sceneGraph);
@@ -81,6 +80,8 @@ AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel:
     tests.clickable = CountClickable(sceneGraph);
     if (tests.reading == CockpitModel::Reading::Full && tests.Failed() > 0)
         AddPlainTypes(info, tests);
+    if (onFailed && tests.Failed() > 0)
+        onFailed(aircraft, store, tests);
     return tests;
 }
 
@@ -97,12 +98,13 @@ std::size_t AircraftResult::FailedAsPlain() const {
 AircraftCheckError::AircraftCheckError(const Sim::AircraftInfo& info, const std::string& why)
     : std::runtime_error(info.displayName + " (" + info.acfPath + "): " + why) {}
 
-std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options) {
+std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options,
+                                            const LoadedUse& onFailed) {
     try {
         const CockpitModel::AnnotationSource annotations = CockpitModel::FindAnnotations(info, options.reading);
         if (!boost::filesystem::exists(annotations.path))
             return std::nullopt;
-        return CheckAnnotated(info, annotations, options);
+        return CheckAnnotated(info, annotations, options, onFailed);
     } catch (const std::exception& error) {
         std::throw_with_nested(AircraftCheckError(info, ReasonText(error)));
     }

@@ -2,11 +2,13 @@
 
 #include "Annotator/AircraftLoading.h"
 #include "CockpitModel/Annotations/AnnotationRecord.h"
+#include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Touch/TouchTypes.h"
 #include "Sim/AircraftListLoader.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -24,6 +26,7 @@ struct PartResult {
     bool passed = false;
     /// Of a failed test of the full reading: what the plain one detects, if it has the part.
     std::optional<CockpitModel::TouchInteractionType> plain = std::nullopt;
+    std::string picture = {}; ///< a PNG of the part in base 64, if someone made one
 
     /// A failed test whose expectation is right for the plain reading.
     bool FailedAsPlain() const { return !passed && plain == expected; }
@@ -53,11 +56,17 @@ struct AircraftCheckError : std::runtime_error {
     AircraftCheckError(const Sim::AircraftInfo& info, const std::string& why);
 };
 
+/// What else is done with an aircraft while it is loaded.
+using LoadedUse = std::function<void(const LoadedAircraft& aircraft, const CockpitModel::AnnotationStore& annotations,
+                                     AircraftResult& tests)>;
+
 /// Loads one aircraft, runs the detection and compares its parts with the expectations in the reading's annotation
 /// file. After a failed test of the full reading, the plain one is loaded too, if it can. An aircraft without such a
 /// file is not loaded and gives an empty result. Every failure throws an AircraftCheckError with the cause nested in
 /// it. Creates no files or folders. Different threads may test different aircraft.
-std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options = {});
+/// `onFailed` is called if a test failed.
+std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options = {},
+                                            const LoadedUse& onFailed = nullptr);
 
 /// Tests every aircraft that has an annotation file, in list order, with one in memory at a time. An aircraft whose
 /// file contains no expectation has a total of 0. The first aircraft that fails to load ends the run.

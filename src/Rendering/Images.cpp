@@ -14,6 +14,30 @@ namespace {
 /// Fixed source path of these log lines.
 constexpr const char* kPlace = "Utils\\Images.cpp";
 
+constexpr int kFewestBits = 3;          // of a channel, before the detail gets coarser
+constexpr std::uint64_t kCoarsest = 16; // pixels that become one, along a side
+
+/// Keeps the given number of bits of each channel and spreads the values over the whole range again.
+std::uint32_t WithBits(std::uint32_t pixel, int bits) {
+    const std::uint32_t most = (1u << bits) - 1;
+    std::uint32_t kept = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const std::uint32_t value = pixel >> shift & 255;
+        kept |= (value * most + 127) / 255 * 255 / most << shift;
+    }
+    return kept;
+}
+
+/// Squares with sides of `field` pixels get the colour of their corner; each channel gets `bits` bits.
+MemBitmap Simplified(const MemBitmap& bitmap, int bits, std::uint64_t field) {
+    MemBitmap simple(bitmap.Width(), bitmap.Height());
+    for (std::uint64_t y = 0; y < bitmap.Height(); ++y)
+        for (std::uint64_t x = 0; x < bitmap.Width(); ++x)
+            simple.Pixels()[y * bitmap.Width() + x] =
+                WithBits(bitmap.Pixels()[(y - y % field) * bitmap.Width() + (x - x % field)], bits);
+    return simple;
+}
+
 } // namespace
 
 void FromCairoSurface(MemBitmap& target, cairo_surface_t* surface) {
@@ -54,6 +78,17 @@ std::string ToPng(const MemBitmap& bitmap) {
     if (const auto status = cairo_surface_write_to_png_stream(surface.get(), append, &png))
         throw std::runtime_error(std::string("the picture cannot be made into a PNG: ") +
                                  cairo_status_to_string(status));
+    return png;
+}
+
+std::string ToPng(const MemBitmap& bitmap, std::size_t mostBytes) {
+    std::string png = ToPng(bitmap);
+    for (int bits = 6; png.size() > mostBytes && bits >= kFewestBits; --bits)
+        png = ToPng(Simplified(bitmap, bits, 1));
+    for (std::uint64_t field = 2; png.size() > mostBytes && field <= kCoarsest; field *= 2)
+        png = ToPng(Simplified(bitmap, kFewestBits, field));
+    if (png.size() > mostBytes)
+        throw std::runtime_error("the picture cannot be made into a PNG of " + std::to_string(mostBytes) + " bytes");
     return png;
 }
 

@@ -3,6 +3,7 @@
 #include "Rendering/MemBitmap.h"
 
 #include <cairo.h>
+#include <cstddef>
 #include <string>
 
 namespace Rendering {
@@ -13,5 +14,8 @@ void FromCairoSurface(MemBitmap& target, cairo_surface_t* surface);
 
 /// Encodes an image of red, green, blue and an ignored fourth byte as an opaque PNG.
 std::string ToPng(const MemBitmap& bitmap);
+/// A PNG of at most this many bytes, of the same size in pixels: if needed, with fewer colours, then with coarser
+/// detail. An image whose plainest form is still larger throws std::runtime_error.
+std::string ToPng(const MemBitmap& bitmap, std::size_t mostBytes);
 
 } // namespace Rendering

@@ -48,4 +48,18 @@ TEST(ImagesTest, ASurfaceWithoutASizeIsOneTransparentPixelAndTooShortRowsAreFata
     EXPECT_EXIT(readOdd(), testing::ExitedWithCode(0), "");
 }
 
+TEST(ImagesTest, MakesAPngAsSmallAsNeeded) {
+    Rendering::MemBitmap noise(320, 200);
+    std::uint32_t random = 1;
+    for (std::uint32_t& pixel : noise.Pixels())
+        pixel = random = random * 1664525u + 1013904223u;
+    const std::string full = Rendering::ToPng(noise);
+    EXPECT_EQ(Rendering::ToPng(noise, full.size()), full);
+    const std::string small = Rendering::ToPng(noise, 22'500);
+    EXPECT_LE(small.size(), 22'500u);
+    EXPECT_GT(small.size(), 2'000u) << "not plainer than needed";
+    EXPECT_EQ(small.substr(16, 8), std::string("\0\0\1\x40\0\0\0\xC8", 8)) << "320 x 200";
+    EXPECT_THROW(Rendering::ToPng(noise, 10), std::runtime_error);
+}
+
 } // namespace

@@ -1,17 +1,15 @@
-#include "Annotator/DataFiles.h"
 #include "Annotator/Preview/CanvasControl.h"
-#include "Annotator/Preview/CockpitPreview.h"
 #include "Annotator/Preview/PreviewPicture.h"
 #include "Batch/AircraftOptions.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
+#include "Batch/Commands/CockpitSheetJob.h"
+#include "Batch/Commands/PictureJobs.h"
 #include "Batch/Jobs/Jobs.h"
 #include "Batch/Jobs/ScopedSignalBlock.h"
-#include "Rendering/GeometryLoader.h"
 #include "Rendering/Images.h"
 #include "Rendering/OffScreen.h"
 #include "Utils/Numbers.h"
-#include "Utils/Platform.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -35,6 +33,7 @@ constexpr float kRadiansPerDegree = std::numbers::pi_v<float> / 180.0f;
 struct RenderOptions {
     PictureRequest picture;
     std::string file;
+    bool sheet = false; ///< a page of the touchable parts instead of a picture
     SingleAircraftOptions aircraft;
 };
 
@@ -109,8 +108,29 @@ void AddPictureOptions(CLI::App& app, PictureRequest& picture) {
         "--hide-transparent", [&picture] { picture.showTransparent = false; }, "Leave out transparent parts");
 }
 
-/// The first byte of the drawing process's result; after it come the bytes of the image, or an error in the request.
-enum AnswerKind : char { kPicture = 'P', kEmptyPicture = 'E', kWrongRequest = 'W' };
+void AddSheetOption(CLI::App& app, RenderOptions& options, CLI::Option* out) {
+    const auto use = [&options, out](const std::string& file) {
+        options.file = file;
+        options.sheet = true;
+        out->required(false);
+    };
+    CLI::Option* const sheet =
+        app.add_option_function<std::string>("--sheet", use,
+                                             "HTML page to write instead: all touchable parts, in pictures and tables")
+            ->type_name("FILE");
+    for (const char* other : {"--out", "--eye", "--look", "--select", "--position", "--fit", "--hide-transparent"})
+        sheet->excludes(app.get_option(other));
+}
+
+/// The first byte of the drawing process's result; after it come the bytes of the image or page, or an error in the
+/// request.
+enum AnswerKind : char {
+    kPicture = 'P',
+    kEmptyPicture = 'E',
+    kWrongRequest = 'W',
+    kSheet = 'S',
+    kSheetWithoutPictures = 'N',
+};
 
 /// True for an image that shows only the background, whose colour devices round up or down.
 bool IsEmpty(const Rendering::MemBitmap& picture) {
@@ -120,38 +140,51 @@ bool IsEmpty(const Rendering::MemBitmap& picture) {
            std::ranges::count(pixels, pixels.front()) == std::ssize(pixels);
 }
 
-JobOutput RenderOne(const Sim::AircraftInfo& info, const RenderOptions& options) {
+Annotator::LoadedAircraft LoadToDraw(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
     CockpitModel::GaugeRepository repository(boost::filesystem::current_path().string());
-    const Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository, options.aircraft.load.reading);
-    if (options.aircraft.load.reading == CockpitModel::Reading::Plain && !opened.cockpit->IsValid())
+    Annotator::OpenedAircraft opened = Annotator::OpenAircraft(info, repository, load.reading);
+    if (load.reading == CockpitModel::Reading::Plain && !opened.cockpit->IsValid())
         throw std::runtime_error("the folder of the .acf file contains no cockpit object");
-    const Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, options.aircraft.load);
-    CockpitModel::AnnotationStore annotations(*built.sceneGraph);
-    annotations.Read(CockpitModel::FindAnnotations(info, options.aircraft.load.reading).path);
+    Annotator::BuiltAircraft built = Annotator::BuildAircraft(opened, load);
+    return {std::move(opened), std::move(built)};
+}
+
+JobOutput RenderPicture(const PictureRequest& request, const Annotator::LoadedAircraft& aircraft,
+                        const CockpitModel::AnnotationStore& annotations) {
     try {
         const Rendering::MemBitmap picture =
-            Rendering::DrawOffScreen(options.picture.size, Annotator::kCanvasColour, [&](Rendering::Context& context) {
-                Annotator::DrawPreviewPicture(context, options.picture, opened, built, annotations);
+            Rendering::DrawOffScreen(request.size, Annotator::kCanvasColour, [&](Rendering::Context& context) {
+                Annotator::DrawPreviewPicture(context, request, aircraft.opened, aircraft.built, annotations);
             });
-        return {char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Rendering::ToPng(picture), built.model->remarks};
+        return {char{IsEmpty(picture) ? kEmptyPicture : kPicture} + Rendering::ToPng(picture),
+                aircraft.built.model->remarks};
     } catch (const std::invalid_argument& error) {
         return char{kWrongRequest} + std::string(error.what());
     }
 }
 
-/// Data files that the installation lacks are read from the program's own folder.
-void RequireData() {
-    Rendering::SetFallbackDataFolder(Annotator::ProgramDataFolder(Utils::Platform::ProgramPath()).parent_path());
-    if (!boost::filesystem::exists(Rendering::FindDataFile(Annotator::kMarkerMeshFile)))
-        throw CommandError(kWrongUsage,
-                           std::string("cannot find ") + Annotator::kMarkerMeshFile +
-                               " in the installation; copy the program's folder QVRA into the installation folder");
+JobOutput RenderSheet(const Sim::AircraftInfo& info, Rendering::Size size, const Annotator::LoadedAircraft& aircraft,
+                      const CockpitModel::AnnotationStore& annotations) {
+    const CockpitSheet sheet = MakeCockpitSheet(info, aircraft, annotations, size);
+    const bool complete =
+        std::ranges::none_of(sheet.pictures, [](const SheetPicture& picture) { return picture.png.empty(); });
+    std::vector<std::string> remarks = aircraft.built.model->remarks;
+    remarks.insert(remarks.end(), sheet.remarks.begin(), sheet.remarks.end());
+    return {char{complete ? kSheet : kSheetWithoutPictures} + SheetHtml(sheet), remarks};
+}
+
+JobOutput RenderOne(const Sim::AircraftInfo& info, const RenderOptions& options) {
+    const Annotator::LoadedAircraft aircraft = LoadToDraw(info, options.aircraft.load);
+    CockpitModel::AnnotationStore annotations(*aircraft.built.sceneGraph);
+    annotations.Read(CockpitModel::FindAnnotations(info, options.aircraft.load.reading).path);
+    return options.sheet ? RenderSheet(info, options.picture.size, aircraft, annotations)
+                         : RenderPicture(options.picture, aircraft, annotations);
 }
 
 ExitCode Render(const RenderOptions& options, Session& session) {
     const Sim::AircraftList list = LoadInstallation(session.console);
     const Sim::AircraftInfo& info = SelectAircraft(list, options.aircraft.name);
-    RequireData();
+    RequirePictureData();
     const std::string answer = RunJob(info, session.console, options.aircraft.limits.timeout);
     const std::string_view bytes = std::string_view(answer).substr(1);
     if (answer[0] == kWrongRequest)
@@ -160,15 +193,16 @@ ExitCode Render(const RenderOptions& options, Session& session) {
         session.console.Message(NameOf(info) + ": no part is visible" + (options.picture.fit ? "" : "; try --fit"));
     if (const auto saved = SaveWithSignalsHeld(session.ResolveArgument(options.file), bytes); !saved)
         throw CommandError(kNotWritten, saved.error);
-    return kDone;
+    return answer[0] == kSheetWithoutPictures ? kAircraftFailed : kDone;
 }
 
 } // namespace
 
 Action PrepareRender(CLI::App& app) {
     auto options = std::make_shared<RenderOptions>();
-    app.add_option("--out", options->file, "PNG file to write")->type_name("FILE")->required();
+    CLI::Option* const out = app.add_option("--out", options->file, "PNG file to write")->type_name("FILE")->required();
     AddPictureOptions(app, options->picture);
+    AddSheetOption(app, *options, out);
     AddFullOption(app, options->aircraft.load);
     app.add_flag_callback(
            "--bare", [options] { options->picture.showSurroundings = false; },
@@ -177,7 +211,7 @@ Action PrepareRender(CLI::App& app) {
     AddAircraftOptions(app, options->aircraft);
     return {[options](Session& session) { return Render(*options, session); },
             [options](const Sim::AircraftInfo& info, const std::string&) {
-                RequireData();
+                RequirePictureData();
                 return RenderOne(info, *options);
             }};
 }

@@ -1,4 +1,5 @@
 #include "Batch/Commands.h"
+#include "Batch/Commands/PictureJobs.h"
 #include "Batch/ForEachAircraft.h"
 #include "Batch/Reports/PublishReport.h"
 #include "Utils/Text.h"
@@ -12,14 +13,21 @@ namespace {
 
 struct TestOptions {
     ReportOptions reports;
+    bool pictures = false;
     AircraftOptions aircraft;
 };
 
 /// The tests of an aircraft, encoded for the parent process; empty for an aircraft without annotations.
-std::string TestOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
+JobOutput TestOne(const Sim::AircraftInfo& info, const TestOptions& options) {
+    std::vector<std::string> remarks;
+    const auto draw = [&](const Annotator::LoadedAircraft& aircraft, const CockpitModel::AnnotationStore& annotations,
+                          Annotator::AircraftResult& tests) {
+        remarks = DrawFailedParts(aircraft, annotations, tests);
+    };
     try {
-        std::optional<Annotator::AircraftResult> tests = Annotator::CheckAircraft(info, load);
-        return tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string();
+        const std::optional<Annotator::AircraftResult> tests =
+            Annotator::CheckAircraft(info, options.aircraft.load, options.pictures ? draw : Annotator::LoadedUse());
+        return {tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string(), remarks};
     } catch (const Annotator::AircraftCheckError& error) {
         std::rethrow_if_nested(error); // the cause, without the aircraft's name, which the parent adds
         throw;
@@ -37,6 +45,8 @@ AircraftReport Unloaded(const Sim::AircraftInfo& info, CockpitModel::Reading rea
 
 ExitCode Test(const TestOptions& options, Session& session) {
     const SelectedAircraft aircraft = LoadSelection(options.aircraft, session.console);
+    if (options.pictures)
+        RequirePictureData();
     TestReport report;
     const auto take = [&](const Sim::AircraftInfo&, const std::string& output) {
         if (!output.empty())
@@ -54,11 +64,16 @@ ExitCode Test(const TestOptions& options, Session& session) {
 Action PrepareTest(CLI::App& app) {
     auto options = std::make_shared<TestOptions>();
     AddReportOptions(app, options->reports);
+    app.add_flag("--pictures", options->pictures, "Show each failed part in the HTML page; needs --html")
+        ->needs(app.get_option("--html"));
     AddFullOption(app, options->aircraft.load);
     AddAircraftOptions(app, options->aircraft);
-    return {
-        [options](Session& session) { return Test(*options, session); },
-        [options](const Sim::AircraftInfo& info, const std::string&) { return TestOne(info, options->aircraft.load); }};
+    return {[options](Session& session) { return Test(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) {
+                if (options->pictures)
+                    RequirePictureData();
+                return TestOne(info, *options);
+            }};
 }
 
 } // namespace Batch

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Annotator/ExpectationCheck.h"
+#include "Rendering/Context.h"
 
 #include <cstddef>
 #include <string>
@@ -14,6 +15,10 @@ struct AircraftReport {
     Annotator::AircraftResult tests;
     std::vector<std::string> problems; ///< why expectations could not be tested
 };
+
+/// The size of a failed part's picture, which is at most this many bytes in base 64.
+inline constexpr Rendering::Size kTestPicture{320, 200};
+inline constexpr std::size_t kTestPictureBytes = 30'000;
 
 /// The annotated aircraft of a run, in list order.
 using TestReport = std::vector<AircraftReport>;
@@ -33,7 +38,7 @@ TestTotals Totals(const TestReport& report);
 /// An aircraft with annotations must have a cockpit object and a part for each expectation.
 std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests);
 
-/// One aircraft's report, sent between processes in the format of the JSON report.
+/// One aircraft's report, sent between processes in the format of the JSON report, which pictures are added to.
 std::string SerialiseAircraft(const AircraftReport& aircraft);
 AircraftReport ParseAircraft(std::string_view json);
 

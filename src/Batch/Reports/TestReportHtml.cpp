@@ -1,10 +1,10 @@
 #include "Batch/Console.h"
+#include "Batch/Reports/Html.h"
 #include "Batch/Reports/TestReport.h"
 #include "Batch/Reports/TestReportStyle.h"
 
 #include <algorithm>
 #include <array>
-#include <boost/algorithm/string/replace.hpp>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -23,38 +23,6 @@ constexpr std::array kTypes{TouchInteractionType::None,       TouchInteractionTy
                             TouchInteractionType::Radio,      TouchInteractionType::YokePart,
                             TouchInteractionType::YokePrimary};
 
-/// The page loads no other resources.
-constexpr const char* kHead = R"html(<!DOCTYPE html>
-<html lang="en">
-<head>
-<meta charset="utf-8">
-<meta name="viewport" content="width=device-width, initial-scale=1">
-<meta name="color-scheme" content="light dark">
-<title>Vorelle batch tests</title>
-<style>
-)html";
-
-constexpr const char* kBody = R"html(</style>
-</head>
-<body>
-)html";
-
-constexpr const char* kTail = "</body>\n</html>\n";
-
-std::string Escaped(std::string_view text) {
-    constexpr std::pair<const char*, const char*> kEntities[] = {
-        {"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}};
-    std::string escaped = WithoutControls(text);
-    for (const auto& [character, entity] : kEntities)
-        boost::replace_all(escaped, character, entity);
-    return escaped;
-}
-
-/// `content` and `attributes` must already be markup.
-std::string Element(const std::string& name, const std::string& content, const std::string& attributes = {}) {
-    return "<" + name + (attributes.empty() ? "" : " " + attributes) + ">" + content + "</" + name + ">";
-}
-
 std::string NumberCell(std::size_t number, const char* style = "") {
     return Element("td", std::to_string(number), std::string("class=\"number ") + (number > 0 ? style : "") + "\"");
 }
@@ -66,19 +34,6 @@ std::string Tile(const std::string& value, const std::string& label, const char*
 /// Rounded down, so that only all tests give 100 %.
 std::string Percent(std::size_t part, std::size_t whole) {
     return whole == 0 ? "–" : std::to_string(100 * part / whole) + " %";
-}
-
-/// A table in a frame that scrolls sideways on narrow screens.
-std::string Table(const std::string& head, const std::string& rows, const std::string& style = {}) {
-    return "<div class=\"scroll " + style + "\">\n<table>\n<thead><tr>" + head + "</tr></thead>\n<tbody>\n" + rows +
-           "</tbody>\n</table>\n</div>\n";
-}
-
-std::string HeadCells(const std::vector<std::pair<std::string, std::string>>& namesAndStyles) {
-    std::string cells;
-    for (const auto& [name, style] : namesAndStyles)
-        cells += Element("th", name, "scope=\"col\" class=\"" + style + "\"");
-    return cells;
 }
 
 /// Expected and detected type.
@@ -205,9 +160,22 @@ std::string PlainCell(const AircraftResult& aircraft, const PartResult& part) {
     return Element("td", part.plain ? TouchInteractionTypeToText(*part.plain) : "–");
 }
 
+std::string PictureCell(const AircraftResult& aircraft, const PartResult& part) {
+    if (part.picture.empty())
+        return {};
+    const std::string description =
+        "Node " + std::to_string(part.NodeId) + " part " + std::to_string(part.PartId) + " of " + aircraft.displayName;
+    return Element("td", PngElement(part.picture, description, kTestPicture.width, kTestPicture.height));
+}
+
 std::string PlainHead(const std::vector<TestedPart>& parts) {
     const auto has = [](const TestedPart& tested) { return HasPlainColumn(*tested.aircraft, *tested.part); };
     return std::ranges::any_of(parts, has) ? HeadCells({{"Plain", ""}}) : "";
+}
+
+std::string PictureHead(const std::vector<TestedPart>& parts) {
+    const auto has = [](const TestedPart& tested) { return !tested.part->picture.empty(); };
+    return std::ranges::any_of(parts, has) ? HeadCells({{"Picture", ""}}) : "";
 }
 
 std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) {
@@ -218,13 +186,13 @@ std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) 
                                   Element("td", std::to_string(part->PartId), "class=\"number\"") +
                                   Element("td", part->rectangle.empty() ? "–" : Escaped(part->rectangle),
                                           "class=\"rectangle\"") +
-                                  PlainCell(*aircraft, *part)) +
+                                  PlainCell(*aircraft, *part) + PictureCell(*aircraft, *part)) +
                 "\n";
     const std::string title = "Expected " + TouchInteractionTypeToText(cell.first) + ", detected " +
                               TouchInteractionTypeToText(cell.second) + " (" + std::to_string(parts.size()) + ")";
     return Element("h3", title, "id=\"" + Anchor(cell) + "\"") + "\n" +
            Table(HeadCells({{"Aircraft", ""}, {"NodeId", "number"}, {"PartId", "number"}, {"Mouse rectangle", ""}}) +
-                     PlainHead(parts),
+                     PlainHead(parts) + PictureHead(parts),
                  rows);
 }
 
@@ -241,8 +209,8 @@ std::string Parts(const PartsByCell& cells, bool passed) {
 
 std::string HtmlReport(const TestReport& report) {
     const PartsByCell cells = SortByCell(report);
-    return std::string(kHead) + kTestReportStyle + kBody + Summary(report) + Problems(report) + Matrix(cells) +
-           Aircraft(report) + Parts(cells, false) + Parts(cells, true) + kTail;
+    return PageHead("Vorelle batch tests") + kTestReportStyle + kPageBody + Summary(report) + Problems(report) +
+           Matrix(cells) + Aircraft(report) + Parts(cells, false) + Parts(cells, true) + kPageTail;
 }
 
 } // namespace Batch

@@ -13,6 +13,7 @@ using CockpitModel::TouchInteractionTypeFromText;
 using CockpitModel::TouchInteractionTypeToText;
 
 constexpr const char* kFull = "full";
+constexpr const char* kPicture = "picture"; // not in reports
 
 Json ToJson(const PartResult& part) {
     Json json{{"nodeId", part.NodeId},
@@ -115,11 +116,19 @@ AircraftReport AircraftFromJson(const Json& json) {
 } // namespace
 
 std::string SerialiseAircraft(const AircraftReport& aircraft) {
-    return ToJson(aircraft).dump();
+    Json json = ToJson(aircraft);
+    for (std::size_t i = 0; i < aircraft.tests.parts.size(); ++i)
+        if (const std::string& picture = aircraft.tests.parts[i].picture; !picture.empty())
+            json["parts"][i][kPicture] = picture;
+    return json.dump();
 }
 
-AircraftReport ParseAircraft(std::string_view json) {
-    return AircraftFromJson(Json::parse(json));
+AircraftReport ParseAircraft(std::string_view text) {
+    const Json json = Json::parse(text);
+    AircraftReport aircraft = AircraftFromJson(json);
+    for (std::size_t i = 0; i < aircraft.tests.parts.size(); ++i)
+        aircraft.tests.parts[i].picture = json["parts"][i].value(kPicture, "");
+    return aircraft;
 }
 
 TestReport ParseReport(std::string_view json) {

@@ -20,15 +20,23 @@ D3D11::ComPtr<ID3D11Device> MakeDevice() {
 
 } // namespace
 
-MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
-    const auto device = MakeDevice();
-    const Camera camera; // only supplies the eye matrices
-    D3D11::D3D11Context context(device.Get(), camera);
-    D3D11::D3D11FrameTarget target(context, device.Get(), kOffScreenSamples);
-    target.Resize(size);
-    target.Begin(background);
-    draw(context);
-    return target.Read();
+struct OffScreen::Device {
+    const D3D11::ComPtr<ID3D11Device> direct3D = MakeDevice();
+    const Camera camera{}; // only supplies the eye matrices
+    D3D11::D3D11Context context{direct3D.Get(), camera};
+    D3D11::D3D11FrameTarget target{context, direct3D.Get(), kOffScreenSamples};
+};
+
+OffScreen::OffScreen(Size size) : device(std::make_unique<Device>()) {
+    device->target.Resize(size);
+}
+
+OffScreen::~OffScreen() = default;
+
+MemBitmap OffScreen::Draw(const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
+    device->target.Begin(background);
+    draw(device->context);
+    return device->target.Read();
 }
 
 } // namespace Rendering

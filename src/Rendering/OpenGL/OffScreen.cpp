@@ -5,15 +5,23 @@
 
 namespace Rendering {
 
-MemBitmap DrawOffScreen(Size size, const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
-    const OpenGL::EglContext device;
-    const Camera camera; // only supplies the eye matrices
-    OpenGL::GLContext context(camera);
-    OpenGL::GLFrameTarget target(context, kOffScreenSamples);
-    target.Resize(size);
-    target.Begin(background);
-    draw(context);
-    return target.Read();
+struct OffScreen::Device {
+    const OpenGL::EglContext egl{};
+    const Camera camera{}; // only supplies the eye matrices
+    OpenGL::GLContext context{camera};
+    OpenGL::GLFrameTarget target{context, kOffScreenSamples};
+};
+
+OffScreen::OffScreen(Size size) : device(std::make_unique<Device>()) {
+    device->target.Resize(size);
+}
+
+OffScreen::~OffScreen() = default;
+
+MemBitmap OffScreen::Draw(const Utils::Vector4& background, const std::function<void(Context&)>& draw) {
+    device->target.Begin(background);
+    draw(device->context);
+    return device->target.Read();
 }
 
 } // namespace Rendering

@@ -102,6 +102,7 @@ TEST_F(RenderCommand, ReportsErrorsAndWritesNoImage) {
         {{"Cub", "--position", "sim/slide=1.5"}, kWrongUsage, "'sim/slide=1.5' is not from 0 to 1"},
         {{"Cub", "--position", "sim/other=1"}, kWrongUsage, "no animation of the cockpit uses the dataref sim/other"},
         {{"Cub", "--fit", "--eye", "1,2,3"}, kWrongUsage, "--eye excludes --fit"},
+        {{"Cub", "--sheet", "a.html"}, kWrongUsage, "--sheet excludes --out"},
         {{"Piper"}, kAircraftFailed, "--untextured"},
         {{"Shell"},
          kAircraftFailed,
@@ -122,6 +123,34 @@ TEST_F(RenderCommand, ReportsErrorsAndWritesNoImage) {
     boost::filesystem::remove(installation / "picture.png");
     boost::filesystem::create_directory(installation / "picture.png");
     EXPECT_EQ(Render({"Cub"}).exitCode, kNotWritten);
+}
+
+TEST_F(RenderCommand, WritesASheetOfAllTouchableParts) {
+    // 41 switches in a row, with a gap of 10 m after the first 20: a picture for each side.
+    ObjText cockpit;
+    cockpit.Texture("red.png").Tris();
+    for (int i = 0; i < 41; ++i) {
+        const std::string number = std::to_string(i), place = std::to_string(i < 20 ? i : i + 9) + " 0 0 ";
+        cockpit.Toggle("sim/" + number + "<").Begin().Line("ANIM_trans " + place + place + "0 1 sim/none").Tris().End();
+    }
+    installation.Aircraft("Aircraft/Props/Piper", "Piper", cockpit);
+    const std::vector<std::string> arguments{"render", "--sheet", "a.html", "--size", "320x200", "Piper"};
+    const ProgramResult result = RunBatch(installation, arguments);
+    EXPECT_EQ(result.exitCode, 0) << result.errors;
+    const std::string html = installation.Read("a.html");
+    EXPECT_THAT(html, HasSubstr(">41 touchable parts<"));
+    EXPECT_THAT(html, HasSubstr("alt=\"Picture 2: parts 21 to 41 of Piper\" src=\"data:image/png;base64,iVBO"));
+    EXPECT_THAT(html, HasSubstr(">toggle</td><td class=\"rectangle\">sim/40&lt;</td>"));
+    RunBatch(installation, arguments);
+    EXPECT_EQ(installation.Read("a.html"), html);
+
+    std::vector<std::string> words = BatchWords(arguments);
+    words.insert(words.begin(), {"/usr/bin/env", "__EGL_VENDOR_LIBRARY_DIRS=/"});
+    const ProgramResult noDevice = Support::Program(words, installation.path.string()).Wait();
+    EXPECT_EQ(noDevice.exitCode, kAircraftFailed);
+    EXPECT_THAT(noDevice.errors, HasSubstr("Piper (Aircraft/Props/Piper/plane.acf): the page lacks pictures: "));
+    EXPECT_THAT(installation.Read("a.html"), HasSubstr("sim/40&lt;"));
+    EXPECT_THAT(installation.Read("a.html"), testing::Not(HasSubstr("<img")));
 }
 
 } // namespace

@@ -59,6 +59,36 @@ TEST(TestCommand, WritesTheOtherReportsIfOneFails) {
     EXPECT_EQ(report["passed"], 1);
 }
 
+TEST(TestCommand, ShowsFailedPartsInTheHtmlReport) {
+    const Installation installation;
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", ThreeParts());
+    installation.Annotations("Cub", Expectation(0, 0, "Tap") + Expectation(0, 1, "Tap") + Expectation(1, 0, "Twist"));
+    const std::vector<std::string> arguments{"test", "--html", "a.html", "--json", "a.json", "--pictures"};
+    EXPECT_EQ(RunBatch(installation, {"test", "--pictures"}).exitCode, 2);
+    const ProgramResult result = RunBatch(installation, arguments);
+    EXPECT_EQ(result.exitCode, 1) << result.errors;
+    const std::string html = installation.Read("a.html"), json = installation.Read("a.json");
+    const std::string source = "src=\"data:image/png;base64,";
+    std::size_t count = 0;
+    for (std::size_t at = html.find(source); at != html.npos; at = html.find(source, at + 1), ++count)
+        EXPECT_LE(html.find('"', at + source.size()) - at - source.size(), 30'000u);
+    EXPECT_EQ(count, 2u) << "the failed ones";
+    EXPECT_THAT(html, HasSubstr("alt=\"Node 1 part 0 of Cub\""));
+    RunBatch(installation, arguments);
+    EXPECT_EQ(installation.Read("a.html"), html);
+
+    std::vector<std::string> words = BatchWords(arguments);
+    words.insert(words.begin(), {"/usr/bin/env", "__EGL_VENDOR_LIBRARY_DIRS=/"});
+    const ProgramResult noDevice = Support::Program(words, installation.path.string()).Wait();
+    EXPECT_EQ(noDevice.exitCode, 1);
+    EXPECT_THAT(noDevice.errors, HasSubstr("plane.acf): the report lacks pictures of failed parts: "));
+    const std::string without = installation.Read("a.html");
+    EXPECT_THAT(without, testing::Not(HasSubstr("<img")));
+    RunBatch(installation, {"test", "--html", "a.html"});
+    EXPECT_EQ(installation.Read("a.html"), without);
+    EXPECT_EQ(installation.Read("a.json"), json);
+}
+
 TEST(TestCommand, KeepsTheExpectationsOfTheFullReadingApart) {
     const Installation installation;
     // The plain reading takes a drag without motion for Twist, and a push for the drag above it.

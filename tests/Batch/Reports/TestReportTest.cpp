@@ -96,6 +96,18 @@ TEST(TestReport, LinksTheMatrixToTheParts) {
     EXPECT_THAT(html, HasSubstr("no &lt;material&gt;"));
     EXPECT_THAT(html, Not(HasSubstr("http"))) << "the page loads nothing";
     EXPECT_THAT(HtmlReport({}), HasSubstr("There are no tests."));
+    EXPECT_THAT(html, Not(HasSubstr("Picture")));
+}
+
+TEST(TestReport, ShowsPicturesInHtmlOnly) {
+    TestReport report = AwkwardReport();
+    const std::string json = JsonReport(report);
+    report[0].tests.parts[1].picture = "iVBO";
+    EXPECT_EQ(JsonReport(report), json);
+    EXPECT_EQ(HtmlReport({ParseAircraft(SerialiseAircraft(report[0]))}), HtmlReport({report[0]}));
+    EXPECT_THAT(Between(HtmlReport(report), "<img ", ">"),
+                testing::ElementsAre("width=\"320\" height=\"200\" alt=\"Node 3 part 1 of B&quot;a&quot; &amp; "
+                                     "&lt;c&gt;,\uFFFD\" src=\"data:image/png;base64,iVBO\""));
 }
 
 } // namespace
