@@ -81,10 +81,12 @@ constexpr std::array kCommands{
             "Example:\n"
             "  vorelle-batch compare before after",
             PrepareCompare},
-    Command{"vrconfig", "Check the files in which aircraft tell X-Plane how a hand in VR moves their controls",
-            "<name>_vrconfig.txt beside <name>.acf is the VR configuration of an aircraft.\n"
-            "Run 'vorelle-batch vrconfig COMMAND --help' for details of a command.",
-            nullptr, [] { return std::span<const Command>(kVrConfigCommands); }},
+    Command{
+        "vrconfig", "Check the VR configurations of aircraft",
+        "The VR configuration, <name>_vrconfig.txt beside <name>.acf, tells X-Plane where the user sits in VR and how\n"
+        "a hand moves the controls.\n"
+        "Run 'vorelle-batch vrconfig COMMAND --help' for details of a command.",
+        nullptr, [] { return std::span<const Command>(kVrConfigCommands); }},
 };
 
 constexpr const char* kCompletion = "--completion";

@@ -174,10 +174,9 @@ void CheckDirectives(const VrConfigBlock& block, const std::vector<const NodePar
 void AddUnmatched(const VrConfigBlock& block, const NodePart* nearest, bool incomplete, LintFindings& findings) {
     findings.Add(
         incomplete ? Note : Warning, "block-unmatched", block.firstLine,
-        "'" + Shortened(VrConfigKey(block)) + "' matches no draw call" + DidYouMean(nearest) +
-            (incomplete ? " It may be in an attached object that could not be read" : ""),
-        "write keyword, datarefs and commands as the object has them, without ATTR_manip_; 'manips --full' lists "
-        "them");
+        "'" + Shortened(VrConfigKey(block)) + "' matches no draw call" +
+            (incomplete ? ", but an attached object could not be read" : "") + DidYouMean(nearest),
+        "write keyword, datarefs and commands as in the object, without ATTR_manip_; 'manips --full' lists them");
 }
 
 std::string ControlText(const NodePart& part) {
