@@ -17,6 +17,7 @@
 #include <boost/filesystem/operations.hpp>
 #include <cstdio>
 #include <limits>
+#include <utility>
 
 namespace Annotator {
 
@@ -52,7 +53,7 @@ RuleText TextOf(VrConfigRule rule) {
         return {"vr-nesting",
                 "end each BEGIN with its END before the next BEGIN, and write directives only between them"};
     case VrConfigRule::Values:
-        return {"vr-values", "write the number and kind of values that the directive needs"};
+        return {"vr-values", "correct the values; numbers have a decimal point"};
     case VrConfigRule::Complete:
         return {"vr-hotspot", "give each hotspot one AABB, PRESET_XYZ, PRESET_PSI, PRESET_THE and PRESET_PHI"};
     }
@@ -149,30 +150,41 @@ const VrConfigHotspot* Nearest(const VrConfigFile& file, const Vector3& point) {
     return nearest;
 }
 
-/// Hotspots that fit if they counted from the other origin are a common mistake.
-std::string OtherOriginText(const VrConfigFile& file, const Vector3& eyeByOtherOrigin) {
-    const VrConfigHotspot* const nearest = Nearest(file, eyeByOtherOrigin);
-    if (!nearest || (HeadOf(*nearest) - eyeByOtherOrigin).norm() > kSeatDistance)
-        return {};
-    return file.refPointLine == 0
-               ? "; without REF_POINT_ACF they count from the centre of gravity, but they fit the reference point"
-               : "; with REF_POINT_ACF they count from the reference point, but they fit the centre of gravity";
+float DistanceTo(const VrConfigHotspot* hotspot, const Vector3& point) {
+    return hotspot ? (HeadOf(*hotspot) - point).norm() : std::numeric_limits<float>::infinity();
+}
+
+/// Hotspots that would fit if they counted from the other origin are a common mistake.
+void WarnOfOrigin(const VrConfigFile& file, const std::string& message, std::uint32_t line, LintFindings& findings) {
+    if (file.refPointLine == 0)
+        findings.Add(Warning, "pilot-hotspot", line,
+                     message + "; it counts from the centre of gravity, but fits the reference point",
+                     "add the line REF_POINT_ACF before the first hotspot");
+    else
+        findings.Add(Warning, "pilot-hotspot", line,
+                     message +
+                         "; with REF_POINT_ACF it counts from the reference point, but fits the centre of gravity",
+                     "remove the line REF_POINT_ACF");
 }
 
 void CheckPilot(const VrConfigFile& file, const AcfPoints& acf, LintFindings& findings) {
     if (!acf.eye)
         return;
-    const Vector3 byReference = *acf.eye, byCentre = *acf.eye - acf.centreOfGravity;
-    const Vector3& eye = file.refPointLine == 0 ? byCentre : byReference;
+    Vector3 eye = *acf.eye, byOtherOrigin = *acf.eye - acf.centreOfGravity;
+    if (file.refPointLine == 0)
+        std::swap(eye, byOtherOrigin);
     const VrConfigHotspot* const nearest = Nearest(file, eye);
-    const float distance = nearest ? (HeadOf(*nearest) - eye).norm() : 0;
-    if (nearest && distance <= kSeatDistance)
+    if (DistanceTo(nearest, eye) <= kSeatDistance)
         return;
-    const std::string message =
-        "no hotspot is within " + MetresText(kSeatDistance) + " of the pilot's eye at " + NumbersText(eye) +
-        (nearest ? "; the nearest is " + HotspotName(*nearest) + ", " + MetresText(distance) + " away" +
-                       OtherOriginText(file, file.refPointLine == 0 ? byReference : byCentre)
-                 : std::string());
+    std::string message =
+        "no hotspot is within " + MetresText(kSeatDistance) + " of the pilot's eye at " + NumbersText(eye);
+    const VrConfigHotspot* const other = Nearest(file, byOtherOrigin);
+    if (DistanceTo(other, byOtherOrigin) <= kSeatDistance) {
+        WarnOfOrigin(file, message + "; the nearest would be " + HotspotName(*other), other->headLine, findings);
+        return;
+    }
+    if (nearest)
+        message += "; the nearest is " + HotspotName(*nearest) + ", " + MetresText(DistanceTo(nearest, eye)) + " away";
     findings.Add(Warning, "pilot-hotspot", nearest ? nearest->headLine : 0, message,
                  "add a hotspot with PRESET_XYZ " + NumbersText(eye) + ", or correct the nearest one");
 }

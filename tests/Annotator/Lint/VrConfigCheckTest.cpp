@@ -77,8 +77,8 @@ TEST_F(VrConfigCheckTest, FindsWhatDoesNotFitTheCockpit) {
          {}},
         {"REF_POINT_ACF\n" + Seat("0.3 3.3 0.2", "-1 2 -1 1 4 1"), {}},
         {Seat("0.3 3.348 -5.796", "-1 2 -7 1 4 -5"), {"warning pilot-hotspot@6"}, "0.52 m away"},
-        {Seat("0 3.048 0", "-1 2 -1 1 4 1"), {"warning pilot-hotspot@6"}, "but they fit the reference point"},
-        {"REF_POINT_ACF\n" + Seat(), {"warning pilot-hotspot@7"}, "but they fit the centre of gravity"},
+        {Seat("0 3.048 0", "-1 2 -1 1 4 1"), {"warning pilot-hotspot@6"}, "but fits the reference point"},
+        {"REF_POINT_ACF\n" + Seat(), {"warning pilot-hotspot@7"}, "but fits the centre of gravity"},
         {"", {"warning pilot-hotspot@0"}, "the pilot's eye at 0.00 3.05 -6.10"},
         {Seat("0 3.048 -6.096", "-1 4 -7 1 2 -6.1"), {"warning hotspot-box@6"}, "outside its AABB in y, z"},
         {Seat() + Block("command_knob x/heading_up x/heading_down"),
@@ -120,8 +120,8 @@ TEST_F(VrConfigCheckTest, FindsWhatDoesNotFitTheCockpit) {
     for (const auto& row : rows) {
         const std::vector<LintFinding> findings = Check(row.text);
         EXPECT_EQ(Places(findings), row.places) << row.text;
-        EXPECT_THAT(findings.at(0).message, HasSubstr(*row.message && !row.places.empty() ? row.message : ""))
-            << row.text;
+        if (!findings.empty())
+            EXPECT_THAT(findings[0].message, HasSubstr(row.message)) << row.text;
     }
 }
 

@@ -72,18 +72,18 @@ TEST(VrConfigFile, FindsWhatBreaksTheFormat) {
     } rows[] = {
         {"", {"1: the end of the file -> A"}},
         {"A\n1100", {"3: the end of the file -> VRCONFIG"}},
-        {"# mine\nA\n1100\nVRCONFIG\n", {"1: '#' -> A"}},
+        {"# mine\nA\n1100\nVRCONFIG\n", {"1: '# mine' -> A"}},
         {"A\n\n1100\nVRCONFIG\n", {"2: an empty line -> 1100"}},
-        {"A\n1100\nBEGIN_MANIP noop\nEND_MANIP", {"3: 'BEGIN_MANIP' -> VRCONFIG"}},
+        {"A\n1100\nBEGIN_MANIP noop\nEND_MANIP", {"3: 'BEGIN_MANIP noop' -> VRCONFIG"}},
         {"I\n1200\nVRCONFIG\nEND_MANIP", {"4: END_MANIP -> BEGIN_MANIP before it"}},
         {"A\n1100\nVRCONFIG\nHOLD_MANIP\nPRESET_PSI 0",
          {"4: 'HOLD_MANIP' -> BEGIN_MANIP before it", "5: 'PRESET_PSI' -> BEGIN_TELEPORT_HOTSPOT before it"}},
         {"A\n1100\nVRCONFIG\nBEGIN_MANIP\nREF_POINT_ACF\nBEGIN_MANIP noop\nEND_TELEPORT_HOTSPOT\nBEGIN_MANIP command a",
          {"4: no keyword -> the keyword of a manipulator, then its datarefs or commands",
           "5: REF_POINT_ACF inside the BEGIN_MANIP of line 4 -> it before the first block",
-          "4: BEGIN_MANIP without END_MANIP before line 6 -> END_MANIP",
+          "4: no END_MANIP before line 6 -> one for this BEGIN_MANIP",
           "7: END_TELEPORT_HOTSPOT -> END_MANIP for the BEGIN_MANIP of line 6",
-          "8: BEGIN_MANIP without END_MANIP before the end of the file -> END_MANIP"}},
+          "8: no END_MANIP before the end of the file -> one for this BEGIN_MANIP"}},
         {"A\n1100\nVRCONFIG\nBEGIN_MANIP command a\nDEG_PER_ACTION\nDEG_PER_ACTION 1,5\nDEG_PER_ACTION "
          "inf\nYOKE_MANIP_ROTATE 1 2\n"
          "ACTION\nACTION axis_knob 0 1\nACTION axis_knob a/b\nACTION command_knob 1 a b\nACTION later "
@@ -97,8 +97,8 @@ TEST(VrConfigFile, FindsWhatBreaksTheFormat) {
          "0\nPRESET_PSI 0\n"
          "PRESET_PHI 0\nEND_TELEPORT_HOTSPOT",
          {"4: no name -> SITTING and the name of the place", "5: 5 numbers -> 6 numbers after AABB",
-          "6: 4 numbers -> 3 numbers after PRESET_XYZ", "8: a second PRESET_PSI -> one in a hotspot",
-          "4: a hotspot without PRESET_THE -> PRESET_THE"}},
+          "6: 4 numbers -> 3 numbers after PRESET_XYZ", "8: a second PRESET_PSI -> one in each hotspot",
+          "4: no PRESET_THE in this hotspot -> one"}},
     };
     for (const auto& row : rows)
         EXPECT_EQ(FaultsOf(ParseVrConfig(row.text)), row.faults) << row.text;
