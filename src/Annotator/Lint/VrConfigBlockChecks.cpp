@@ -49,10 +49,11 @@ std::size_t Difference(const VrConfigBlock& block, const Manipulator& manipulato
                                     : Utils::EditDistance(block.keyword, manipulator.keyword, kFewErrors - 1);
     if (std::ranges::is_permutation(block.names, manipulator.names))
         return keyword + (block.names == manipulator.names ? 0 : 1);
-    std::size_t names = 0;
-    if (block.names.size() != manipulator.names.size())
-        return most + 1;
-    for (std::size_t i = 0; i < block.names.size() && names <= most; ++i)
+    const std::size_t common = std::min(block.names.size(), manipulator.names.size());
+    // After an unknown keyword it is not known where the tooltip begins.
+    const std::size_t surplus = CockpitModel::FindManipulatorKeyword(block.keyword) ? block.names.size() - common : 0;
+    std::size_t names = (manipulator.names.size() - common + surplus) * kFewErrors;
+    for (std::size_t i = 0; i < common && names <= most; ++i)
         names += Utils::EditDistance(block.names[i], manipulator.names[i], most);
     return keyword + names;
 }
