@@ -15,5 +15,6 @@ Action PrepareTest(CLI::App& app);
 Action PrepareMerge(CLI::App& app);
 Action PrepareAccept(CLI::App& app);
 Action PrepareCompare(CLI::App& app);
+Action PrepareVrConfigCheck(CLI::App& app);
 
 } // namespace Batch
