@@ -1,11 +1,15 @@
 #include "Annotator/ExpectationCheck.h"
 
 #include "Annotator/FailureTexts.h"
+#include "Annotator/VrConfigLines.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
+#include "CockpitModel/XPlane/VrConfigParts.h"
+#include "Utils/Files.h"
 
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
+#include <map>
 
 namespace Annotator {
 
@@ -15,6 +19,8 @@ using CockpitModel::AnnotationRecord;
 using CockpitModel::AnnotationStore;
 using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
+using CockpitModel::TouchInteractionType;
+using CockpitModel::VrConfigFile;
 
 PartResult RunTest(const AnnotationRecord& record, const NodePart& part, const AnnotationStore& store) {
     return {.NodeId = record.NodeId,
@@ -63,6 +69,14 @@ void AddPlainTypes(const Sim::AircraftInfo& info, AircraftResult& tests) {
     }
 }
 
+AircraftResult ResultOf(const Sim::AircraftInfo& info, CockpitModel::Reading reading) {
+    AircraftResult tests;
+    tests.displayName = info.displayName;
+    tests.acfPath = info.acfPath;
+    tests.reading = reading;
+    return tests;
+}
+
 AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel::AnnotationSource& annotations,
                               const LoadOptions& options) {
     const LoadedAircraft aircraft = LoadAircraft(info, options);
@@ -70,16 +84,61 @@ AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel:
     AnnotationStore store(sceneGraph);
     store.Read(annotations.path);
 
-    AircraftResult tests;
-    tests.displayName = info.displayName;
-    tests.acfPath = info.acfPath;
-    tests.reading = options.reading;
+    AircraftResult tests = ResultOf(info, options.reading);
     tests.plainExpectations = annotations.ofPlain;
     tests.hasCockpitObject = aircraft.opened.cockpit->IsValid();
     RunTests(sceneGraph, store, tests);
     tests.unplaced = UnplacedExpectations(annotations.path, sceneGraph);
     tests.clickable = CountClickable(sceneGraph);
     if (tests.reading == CockpitModel::Reading::Full && tests.Failed() > 0)
+        AddPlainTypes(info, tests);
+    return tests;
+}
+
+/// A yoke's block does not tell which of the yokes is the primary one.
+bool IsOfKind(TouchInteractionType kind, TouchInteractionType type) {
+    return kind == type || (IsYoke(kind) && IsYoke(type));
+}
+
+/// Compares each part with the first block for its manipulator.
+void RunBlocks(const VrConfigFile& file, const SceneGraph& sceneGraph, AircraftResult& tests) {
+    std::map<std::string, const CockpitModel::VrConfigBlock*> blocks;
+    for (const CockpitModel::VrConfigBlock& block : file.blocks)
+        blocks.try_emplace(VrConfigKey(block), &block);
+    for (const auto& node : sceneGraph.Nodes())
+        for (const auto& part : node->parts) {
+            const auto block = part->manipulator ? blocks.find(VrConfigKey(*part->manipulator)) : blocks.end();
+            if (block == blocks.end())
+                continue;
+            const auto kind = VrConfigKind(*block->second, *part->manipulator);
+            if (!kind)
+                continue;
+            const TouchInteractionType detected = part->InteractionType;
+            const bool passed = IsOfKind(*kind, detected);
+            tests.parts.push_back({.NodeId = node->index,
+                                   .PartId = part->id,
+                                   .rectangle = part->Rect() ? part->Rect()->Text : std::string(),
+                                   .expected = passed ? detected : *kind,
+                                   .detected = detected,
+                                   .passed = passed,
+                                   .blockLine = block->second->firstLine});
+            tests.covered += part->Rect() != nullptr;
+        }
+}
+
+AircraftResult CheckBlocks(const Sim::AircraftInfo& info) {
+    const boost::filesystem::path path = CockpitModel::VrConfigPath(info.acfPath);
+    AircraftResult tests = ResultOf(info, CockpitModel::Reading::Full);
+    tests.source = ExpectationSource::VrConfig;
+    tests.hasVrConfig = boost::filesystem::exists(path);
+    if (!tests.hasVrConfig)
+        return tests;
+    const VrConfigFile file = CockpitModel::ParseVrConfig(Utils::ReadFile(path));
+    tests.vrConfigFault = VrConfigStructureFault(file);
+    const LoadedAircraft aircraft = LoadAircraft(info, {.reading = tests.reading});
+    RunBlocks(file, *aircraft.built.sceneGraph, tests);
+    tests.clickable = CountClickable(*aircraft.built.sceneGraph);
+    if (tests.Failed() > 0)
         AddPlainTypes(info, tests);
     return tests;
 }
@@ -103,6 +162,14 @@ std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const
         if (!boost::filesystem::exists(annotations.path))
             return std::nullopt;
         return CheckAnnotated(info, annotations, options);
+    } catch (const std::exception& error) {
+        std::throw_with_nested(AircraftCheckError(info, ReasonText(error)));
+    }
+}
+
+AircraftResult CheckVrConfig(const Sim::AircraftInfo& info) {
+    try {
+        return CheckBlocks(info);
     } catch (const std::exception& error) {
         std::throw_with_nested(AircraftCheckError(info, ReasonText(error)));
     }

@@ -1,5 +1,7 @@
 #include "Annotator/VrConfigLines.h"
 
+#include "CockpitModel/XPlane/VrConfigFile.h"
+
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -16,6 +18,14 @@ std::string VrConfigNumber(float number) {
 
 std::string VrConfigRounded(float number, float partsOfOne) {
     return " " + VrConfigNumber(std::round(number * partsOfOne) / partsOfOne);
+}
+
+std::string VrConfigStructureFault(const CockpitModel::VrConfigFile& file) {
+    using enum CockpitModel::VrConfigRule;
+    for (const CockpitModel::VrConfigFault& fault : file.faults)
+        if (fault.rule == Header || fault.rule == Nesting)
+            return "line " + std::to_string(fault.line) + ": found " + fault.found + ", needed " + fault.needed;
+    return {};
 }
 
 } // namespace Annotator

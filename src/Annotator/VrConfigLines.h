@@ -3,6 +3,10 @@
 #include <string>
 #include <vector>
 
+namespace CockpitModel {
+struct VrConfigFile;
+}
+
 namespace Annotator {
 
 /// The lines of a block of a _vrconfig.txt between its BEGIN and its END, and the comments before it. Without line
@@ -17,5 +21,9 @@ struct VrConfigLines {
 std::string VrConfigNumber(float number);
 /// The same for a computed number, rounded to whole parts of 1: " 0.4572". With a space before it.
 std::string VrConfigRounded(float number, float partsOfOne);
+
+/// The first fault that keeps the file from being divided into blocks: of its header, or a BEGIN and END that do not
+/// match. Empty if there is none.
+std::string VrConfigStructureFault(const CockpitModel::VrConfigFile& file);
 
 } // namespace Annotator

@@ -191,15 +191,6 @@ void WriteMissing(const VrConfigFile& existing, const Source& source, const Vect
     }
 }
 
-/// What would make added lines part of something else.
-void CheckStructure(const VrConfigFile& file) {
-    using enum CockpitModel::VrConfigRule;
-    for (const CockpitModel::VrConfigFault& fault : file.faults)
-        if (fault.rule == Header || fault.rule == Nesting)
-            throw std::runtime_error("line " + std::to_string(fault.line) + " is " + fault.found + ", needed is " +
-                                     fault.needed);
-}
-
 } // namespace
 
 VrConfigText MakeVrConfig(const LoadedAircraft& aircraft, const AnnotationStore& annotations, const AcfPoints& points) {
@@ -211,7 +202,9 @@ VrConfigText MakeVrConfig(const LoadedAircraft& aircraft, const AnnotationStore&
 VrConfigText MergeVrConfig(const LoadedAircraft& aircraft, const AnnotationStore& annotations, const AcfPoints& points,
                            std::string_view text) {
     const VrConfigFile existing = CockpitModel::ParseVrConfig(text);
-    CheckStructure(existing);
+    // Lines that are added to an open block would become part of it.
+    if (const std::string fault = VrConfigStructureFault(existing); !fault.empty())
+        throw std::runtime_error(fault);
     Writer writer(text.ends_with('\n') ? "" : "\n");
     const Vector3 origin = existing.refPointLine != 0 ? Vector3(Vector3::Zero()) : points.centreOfGravity;
     WriteMissing(existing, {aircraft, annotations, points}, origin, writer);

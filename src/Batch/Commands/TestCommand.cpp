@@ -12,13 +12,20 @@ namespace {
 
 struct TestOptions {
     ReportOptions reports;
+    bool vrConfig = false; ///< the expectations are those of the _vrconfig.txt files
     AircraftOptions aircraft;
 };
 
+std::optional<Annotator::AircraftResult> Check(const Sim::AircraftInfo& info, const TestOptions& options) {
+    if (options.vrConfig)
+        return Annotator::CheckVrConfig(info);
+    return Annotator::CheckAircraft(info, options.aircraft.load);
+}
+
 /// The tests of an aircraft, encoded for the parent process; empty for an aircraft without annotations.
-std::string TestOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions& load) {
+std::string TestOne(const Sim::AircraftInfo& info, const TestOptions& options) {
     try {
-        std::optional<Annotator::AircraftResult> tests = Annotator::CheckAircraft(info, load);
+        const std::optional<Annotator::AircraftResult> tests = Check(info, options);
         return tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string();
     } catch (const Annotator::AircraftCheckError& error) {
         std::rethrow_if_nested(error); // the cause, without the aircraft's name, which the parent adds
@@ -26,9 +33,11 @@ std::string TestOne(const Sim::AircraftInfo& info, const Annotator::LoadOptions&
     }
 }
 
-AircraftReport Unloaded(const Sim::AircraftInfo& info, CockpitModel::Reading reading, const std::string& reason) {
+AircraftReport Unloaded(const Sim::AircraftInfo& info, const TestOptions& options, const std::string& reason) {
     AircraftReport report;
-    report.tests.reading = reading;
+    report.tests.reading = options.aircraft.load.reading;
+    if (options.vrConfig)
+        report.tests.source = Annotator::ExpectationSource::VrConfig;
     report.tests.displayName = Utils::ToValidUtf8(info.displayName);
     report.tests.acfPath = Utils::ToValidUtf8(info.acfPath);
     report.problems.push_back(Utils::ToValidUtf8(reason));
@@ -43,7 +52,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
             report.push_back(ParseAircraft(output));
     };
     const auto fail = [&](const Sim::AircraftInfo& info, const std::string& reason) {
-        report.push_back(Unloaded(info, options.aircraft.load.reading, reason));
+        report.push_back(Unloaded(info, options, reason));
     };
     ForEachAircraft(aircraft, session.console, {.take = take, .fail = fail, .showsProgress = true});
     return PublishReport(report, options.reports, session);
@@ -55,10 +64,16 @@ Action PrepareTest(CLI::App& app) {
     auto options = std::make_shared<TestOptions>();
     AddReportOptions(app, options->reports);
     AddFullOption(app, options->aircraft.load);
+    app.add_flag_callback(
+        "--vrconfig",
+        [options] {
+            options->vrConfig = true;
+            UseFullReading(options->aircraft.load);
+        },
+        "Test against the _vrconfig.txt of each aircraft instead; implies --full");
     AddAircraftOptions(app, options->aircraft);
-    return {
-        [options](Session& session) { return Test(*options, session); },
-        [options](const Sim::AircraftInfo& info, const std::string&) { return TestOne(info, options->aircraft.load); }};
+    return {[options](Session& session) { return Test(*options, session); },
+            [options](const Sim::AircraftInfo& info, const std::string&) { return TestOne(info, *options); }};
 }
 
 } // namespace Batch

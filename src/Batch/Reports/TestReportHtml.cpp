@@ -123,7 +123,11 @@ std::string Summary(const TestReport& report) {
     if (totals.full > 0)
         html += Tile(std::to_string(totals.failedAsPlain), "failed as the plain reading detects",
                      totals.failedAsPlain > 0 ? "warn" : "");
-    html += Tile(std::to_string(report.size()), "annotated aircraft");
+    if (totals.vrConfig > 0)
+        html += Tile(std::to_string(totals.vrConfig - totals.withoutVrConfig), "aircraft with a _vrconfig.txt") +
+                Tile(std::to_string(totals.withoutVrConfig), "aircraft without one");
+    else
+        html += Tile(std::to_string(report.size()), "annotated aircraft");
     html += Tile(std::to_string(totals.withProblems), "aircraft with problems", totals.withProblems > 0 ? "warn" : "");
     html += Tile(Percent(totals.covered, totals.clickable), "of clickable parts covered");
     return html + "</div>\n";
@@ -174,7 +178,9 @@ std::string Coverage(const AircraftResult& tests) {
 std::string AircraftRows(const TestReport& report) {
     std::string rows;
     for (const auto& [tests, problems] : report) {
-        const std::string mark = problems.empty() ? "" : " " + Element("span", "▲ problem", "class=\"warn\"");
+        std::string mark = problems.empty() ? "" : " " + Element("span", "▲ problem", "class=\"warn\"");
+        if (LacksVrConfig(tests))
+            mark += " " + Element("span", "not tested: " + Escaped(NoVrConfigText(tests)), "class=\"soft\"");
         rows += Element("tr", Element("td", Escaped(tests.displayName) + mark +
                                                 Element("span", Escaped(tests.acfPath), "class=\"path\"")) +
                                   NumberCell(tests.Passed(), "good") + NumberCell(tests.Failed(), "bad") +
@@ -205,6 +211,20 @@ std::string PlainCell(const AircraftResult& aircraft, const PartResult& part) {
     return Element("td", part.plain ? TouchInteractionTypeToText(*part.plain) : "–");
 }
 
+/// Tests of blocks have a column with their lines.
+bool HasBlockColumn(const AircraftResult& aircraft) {
+    return aircraft.source == Annotator::ExpectationSource::VrConfig;
+}
+
+std::string BlockCell(const AircraftResult& aircraft, const PartResult& part) {
+    return HasBlockColumn(aircraft) ? Element("td", std::to_string(part.blockLine), "class=\"number\"") : "";
+}
+
+std::string BlockHead(const std::vector<TestedPart>& parts) {
+    const auto has = [](const TestedPart& tested) { return HasBlockColumn(*tested.aircraft); };
+    return std::ranges::any_of(parts, has) ? HeadCells({{"Block in line", "number"}}) : "";
+}
+
 std::string PlainHead(const std::vector<TestedPart>& parts) {
     const auto has = [](const TestedPart& tested) { return HasPlainColumn(*tested.aircraft, *tested.part); };
     return std::ranges::any_of(parts, has) ? HeadCells({{"Plain", ""}}) : "";
@@ -218,13 +238,13 @@ std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) 
                                   Element("td", std::to_string(part->PartId), "class=\"number\"") +
                                   Element("td", part->rectangle.empty() ? "–" : Escaped(part->rectangle),
                                           "class=\"rectangle\"") +
-                                  PlainCell(*aircraft, *part)) +
+                                  PlainCell(*aircraft, *part) + BlockCell(*aircraft, *part)) +
                 "\n";
     const std::string title = "Expected " + TouchInteractionTypeToText(cell.first) + ", detected " +
                               TouchInteractionTypeToText(cell.second) + " (" + std::to_string(parts.size()) + ")";
     return Element("h3", title, "id=\"" + Anchor(cell) + "\"") + "\n" +
            Table(HeadCells({{"Aircraft", ""}, {"NodeId", "number"}, {"PartId", "number"}, {"Mouse rectangle", ""}}) +
-                     PlainHead(parts),
+                     PlainHead(parts) + BlockHead(parts),
                  rows);
 }
 
