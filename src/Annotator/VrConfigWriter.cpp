@@ -42,7 +42,7 @@ const Vector3 kBoxBelow(-0.3f, -0.7f, -0.5f), kBoxAbove(0.3f, 0.1f, 0.1f);
 struct Controls {
     struct Group {
         std::string key;
-        std::vector<const NodePart*> parts;
+        std::vector<const NodePart*> parts; ///< the primary yoke first
         bool isYoke = false;
     };
 
@@ -71,8 +71,9 @@ Controls FindControls(const CockpitModel::SceneGraph& sceneGraph, const Annotati
             const auto [place, isNew] = places.try_emplace(key, controls.groups.size());
             if (isNew)
                 controls.groups.push_back({key, {}, isYoke});
-            if (controls.groups[place->second].isYoke == isYoke)
-                controls.groups[place->second].parts.push_back(part.get());
+            auto& [groupKey, parts, ofYoke] = controls.groups[place->second];
+            if (ofYoke == isYoke)
+                parts.insert(type == TouchInteractionType::YokePrimary ? parts.begin() : parts.end(), part.get());
         }
     return controls;
 }

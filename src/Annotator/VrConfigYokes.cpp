@@ -2,17 +2,21 @@
 
 #include "CockpitModel/Node.h"
 #include "CockpitModel/PartTransformCalculator.h"
+#include "CockpitModel/Touch/Manipulator.h"
 #include "CockpitModel/Turning.h"
+#include "Utils/Text.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace Annotator {
 
 namespace {
 
+using CockpitModel::Manipulator;
 using CockpitModel::ModelAnimation;
 using CockpitModel::Node;
 using CockpitModel::NodePart;
@@ -48,23 +52,55 @@ Matrix4 RestMatrix(const Node* node) {
     return m;
 }
 
-/// A rotation of a yoke.
+/// One of the two motions of a yoke.
+struct YokeMotion {
+    bool (*isName)(std::string_view name, CockpitModel::Reading reading);
+    const char* word; ///< aircraft that move their yokes by datarefs of their own name them after the motion
+};
+constexpr YokeMotion kPitch{CockpitModel::IsYokePitchName, "pitch"}, kRoll{CockpitModel::IsYokeRollName, "roll"};
+
+bool Names(const YokeMotion& motion, const std::string& dataref) {
+    return motion.isName(dataref, CockpitModel::Reading::Full) ||
+           Utils::ToLowerAscii(dataref).find(motion.word) != std::string::npos;
+}
+
+/// A rotation of a yoke, with its angles in degrees at the least and the greatest value.
 struct YokeTurn {
     const Node* node = nullptr;
     Turning turning;
+    float atLeast = 0, atGreatest = 0;
 };
 
-/// The rotation by roll, or by pitch, at or above a part that turns most.
-template <typename IsName>
-std::optional<YokeTurn> FindYokeTurn(const NodePart& part, IsName isName) {
+/// The values that the drag gives to the motion's dataref, the lesser first.
+std::pair<double, double> DraggedRange(const Manipulator& drag, const YokeMotion& motion) {
+    const auto name = std::ranges::find_if(drag.names, [&](const auto& dataref) { return Names(motion, dataref); });
+    if (name == drag.names.end() || drag.rangeAt < 0)
+        return {0, 0};
+    const auto place = drag.rangeAt + 2 * (drag.firstName + (name - drag.names.begin()));
+    const double a = drag.numbers.at(static_cast<std::size_t>(place)),
+                 b = drag.numbers.at(static_cast<std::size_t>(place) + 1);
+    return {std::min(a, b), std::max(a, b)};
+}
+
+/// Keys may lie at one half of the drag's range only, or have other units.
+void SetAngles(YokeTurn& turn, const std::pair<double, double>& dragged) {
+    const auto [least, greatest] = std::minmax(turn.turning.keys.front().value, turn.turning.keys.back().value);
+    turn.atLeast = static_cast<float>(turn.turning.DegreesAt(std::min(least, dragged.first)));
+    turn.atGreatest = static_cast<float>(turn.turning.DegreesAt(std::max(greatest, dragged.second)));
+}
+
+/// The rotation by one motion, at or above a part, that turns most.
+std::optional<YokeTurn> FindYokeTurn(const NodePart& part, const YokeMotion& motion) {
     std::optional<YokeTurn> most;
     for (const Node* node = part.node; node; node = node->parent) {
-        if (!node->animation || node->animation->outsideBlocks || !isName(node->animation->name))
+        if (!node->animation || node->animation->outsideBlocks || !Names(motion, node->animation->name))
             continue;
         if (auto turning = CockpitModel::FindTurning(*node->animation);
             turning && (!most || turning->Extent() > most->turning.Extent()))
             most = YokeTurn{node, std::move(*turning)};
     }
+    if (most)
+        SetAngles(*most, DraggedRange(*part.manipulator, motion));
     return most;
 }
 
@@ -77,12 +113,8 @@ std::string TurnText(const YokeTurn& turn, const VrConfigPlaces& places) {
     const Matrix4 toModel = turn.node->localMatrix * RestMatrix(turn.node->parent);
     const Vector3 centre = places.OfModel(toModel.row(3).head<3>());
     const Vector3 axis = Flipped(Vector3(Flipped(turn.turning.axis) * toModel.topLeftCorner<3, 3>()));
-    Turning::Key least = turn.turning.keys.front(), greatest = turn.turning.keys.back();
-    if (least.value > greatest.value)
-        std::swap(least, greatest);
     return VectorText(centre, kShownLength) + VectorText(axis, kShownAxis) +
-           VrConfigRounded(static_cast<float>(least.degrees), kShownAngle) +
-           VrConfigRounded(static_cast<float>(greatest.degrees), kShownAngle);
+           VrConfigRounded(turn.atLeast, kShownAngle) + VrConfigRounded(turn.atGreatest, kShownAngle);
 }
 
 Vector3 MiddleOf(const NodePart& part) {
@@ -106,12 +138,9 @@ Vector3 VrConfigPlaces::OfModel(const Vector3& point) const {
 }
 
 VrConfigLines YokeLines(const std::vector<const NodePart*>& parts, const VrConfigPlaces& places) {
-    constexpr auto reading = CockpitModel::Reading::Full;
-    const auto isPitch = [](const std::string& name) { return CockpitModel::IsYokePitchName(name, reading); };
-    const auto isRoll = [](const std::string& name) { return CockpitModel::IsYokeRollName(name, reading); };
     VrConfigLines lines;
     for (const NodePart* part : parts) {
-        const auto pitch = FindYokeTurn(*part, isPitch), roll = FindYokeTurn(*part, isRoll);
+        const auto pitch = FindYokeTurn(*part, kPitch), roll = FindYokeTurn(*part, kRoll);
         if (!pitch || !roll)
             continue;
         lines.comments.push_back("Pitch, then roll: centre, axis, angles at the least and the greatest value.");

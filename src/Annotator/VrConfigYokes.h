@@ -26,8 +26,8 @@ private:
     Utils::Vector3 modelOffset, origin;
 };
 
-/// The block of a yoke: parts with the same ATTR_manip_drag_xy, at least one. It says how the yoke turns with every
-/// other dataref at 0; without directives if it does not turn both by pitch and by roll.
+/// The block of a yoke: parts with the same ATTR_manip_drag_xy, at least one, of which the first counts that turns by
+/// both pitch and roll. It says how that one turns with every other dataref at 0; without directives if none does.
 VrConfigLines YokeLines(const std::vector<const CockpitModel::NodePart*>& parts, const VrConfigPlaces& places);
 
 /// Whether two of the yoke parts lie mirrored at both sides of the aircraft, so that it has a second seat.
