@@ -64,6 +64,11 @@ std::string_view RestAfter(std::string_view line, std::string_view lastWord) {
     return rest.substr(first, rest.find_last_not_of(kSpace) + 1 - first);
 }
 
+/// The text from one of its words to a later one.
+std::string_view Between(std::string_view first, std::string_view last) {
+    return {first.data(), last.data() + last.size()};
+}
+
 std::string Quoted(std::string_view word) {
     const bool isLong = word.size() > kLongestShown;
     return "'" + Utils::ToValidUtf8(word.substr(0, kLongestShown)) + (isLong ? "...'" : "'");
@@ -136,7 +141,8 @@ private:
         if (like || headerFault)
             return like;
         headerFault = true;
-        Fault(VrConfigRule::Header, line, word.empty() ? "an empty line" : Quoted(word), std::string(kHeader[index]));
+        Fault(VrConfigRule::Header, line, word.empty() ? "an empty line" : Quoted(Between(word, words.back())),
+              std::string(kHeader[index]));
         return false;
     }
 
@@ -219,7 +225,7 @@ private:
         if (block || hotspot) {
             const std::uint32_t at = block ? file.blocks.back().firstLine : file.hotspots.back().firstLine;
             const std::string end(block ? kEndBlock : kEndHotspot), begin(block ? kBeginBlock : kBeginHotspot);
-            Fault(Nesting, at, begin + " without " + end + " before " + where, end);
+            Fault(Nesting, at, "no " + end + " before " + where, "one for this " + begin);
         }
         CloseAt(lastLine);
     }
@@ -238,7 +244,7 @@ private:
         ended.lastLine = lastLine;
         for (const std::string_view word : kHotspotWords)
             if (std::ranges::find(seen, word) == seen.end())
-                Fault(Complete, ended.firstLine, "a hotspot without " + std::string(word), std::string(word));
+                Fault(Complete, ended.firstLine, "no " + std::string(word) + " in this hotspot", "one");
     }
 
     bool IsInside(bool open, std::string_view word, std::string_view begin) {
@@ -251,7 +257,7 @@ private:
         if (!IsInside(hotspot, word, kBeginHotspot))
             return;
         if (std::ranges::find(seen, word) != seen.end()) {
-            Fault(Complete, line, "a second " + std::string(word), "one in a hotspot");
+            Fault(Complete, line, "a second " + std::string(word), "one in each hotspot");
             return;
         }
         seen.push_back(word);
