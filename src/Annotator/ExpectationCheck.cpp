@@ -6,6 +6,7 @@
 #include "CockpitModel/Annotations/AnnotationXml.h"
 #include "CockpitModel/XPlane/VrConfigParts.h"
 #include "Utils/Files.h"
+#include "Utils/Paths.h"
 
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
@@ -127,10 +128,10 @@ void RunBlocks(const VrConfigFile& file, const SceneGraph& sceneGraph, AircraftR
 }
 
 AircraftResult CheckBlocks(const Sim::AircraftInfo& info) {
-    const boost::filesystem::path path = CockpitModel::VrConfigPath(info.acfPath);
+    const boost::filesystem::path path = Utils::FindIgnoringCase(CockpitModel::VrConfigPath(info.acfPath));
     AircraftResult tests = ResultOf(info, CockpitModel::Reading::Full);
     tests.source = ExpectationSource::VrConfig;
-    tests.hasVrConfig = boost::filesystem::exists(path);
+    tests.hasVrConfig = !path.empty();
     if (!tests.hasVrConfig)
         return tests;
     const VrConfigFile file = CockpitModel::ParseVrConfig(Utils::ReadFile(path));
@@ -167,7 +168,7 @@ std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const
     }
 }
 
-AircraftResult CheckVrConfig(const Sim::AircraftInfo& info) {
+AircraftResult TestVrConfig(const Sim::AircraftInfo& info) {
     try {
         return CheckBlocks(info);
     } catch (const std::exception& error) {

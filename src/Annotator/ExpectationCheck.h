@@ -68,7 +68,7 @@ std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const
 
 /// Loads one aircraft in the full reading and compares its parts with the kinds of the blocks in its _vrconfig.txt, of
 /// two blocks for a part the first. An aircraft without this file is not loaded. Otherwise as CheckAircraft.
-AircraftResult CheckVrConfig(const Sim::AircraftInfo& info);
+AircraftResult TestVrConfig(const Sim::AircraftInfo& info);
 
 /// Tests every aircraft that has an annotation file, in list order, with one in memory at a time. An aircraft whose
 /// file contains no expectation has a total of 0. The first aircraft that fails to load ends the run.

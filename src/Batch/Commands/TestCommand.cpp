@@ -18,7 +18,7 @@ struct TestOptions {
 
 std::optional<Annotator::AircraftResult> Check(const Sim::AircraftInfo& info, const TestOptions& options) {
     if (options.vrConfig)
-        return Annotator::CheckVrConfig(info);
+        return Annotator::TestVrConfig(info);
     return Annotator::CheckAircraft(info, options.aircraft.load);
 }
 

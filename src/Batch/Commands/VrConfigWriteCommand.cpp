@@ -6,6 +6,7 @@
 #include "Batch/Jobs/ScopedSignalBlock.h"
 #include "CockpitModel/XPlane/VrConfigFile.h"
 #include "Utils/Files.h"
+#include "Utils/Paths.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/filesystem/operations.hpp>
@@ -69,10 +70,17 @@ std::string CountsText(const VrConfigText& made) {
            std::to_string(made.guesses) + " of them with a guess";
 }
 
+/// The file beside the .acf, in the case that it has if it exists.
+std::string OwnFile(const Sim::AircraftInfo& info) {
+    const boost::filesystem::path expected = CockpitModel::VrConfigPath(info.acfPath);
+    const boost::filesystem::path found = Utils::OnDiskCase(Utils::FindIgnoringCase(expected));
+    return (found.empty() ? expected : found).string();
+}
+
 class FileWriter {
 public:
     FileWriter(const WriteOptions& what, const Sim::AircraftInfo& info, Session& callers)
-        : options(what), own(CockpitModel::VrConfigPath(info.acfPath).string()), session(callers),
+        : options(what), own(OwnFile(info)), session(callers),
           target(options.file.empty() ? own : session.ResolveArgument(options.file)),
           exists(!ToStdout() && Exists(target)) {
         if (exists && !options.merge && !options.force)
