@@ -16,5 +16,6 @@ Action PrepareMerge(CLI::App& app);
 Action PrepareAccept(CLI::App& app);
 Action PrepareCompare(CLI::App& app);
 Action PrepareVrConfigCheck(CLI::App& app);
+Action PrepareVrConfigWrite(CLI::App& app);
 
 } // namespace Batch

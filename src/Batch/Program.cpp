@@ -24,6 +24,15 @@ constexpr std::array kVrConfigCommands{
             "Example:\n"
             "  vorelle-batch -C X-Plane vrconfig check Trainer",
             PrepareVrConfigCheck},
+    Command{
+        "write", "Write the VR configuration of an aircraft",
+        "Makes hotspots from the pilot's eye and the yokes, a block for each knob, and one for each yoke that turns.\n"
+        "The types that the annotation file of the full reading sets count. An existing file is only changed with\n"
+        "--merge or --force.\n"
+        "Examples:\n"
+        "  vorelle-batch -C X-Plane vrconfig write Trainer\n"
+        "  vorelle-batch -C X-Plane vrconfig write --merge --out - Trainer",
+        PrepareVrConfigWrite},
 };
 
 constexpr std::array kCommands{
@@ -82,7 +91,7 @@ constexpr std::array kCommands{
             "  vorelle-batch compare before after",
             PrepareCompare},
     Command{
-        "vrconfig", "Check the VR configurations of aircraft",
+        "vrconfig", "Check or write the VR configurations of aircraft",
         "The VR configuration, <name>_vrconfig.txt beside <name>.acf, tells X-Plane where the user sits in VR and how\n"
         "a hand moves the controls.\n"
         "Run 'vorelle-batch vrconfig COMMAND --help' for details of a command.",

@@ -41,6 +41,8 @@ expect vr -- 'vrconfig'
 expect vrconfig c -- 'check'
 expect vrconfig check --j -- '--jobs|--json'
 expect vrconfig check --json L -- 'Lark\ 15.2'
+expect vrconfig write --m -- '--merge'
+expect vrconfig write --force L -- 'Lark\ 15.2'
 # shellcheck disable=SC2016  # it must not be expanded
 expect explain '$(touch broken)`touch broken`' '' -- ''
 [ ! -e broken ] || { echo "FAILED: a word was executed" >&2; failed=1; }
