@@ -6,7 +6,7 @@ if [ -n "$DISPLAY" ]; then
     exec "$@"
 fi
 number=$(mktemp)
-Xvfb -displayfd 3 -screen 0 1600x1000x24 +extension GLX -nolisten tcp -noreset 3>"$number" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 "${SCREEN_SIZE:-1600x1000}x24" +extension GLX -nolisten tcp -noreset 3>"$number" 2>/dev/null &
 server=$!
 trap 'kill $server 2>/dev/null; rm -f "$number"' EXIT
 for _ in $(seq 100); do
