@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <unordered_set>
+#include <utility>
 
 namespace Annotator {
 
@@ -24,6 +25,11 @@ constexpr float kPartFilled = 1.0f / 3.0f;
 constexpr float kCockpitRadius = 10.0f;  // metres; doors and hatches of a long cabin are farther away
 constexpr float kFarthestCamera = 25.0f; // metres; the window draws nothing beyond its far plane
 static_assert(kFarthestCamera < kFarPlane);
+
+/// The distance of the farthest corner of a box.
+float Farthest(const Extent& box, const Vector3& point) {
+    return Utils::Length((point - box.least).cwiseAbs().cwiseMax((box.greatest - point).cwiseAbs()));
+}
 
 /// Between world and camera, whose z axes are opposite.
 Vector3 Mirrored(const Vector3& position) {
@@ -64,10 +70,11 @@ Vector3 Median(std::vector<Vector3> places) {
     return median;
 }
 
-/// The touchable parts near their median; empty if none is touchable.
+/// The touchable parts that are entirely near the median of all; one that spans the fuselage is not, wherever its
+/// middle is.
 std::unordered_set<const NodePart*> TouchableParts(SceneGraph& sceneGraph) {
-    std::vector<const NodePart*> parts;
-    std::vector<Vector3> places;
+    std::vector<std::pair<const NodePart*, Extent>> parts;
+    std::vector<Vector3> middles;
     VisitParts(sceneGraph, [&](const Matrix4& world, const NodePart& part) {
         if (!part.Rect())
             return;
@@ -75,16 +82,16 @@ std::unordered_set<const NodePart*> TouchableParts(SceneGraph& sceneGraph) {
         ForEachCorner(world, part, [&](const Vector3& corner) { extent.Add(corner); });
         if (extent.IsEmpty())
             return;
-        parts.push_back(&part);
-        places.push_back(extent.Middle());
+        parts.emplace_back(&part, extent);
+        middles.push_back(extent.Middle());
     });
     std::unordered_set<const NodePart*> chosen;
     if (parts.empty())
         return chosen;
-    const Vector3 median = Median(places);
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        if (Utils::Length(places[i] - median) <= kCockpitRadius)
-            chosen.insert(parts[i]);
+    const Vector3 median = Median(std::move(middles));
+    for (const auto& [part, extent] : parts)
+        if (Farthest(extent, median) <= kCockpitRadius)
+            chosen.insert(part);
     return chosen;
 }
 
