@@ -40,9 +40,9 @@ constexpr double kWarmUpShare = 0.2;
 constexpr double kMostGrowth = 0.05;
 /// Messages that the window may show: one aircraft of the sample has no texture, and its annotations have a record
 /// without a part.
-constexpr const char* kExpected[] = {"cannot be loaded",    "It was kept unchanged as", "are not saved. Load",
-                                     "Records that change", "Nothing to save",          "fails its test",
-                                     "has an expected type"};
+constexpr const char* kExpected[] = {"cannot be loaded",     "It was kept unchanged as", "are not saved. Load",
+                                     "Records that change",  "Nothing to save",          "fails its test",
+                                     "has an expected type", "No aircraft is loaded"};
 constexpr long kMostHandles = 4, kMostThreads = 1;
 /// Texture names are checked up to this number. Drivers reuse the names of deleted textures.
 constexpr GLuint kMostTextures = 4096;
@@ -319,7 +319,9 @@ private:
         auto& choice = *Support::Find<wxChoice>(list);
         Support::Choose(choice, Below(static_cast<int>(choice.GetCount())));
         wxMenu& sort = *list.GetMenuBar()->GetMenu(2);
-        Support::ChooseMenuItem(sort, static_cast<std::size_t>(Below(static_cast<int>(sort.GetMenuItemCount()))));
+        const int line = Below(static_cast<int>(sort.GetMenuItemCount()));
+        wxCommandEvent chosen(wxEVT_MENU, sort.FindItemByPosition(static_cast<std::size_t>(line))->GetId());
+        sort.ProcessEvent(chosen);
         auto& rows = *Support::Find<wxListCtrl>(list);
         if (rows.GetItemCount() > 0)
             rows.SetItemState(Below(rows.GetItemCount()), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);

@@ -5,6 +5,7 @@
 #include "Support/MadeAircraft.h"
 #include "Support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <boost/algorithm/string/join.hpp>
 #include <gmock/gmock.h>
 

@@ -88,6 +88,7 @@ private:
     bool MayDiscardEdit();
     void ShowPartList();
     void ReadPartList();
+    wxWindow* FrontWindow();
     void GoToPart(const PartStep& step);
     void ChangeRecords(const std::function<AnnotationSaveResult()>& change);
     void RebuildTree();

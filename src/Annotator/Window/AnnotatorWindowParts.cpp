@@ -61,7 +61,7 @@ void AnnotatorWindow::GoToPart(const PartStep& step) {
     if (CockpitModel::NodePart* const part = FindPart(session, step.test, step.backward))
         SelectPart(part);
     else
-        ShowNote(this, session.Scene() ? step.noneText : kNoAircraft);
+        ShowNote(FrontWindow(), session.Scene() ? step.noneText : kNoAircraft);
 }
 
 /// The pages keep what the user has not saved.
@@ -70,6 +70,11 @@ void AnnotatorWindow::ChangeRecords(const std::function<AnnotationSaveResult()>&
     const AnnotationSaveResult result = change();
     ShowRecord();
     ShowSaveResult(result);
+}
+
+/// The one of both windows in which the user works.
+wxWindow* AnnotatorWindow::FrontWindow() {
+    return partListWindow && partListWindow->IsActive() ? static_cast<wxWindow*>(partListWindow) : this;
 }
 
 void AnnotatorWindow::ReadPartList() {

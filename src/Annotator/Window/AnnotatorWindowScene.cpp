@@ -177,9 +177,9 @@ void AnnotatorWindow::ShowSaveResult(const AnnotationSaveResult& result) {
     partTree->SetItemText(partTree->GetRootItem(), ToWide(TreeRootText(session)));
     ReadPartList();
     if (!result.saved)
-        ShowProblem(this, SaveFailureText(session.AnnotationPath(), result.error));
+        ShowProblem(FrontWindow(), SaveFailureText(session.AnnotationPath(), result.error));
     else if (!result.unreadableCopy.empty())
-        ShowProblem(this, KeptCopyText(session.AnnotationPath(), result.unreadableCopy));
+        ShowProblem(FrontWindow(), KeptCopyText(session.AnnotationPath(), result.unreadableCopy));
 }
 
 } // namespace Annotator

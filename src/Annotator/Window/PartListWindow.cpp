@@ -171,6 +171,8 @@ void PartListWindow::OnRowChosen(wxListEvent& event) {
 }
 
 void PartListWindow::OnRowActivated(wxListEvent& event) {
+    if (event.GetIndex() < 0)
+        return;
     RunGuarded(
         this, [&] { frameSignal(list.Shown(static_cast<std::size_t>(event.GetIndex())).state.part); },
         FrameFailureText);

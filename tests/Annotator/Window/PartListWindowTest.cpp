@@ -100,6 +100,7 @@ TEST_F(PartListWindowTest, FiltersAndSortsAndKeepsTheChosenParts) {
     for (const char* first : {"0,0", "2,0", "0,0"}) { // ascending, descending, the tree's order
         wxListEvent click(wxEVT_LIST_COL_CLICK, rows->GetId());
         click.SetEventObject(rows);
+        click.m_col = 0;
         rows->ProcessWindowEvent(click);
         EXPECT_EQ(Column(0).front(), first);
         EXPECT_EQ(IdLabel(), "ID: (1,1)");
