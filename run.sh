@@ -26,6 +26,7 @@ configure_and_build() {
 
 detect_on_terminal() {
   local code=0
+  [ -z "${WAYLAND_DISPLAY-}" ] || say "This Wayland session has no X server, which the window needs: install xwayland and log in again"
   say "No display (DISPLAY is not set): detecting all aircraft with vorelle-batch instead of opening the window"
   "$root/build/run/src/vorelle-batch" -C "$folder" detect || code=$?
   # 3: the aircraft that could not be loaded have been named, and the files of the others are written.

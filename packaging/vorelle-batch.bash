@@ -15,6 +15,8 @@ _vorelle_batch_read() {
       [ -z "$(_vorelle_batch_takes "$word")" ] || ((++i))
     elif [ -z "$command" ]; then
       command=$word
+    elif [ "$command" = vrconfig ]; then
+      command="vrconfig $word"
     else
       arguments+=("$word")
     fi
@@ -29,6 +31,11 @@ _vorelle_batch_plain() {
 # Options of the command, one per line: option, tab, kind of its value.
 _vorelle_batch_options() {
   "${run[0]}" --completion 2>/dev/null | sed -n "s/^$command\t\(-.*\)/\1/p"
+}
+
+# The names of the commands, or of those below a command, whose name and a space are given.
+_vorelle_batch_commands() { # [PREFIX]
+  "${run[0]}" --completion 2>/dev/null | sed -n "s/^${1-}\([^\t ]\{1,\}\)\t\t\$/\1/p"
 }
 
 _vorelle_batch_takes() { # OPTION
@@ -54,7 +61,8 @@ _vorelle_batch_aircraft() {
 
 _vorelle_batch_arguments() {
   case $command in
-    detect | inspect | render | lint | manips | test | accept) _vorelle_batch_offer < <(_vorelle_batch_aircraft) ;;
+    vrconfig) _vorelle_batch_offer < <(_vorelle_batch_commands 'vrconfig ') ;;
+    detect | inspect | render | lint | manips | test | accept | 'vrconfig '*) _vorelle_batch_offer < <(_vorelle_batch_aircraft) ;;
     explain)
       if [ ${#arguments[@]} -eq 0 ]; then
         _vorelle_batch_offer < <(_vorelle_batch_aircraft)
@@ -81,7 +89,7 @@ _vorelle_batch() {
   if [ "${current:0:1}" = - ]; then
     _vorelle_batch_offer < <(_vorelle_batch_options | cut -f 1)
   elif [ -z "$command" ]; then
-    _vorelle_batch_offer < <("${run[0]}" --completion 2>/dev/null | sed -n 's/^\([^\t]\{1,\}\)\t\t$/\1/p')
+    _vorelle_batch_offer < <(_vorelle_batch_commands)
   else
     _vorelle_batch_arguments
   fi

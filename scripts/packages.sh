@@ -6,7 +6,8 @@ library_packages=(libwxgtk3.2-dev libboost-dev libboost-filesystem-dev libtinyxm
   libcairo2-dev libeigen3-dev libepoxy-dev libegl-dev libgl-dev libcli11-dev nlohmann-json3-dev)
 # Mesa's drivers, including the software renderer; the loader of the toolkit's images, such as its check marks.
 device_packages=(libgl1-mesa-dri librsvg2-common)
-test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel mandoc jq)
+# weston, xwayland and xdotool: the test in a Wayland session.
+test_packages=(libgtest-dev libgmock-dev xvfb xauth python3 parallel mandoc jq weston xwayland xdotool)
 # To build the Windows programs and run their tests.
 windows_packages=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev xz-utils cmake ninja-build meson python3
   libboost-dev libeigen3-dev libcli11-dev nlohmann-json3-dev googletest xvfb xauth libgl1-mesa-dri)

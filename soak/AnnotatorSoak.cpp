@@ -5,6 +5,7 @@
 
 #include "Annotator/Window/AnnotatorApp.h"
 #include "Annotator/Window/AnnotatorWindow.h"
+#include "Annotator/Window/PartListWindow.h"
 #include "Annotator/Window/Toolkit.h"
 #include "CockpitModel/AircraftCockpit.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
@@ -39,7 +40,9 @@ constexpr double kWarmUpShare = 0.2;
 constexpr double kMostGrowth = 0.05;
 /// Messages that the window may show: one aircraft of the sample has no texture, and its annotations have a record
 /// without a part.
-constexpr const char* kExpected[] = {"cannot be loaded", "It was kept unchanged as", "are not saved. Load"};
+constexpr const char* kExpected[] = {"cannot be loaded",    "It was kept unchanged as", "are not saved. Load",
+                                     "Records that change", "Nothing to save",          "fails its test",
+                                     "has an expected type"};
 constexpr long kMostHandles = 4, kMostThreads = 1;
 /// Texture names are checked up to this number. Drivers reuse the names of deleted textures.
 constexpr GLuint kMostTextures = 4096;
@@ -116,9 +119,9 @@ public:
             std::cout << "FAILED: the window showed: " << text << '\n';
             quiet = false;
         }
-        std::cout << steps << " steps, " << loads << " loads, " << saves << " saves, " << windows << " windows"
-                  << std::endl;
-        return steady && found && quiet;
+        std::cout << steps << " steps, " << loads << " loads, " << saves << " saves, " << changes << " changes, "
+                  << wrongRecords << " wrong records, " << windows << " windows" << std::endl;
+        return steady && found && quiet && wrongRecords == 0;
     }
 
 private:
@@ -150,10 +153,11 @@ private:
         static constexpr struct {
             int weight; ///< of 1000
             void (Soak::*act)();
-        } kActions[] = {{20, &Soak::LoadAny},       {300, &Soak::Click},          {100, &Soak::Drag},
+        } kActions[] = {{20, &Soak::LoadAny},       {280, &Soak::Click},          {100, &Soak::Drag},
                         {150, &Soak::SelectInTree}, {200, &Soak::Slide},          {150, &Soak::EditSave},
                         {40, &Soak::TurnPage},      {20, &Soak::ShowTransparent}, {12, &Soak::Walk},
-                        {4, &Soak::Resize},         {1, &Soak::Reopen},           {3, &Soak::ChangeReading}};
+                        {4, &Soak::Resize},         {1, &Soak::Reopen},           {3, &Soak::ChangeReading},
+                        {8, &Soak::UseList},        {6, &Soak::ChangeRecords},    {6, &Soak::GoToPart}};
         ++steps;
         int at = Below(1000);
         for (const auto& action : kActions) {
@@ -297,6 +301,87 @@ private:
         ++saves;
     }
 
+    wxMenu& PartsMenu() { return *window->GetMenuBar()->GetMenu(4); }
+    void GoToPart() { Support::ChooseMenuItem(PartsMenu(), static_cast<std::size_t>(2 + Below(4))); }
+
+    /// The list of parts, opened if it is not.
+    PartListWindow& OpenList() {
+        auto* list = Support::Find<PartListWindow>(*window);
+        if (!list || !list->IsShown())
+            Support::ChooseMenuItem(PartsMenu(), 0);
+        Support::PumpFrames(1);
+        return Child<PartListWindow>();
+    }
+    void UseList() {
+        PartListWindow& list = OpenList();
+        static const char* const kFilters[] = {"", "", "1", "move", "sim/ drag", "nothing has this"};
+        Support::Find<wxTextCtrl>(list)->SetValue(kFilters[Below(6)]);
+        auto& choice = *Support::Find<wxChoice>(list);
+        Support::Choose(choice, Below(static_cast<int>(choice.GetCount())));
+        wxMenu& sort = *list.GetMenuBar()->GetMenu(2);
+        Support::ChooseMenuItem(sort, static_cast<std::size_t>(Below(static_cast<int>(sort.GetMenuItemCount()))));
+        auto& rows = *Support::Find<wxListCtrl>(list);
+        if (rows.GetItemCount() > 0)
+            rows.SetItemState(Below(rows.GetItemCount()), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+        if (Below(4) == 0)
+            list.Close();
+    }
+
+    std::map<PartAddress, AnnotationRecord> RecordsOf(const std::string& path) const {
+        std::map<PartAddress, AnnotationRecord> records;
+        for (const AnnotationRecord& record : CockpitModel::ReadAnnotations(path))
+            records[record.Address()] = record;
+        return records;
+    }
+
+    /// Expects what is detected for all rows that the list shows; takes it back half of the time.
+    void ChangeRecords() {
+        if (loaded < 0)
+            return;
+        const auto reading = IsFull() ? CockpitModel::Reading::Full : CockpitModel::Reading::Plain;
+        const Sim::AircraftInfo& info = *aircraft[static_cast<std::size_t>(loaded)];
+        const auto before = RecordsOf(CockpitModel::FindAnnotations(info, reading).path);
+        const std::string path = CockpitModel::AnnotationFile(info, reading);
+        PartListWindow& list = OpenList();
+        auto& rows = *Support::Find<wxListCtrl>(list);
+        wxMenu& change = *list.GetMenuBar()->GetMenu(1);
+        rows.SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+        std::map<PartAddress, AnnotationRecord> expected = before;
+        std::vector<PartAddress> addresses;
+        for (long row = 0; row < rows.GetItemCount(); ++row) {
+            const auto text = [&](int column) { return rows.GetItemText(row, column).ToStdString(); };
+            const PartAddress address = *CockpitModel::ParsePartAddress(text(0));
+            AnnotationRecord& record = expected[address];
+            record.NodeId = address.node, record.PartId = address.part;
+            record.InteractionTypeTest = CockpitModel::TouchInteractionTypeFromText(text(1));
+            addresses.push_back(address);
+        }
+        const std::size_t shown = dialogs.texts.size();
+        Support::ChooseMenuItem(change, 1);
+        if (addresses.empty() || dialogs.texts.size() == shown ||
+            dialogs.texts.back().find("Nothing") != std::string::npos)
+            return;
+        Compare(path, addresses, expected);
+        if (Below(2) == 0) {
+            Support::ChooseMenuItem(change, 4);
+            Compare(path, addresses, before);
+        } else {
+            for (const PartAddress& address : addresses)
+                saved[path][address] = expected[address];
+        }
+        ++changes;
+    }
+    void Compare(const std::string& path, const std::vector<PartAddress>& addresses,
+                 const std::map<PartAddress, AnnotationRecord>& expected) {
+        const auto found = RecordsOf(path);
+        for (const PartAddress& address : addresses) {
+            const auto there = found.find(address), wanted = expected.find(address);
+            const bool same = (there == found.end()) == (wanted == expected.end()) &&
+                              (there == found.end() || there->second == wanted->second);
+            wrongRecords += !same;
+        }
+    }
+
     bool AllIsFound() const {
         bool all = true;
         for (const auto& [path, records] : saved) {
@@ -347,7 +432,7 @@ private:
     DXCanvas* canvas = nullptr;
     wxUIActionSimulator mouse;
     int loaded = -1;
-    long steps = 0, loads = 0, saves = 0, windows = 0;
+    long steps = 0, loads = 0, saves = 0, windows = 0, changes = 0, wrongRecords = 0;
     std::vector<Sample> samples;
     std::map<std::string, std::map<PartAddress, AnnotationRecord>> saved;
 };

@@ -7,6 +7,7 @@ FOLDER = "Aircraft/General Aviation/Vorelle Scout"
 FEET = 1 / 0.3048
 # In metres from the aircraft's reference point.
 EYE, CABIN, PANEL = (0, 1.00, 0.30), (0, 0, 0), (0, 0.72, -0.48)
+CENTRE_OF_GRAVITY = (0, 0.50, 0.60)
 PITCH, ROLL = (f"sim/cockpit2/controls/yoke_{axis}_ratio" for axis in ("pitch", "roll"))
 OUT = (0, 0, 1)
 
@@ -183,10 +184,97 @@ def aircraft_file():
     yield from attached(0, "cabin.obj", CABIN)
     yield from attached(1, "panel.obj", PANEL)
     yield "P _obja/count 2"
+    for axis, value in zip("YZ", CENTRE_OF_GRAVITY[1:]):
+        yield f"P acf/_cg{axis} {number(value * FEET)}"
     yield "P acf/_descrip Vorelle Scout"
     for axis, value in enumerate(EYE):
         yield f"P acf/_pe_xyz/{axis} {number(value * FEET)}"
     yield "PROPERTIES_END"
+
+
+# -- the VR configuration ----------------------------------------------------------------------------------------------
+
+# It has each fault that 'vrconfig check' finds, once. What is right in it shows how a block looks.
+VR_CONFIGURATION = """\
+# Vorelle Scout: a comment before the header
+A
+1100
+VRCONFIG
+
+# It counts from the reference point, but REF_POINT_ACF is missing.
+BEGIN_TELEPORT_HOTSPOT SITTING Pilot's seat
+	AABB -0.4 0.6 -0.1 0.4 1.3 0.7
+	PRESET_XYZ 0 1 0.3
+	PRESET_PSI 0
+	PRESET_THE 0
+	PRESET_PHI 0
+END_TELEPORT_HOTSPOT
+
+# Greatest and least y are exchanged.
+BEGIN_TELEPORT_HOTSPOT SITTING Back seat
+	AABB -0.4 1.3 0.7 0.4 0.6 1.5
+	PRESET_XYZ 0 1 1.1
+	PRESET_PSI 0
+	PRESET_THE 0
+	PRESET_PHI 0
+END_TELEPORT_HOTSPOT
+
+# PRESET_PHI is missing.
+BEGIN_TELEPORT_HOTSPOT SITTING Beside the door
+	AABB -1.9 1 -0.5 -1.1 2 0.5
+	PRESET_XYZ -1.5 1.6 0
+	PRESET_PSI 90
+	PRESET_THE -10
+END_TELEPORT_HOTSPOT
+
+BEGIN_MANIP drag_xy sim/cockpit2/controls/yoke_roll_ratio sim/cockpit2/controls/yoke_pitch_ratio
+	YOKE_MANIP_ROTATE 0 0.58 -0.5 1 0 0 -8 8 0 0.62 -0.3 0 0 1 -60 60
+END_MANIP
+
+BEGIN_MANIP command_knob sim/scout/heading_up sim/scout/heading_down
+	DEG_PER_ACTION 10
+END_MANIP
+
+BEGIN_MANIP command_switch_left_right sim/scout/magneto_left sim/scout/magneto_right
+	DEG_PER_ACTION 30
+END_MANIP
+
+BEGIN_MANIP axis_switch_left_right sim/scout/source
+	DEG_PER_ACTION 45
+	HAPTIC_CLICK 1
+END_MANIP
+
+BEGIN_MANIP command_axis sim/scout/trim_up sim/scout/trim_down
+	INVERT_MANIP
+END_MANIP
+
+# A second block for the heading knob
+BEGIN_MANIP command_knob sim/scout/heading_up sim/scout/heading_down
+	DEG_PER_ACTION 15
+END_MANIP
+
+# The name is not that of the object, and END_MANIP is missing.
+BEGIN_MANIP command_knob2 sim/scout/corse
+	DEG_PER_ACTION 15
+
+BEGIN_MANIP drag_axis_pix sim/scout/dimmer
+	ACTION axis_nob 0 1 0.05 sim/scout/dimmer
+END_MANIP
+
+BEGIN_MANIP axis_knob sim/scout/altimeter
+	DEG_PER_ACTION 3,6
+END_MANIP
+
+# A button does not turn.
+BEGIN_MANIP toggle sim/scout/battery
+	DEG_PER_ACTION 30
+END_MANIP
+
+# A switch is no knob.
+BEGIN_MANIP command_switch_up_down sim/scout/lights_up sim/scout/lights_down
+	ACTION command_knob sim/scout/lights_up sim/scout/lights_down
+END_MANIP
+"""
 
 
 def files():
@@ -194,4 +282,5 @@ def files():
     yield f"{FOLDER}/scout.acf", text_of(aircraft_file())
     yield f"{FOLDER}/objects/cabin.obj", text_of(cabin_object().lines())
     yield f"{FOLDER}/objects/panel.obj", text_of(panel_object().lines())
+    yield f"{FOLDER}/scout_vrconfig.txt", VR_CONFIGURATION.encode()
     yield f"{FOLDER}/scout.png", skin_picture().png()

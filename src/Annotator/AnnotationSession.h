@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Annotator/RecordUpdate.h"
 #include "CockpitModel/AircraftCockpit.h"
 #include "CockpitModel/Annotations/AnnotationStore.h"
 #include "CockpitModel/ModelData.h"
@@ -7,8 +8,10 @@
 #include "CockpitModel/SceneGraph.h"
 #include "Sim/AircraftInfo.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace Annotator {
 
@@ -42,6 +45,17 @@ public:
     /// Whether the working record differs from the stored one.
     bool IsEdited() const;
 
+    /// Stores the records of many parts and writes the annotation file once; without updates, does nothing. A failure
+    /// changes nothing. The working record gets the values that change; its other values stay, saved or not.
+    AnnotationSaveResult Apply(const std::vector<RecordUpdate>& updates);
+    /// What Undo would store: the last Apply reversed, without the values that were saved after it.
+    std::vector<RecordUpdate> UndoUpdates() const;
+    std::size_t LastAppliedCount() const { return lastApplied.size(); } ///< records that the last Apply changed
+    bool CanUndo() const { return !lastApplied.empty(); }
+    /// Takes the last Apply back, once, in the same way as Apply. Values that the user has changed since in the working
+    /// record stay.
+    AnnotationSaveResult Undo();
+
     const std::string& AircraftName() const { return aircraftName; }     ///< empty without an aircraft
     const std::string& AnnotationPath() const { return annotationPath; } ///< empty without an aircraft
     CockpitModel::Reading Reading() const { return reading; }            ///< of the last load
@@ -55,6 +69,9 @@ public:
     const CockpitModel::AnnotationStore* Annotations() const { return annotationStore.get(); }
 
 private:
+    AnnotationSaveResult WriteFile();
+    AnnotationSaveResult Store(const std::vector<RecordUpdate>& updates);
+
     std::string aircraftName;
     std::string annotationPath;
     std::unique_ptr<CockpitModel::AircraftCockpit> cockpit;
@@ -65,6 +82,7 @@ private:
     CockpitModel::NodePart* selectedPart = nullptr;
     std::unique_ptr<CockpitModel::AnnotationStore> annotationStore;
     CockpitModel::AnnotationRecord currentAnnotation;
+    std::vector<RecordUpdate> lastApplied; ///< empty if there is nothing to take back
     CockpitModel::Reading reading = CockpitModel::Reading::Plain;
     bool plainAnnotations = false;
 };

@@ -1,10 +1,15 @@
 #include "Annotator/ExpectationCheck.h"
 
 #include "Annotator/FailureTexts.h"
+#include "Annotator/VrConfigLines.h"
 #include "CockpitModel/Annotations/AnnotationXml.h"
+#include "CockpitModel/XPlane/VrConfigParts.h"
+#include "Utils/Files.h"
+#include "Utils/Paths.h"
 
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
+#include <map>
 
 namespace Annotator {
 
@@ -14,6 +19,8 @@ using CockpitModel::AnnotationRecord;
 using CockpitModel::AnnotationStore;
 using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
+using CockpitModel::TouchInteractionType;
+using CockpitModel::VrConfigFile;
 
 PartResult RunTest(const AnnotationRecord& record, const NodePart& part, const AnnotationStore& store) {
     return {.NodeId = record.NodeId,
@@ -62,6 +69,14 @@ void AddPlainTypes(const Sim::AircraftInfo& info, AircraftResult& tests) {
     }
 }
 
+AircraftResult ResultOf(const Sim::AircraftInfo& info, CockpitModel::Reading reading) {
+    AircraftResult tests;
+    tests.displayName = info.displayName;
+    tests.acfPath = info.acfPath;
+    tests.reading = reading;
+    return tests;
+}
+
 AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel::AnnotationSource& annotations,
                               const LoadOptions& options, const LoadedUse& onFailed) {
     const LoadedAircraft aircraft = LoadAircraft(info, options);
@@ -69,10 +84,7 @@ AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel:
     AnnotationStore store(sceneGraph);
     store.Read(annotations.path);
 
-    AircraftResult tests;
-    tests.displayName = info.displayName;
-    tests.acfPath = info.acfPath;
-    tests.reading = options.reading;
+    AircraftResult tests = ResultOf(info, options.reading);
     tests.plainExpectations = annotations.ofPlain;
     tests.hasCockpitObject = aircraft.opened.cockpit->IsValid();
     RunTests(sceneGraph, store, tests);
@@ -82,6 +94,57 @@ AircraftResult CheckAnnotated(const Sim::AircraftInfo& info, const CockpitModel:
         AddPlainTypes(info, tests);
     if (onFailed && tests.Failed() > 0)
         onFailed(aircraft, store, tests);
+    return tests;
+}
+
+/// A yoke's block does not tell which of the yokes is the primary one.
+bool IsOfKind(TouchInteractionType kind, TouchInteractionType type) {
+    return kind == type || (IsYoke(kind) && IsYoke(type));
+}
+
+/// Compares each part with the first block for its manipulator.
+void RunBlocks(const VrConfigFile& file, const SceneGraph& sceneGraph, AircraftResult& tests) {
+    std::map<std::string, const CockpitModel::VrConfigBlock*> blocks;
+    for (const CockpitModel::VrConfigBlock& block : file.blocks)
+        blocks.try_emplace(VrConfigKey(block), &block);
+    for (const auto& node : sceneGraph.Nodes())
+        for (const auto& part : node->parts) {
+            const auto block = part->manipulator ? blocks.find(VrConfigKey(*part->manipulator)) : blocks.end();
+            if (block == blocks.end())
+                continue;
+            const auto kind = VrConfigKind(*block->second, *part->manipulator);
+            if (!kind)
+                continue;
+            const TouchInteractionType detected = part->InteractionType;
+            const bool passed = IsOfKind(*kind, detected);
+            tests.parts.push_back({.NodeId = node->index,
+                                   .PartId = part->id,
+                                   .rectangle = part->Rect() ? part->Rect()->Text : std::string(),
+                                   .expected = passed ? detected : *kind,
+                                   .detected = detected,
+                                   .passed = passed,
+                                   .blockLine = block->second->firstLine});
+            tests.covered += part->Rect() != nullptr;
+        }
+}
+
+AircraftResult CheckBlocks(const Sim::AircraftInfo& info, const LoadedUse& onFailed) {
+    const boost::filesystem::path path = Utils::FindIgnoringCase(CockpitModel::VrConfigPath(info.acfPath));
+    AircraftResult tests = ResultOf(info, CockpitModel::Reading::Full);
+    tests.source = ExpectationSource::VrConfig;
+    tests.hasVrConfig = !path.empty();
+    if (!tests.hasVrConfig)
+        return tests;
+    const VrConfigFile file = CockpitModel::ParseVrConfig(Utils::ReadFile(path));
+    tests.vrConfigFault = VrConfigStructureFault(file);
+    const LoadedAircraft aircraft = LoadAircraft(info, {.reading = tests.reading});
+    RunBlocks(file, *aircraft.built.sceneGraph, tests);
+    tests.clickable = CountClickable(*aircraft.built.sceneGraph);
+    if (tests.Failed() == 0)
+        return tests;
+    AddPlainTypes(info, tests);
+    if (onFailed)
+        onFailed(aircraft, AnnotationStore(*aircraft.built.sceneGraph), tests);
     return tests;
 }
 
@@ -105,6 +168,14 @@ std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const
         if (!boost::filesystem::exists(annotations.path))
             return std::nullopt;
         return CheckAnnotated(info, annotations, options, onFailed);
+    } catch (const std::exception& error) {
+        std::throw_with_nested(AircraftCheckError(info, ReasonText(error)));
+    }
+}
+
+AircraftResult TestVrConfig(const Sim::AircraftInfo& info, const LoadedUse& onFailed) {
+    try {
+        return CheckBlocks(info, onFailed);
     } catch (const std::exception& error) {
         std::throw_with_nested(AircraftCheckError(info, ReasonText(error)));
     }

@@ -24,6 +24,7 @@ struct PartResult {
     CockpitModel::TouchInteractionType expected = CockpitModel::TouchInteractionType::None;
     CockpitModel::TouchInteractionType detected = CockpitModel::TouchInteractionType::None; ///< before any override
     bool passed = false;
+    std::uint32_t blockLine = 0; ///< of an expectation from a _vrconfig.txt: the line of its BEGIN_MANIP
     /// Of a failed test of the full reading: what the plain one detects, if it has the part.
     std::optional<CockpitModel::TouchInteractionType> plain = std::nullopt;
     std::string picture = {}; ///< a PNG of the part in base 64, if someone made one
@@ -32,6 +33,9 @@ struct PartResult {
     bool FailedAsPlain() const { return !passed && plain == expected; }
 };
 
+/// Where the expectations are from.
+enum class ExpectationSource : std::uint8_t { Annotations, VrConfig };
+
 /// Test results of one aircraft.
 struct AircraftResult {
     std::string displayName;
@@ -39,6 +43,9 @@ struct AircraftResult {
     CockpitModel::Reading reading = CockpitModel::Reading::Plain;
     bool plainExpectations = false; ///< the full reading has no annotation file of its own yet
     bool hasCockpitObject = true;
+    ExpectationSource source = ExpectationSource::Annotations;
+    bool hasVrConfig = true;       ///< of this source: there is a _vrconfig.txt; without it nothing is tested
+    std::string vrConfigFault;     ///< of this source: why blocks may not have been found; empty if there is no reason
     std::vector<PartResult> parts; ///< by node and part
     /// Records with an expectation for which the scene has no part, in file order.
     std::vector<CockpitModel::AnnotationRecord> unplaced;
@@ -67,6 +74,10 @@ using LoadedUse = std::function<void(const LoadedAircraft& aircraft, const Cockp
 /// `onFailed` is called if a test failed.
 std::optional<AircraftResult> CheckAircraft(const Sim::AircraftInfo& info, const LoadOptions& options = {},
                                             const LoadedUse& onFailed = nullptr);
+
+/// Loads one aircraft in the full reading and compares its parts with the kinds of the blocks in its _vrconfig.txt, of
+/// two blocks for a part the first. An aircraft without this file is not loaded. Otherwise as CheckAircraft.
+AircraftResult TestVrConfig(const Sim::AircraftInfo& info, const LoadedUse& onFailed = nullptr);
 
 /// Tests every aircraft that has an annotation file, in list order, with one in memory at a time. An aircraft whose
 /// file contains no expectation has a total of 0. The first aircraft that fails to load ends the run.

@@ -46,13 +46,14 @@ CLI::Option* AddAircraftOptions(CLI::App& app, AircraftOptions& options) {
     return AddSelectionOptions(app, options);
 }
 
+void UseFullReading(Annotator::LoadOptions& load) {
+    load.reading = CockpitModel::Reading::Full;
+    load.untextured = true;
+}
+
 void AddFullOption(CLI::App& app, Annotator::LoadOptions& load) {
     app.add_flag_callback(
-        "--full",
-        [&load] {
-            load.reading = CockpitModel::Reading::Full;
-            load.untextured = true;
-        },
+        "--full", [&load] { UseFullReading(load); },
         "Also read all other manipulators, key frames and attached objects; implies --untextured");
 }
 
@@ -64,6 +65,10 @@ CLI::Option* AddSelectionOptions(CLI::App& app, AircraftOptions& options) {
 
 void AddAircraftOptions(CLI::App& app, SingleAircraftOptions& options) {
     AddUntexturedOption(app, options.load);
+    AddSelectionOptions(app, options);
+}
+
+void AddSelectionOptions(CLI::App& app, SingleAircraftOptions& options) {
     AddTimeoutOption(app, options.limits.timeout);
     app.add_option("AIRCRAFT", options.name, "Aircraft")->type_name("")->required();
 }

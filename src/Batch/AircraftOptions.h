@@ -31,9 +31,13 @@ struct SingleAircraftOptions {
 CLI::Option* AddAircraftOptions(CLI::App& app, AircraftOptions& options);
 /// Without --untextured, for a command that always loads such cockpits.
 CLI::Option* AddSelectionOptions(CLI::App& app, AircraftOptions& options);
+/// What --full does.
+void UseFullReading(Annotator::LoadOptions& load);
 /// Adds --full, the full reading.
 void AddFullOption(CLI::App& app, Annotator::LoadOptions& load);
 /// Adds --untextured, --timeout SECONDS and AIRCRAFT.
 void AddAircraftOptions(CLI::App& app, SingleAircraftOptions& options);
+/// Without --untextured, for a command that always loads such cockpits.
+void AddSelectionOptions(CLI::App& app, SingleAircraftOptions& options);
 
 } // namespace Batch

@@ -5,6 +5,7 @@
 
 #include <boost/filesystem/path.hpp>
 #include <functional>
+#include <span>
 #include <stdexcept>
 #include <string>
 
@@ -47,14 +48,16 @@ struct Action {
     Job job = nullptr;
 };
 
-/// A command of the program. To add one: a source file with its Prepare function, a line in Commands.h, a row in the
+/// A command of the program. To add one: a source file with its Prepare function, a line in Commands.h, a row in a
 /// table of Program.cpp.
 struct Command {
     const char* name;
     const char* description; ///< one line
     const char* help;        ///< printed by --help below the options: details and examples
-    /// Adds the command's options to `app`, which outlives the action, and returns the action to run after parsing.
+    /// Adds the command's options to `app`, which outlives the action, and returns the action to run after parsing. Null
+    /// for a command that has subcommands.
     Action (*prepare)(CLI::App& app);
+    std::span<const Command> (*subcommands)() = nullptr;
 };
 
 } // namespace Batch

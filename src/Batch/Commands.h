@@ -15,5 +15,7 @@ Action PrepareTest(CLI::App& app);
 Action PrepareMerge(CLI::App& app);
 Action PrepareAccept(CLI::App& app);
 Action PrepareCompare(CLI::App& app);
+Action PrepareVrConfigCheck(CLI::App& app);
+Action PrepareVrConfigWrite(CLI::App& app);
 
 } // namespace Batch

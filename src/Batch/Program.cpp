@@ -18,6 +18,23 @@ namespace Batch {
 
 namespace {
 
+constexpr std::array kVrConfigCommands{
+    Command{"check", "Check the VR configurations of aircraft against their cockpits",
+            "The exit code is 0 if there are only notes, 1 for errors or warnings.\n"
+            "Example:\n"
+            "  vorelle-batch -C X-Plane vrconfig check Trainer",
+            PrepareVrConfigCheck},
+    Command{
+        "write", "Write the VR configuration of an aircraft",
+        "Makes hotspots from the pilot's eye and the yokes, a block for each knob, and one for each yoke that turns.\n"
+        "The types that the annotation file of the full reading sets count. An existing file is only changed with\n"
+        "--merge or --force.\n"
+        "Examples:\n"
+        "  vorelle-batch -C X-Plane vrconfig write Trainer\n"
+        "  vorelle-batch -C X-Plane vrconfig write --merge --out - Trainer",
+        PrepareVrConfigWrite},
+};
+
 constexpr std::array kCommands{
     Command{"list", "List the aircraft: path, tab, name",
             "Example:\n"
@@ -73,14 +90,20 @@ constexpr std::array kCommands{
             "Example:\n"
             "  vorelle-batch compare before after",
             PrepareCompare},
+    Command{
+        "vrconfig", "Check or write the VR configurations of aircraft",
+        "The VR configuration, <name>_vrconfig.txt beside <name>.acf, tells X-Plane where the user sits in VR and how\n"
+        "a hand moves the controls.\n"
+        "Run 'vorelle-batch vrconfig COMMAND --help' for details of a command.",
+        nullptr, [] { return std::span<const Command>(kVrConfigCommands); }},
 };
 
 constexpr const char* kCompletion = "--completion";
 constexpr const char* kAircraft =
     "AIRCRAFT is a path printed by 'list', or a part of a path or name that matches only one aircraft.\n";
 constexpr const char* kExitCodes =
-    "Exit codes: 0 success; 1 a test failed, compared files differ or lint found errors or warnings;\n"
-    "2 wrong usage; 3 an aircraft could not be loaded, tested or drawn, or a file could not be read;\n"
+    "Exit codes: 0 success; 1 a test failed, compared files differ, or lint or vrconfig found errors or\n"
+    "warnings; 2 wrong usage; 3 an aircraft could not be loaded, tested or drawn, or a file could not be read;\n"
     "4 a file could not be written.";
 
 std::string Footer(const Command& command, const CLI::App& app) {
@@ -92,6 +115,7 @@ std::string Footer(const Command& command, const CLI::App& app) {
 /// their options, because creating those of all commands takes longer than listing the aircraft.
 struct CommandLine {
     explicit CommandLine(const std::vector<std::string>& arguments);
+    void AddCommands(CLI::App& parent, std::span<const Command> commands, const std::vector<std::string>& arguments);
 
     CLI::App app{"Detects how a hand in virtual reality touches the cockpits of an X-Plane installation.",
                  "vorelle-batch"};
@@ -110,13 +134,22 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments) {
         ->take_last();
     app.add_flag(kCompletion, completion)->group(""); // for shell completion, not shown by --help
     app.fallthrough();                                // -C may also follow the command
+    AddCommands(app, kCommands, arguments);
+}
+
+/// Adds the commands below `parent`.
+void CommandLine::AddCommands(CLI::App& parent, std::span<const Command> commands,
+                              const std::vector<std::string>& arguments) {
     const auto named = [&](const std::string& name) { return std::ranges::find(arguments, name) != arguments.end(); };
     const bool all = named(kCompletion);
-    for (const Command& command : kCommands) {
-        CLI::App* subcommand = app.add_subcommand(command.name, command.description);
+    for (const Command& command : commands) {
+        CLI::App* subcommand = parent.add_subcommand(command.name, command.description);
         if (!all && !named(command.name))
             continue;
-        subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
+        if (command.subcommands)
+            AddCommands(*subcommand, command.subcommands(), arguments);
+        else
+            subcommand->callback([this, run = command.prepare(*subcommand)] { action = run; });
         subcommand->footer(Footer(command, *subcommand));
     }
 }
@@ -177,7 +210,7 @@ int Run(std::vector<std::string> arguments) {
         return kDone;
     }
     if (!line.action.run) {
-        session.console.Message("a command is required; run 'vorelle-batch --help' for a list");
+        session.console.Message("a command is required; run '" + CommandPath(line.app) + " --help' for a list");
         return kWrongUsage;
     }
     return RunAction(line, session);

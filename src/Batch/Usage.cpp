@@ -1,8 +1,9 @@
 #include "Batch/Usage.h"
 
+#include "Utils/EditDistance.h"
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <numeric>
 
 namespace Batch {
 
@@ -11,25 +12,10 @@ namespace {
 /// Typing errors up to which a name is suggested.
 constexpr std::size_t kMostErrors = 2;
 
-/// The edit distance: insertions, deletions and substitutions of one letter.
-std::size_t Difference(const std::string& a, const std::string& b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t corner = row[0]++;
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t changed = corner + (a[i - 1] == b[j - 1] ? 0 : 1);
-            corner = row[j];
-            row[j] = std::min({changed, row[j] + 1, row[j - 1] + 1});
-        }
-    }
-    return row.back();
-}
-
 /// The beginning of a name also suggests it.
 std::string DidYouMean(const std::string& argument, const std::vector<std::string>& names) {
     const auto errors = [&](const std::string& candidate) {
-        return argument.size() > 2 && candidate.starts_with(argument) ? 0 : Difference(argument, candidate);
+        return argument.size() > 2 && candidate.starts_with(argument) ? 0 : Utils::EditDistance(argument, candidate);
     };
     const auto nearest = std::ranges::min_element(names, {}, errors);
     if (nearest == names.end() || errors(*nearest) > std::min(kMostErrors, argument.size() / 2))
@@ -56,13 +42,27 @@ std::vector<std::string> OptionNames(const CLI::App& command) {
     return names;
 }
 
-std::string UnexpectedText(const CLI::App& app, const CLI::App* command, const std::string& argument) {
+std::string UnexpectedText(const CLI::App& command, const std::string& argument) {
     if (argument.starts_with('-'))
-        return "unknown option " + argument +
-               DidYouMean(argument.substr(0, argument.find('=')), OptionNames(command ? *command : app));
-    if (command)
-        return "unexpected argument '" + argument + "'; put quotes around a name that contains spaces";
-    return "unknown command '" + argument + "'" + DidYouMean(argument, CommandNames(app));
+        return "unknown option " + argument + DidYouMean(argument.substr(0, argument.find('=')), OptionNames(command));
+    if (const std::vector<std::string> names = CommandNames(command); !names.empty())
+        return "unknown command '" + argument + "'" + DidYouMean(argument, names);
+    return "unexpected argument '" + argument + "'; put quotes around a name that contains spaces";
+}
+
+/// The program, then the commands that were parsed, each below the one before it.
+std::vector<const CLI::App*> ParsedCommands(const CLI::App& app) {
+    std::vector<const CLI::App*> chain{&app};
+    for (auto parsed = app.get_subcommands(); !parsed.empty(); parsed = chain.back()->get_subcommands())
+        chain.push_back(parsed.back());
+    return chain;
+}
+
+std::string Joined(const std::vector<const CLI::App*>& commands) {
+    std::string text;
+    for (const CLI::App* command : commands)
+        text += (text.empty() ? "" : " ") + command->get_name();
+    return text;
 }
 
 /// One line per name of each option shown by help, and per positional argument.
@@ -85,25 +85,38 @@ std::string OptionLines(const CLI::App& command, const std::string& commandName)
     return lines;
 }
 
+/// A line for the command, its options, and the commands below it.
+std::string CommandLines(const CLI::App& command, const std::string& name) {
+    std::string lines = name + "\t\t\n" + OptionLines(command, name);
+    for (const CLI::App* below : Commands(command))
+        lines += CommandLines(*below, name + " " + below->get_name());
+    return lines;
+}
+
 } // namespace
 
 std::string CompletionText(const CLI::App& app) {
     std::string lines = OptionLines(app, "");
     for (const CLI::App* command : Commands(app))
-        lines += command->get_name() + "\t\t\n" + OptionLines(*command, command->get_name());
+        lines += CommandLines(*command, command->get_name());
     return lines;
 }
 
+std::string CommandPath(const CLI::App& app) {
+    return Joined(ParsedCommands(app));
+}
+
 std::string UsageText(const CLI::App& app, const CLI::Error& error) {
-    const auto parsed = app.get_subcommands();
-    const CLI::App* const command = parsed.empty() ? nullptr : parsed.back();
+    std::vector<const CLI::App*> commands = ParsedCommands(app);
+    const CLI::App& command = *commands.back();
     const std::vector<std::string> unexpected = app.remaining(true);
-    std::string text = command ? command->get_name() + ": " : std::string();
+    commands.erase(commands.begin());
+    std::string text = Joined(commands) + (commands.empty() ? "" : ": ");
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError) && !unexpected.empty())
-        text += UnexpectedText(app, command, unexpected.front());
+        text += UnexpectedText(command, unexpected.front());
     else
         text += error.what();
-    return text + "\nRun '" + app.get_name() + (command ? " " + command->get_name() : "") + " --help' for usage";
+    return text + "\nRun '" + CommandPath(app) + " --help' for usage";
 }
 
 } // namespace Batch

@@ -2,6 +2,7 @@
 
 #include "CockpitModel/ModelData.h"
 #include "CockpitModel/Reading.h"
+#include "CockpitModel/SurroundingObjects.h"
 #include "Utils/LinearAlgebra.h"
 
 #include <memory>
@@ -17,6 +18,8 @@ struct AircraftCockpit {
     virtual bool IsValid() const = 0;
     /// Reads the files on each call.
     virtual std::unique_ptr<ModelData> LoadModel() const = 0;
+    /// The objects around the controls; none in the plain reading. Reads the aircraft's file on each call.
+    virtual SurroundingObjects FindSurroundings() const { return {}; }
 
     Utils::Vector3 modelOffset = Utils::Vector3::Zero(); ///< metres
     Utils::Vector3 pilotEye = Utils::Vector3::Zero();    ///< metres, in the model's axes

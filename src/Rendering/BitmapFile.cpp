@@ -45,6 +45,41 @@ Surface OpenPng(const std::string& path) {
     return WithEightBits(std::move(surface));
 }
 
+struct StoppableFile {
+    std::ifstream stream;
+    const std::atomic<bool>& stop;
+};
+
+cairo_status_t ReadBytes(void* closure, unsigned char* bytes, unsigned int count) {
+    StoppableFile& file = *static_cast<StoppableFile*>(closure);
+    const bool complete = !file.stop && file.stream.read(reinterpret_cast<char*>(bytes), count);
+    return complete ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_READ_ERROR;
+}
+
+std::optional<MemBitmap> ReadPng(const std::string& path, const std::atomic<bool>& stop) {
+    StoppableFile file{Utils::OpenFile(path), stop};
+    Surface surface(cairo_image_surface_create_from_png_stream(ReadBytes, &file), cairo_surface_destroy);
+    const cairo_status_t status = cairo_surface_status(surface.get());
+    if (status != CAIRO_STATUS_SUCCESS && !stop)
+        Logging::Logger::Get().Log(HERE, path + ": " + cairo_status_to_string(status));
+    if (status != CAIRO_STATUS_SUCCESS)
+        return std::nullopt;
+    MemBitmap bitmap;
+    FromCairoSurface(bitmap, WithEightBits(std::move(surface)).get());
+    return bitmap;
+}
+
+std::optional<MemBitmap> ReadDds(const std::string& path, const std::atomic<bool>& stop) {
+    try {
+        MemBitmap bitmap = ReadFullSizeDds(path, stop);
+        bitmap.CopySwappingRedBlue(bitmap);
+        return bitmap;
+    } catch (const DdsFault& fault) {
+        Logging::Logger::Get().Log(HERE, fault.what());
+        return std::nullopt;
+    }
+}
+
 /// Number of pixels according to the header of a PNG; 0 if there is no header.
 std::uint64_t PromisedPixels(const std::string& path) {
     constexpr std::size_t kWidth = 16, kHeight = 20, kEnd = 24; // big-endian words
@@ -77,6 +112,15 @@ MemBitmap ReadPngFile(const std::string& path) {
     else
         Logging::Logger::Get().Log(HERE, path + " is not a readable image");
     return bitmap;
+}
+
+std::optional<MemBitmap> ReadBitmapFile(const std::string& path, const std::atomic<bool>& stop) {
+    if (IsDdsPath(path))
+        return ReadDds(path, stop);
+    if (MayBeOpened(path))
+        return ReadPng(path, stop);
+    Logging::Logger::Get().Log(HERE, path + " is not a readable image");
+    return std::nullopt;
 }
 
 std::vector<MemBitmap> ReadDdsOrFail(const std::string& path) {

@@ -3,6 +3,7 @@
 #include "Rendering/DdsHeader.h"
 #include "Rendering/MemBitmap.h"
 
+#include <atomic>
 #include <vector>
 
 namespace Rendering {
@@ -14,5 +15,7 @@ namespace Rendering {
 /// any content. Throws DdsFault.
 std::vector<MemBitmap> DecodeDds(std::string_view bytes, const std::string& name);
 std::vector<MemBitmap> ReadDdsFile(const std::string& path);
+/// Only the full size. If `stop` becomes true, returns within milliseconds with a part of the image.
+MemBitmap ReadFullSizeDds(const std::string& path, const std::atomic<bool>& stop);
 
 } // namespace Rendering

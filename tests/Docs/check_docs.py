@@ -11,7 +11,7 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-DOCUMENTS = ["docs/batch.md", "docs/formats.md", "docs/full-reading.md"]
+DOCUMENTS = ["docs/batch.md", "docs/formats.md", "docs/full-reading.md", "docs/vrconfig.md"]
 BLOCK = re.compile(r"(?<=^```console\n)(.*?)(?=^```$)", re.M | re.S)
 
 
@@ -57,8 +57,8 @@ def check_options(program):
     manual = (ROOT / "packaging/vorelle-batch.1").read_text().replace("\\-", "-")
     options = subprocess.run([program, "--completion"], stdout=subprocess.PIPE, text=True, check=True).stdout
     complete = options.count("--") > 20
-    for command, option in re.findall(r"^(\w+)\t(--[\w-]+)", options, re.M):
-        for place, text in [("docs/batch.md", chapters.get(command, "")), ("the man page", manual)]:
+    for command, option in re.findall(r"^(\w[\w ]*)\t(--[\w-]+)", options, re.M):
+        for place, text in [("docs/batch.md", chapters.get(command.split()[0], "")), ("the man page", manual)]:
             if option != "--help" and option not in text:
                 print(f"FAILED: {place} does not describe {command} {option}")
                 complete = False

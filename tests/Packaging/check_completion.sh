@@ -37,6 +37,12 @@ expect detect -j '' -- ''
 expect detect --out '../pack' -- '../packaging'
 expect compare '../pack' -- '../packaging'
 expect explain 'Lark\ 15.2' 1 -- '16,0|17,0|18,0|19,0'
+expect vr -- 'vrconfig'
+expect vrconfig c -- 'check'
+expect vrconfig check --j -- '--jobs|--json'
+expect vrconfig check --json L -- 'Lark\ 15.2'
+expect vrconfig write --m -- '--merge'
+expect vrconfig write --force L -- 'Lark\ 15.2'
 # shellcheck disable=SC2016  # it must not be expanded
 expect explain '$(touch broken)`touch broken`' '' -- ''
 [ ! -e broken ] || { echo "FAILED: a word was executed" >&2; failed=1; }

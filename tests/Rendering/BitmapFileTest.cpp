@@ -13,6 +13,8 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
+constexpr std::atomic<bool> kGoOn{false}, kStop{true};
+
 TEST(BitmapFileTest, APngIsReadInCairosFormat) {
     const Support::TemporaryFolder folder;
     // Alpha, red, green, blue in a 32-bit word, premultiplied.
@@ -22,6 +24,16 @@ TEST(BitmapFileTest, APngIsReadInCairosFormat) {
     ASSERT_EQ(cairo_surface_write_to_png(surface, (folder / "a.png").c_str()), CAIRO_STATUS_SUCCESS);
     cairo_surface_destroy(surface);
     EXPECT_THAT(Rendering::ReadPngFile(folder / "a.png").Pixels(), ElementsAreArray(pixels));
+    EXPECT_THAT(Rendering::ReadBitmapFile(folder / "a.png", kGoOn)->Pixels(), ElementsAreArray(pixels));
+    EXPECT_FALSE(Rendering::ReadBitmapFile(folder / "a.png", kStop));
+}
+
+TEST(BitmapFileTest, ADdsFileIsReadInTheSameFormat) {
+    const Support::TemporaryFolder folder;
+    Support::DdsBuilder dds(1, 1);
+    dds.Plain(0x000000FF, 0x0000FF00, 0x00FF0000, 0xFF000000).Pixels({1, 2, 3, 128});
+    EXPECT_THAT(Rendering::ReadBitmapFile(folder.Write("a.DDS", dds.bytes), kGoOn)->Pixels(), ElementsAre(0x80010203));
+    EXPECT_FALSE(Rendering::ReadBitmapFile(folder.Write("b.dds", "DDS "), kGoOn));
 }
 
 TEST(BitmapFileTest, AnUnreadablePngIsOneTransparentPixel) {
@@ -33,8 +45,10 @@ TEST(BitmapFileTest, AnUnreadablePngIsOneTransparentPixel) {
     const std::string vast =
         folder.Write("vast.png", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x7F\xFF\0\0\x7F\xFF", 24));
     for (const std::string& path :
-         {folder / "missing.png", folder.Write("not.png", "GIF89a"), folder / "pipe.png", folder.path.string(), vast})
+         {folder / "missing.png", folder.Write("not.png", "GIF89a"), folder / "pipe.png", folder.path.string(), vast}) {
         EXPECT_THAT(Rendering::ReadPngFile(path).Pixels(), ElementsAre(0)) << path;
+        EXPECT_FALSE(Rendering::ReadBitmapFile(path, kGoOn)) << path;
+    }
 }
 
 } // namespace

@@ -140,8 +140,10 @@ struct ModelCockpit final : CockpitModel::AircraftCockpit {
     std::unique_ptr<CockpitModel::ModelData> LoadModel() const override {
         return std::make_unique<CockpitModel::ModelData>(model);
     }
+    CockpitModel::SurroundingObjects FindSurroundings() const override { return surroundings; }
 
     CockpitModel::ModelData model;
+    CockpitModel::SurroundingObjects surroundings;
     bool isValid = true;
 };
 

@@ -183,13 +183,6 @@ void CheckBuiltCockpit(const Sim::AircraftInfo& info, Reading reading, const std
     }
 }
 
-/// Most severe first, then by file and line; the objects come before the annotations.
-void Sort(std::vector<LintFinding>& findings) {
-    std::ranges::stable_sort(findings, [](const LintFinding& a, const LintFinding& b) {
-        return std::tie(b.severity, a.file, a.line) < std::tie(a.severity, b.file, b.line);
-    });
-}
-
 void RunChecks(const LintOutline& outline, const std::string& file, std::vector<LintFinding>& findings) {
     LintFindings target(file, findings);
     for (const LintCheck check : LintChecks())
@@ -246,10 +239,16 @@ LintSeverity LintSeverityFromText(std::string_view text) {
     return text == LintSeverityText(Error) ? Error : text == LintSeverityText(Warning) ? Warning : Note;
 }
 
+void SortFindings(std::vector<LintFinding>& findings) {
+    std::ranges::stable_sort(findings, [](const LintFinding& a, const LintFinding& b) {
+        return std::tie(b.severity, a.file, a.line) < std::tie(a.severity, b.file, b.line);
+    });
+}
+
 std::vector<LintFinding> LintObject(const std::string& file, std::string_view text, Reading reading) {
     std::vector<LintFinding> findings;
     RunChecks(ReadLintOutline(text, reading), file, findings);
-    Sort(findings);
+    SortFindings(findings);
     return findings;
 }
 
@@ -272,7 +271,7 @@ std::vector<LintFinding> LintAircraft(const Sim::AircraftInfo& info, Reading rea
     CheckAcf(acf, findings);
     LintFindings target(object.empty() ? acf.string() : object.string(), findings);
     CheckBuiltCockpit(info, reading, objects, findings, target);
-    Sort(findings);
+    SortFindings(findings);
     return findings;
 }
 

@@ -25,6 +25,9 @@ struct LintFinding {
 const char* LintSeverityText(LintSeverity severity);
 LintSeverity LintSeverityFromText(std::string_view text);
 
+/// Most severe first, then by file and line; objects come before annotations.
+void SortFindings(std::vector<LintFinding>& findings);
+
 /// The findings in the text of a cockpit object, most severe first, then by line.
 std::vector<LintFinding> LintObject(const std::string& file, std::string_view text,
                                     CockpitModel::Reading reading = CockpitModel::Reading::Plain);

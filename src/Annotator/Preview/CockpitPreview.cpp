@@ -1,5 +1,6 @@
 #include "Annotator/Preview/CockpitPreview.h"
 
+#include "Annotator/Preview/SingleView.h"
 #include "CockpitModel/PartTransformCalculator.h"
 #include "CockpitModel/Picking/PartTree.h"
 #include "Rendering/GeometryLoader.h"
@@ -35,17 +36,15 @@ private:
     bool& flag;
 };
 
-GeometryDrawParams SingleViewParams() {
-    GeometryDrawParams params;
-    params.leftEye = params.rightEye = false;
-    params.singleView = true;
-    params.shaderParam1 = 1.0f;
-    return params;
-}
-
 void MakeTransparent(GeometryDrawParams& params) {
     params.opacity = 0.5f;
     params.blend = true;
+}
+
+/// The surroundings are seen through it, and so is a control in it or behind it.
+void MakeClickBox(GeometryDrawParams& params) {
+    MakeTransparent(params);
+    params.depthWrite = false;
 }
 
 } // namespace
@@ -58,6 +57,7 @@ struct CockpitPreview::Frame {
     const Matrix4& projection;
     GeometryDrawParams params = SingleViewParams();
     const GeometryDrawParams plain = params;
+    bool clickBoxes = false; ///< which parts to draw: these or all others
 };
 
 float SelectionBlue(double seconds) {
@@ -70,6 +70,16 @@ void CockpitPreview::SetScene(std::shared_ptr<CockpitModel::SceneGraph> scene, C
     sceneGraph = std::move(scene);
     model = source;
     annotationStore = store;
+    surroundings.reset();
+}
+
+void CockpitPreview::SetSurroundings(CockpitModel::SurroundingObjects found) {
+    surroundings = std::make_unique<Surroundings>(std::move(found));
+}
+
+void CockpitPreview::CompleteSurroundings(Rendering::Context& context) {
+    if (surroundings)
+        surroundings->Complete(context);
 }
 
 void CockpitPreview::SetSelectedPart(NodePart* part) {
@@ -80,6 +90,8 @@ void CockpitPreview::SetSelectedPart(NodePart* part) {
 void CockpitPreview::ReleaseGpuResources() {
     checkerBitmap.reset();
     sphereGeometry.reset();
+    if (surroundings)
+        surroundings->ReleaseGpuResources();
     if (sceneGraph)
         sceneGraph->ReleaseGpuResources();
 }
@@ -92,8 +104,17 @@ void CockpitPreview::Render(Rendering::Context& context, const Matrix4& view, co
     sceneGraph->PrepareGpuResources(context);
     sceneGraph->SyncFromModel(*model);
     sceneGraph->Refresh();
+    if (ShowsSurroundings())
+        surroundings->Draw(context, view, projection);
     Frame frame{context, view, projection};
-    sceneGraph->VisitNodes(view, projection,
+    DrawNodes(frame);
+    frame.clickBoxes = true;
+    if (ShowsSurroundings())
+        DrawNodes(frame);
+}
+
+void CockpitPreview::DrawNodes(Frame& frame) {
+    sceneGraph->VisitNodes(frame.view, frame.projection,
                            [&](const Matrix4& world, const Matrix4&, const Matrix4&, const Matrix4&, Node& node) {
                                DrawNode(frame, world, node);
                            });
@@ -108,19 +129,25 @@ void CockpitPreview::LoadOwnResources(Rendering::Context& context) {
 
 void CockpitPreview::DrawNode(Frame& frame, const Matrix4& world, const Node& node) {
     for (const auto& part : node.parts) {
-        if (!IsShown(*part))
+        if (!IsShown(*part) || IsClickBox(*part) != frame.clickBoxes)
             continue;
         frame.params = frame.plain;
         if (colours == PartColours::Standard)
             TintPart(frame.params, *part);
         else
             PaintPart(frame.params, *part);
-        const Rendering::GPUBitmap* texture = part->textureIndex ? sceneGraph->Texture(*part->textureIndex) : nullptr;
+        if (frame.clickBoxes)
+            MakeClickBox(frame.params);
         frame.context.DrawGeometry(world, frame.view, frame.projection, *part->geometry,
-                                   texture ? texture : checkerBitmap.get(), nullptr, frame.params);
+                                   frame.clickBoxes ? nullptr : PictureOf(*part), nullptr, frame.params);
         if (part.get() == selectedPart)
             DrawMarkers(frame, world, *part);
     }
+}
+
+const Rendering::GPUBitmap* CockpitPreview::PictureOf(const NodePart& part) const {
+    const Rendering::GPUBitmap* const texture = part.textureIndex ? sceneGraph->Texture(*part.textureIndex) : nullptr;
+    return texture ? texture : checkerBitmap.get();
 }
 
 void CockpitPreview::PaintPart(GeometryDrawParams& params, const NodePart& part) {
@@ -168,6 +195,7 @@ void CockpitPreview::TintByAnnotation(GeometryDrawParams& params, const NodePart
 void CockpitPreview::DrawMarkers(Frame& frame, const Matrix4& world, const NodePart& part) {
     GeometryDrawParams& params = frame.params;
     params.blend = true;
+    params.depthWrite = true;
     params.opacity = 1.0f;
     params.firstColour = params.secondColour = {0.1f, 0.5f, 0.1f};
     // A zero axis gives a quaternion without a vector part, whose matrix is the identity.

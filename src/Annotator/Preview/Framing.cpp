@@ -1,6 +1,7 @@
 #include "Annotator/Preview/Framing.h"
 
 #include "Annotator/Preview/CanvasControl.h"
+#include "Utils/Extent.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@ namespace {
 
 using CockpitModel::NodePart;
 using CockpitModel::SceneGraph;
+using Utils::Extent;
 using Utils::Matrix4;
 using Utils::Vector3;
 using Utils::Vector4;
@@ -22,19 +24,6 @@ constexpr float kPartFilled = 1.0f / 3.0f;
 constexpr float kCockpitRadius = 10.0f;  // metres; doors and hatches of a long cabin are farther away
 constexpr float kFarthestCamera = 25.0f; // metres; the window draws nothing beyond its far plane
 static_assert(kFarthestCamera < kFarPlane);
-
-/// The points' extent along some axes.
-struct Extent {
-    Vector3 least = Vector3::Constant(std::numeric_limits<float>::max());
-    Vector3 greatest = Vector3::Constant(std::numeric_limits<float>::lowest());
-
-    void Add(const Vector3& point) {
-        least = least.cwiseMin(point);
-        greatest = greatest.cwiseMax(point);
-    }
-    bool IsEmpty() const { return least.x() > greatest.x(); }
-    Vector3 Middle() const { return (least + greatest) / 2.0f; }
-};
 
 /// Between world and camera, whose z axes are opposite.
 Vector3 Mirrored(const Vector3& position) {

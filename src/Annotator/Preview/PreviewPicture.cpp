@@ -62,12 +62,15 @@ void DrawPreviewPicture(Rendering::Context& context, const PictureRequest& reque
     preview.StopClock(kPictureTime);
     preview.ShowTransparent(request.showTransparent);
     preview.SetScene(built.sceneGraph, built.model.get(), &annotations);
+    if (request.showSurroundings && opened.cockpit->reading == CockpitModel::Reading::Full)
+        preview.SetSurroundings(opened.cockpit->FindSurroundings());
     CockpitModel::NodePart* const selected =
         request.selected ? RequirePart(*built.sceneGraph, *request.selected) : nullptr;
     preview.SetSelectedPart(selected);
     CanvasControl control = PlaceCamera(request, *opened.cockpit);
     if (request.fit)
         Fit(control, request, built, selected);
+    preview.CompleteSurroundings(context);
     preview.Render(context, control.camera.ViewMatrix(), control.projection);
     preview.ReleaseGpuResources();
 }

@@ -26,6 +26,7 @@ struct PictureRequest {
     std::vector<Position> positions;
     std::optional<CockpitModel::PartAddress> selected;
     bool showTransparent = true;
+    bool showSurroundings = true; ///< of the full reading
 };
 
 /// Draws an aircraft into the context's current target, which the caller has cleared, and moves the animations of its

@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <string>
 
 #ifdef __WXGTK__
 #include <dlfcn.h>
@@ -41,6 +42,19 @@ bool HasDisplay() {
 }
 #endif
 
+std::string Variable(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+std::string NoDisplayReason() {
+    if (const std::string display = Variable("DISPLAY"); !display.empty())
+        return "the one in DISPLAY (" + display + ") cannot be opened.";
+    if (!Variable("WAYLAND_DISPLAY").empty())
+        return "DISPLAY is not set. For a Wayland session, install the package xwayland and log in again.";
+    return "DISPLAY is not set.";
+}
+
 } // namespace
 
 bool PrepareToolkit() {
@@ -52,9 +66,8 @@ bool PrepareToolkit() {
 #endif
     if (HasDisplay())
         return true;
-    std::cerr << "The Vorelle Aircraft Annotator needs a display, but the one in DISPLAY cannot be opened.\n"
-                 "Use vorelle-batch on a machine without a display."
-              << std::endl;
+    std::cerr << "The Vorelle Aircraft Annotator needs a display, but " << NoDisplayReason()
+              << "\nUse vorelle-batch on a machine without a display." << std::endl;
     return false;
 }
 

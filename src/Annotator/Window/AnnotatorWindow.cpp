@@ -75,6 +75,7 @@ void AnnotatorWindow::MakeMenus() {
     bar->Append(detectedData, "Detected Data");
     MakeReadingMenu(*bar);
     MakeViewMenu(*bar);
+    MakePartsMenu(*bar);
     SetMenuBar(bar);
     tests->Bind(wxEVT_MENU, &AnnotatorWindow::OnRunAllTests, this, wxID_ANY, wxID_ANY);
     detectedData->Bind(wxEVT_MENU, &AnnotatorWindow::OnSaveDetectedData, this, wxID_ANY, wxID_ANY);

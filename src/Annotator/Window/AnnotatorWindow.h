@@ -14,6 +14,7 @@
 #include "Sim/AircraftListLoader.h"
 #include "Threading/RunQueue.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,6 +25,9 @@
 #include <wx/treectrl.h>
 
 namespace Annotator {
+
+class PartListWindow;
+struct PartStep;
 
 /// The main window, from the choice of an aircraft to a saved annotation. It shows the state of its session, whose
 /// scene graph it shares with the preview. Without an aircraft, that is at startup and after a failed load, tree, panes
@@ -46,6 +50,10 @@ private:
     void MakeReadingMenu(wxMenuBar& bar);
     void MakeViewMenu(wxMenuBar& bar);
     wxMenu* MakeColoursMenu();
+    void MakePartsMenu(wxMenuBar& bar);
+    wxMenu* NewPartsMenu(const char* title, const std::function<void()>& showOther);
+    void MakePartList();
+    void AppendSurroundings(wxMenu& menu);
     void MakeStatusBar();
     void MakeTree(wxPanel* parent);
     void MakeCanvas(wxPanel* parent);
@@ -74,7 +82,14 @@ private:
     void LoadGuarded(const Sim::AircraftInfo& info);
     void SelectGuarded(CockpitModel::NodePart* part);
     void SaveAnnotation();
+    void CommitPages();
+    void ShowRecord();
+    void ShowSaveResult(const AnnotationSaveResult& result);
     bool MayDiscardEdit();
+    void ShowPartList();
+    void ReadPartList();
+    void GoToPart(const PartStep& step);
+    void ChangeRecords(const std::function<AnnotationSaveResult()>& change);
     void RebuildTree();
     void AddNodeItems(CockpitModel::Node& node);
     const wxTreeItemId& ItemOf(const CockpitModel::NodePart& part) const;
@@ -103,7 +118,8 @@ private:
     const Sim::AircraftInfo* pickedAircraft = nullptr;            ///< the selector's
     wxMenuItem* fullReadingItem = nullptr;
     wxMenuItem *pilotsEyeItem = nullptr, *framePartItem = nullptr, *frameCockpitItem = nullptr;
-    std::shared_ptr<CornerPicture> legend; ///< of the parts' colours
+    std::shared_ptr<CornerPicture> legend;    ///< of the parts' colours
+    PartListWindow* partListWindow = nullptr; ///< made when it is first shown
 };
 
 } // namespace Annotator

@@ -35,8 +35,7 @@ void AnnotatorWindow::OnFullReading(wxCommandEvent& event) {
 bool AnnotatorWindow::MayDiscardEdit() {
     if (!session.SelectedPart())
         return true;
-    testPane->Commit();
-    interactionPane->Commit();
+    CommitPages();
     return !session.IsEdited() ||
            Confirm(this, "The changes of the selected part are not saved. Load the aircraft again without them?");
 }

@@ -2,6 +2,7 @@
 #include "Annotator/FailureTexts.h"
 #include "Annotator/PaneTexts.h"
 #include "Annotator/Window/AnnotatorWindow.h"
+#include "Annotator/Window/PartListWindow.h"
 #include "Annotator/Window/ProblemBox.h"
 #include "Utils/RangeCheck.h"
 
@@ -39,7 +40,10 @@ void AnnotatorWindow::LoadAircraft(const Sim::AircraftInfo& info) {
     session.Load(info, reading);
     session.Scene()->BuildPartTrees();
     preview->SetScene(session.Scene(), session.Model(), session.Annotations());
+    if (session.Reading() == CockpitModel::Reading::Full)
+        preview->SetSurroundings(session.Cockpit()->FindSurroundings());
     RebuildTree();
+    ReadPartList();
     PlaceCamera();
     EnableViews();
     canvas->SetFocus();
@@ -52,9 +56,11 @@ void AnnotatorWindow::EmptyTree() {
     nodeItems.clear();
 }
 
-/// Tree, panes and preview have pointers into the scene, so they are emptied before it.
+/// Tree, list, panes and preview have pointers into the scene, so they are emptied before it.
 void AnnotatorWindow::ShowEmptyState() {
     EmptyTree();
+    if (partListWindow)
+        partListWindow->Clear();
     SelectPart(nullptr);
     preview->SetScene(nullptr, nullptr, nullptr);
     session.Clear();
@@ -108,11 +114,27 @@ void AnnotatorWindow::SelectPart(NodePart* part) {
     partInfoPane->SetPart(part);
     if (part)
         HighlightItem(ItemOf(*part));
+    ShowRecord();
+    animationsPane->SetPart(part, session.Model());
+    EnableViews();
+    if (partListWindow)
+        partListWindow->ShowPart(part);
+}
+
+/// Shows the working record on the pages that edit it.
+void AnnotatorWindow::ShowRecord() {
+    NodePart* const part = session.SelectedPart();
     CockpitModel::AnnotationRecord* const annotation = part ? &session.Edit() : nullptr;
     testPane->SetPart(part, annotation);
     interactionPane->SetPart(part, annotation);
-    animationsPane->SetPart(part, session.Model());
-    EnableViews();
+}
+
+/// Copies what those pages show into the working record.
+void AnnotatorWindow::CommitPages() {
+    if (!session.SelectedPart())
+        return;
+    testPane->Commit();
+    interactionPane->Commit();
 }
 
 const wxTreeItemId& AnnotatorWindow::ItemOf(const NodePart& part) const {
@@ -147,10 +169,13 @@ void AnnotatorWindow::OnSaveAnnotation(wxCommandEvent&) {
 }
 
 void AnnotatorWindow::SaveAnnotation() {
-    testPane->Commit();
-    interactionPane->Commit();
-    const AnnotationSaveResult result = session.Save();
+    CommitPages();
+    ShowSaveResult(session.Save());
+}
+
+void AnnotatorWindow::ShowSaveResult(const AnnotationSaveResult& result) {
     partTree->SetItemText(partTree->GetRootItem(), ToWide(TreeRootText(session)));
+    ReadPartList();
     if (!result.saved)
         ShowProblem(this, SaveFailureText(session.AnnotationPath(), result.error));
     else if (!result.unreadableCopy.empty())

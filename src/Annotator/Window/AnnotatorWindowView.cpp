@@ -17,6 +17,7 @@ void AnnotatorWindow::MakeViewMenu(wxMenuBar& bar) {
     framePartItem = AppendView(*menu, "Frame Part\tF6", &AnnotatorWindow::FramePart);
     frameCockpitItem = AppendView(*menu, "Frame Cockpit\tF7", &AnnotatorWindow::FrameCockpit);
     menu->AppendSubMenu(MakeColoursMenu(), "Colours");
+    AppendSurroundings(*menu);
     bar.Append(menu, "View");
     EnableViews();
     Bind(wxEVT_CHAR_HOOK, &AnnotatorWindow::OnCharHook, this);
@@ -49,6 +50,13 @@ wxMenu* AnnotatorWindow::MakeColoursMenu() {
             item->GetId());
     }
     return menu;
+}
+
+void AnnotatorWindow::AppendSurroundings(wxMenu& menu) {
+    wxMenuItem* const item = menu.AppendCheckItem(wxID_ANY, "Surroundings");
+    item->Check();
+    menu.Bind(
+        wxEVT_MENU, [this](wxCommandEvent& event) { preview->ShowSurroundings(event.IsChecked()); }, item->GetId());
 }
 
 /// The toolkit runs the menus' commands for their keys; not while the user types.

@@ -16,6 +16,10 @@ void ShowProblem(wxWindow* parent, const std::string& text) {
     wxMessageBox(ToWide(text), kTitle, wxOK | wxICON_ERROR, parent);
 }
 
+void ShowNote(wxWindow* parent, const std::string& text) {
+    wxMessageBox(ToWide(text), kTitle, wxOK | wxICON_INFORMATION, parent);
+}
+
 bool Confirm(wxWindow* parent, const std::string& question) {
     return wxMessageBox(ToWide(question), kTitle, wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION, parent) == wxYES;
 }

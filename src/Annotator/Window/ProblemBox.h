@@ -8,6 +8,8 @@ namespace Annotator {
 
 /// Shows an error to the user and waits until it is dismissed.
 void ShowProblem(wxWindow* parent, const std::string& text);
+/// Shows a text that is no error, in the same way.
+void ShowNote(wxWindow* parent, const std::string& text);
 /// Asks the user a question; "No" is the default.
 bool Confirm(wxWindow* parent, const std::string& question);
 

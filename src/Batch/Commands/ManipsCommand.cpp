@@ -1,4 +1,5 @@
 #include "Annotator/AircraftLoading.h"
+#include "Annotator/PlainManipulator.h"
 #include "Batch/AircraftSelection.h"
 #include "Batch/Commands.h"
 #include "Batch/ForEachAircraft.h"
@@ -49,11 +50,10 @@ struct ShownManipulator {
 };
 
 ShownManipulator ManipulatorOf(const MouseRect& rect) {
-    if (const auto* toggle = dynamic_cast<const CockpitModel::CallbackXPToggle*>(rect.EventCallback.get()))
-        return {"toggle", toggle->ValA, toggle->ValB, JsonText(toggle->Var)};
-    if (const auto* drag = dynamic_cast<const CockpitModel::CallbackXPVariable*>(rect.VariableCallback.get()))
-        return {"drag", drag->Min, drag->Max, JsonText(drag->Var)};
-    return {};
+    const Annotator::PlainManipulator plain = Annotator::PlainManipulatorOf(rect);
+    if (!plain.range)
+        return {plain.kind, {}, {}, {}};
+    return {plain.kind, plain.range->first, plain.range->second, JsonText(plain.dataref)};
 }
 
 /// In the words of the plain reading; null for a yoke part without a manipulator.

@@ -65,6 +65,9 @@ public:
                 throw CommandError(kWrongUsage, path + (reading == Reading::Full
                                                             ? ": not a report of 'test --full'; merge it without --full"
                                                             : ": a report of 'test --full'; merge it with --full"));
+            if (!report.empty() && report.front().tests.source != aircraft.tests.source)
+                throw CommandError(kWrongUsage,
+                                   path + ": reports of 'test --vrconfig' are merged only with each other");
             if (const auto [other, isNew] = partOf.try_emplace(acf, path); !isNew)
                 throw CommandError(kWrongUsage, acf + " is in both " + other->second + " and " + path +
                                                     "; leave one of them out so that its tests are counted once");

@@ -204,6 +204,10 @@ Action PrepareRender(CLI::App& app) {
     AddPictureOptions(app, options->picture);
     AddSheetOption(app, *options, out);
     AddFullOption(app, options->aircraft.load);
+    app.add_flag_callback(
+           "--bare", [options] { options->picture.showSurroundings = false; },
+           "Leave out the cabin around the controls")
+        ->needs(app.get_option("--full"));
     AddAircraftOptions(app, options->aircraft);
     return {[options](Session& session) { return Render(*options, session); },
             [options](const Sim::AircraftInfo& info, const std::string&) {

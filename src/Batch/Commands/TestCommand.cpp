@@ -14,8 +14,16 @@ namespace {
 struct TestOptions {
     ReportOptions reports;
     bool pictures = false;
+    bool vrConfig = false; ///< the expectations are those of the _vrconfig.txt files
     AircraftOptions aircraft;
 };
+
+std::optional<Annotator::AircraftResult> Check(const Sim::AircraftInfo& info, const TestOptions& options,
+                                               const Annotator::LoadedUse& onFailed) {
+    if (options.vrConfig)
+        return Annotator::TestVrConfig(info, onFailed);
+    return Annotator::CheckAircraft(info, options.aircraft.load, onFailed);
+}
 
 /// The tests of an aircraft, encoded for the parent process; empty for an aircraft without annotations.
 JobOutput TestOne(const Sim::AircraftInfo& info, const TestOptions& options) {
@@ -26,7 +34,7 @@ JobOutput TestOne(const Sim::AircraftInfo& info, const TestOptions& options) {
     };
     try {
         const std::optional<Annotator::AircraftResult> tests =
-            Annotator::CheckAircraft(info, options.aircraft.load, options.pictures ? draw : Annotator::LoadedUse());
+            Check(info, options, options.pictures ? draw : Annotator::LoadedUse());
         return {tests ? SerialiseAircraft({*tests, FindProblems(*tests)}) : std::string(), remarks};
     } catch (const Annotator::AircraftCheckError& error) {
         std::rethrow_if_nested(error); // the cause, without the aircraft's name, which the parent adds
@@ -34,9 +42,11 @@ JobOutput TestOne(const Sim::AircraftInfo& info, const TestOptions& options) {
     }
 }
 
-AircraftReport Unloaded(const Sim::AircraftInfo& info, CockpitModel::Reading reading, const std::string& reason) {
+AircraftReport Unloaded(const Sim::AircraftInfo& info, const TestOptions& options, const std::string& reason) {
     AircraftReport report;
-    report.tests.reading = reading;
+    report.tests.reading = options.aircraft.load.reading;
+    if (options.vrConfig)
+        report.tests.source = Annotator::ExpectationSource::VrConfig;
     report.tests.displayName = Utils::ToValidUtf8(info.displayName);
     report.tests.acfPath = Utils::ToValidUtf8(info.acfPath);
     report.problems.push_back(Utils::ToValidUtf8(reason));
@@ -53,7 +63,7 @@ ExitCode Test(const TestOptions& options, Session& session) {
             report.push_back(ParseAircraft(output));
     };
     const auto fail = [&](const Sim::AircraftInfo& info, const std::string& reason) {
-        report.push_back(Unloaded(info, options.aircraft.load.reading, reason));
+        report.push_back(Unloaded(info, options, reason));
     };
     ForEachAircraft(aircraft, session.console, {.take = take, .fail = fail, .showsProgress = true});
     return PublishReport(report, options.reports, session);
@@ -67,6 +77,13 @@ Action PrepareTest(CLI::App& app) {
     app.add_flag("--pictures", options->pictures, "Show each failed part in the HTML page; needs --html")
         ->needs(app.get_option("--html"));
     AddFullOption(app, options->aircraft.load);
+    app.add_flag_callback(
+        "--vrconfig",
+        [options] {
+            options->vrConfig = true;
+            UseFullReading(options->aircraft.load);
+        },
+        "Test against the _vrconfig.txt of each aircraft instead; implies --full");
     AddAircraftOptions(app, options->aircraft);
     return {[options](Session& session) { return Test(*options, session); },
             [options](const Sim::AircraftInfo& info, const std::string&) {

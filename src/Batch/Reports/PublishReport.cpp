@@ -12,6 +12,20 @@ void PrintProblems(const TestReport& report, Console& console) {
             console.Message(Shown(tests.displayName + " (" + tests.acfPath + "): " + problem));
 }
 
+/// Aircraft that a message lists at most.
+constexpr std::size_t kNamed = 10;
+
+void PrintAircraftWithoutVrConfig(const TestReport& report, Console& console) {
+    std::size_t count = 0;
+    std::string names;
+    for (const AircraftReport& aircraft : report)
+        if (LacksVrConfig(aircraft.tests) && ++count <= kNamed)
+            names += (count > 1 ? ", " : "") + Shown(aircraft.tests.displayName);
+    if (count > 0)
+        console.Message(Counted(count, "aircraft", "aircraft") + " without a _vrconfig.txt, not tested: " + names +
+                        (count > kNamed ? " and " + std::to_string(count - kNamed) + " more" : ""));
+}
+
 /// False if a report could not be written.
 bool WriteReports(const TestReport& report, const ReportOptions& options, Session& session) {
     bool written = true;
@@ -41,7 +55,10 @@ ExitCode Outcome(const TestTotals& totals, const ReportOptions& options, Console
     if (totals.Tests() > 0)
         return totals.failed > 0 ? kTestFailed : kDone;
     console.Message(
-        "no tests found: no annotation file of these aircraft in QVRA/Annotations contains an InteractionTypeTest");
+        totals.vrConfig > 0
+            ? "no tests found: no _vrconfig.txt of these aircraft has a block that tells a type and matches a part"
+            : "no tests found: no annotation file of these aircraft in QVRA/Annotations contains an "
+              "InteractionTypeTest");
     return options.requireTests ? kTestFailed : kDone;
 }
 
@@ -51,6 +68,7 @@ ExitCode PublishReport(const TestReport& report, const ReportOptions& options, S
     Print(TableText(report));
     FlushPrinted();
     PrintProblems(report, session.console);
+    PrintAircraftWithoutVrConfig(report, session.console);
     const bool written = WriteReports(report, options, session);
     const ExitCode outcome = Outcome(Totals(report), options, session.console);
     return written ? outcome : kNotWritten;

@@ -1,6 +1,7 @@
 #include "Batch/Reports/TestReport.h"
 
 #include "Batch/Console.h"
+#include "CockpitModel/XPlane/VrConfigFile.h"
 
 #include <algorithm>
 
@@ -42,8 +43,22 @@ TestTotals Totals(const TestReport& report) {
         totals.withProblems += !aircraft.problems.empty();
         totals.full += aircraft.tests.reading == CockpitModel::Reading::Full;
         totals.plainExpectations += aircraft.tests.plainExpectations;
+        totals.vrConfig += aircraft.tests.source == Annotator::ExpectationSource::VrConfig;
+        totals.withoutVrConfig += LacksVrConfig(aircraft.tests);
     }
     return totals;
+}
+
+std::string VrConfigName(const Annotator::AircraftResult& tests) {
+    return CockpitModel::VrConfigPath(tests.acfPath).filename().string();
+}
+
+std::string NoVrConfigText(const Annotator::AircraftResult& tests) {
+    return "no " + VrConfigName(tests);
+}
+
+bool LacksVrConfig(const Annotator::AircraftResult& tests) {
+    return tests.source == Annotator::ExpectationSource::VrConfig && !tests.hasVrConfig;
 }
 
 std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests) {
@@ -52,6 +67,8 @@ std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests) {
         problems.push_back("has annotations but no cockpit object");
     if (!tests.unplaced.empty())
         problems.push_back(DescribeUnplaced(tests.unplaced));
+    if (!tests.vrConfigFault.empty())
+        problems.push_back(VrConfigName(tests) + " cannot be divided into blocks: " + tests.vrConfigFault);
     return problems;
 }
 

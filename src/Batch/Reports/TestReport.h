@@ -30,11 +30,19 @@ struct TestTotals {
     std::size_t withProblems = 0;      ///< aircraft
     std::size_t full = 0;              ///< aircraft tested in the full reading
     std::size_t plainExpectations = 0; ///< of those, aircraft tested with the expectations of the plain reading
+    std::size_t vrConfig = 0;          ///< aircraft tested against their _vrconfig.txt, or without that file
+    std::size_t withoutVrConfig = 0;   ///< of those, aircraft without that file
 
     std::size_t Tests() const { return passed + failed; }
 };
 
 TestTotals Totals(const TestReport& report);
+/// "plane_vrconfig.txt": the file against which the aircraft is tested.
+std::string VrConfigName(const Annotator::AircraftResult& tests);
+/// "no plane_vrconfig.txt": why nothing is tested if LacksVrConfig.
+std::string NoVrConfigText(const Annotator::AircraftResult& tests);
+/// Whether the aircraft could have been tested against a _vrconfig.txt, but has none.
+bool LacksVrConfig(const Annotator::AircraftResult& tests);
 /// An aircraft with annotations must have a cockpit object and a part for each expectation.
 std::vector<std::string> FindProblems(const Annotator::AircraftResult& tests);
 

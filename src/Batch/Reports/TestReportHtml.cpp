@@ -78,7 +78,11 @@ std::string Summary(const TestReport& report) {
     if (totals.full > 0)
         html += Tile(std::to_string(totals.failedAsPlain), "failed as the plain reading detects",
                      totals.failedAsPlain > 0 ? "warn" : "");
-    html += Tile(std::to_string(report.size()), "annotated aircraft");
+    if (totals.vrConfig > 0)
+        html += Tile(std::to_string(totals.vrConfig - totals.withoutVrConfig), "aircraft with a _vrconfig.txt") +
+                Tile(std::to_string(totals.withoutVrConfig), "aircraft without one");
+    else
+        html += Tile(std::to_string(report.size()), "annotated aircraft");
     html += Tile(std::to_string(totals.withProblems), "aircraft with problems", totals.withProblems > 0 ? "warn" : "");
     html += Tile(Percent(totals.covered, totals.clickable), "of clickable parts covered");
     return html + "</div>\n";
@@ -129,7 +133,9 @@ std::string Coverage(const AircraftResult& tests) {
 std::string AircraftRows(const TestReport& report) {
     std::string rows;
     for (const auto& [tests, problems] : report) {
-        const std::string mark = problems.empty() ? "" : " " + Element("span", "▲ problem", "class=\"warn\"");
+        std::string mark = problems.empty() ? "" : " " + Element("span", "▲ problem", "class=\"warn\"");
+        if (LacksVrConfig(tests))
+            mark += " " + Element("span", "not tested: " + Escaped(NoVrConfigText(tests)), "class=\"soft\"");
         rows += Element("tr", Element("td", Escaped(tests.displayName) + mark +
                                                 Element("span", Escaped(tests.acfPath), "class=\"path\"")) +
                                   NumberCell(tests.Passed(), "good") + NumberCell(tests.Failed(), "bad") +
@@ -168,6 +174,20 @@ std::string PictureCell(const AircraftResult& aircraft, const PartResult& part) 
     return Element("td", PngElement(part.picture, description, kTestPicture.width, kTestPicture.height));
 }
 
+/// Tests of blocks have a column with their lines.
+bool HasBlockColumn(const AircraftResult& aircraft) {
+    return aircraft.source == Annotator::ExpectationSource::VrConfig;
+}
+
+std::string BlockCell(const AircraftResult& aircraft, const PartResult& part) {
+    return HasBlockColumn(aircraft) ? Element("td", std::to_string(part.blockLine), "class=\"number\"") : "";
+}
+
+std::string BlockHead(const std::vector<TestedPart>& parts) {
+    const auto has = [](const TestedPart& tested) { return HasBlockColumn(*tested.aircraft); };
+    return std::ranges::any_of(parts, has) ? HeadCells({{"Block in line", "number"}}) : "";
+}
+
 std::string PlainHead(const std::vector<TestedPart>& parts) {
     const auto has = [](const TestedPart& tested) { return HasPlainColumn(*tested.aircraft, *tested.part); };
     return std::ranges::any_of(parts, has) ? HeadCells({{"Plain", ""}}) : "";
@@ -181,18 +201,19 @@ std::string PictureHead(const std::vector<TestedPart>& parts) {
 std::string PartsOfCell(const Cell& cell, const std::vector<TestedPart>& parts) {
     std::string rows;
     for (const auto& [aircraft, part] : parts)
-        rows += Element("tr", Element("td", Escaped(aircraft->displayName)) +
-                                  Element("td", std::to_string(part->NodeId), "class=\"number\"") +
-                                  Element("td", std::to_string(part->PartId), "class=\"number\"") +
-                                  Element("td", part->rectangle.empty() ? "–" : Escaped(part->rectangle),
-                                          "class=\"rectangle\"") +
-                                  PlainCell(*aircraft, *part) + PictureCell(*aircraft, *part)) +
-                "\n";
+        rows +=
+            Element("tr",
+                    Element("td", Escaped(aircraft->displayName)) +
+                        Element("td", std::to_string(part->NodeId), "class=\"number\"") +
+                        Element("td", std::to_string(part->PartId), "class=\"number\"") +
+                        Element("td", part->rectangle.empty() ? "–" : Escaped(part->rectangle), "class=\"rectangle\"") +
+                        PlainCell(*aircraft, *part) + BlockCell(*aircraft, *part) + PictureCell(*aircraft, *part)) +
+            "\n";
     const std::string title = "Expected " + TouchInteractionTypeToText(cell.first) + ", detected " +
                               TouchInteractionTypeToText(cell.second) + " (" + std::to_string(parts.size()) + ")";
     return Element("h3", title, "id=\"" + Anchor(cell) + "\"") + "\n" +
            Table(HeadCells({{"Aircraft", ""}, {"NodeId", "number"}, {"PartId", "number"}, {"Mouse rectangle", ""}}) +
-                     PlainHead(parts) + PictureHead(parts),
+                     PlainHead(parts) + BlockHead(parts) + PictureHead(parts),
                  rows);
 }
 

@@ -17,12 +17,13 @@ public:
         std::size_t errors = 0;
         for (const AircraftReport& aircraft : report)
             errors += aircraft.problems.size();
+        const std::size_t skipped = totals.withoutVrConfig;
         printer.PushHeader(false, true);
         printer.OpenElement("testsuites");
         Attribute("name", "vorelle-batch");
-        Counts(totals.Tests() + errors, totals.failed, errors);
+        Counts(totals.Tests() + errors + skipped, totals.failed, errors, skipped);
         for (const AircraftReport& aircraft : report)
-            if (aircraft.tests.Total() + aircraft.problems.size() > 0)
+            if (aircraft.tests.Total() + aircraft.problems.size() > 0 || LacksVrConfig(aircraft.tests))
                 Suite(aircraft);
         printer.CloseElement();
     }
@@ -34,17 +35,20 @@ private:
         printer.PushAttribute(name, WithoutControls(value).c_str());
     }
 
-    void Counts(std::size_t tests, std::size_t failures, std::size_t errors) {
+    void Counts(std::size_t tests, std::size_t failures, std::size_t errors, std::size_t skipped) {
         Attribute("tests", std::to_string(tests));
         Attribute("failures", std::to_string(failures));
         Attribute("errors", std::to_string(errors));
+        if (skipped > 0)
+            Attribute("skipped", std::to_string(skipped));
     }
 
     void Suite(const AircraftReport& aircraft) {
         const AircraftResult& tests = aircraft.tests;
         printer.OpenElement("testsuite");
         Attribute("name", tests.displayName);
-        Counts(tests.Total() + aircraft.problems.size(), tests.Failed(), aircraft.problems.size());
+        const std::size_t errors = aircraft.problems.size(), skipped = LacksVrConfig(tests) ? 1 : 0;
+        Counts(tests.Total() + errors + skipped, tests.Failed(), errors, skipped);
         printer.OpenElement("properties");
         printer.OpenElement("property");
         Attribute("name", "acfPath");
@@ -55,6 +59,8 @@ private:
             Case(tests, part);
         for (const std::string& problem : aircraft.problems)
             Error(tests, problem);
+        if (LacksVrConfig(tests))
+            Skipped(tests);
         printer.CloseElement();
     }
 
@@ -66,7 +72,8 @@ private:
             Attribute("type", "InteractionType");
             Attribute("message", "expected " + TouchInteractionTypeToText(part.expected) + ", detected " +
                                      TouchInteractionTypeToText(part.detected) +
-                                     (part.FailedAsPlain() ? "; the plain reading detects what is expected" : ""));
+                                     (part.FailedAsPlain() ? "; the plain reading detects what is expected" : "") +
+                                     (part.blockLine > 0 ? "; block in line " + std::to_string(part.blockLine) : ""));
             printer.CloseElement();
         }
         printer.CloseElement();
@@ -78,6 +85,14 @@ private:
         printer.OpenElement("error");
         Attribute("type", "Aircraft");
         Attribute("message", problem);
+        printer.CloseElement();
+        printer.CloseElement();
+    }
+
+    void Skipped(const AircraftResult& tests) {
+        OpenCase(tests, "aircraft");
+        printer.OpenElement("skipped");
+        Attribute("message", NoVrConfigText(tests));
         printer.CloseElement();
         printer.CloseElement();
     }

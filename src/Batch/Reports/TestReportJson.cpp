@@ -6,6 +6,7 @@ namespace Batch {
 namespace {
 
 using Annotator::AircraftResult;
+using Annotator::ExpectationSource;
 using Annotator::PartResult;
 using CockpitModel::AnnotationRecord;
 using CockpitModel::Reading;
@@ -24,6 +25,8 @@ Json ToJson(const PartResult& part) {
               {"passed", part.passed}};
     if (part.plain)
         json["plain"] = TouchInteractionTypeToText(*part.plain);
+    if (part.blockLine > 0)
+        json["blockLine"] = part.blockLine;
     return json;
 }
 
@@ -45,6 +48,7 @@ PartResult PartFromJson(const Json& json) {
                     .passed = json.at("passed")};
     if (json.contains("plain"))
         part.plain = TypeFromJson(json.at("plain"));
+    part.blockLine = json.value("blockLine", 0u);
     return part;
 }
 
@@ -91,6 +95,8 @@ Json ToJson(const AircraftReport& aircraft) {
         json["plainExpectations"] = tests.plainExpectations;
         json["failedAsPlain"] = tests.FailedAsPlain();
     }
+    if (tests.source == ExpectationSource::VrConfig)
+        json["hasVrConfig"] = tests.hasVrConfig;
     return json;
 }
 
@@ -102,6 +108,10 @@ AircraftReport AircraftFromJson(const Json& json) {
     tests.hasCockpitObject = json.at("hasCockpitObject");
     tests.reading = json.value("reading", "") == kFull ? Reading::Full : Reading::Plain;
     tests.plainExpectations = json.value("plainExpectations", false);
+    if (json.contains("hasVrConfig")) {
+        tests.source = ExpectationSource::VrConfig;
+        tests.hasVrConfig = json.at("hasVrConfig");
+    }
     tests.clickable = json.at("clickable");
     tests.covered = json.at("covered");
     for (const Json& part : json.at("parts"))
@@ -150,6 +160,8 @@ std::string JsonReport(const TestReport& report) {
               {"aircraft", std::move(aircraft)}};
     if (totals.full > 0)
         json["failedAsPlain"] = totals.failedAsPlain;
+    if (totals.vrConfig > 0)
+        json["withoutVrConfig"] = totals.withoutVrConfig;
     return json.dump(1) + "\n";
 }
 

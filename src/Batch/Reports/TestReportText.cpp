@@ -16,6 +16,10 @@ bool IsFull(const TestReport& report) {
     return Totals(report).full > 0;
 }
 
+bool IsOfVrConfig(const TestReport& report) {
+    return Totals(report).vrConfig > 0;
+}
+
 std::vector<Row> CountRows(const TestReport& report) {
     const bool full = IsFull(report);
     std::vector<Row> rows{{"Aircraft", "Passed", "Failed", "Total"}};
@@ -35,10 +39,12 @@ std::vector<Row> CountRows(const TestReport& report) {
 
 /// A heading and one row per failed part.
 std::vector<Row> FailureRows(const TestReport& report) {
-    const bool full = IsFull(report);
+    const bool full = IsFull(report), ofVrConfig = IsOfVrConfig(report);
     std::vector<Row> rows{{"Failed part of", "NodeId", "PartId", "Mouse rectangle", "Expected", "Detected"}};
     if (full)
         rows.front().push_back("Plain");
+    if (ofVrConfig)
+        rows.front().push_back("Block in line");
     for (const AircraftReport& aircraft : report)
         for (const Annotator::PartResult& part : aircraft.tests.parts) {
             if (part.passed)
@@ -48,6 +54,8 @@ std::vector<Row> FailureRows(const TestReport& report) {
                             TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected)});
             if (full)
                 rows.back().push_back(part.plain ? TouchInteractionTypeToText(*part.plain) : "-");
+            if (ofVrConfig)
+                rows.back().push_back(std::to_string(part.blockLine));
         }
     return rows;
 }
@@ -60,23 +68,27 @@ std::string TableText(const TestReport& report) {
 }
 
 std::string CsvReport(const TestReport& report) {
-    const bool full = IsFull(report);
+    const bool full = IsFull(report), ofVrConfig = IsOfVrConfig(report);
     Row heading{"aircraft", "acfPath", "nodeId", "partId", "mouseRect", "expected", "detected", "result", "problem"};
     std::string csv;
-    const auto add = [&](Row row, const std::string& plain) {
+    const auto add = [&](Row row, const std::string& plain, const std::string& blockLine) {
         if (full)
             row.push_back(plain);
+        if (ofVrConfig)
+            row.push_back(blockLine);
         csv += CsvLine(row);
     };
-    add(std::move(heading), "plain");
+    add(std::move(heading), "plain", "blockLine");
     for (const auto& [tests, problems] : report) {
         for (const Annotator::PartResult& part : tests.parts)
             add({tests.displayName, tests.acfPath, std::to_string(part.NodeId), std::to_string(part.PartId),
                  part.rectangle, TouchInteractionTypeToText(part.expected), TouchInteractionTypeToText(part.detected),
                  part.passed ? "passed" : "failed", ""},
-                part.plain ? TouchInteractionTypeToText(*part.plain) : "");
+                part.plain ? TouchInteractionTypeToText(*part.plain) : "", std::to_string(part.blockLine));
         for (const std::string& problem : problems)
-            add({tests.displayName, tests.acfPath, "", "", "", "", "", "error", problem}, "");
+            add({tests.displayName, tests.acfPath, "", "", "", "", "", "error", problem}, "", "");
+        if (LacksVrConfig(tests))
+            add({tests.displayName, tests.acfPath, "", "", "", "", "", "skipped", NoVrConfigText(tests)}, "", "");
     }
     return csv;
 }

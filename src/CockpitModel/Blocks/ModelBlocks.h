@@ -117,6 +117,7 @@ public:
     std::uint32_t Object = 0;           ///< the file that it came from: index in ModelData::objects
     std::uint32_t SourceLine = 0;       ///< line of the "TRIS" in that file, from 1; 0 for none
     std::uint32_t ManipulatorLine = 0;  ///< line of the manipulator in force there; 0 for none
+    bool NotDrawn = false;              ///< by the simulator: clicks reach it, but nothing is seen
     std::int32_t ManipulatorIndex = -1; ///< in ModelData::manipulators; -1 for none, as always in the plain reading
 };
 

@@ -25,6 +25,7 @@ namespace CockpitModel {
 namespace {
 
 constexpr float kMetresPerFoot = 0.3048f;
+constexpr std::int32_t kAircraftItself = -1; ///< as the part that an object is attached to
 
 /// The first word of a value as a number; 0, with a fault, if it is none.
 float NumberOf(std::string_view key, std::string_view value, AttachedEntry& entry) {
@@ -40,6 +41,15 @@ float NumberOf(std::string_view key, std::string_view value, AttachedEntry& entr
 /// The last value of each key of one entry.
 using EntryKeys = std::map<std::string_view, std::string_view>;
 
+/// A key that controls do not depend on, so that a bad value is not worth a message.
+std::int32_t WholeNumber(const EntryKeys& keys, std::string_view key, std::int32_t fallback) {
+    const auto found = keys.find(key);
+    if (found == keys.end())
+        return fallback;
+    const std::string_view word = found->second.substr(0, found->second.find_first_of(Utils::kBlanks));
+    return Utils::ParseWhole<std::int32_t>(word).value_or(fallback);
+}
+
 AttachedEntry EntryOf(std::uint32_t number, const EntryKeys& keys) {
     AttachedEntry entry;
     entry.number = number;
@@ -54,6 +64,9 @@ AttachedEntry EntryOf(std::uint32_t number, const EntryKeys& keys) {
         kMetresPerFoot;
     for (const char* angle : {"_v10_att_phi_ref", "_v10_att_the_ref", "_v10_att_psi_ref"})
         entry.turned |= read(angle) != 0;
+    entry.flags = static_cast<std::uint32_t>(WholeNumber(keys, "_obj_flags", 0));
+    entry.onPart = WholeNumber(keys, "_v10_att_part", kAircraftItself) != kAircraftItself;
+    entry.mayBeHidden = keys.contains("_obj_hide_dataref");
     return entry;
 }
 

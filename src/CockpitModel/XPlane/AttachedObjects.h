@@ -10,12 +10,18 @@
 
 namespace CockpitModel {
 
+/// Values of "_obj_flags", measured on aircraft, not documented.
+enum ObjectFlag : std::uint32_t { kInsideFlag = 0x1, kGlassFlag = 0x2, kInnerCockpitFlag = 0x800 };
+
 /// An object that the .acf attaches to the aircraft, with the keys "P _obja/<number>/...".
 struct AttachedEntry {
     std::uint32_t number = 0;
     std::string file;                              ///< as the .acf writes it; starts in the aircraft's folder "objects"
     Utils::Vector3 place = Utils::Vector3::Zero(); ///< of its origin: metres, in X-Plane's axes
     bool turned = false;                           ///< the .acf also rotates it
+    std::uint32_t flags = 0;                       ///< of ObjectFlag
+    bool onPart = false;                           ///< on a wing, a gear or another part that may move
+    bool mayBeHidden = false;                      ///< by a dataref
     std::vector<std::string> faults;               ///< values that are not numbers
 };
 

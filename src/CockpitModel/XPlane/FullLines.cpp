@@ -21,8 +21,23 @@ std::array<float, 3> ThreeNumbers(ValueText& text) {
 void FullLines::Read(std::string_view keyword, std::string_view values, std::uint32_t line, std::uint32_t node) {
     if (keyword.starts_with(kManipulatorPrefix))
         ReadManipulatorLine(keyword.substr(kManipulatorPrefix.size()), values, line);
+    else if (keyword == "ATTR_LOD")
+        farLevel = ValueText(values).Number() > 0;
     else if (keyword.starts_with(kAnimationPrefix))
         ReadAnimationLine(keyword.substr(kAnimationPrefix.size()), values, data.animNodes[node]);
+}
+
+void FullLines::ReadVisibilityLine(std::string_view name, std::string_view values) {
+    if (name == "begin") {
+        hidden.push_back({hidden.back().above || hidden.back().here, false});
+    } else if (name == "end" && hidden.size() > 1) {
+        hidden.pop_back();
+    } else if (name == "hide" || name == "show") {
+        ValueText text(values);
+        const float from = text.Number(), to = text.Number();
+        if (from <= 0 && to >= 0)
+            hidden.back().here = name == "hide";
+    }
 }
 
 void FullLines::ReadManipulatorLine(std::string_view name, std::string_view values, std::uint32_t line) {
@@ -37,6 +52,7 @@ void FullLines::ReadManipulatorLine(std::string_view name, std::string_view valu
 }
 
 void FullLines::ReadAnimationLine(std::string_view name, std::string_view values, XPObjAnimNode& node) {
+    ReadVisibilityLine(name, values);
     if (name == "rotate_key" || name == "trans_key")
         AddKey(name == "rotate_key", values, node);
     else if (name == "rotate_begin" || name == "trans_begin")

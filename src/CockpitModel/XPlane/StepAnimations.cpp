@@ -76,6 +76,34 @@ std::vector<RiffBlockXANK> TrackOf(const XPObjKeyStep& step, const std::vector<X
     return track;
 }
 
+Utils::Matrix4 PoseOf(const RiffBlockXANK& key) {
+    return key.IsTranslation ? Utils::Translation(key.Translation) : Utils::Rotation(key.Rotation);
+}
+
+/// The fraction of the way from one value to another at which 0 lies; 0 if they are equal.
+float FractionAtZero(float from, float to) {
+    const float fraction = -from / (to - from);
+    return std::isfinite(fraction) ? fraction : 0.0f;
+}
+
+float Between(float from, float to, float fraction) {
+    return from + (to - from) * fraction;
+}
+
+/// The key that the step would have for the value 0.
+XPObjKey KeyAtZero(const std::vector<XPObjKey>& sorted) {
+    std::size_t i = 0;
+    while (i + 2 < sorted.size() && sorted[i + 1].value <= 0)
+        ++i;
+    const XPObjKey &from = sorted[i], &to = sorted[std::min(i + 1, sorted.size() - 1)];
+    const float fraction = IsFixed(sorted) ? 0.0f : FractionAtZero(from.value, to.value);
+    XPObjKey key;
+    key.degrees = Between(from.degrees, to.degrees, fraction);
+    for (std::size_t axis = 0; axis < key.shift.size(); ++axis)
+        key.shift[axis] = Between(from.shift[axis], to.shift[axis], fraction);
+    return key;
+}
+
 } // namespace
 
 ModelAnimation StillAnimation() {
@@ -114,6 +142,21 @@ ModelAnimation StepAnimation(const XPObjKeyStep& step) {
     animation.length = kTimeEnd;
     animation.tracks = {TrackOf(step, sorted)};
     return animation;
+}
+
+Utils::Matrix4 PoseAtZero(const XPObjAnimStep& step) {
+    const float fraction = FractionAtZero(step.value1, step.value2);
+    const auto between = [fraction](float from, float to) { return Between(from, to, fraction); };
+    if (step.translation) {
+        const auto [x1, y1, z1, x2, y2, z2] = *step.translation;
+        return PoseOf(TranslationKey(0, between(x1, x2), between(y1, y2), between(z1, z2)));
+    }
+    const auto [x, y, z, r1, r2] = *step.rotation;
+    return PoseOf(RotationKey(0, {x, y, z}, between(r1, r2)));
+}
+
+Utils::Matrix4 PoseAtZero(const XPObjKeyStep& step) {
+    return PoseOf(KeyAt(step, 0, KeyAtZero(ByValue(step.keys))));
 }
 
 std::size_t KeyCount(const XPObjKeyStep& step) {

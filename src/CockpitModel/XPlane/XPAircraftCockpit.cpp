@@ -1,6 +1,7 @@
 #include "CockpitModel/XPlane/XPAircraftCockpit.h"
 
 #include "CockpitModel/XPlane/AttachedModels.h"
+#include "CockpitModel/XPlane/Surroundings.h"
 #include "CockpitModel/XPlane/XPObjConverter.h"
 #include "CockpitModel/XPlane/XPObjReader.h"
 #include "Logging/Logger.h"
@@ -54,8 +55,8 @@ boost::filesystem::path CockpitObjectPath(const boost::filesystem::path& acf) {
 
 XPAircraftCockpit::XPAircraftCockpit(const Sim::AircraftInfo& info, Reading howToRead) {
     Logging::Logger::Get().Log(kPlace, __LINE__, "AircraftCockpit::GenerateXP");
-    const boost::filesystem::path acfPath = info.acfPath;
-    aircraftFolder = acfPath.parent_path().string();
+    acfPath = info.acfPath;
+    aircraftFolder = boost::filesystem::path(acfPath).parent_path().string();
     cockpitObjPath = Utils::FindIgnoringCase(CockpitObjectPath(acfPath)).string();
 
     const std::string acf = Utils::ReadFile(acfPath);
@@ -84,6 +85,12 @@ std::unique_ptr<ModelData> XPAircraftCockpit::LoadModel() const {
     for (const std::string& remark : model->remarks)
         Logging::Logger::Get().Log(kPlace, __LINE__, remark);
     return model;
+}
+
+SurroundingObjects XPAircraftCockpit::FindSurroundings() const {
+    if (reading == Reading::Plain)
+        return {};
+    return CockpitModel::FindSurroundings(acfPath, Utils::ReadFile(acfPath), cockpitObjPath, attached);
 }
 
 void XPAircraftCockpit::LoadCockpitObject(ModelData& model) const {

@@ -24,7 +24,9 @@ struct XPAircraftCockpit final : AircraftCockpit {
     /// A cockpit object that is too large throws a std::runtime_error that says so. An attached object that cannot be
     /// read is left out, with a remark in the model.
     std::unique_ptr<ModelData> LoadModel() const override;
+    SurroundingObjects FindSurroundings() const override;
 
+    std::string acfPath;
     std::string aircraftFolder;
     std::string cockpitObjPath; ///< empty if there is no such file
     AttachedObjects attached;   ///< of the full reading

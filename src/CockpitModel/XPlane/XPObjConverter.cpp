@@ -43,20 +43,6 @@ void CheckKeyCount(const XPObjData& data, const ModelData& model, const std::str
                                         std::to_string(kMostKeys) + " keys, one for each key and each half turn");
 }
 
-/// Without this check a draw call could use what belongs to no object, and the whole cockpit could not be built.
-void CheckDrawCall(const XPObjDrawCall& call, const XPObjData& data, const std::string& file) {
-    const std::string place = file + "(" + std::to_string(call.line) + "): TRIS ";
-    const std::int64_t end = std::int64_t{call.offset} + call.count;
-    if (call.offset < 0 || call.count < 0 || std::cmp_greater(end, data.indices.size()))
-        throw Utils::OutOfRange(place + std::to_string(call.offset) + " " + std::to_string(call.count) +
-                                " reaches beyond the " + std::to_string(data.indices.size()) + " indices of the file");
-    for (std::int64_t i = call.offset; i < end; ++i)
-        if (const std::int32_t vertex = data.indices[static_cast<std::size_t>(i)];
-            vertex < 0 || std::cmp_greater_equal(vertex, data.vertices.size()))
-            throw Utils::OutOfRange(place + "needs vertex " + std::to_string(vertex) +
-                                    " (counted from 0), but the object has " + std::to_string(data.vertices.size()));
-}
-
 void CheckNames(const XPObjData& data, const std::string& file) {
     if (const auto& excess = data.nameExcess)
         throw Utils::OutOfRange(file + "(" + std::to_string(excess->line) +
@@ -192,6 +178,7 @@ void Check(const XPObjData& data, const ModelData& model, const XPObjPlacement& 
     CheckKeyCount(data, model, file);
     if (!placement.place || placement.block)
         return;
+    // Without it a draw call could use what belongs to no object, and the whole cockpit could not be built.
     for (const XPObjDrawCall& call : data.drawCalls)
         if (IsFullPart(call, data))
             CheckDrawCall(call, data, file);
@@ -215,6 +202,19 @@ std::uint64_t DrawnVertices(const XPObjData& data, Reading reading) {
         if (reading == Reading::Full ? IsFullPart(call, data) : IsPlainPart(call))
             count += static_cast<std::uint64_t>(std::max(call.count, 0));
     return count;
+}
+
+void CheckDrawCall(const XPObjDrawCall& call, const XPObjData& data, const std::string& file) {
+    const std::string place = file + "(" + std::to_string(call.line) + "): TRIS ";
+    const std::int64_t end = std::int64_t{call.offset} + call.count;
+    if (call.offset < 0 || call.count < 0 || std::cmp_greater(end, data.indices.size()))
+        throw Utils::OutOfRange(place + std::to_string(call.offset) + " " + std::to_string(call.count) +
+                                " reaches beyond the " + std::to_string(data.indices.size()) + " indices of the file");
+    for (std::int64_t i = call.offset; i < end; ++i)
+        if (const std::int32_t vertex = data.indices[static_cast<std::size_t>(i)];
+            vertex < 0 || std::cmp_greater_equal(vertex, data.vertices.size()))
+            throw Utils::OutOfRange(place + "needs vertex " + std::to_string(vertex) +
+                                    " (counted from 0), but the object has " + std::to_string(data.vertices.size()));
 }
 
 void XPObjConverter::Convert(const std::string& folder, const XPObjData& data, ModelData& model) {

@@ -26,6 +26,10 @@ std::size_t NodeCount(const XPObjData& data, const XPObjPlacement& placement);
 /// Number of vertices that its parts draw.
 std::uint64_t DrawnVertices(const XPObjData& data, Reading reading);
 
+/// Throws Utils::OutOfRange, with the file and the line, if a draw call needs indices or vertices that its object has
+/// not.
+void CheckDrawCall(const XPObjDrawCall& call, const XPObjData& data, const std::string& file);
+
 /// Converts the records of an X-Plane object to model blocks: left-handed axes, one animation per node, and a mouse
 /// rectangle per draw call under a manipulator. For a single conversion.
 class XPObjConverter {

@@ -46,6 +46,7 @@ struct XPObjDrawCall {
     std::uint32_t line = 0;                 ///< line number in the file, from 1
     std::uint32_t manipLine = 0;            ///< line of the toggle or drag in force; 0 for none
     std::uint32_t manipulator = kXPObjNone; ///< full reading: the one in force, in XPObjData::manipulators
+    bool shown = true;                      ///< full reading: seen from near, with every dataref at 0
 };
 
 /// One "ANIM_trans" or "ANIM_rotate": exactly one of the two is set.

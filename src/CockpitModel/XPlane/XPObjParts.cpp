@@ -64,6 +64,7 @@ RiffBlockPART& AddPart(const XPObjDrawCall& call, ModelData& model) {
     part.IndexOffset = static_cast<std::uint32_t>(call.offset);
     part.IndexCount = static_cast<std::uint32_t>(call.count);
     part.SourceLine = call.line;
+    part.NotDrawn = !call.drawEnabled;
     return part;
 }
 

@@ -102,6 +102,7 @@ void Reader::ReadLines(const char* text, const char* end) {
         if (reading == Reading::Full && name.starts_with('A')) {
             full.Read(name, line.Rest(), lineNumber, inForce.animNode);
             inForce.manipulator = full.InForce();
+            inForce.shown = full.Shown();
         }
         if (const Keyword* const keyword = FindKeyword(name))
             (this->*keyword->read)(line);

@@ -44,6 +44,10 @@ cairo_surface_t* cairo_image_surface_create_from_png(const char* path) {
     return CALL(cairo_image_surface_create_from_png, path);
 }
 
+cairo_surface_t* cairo_image_surface_create_from_png_stream(cairo_read_func_t read, void* closure) {
+    return CALL(cairo_image_surface_create_from_png_stream, read, closure);
+}
+
 cairo_status_t cairo_surface_write_to_png_stream(cairo_surface_t* surface, cairo_write_func_t write, void* closure) {
     return CALL(cairo_surface_write_to_png_stream, surface, write, closure);
 }

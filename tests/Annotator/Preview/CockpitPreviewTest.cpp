@@ -2,6 +2,7 @@
 
 #include "Support/DataFolder.h"
 #include "Support/ModelBuilder.h"
+#include "Support/ObjText.h"
 #include "Support/RecordingContext.h"
 #include "Support/TemporaryFolder.h"
 
@@ -209,6 +210,35 @@ TEST_F(PreviewOfLever, SpinsTheGreenMarkerAboutTheAxis) {
     EXPECT_NEAR(world(0, 1), 0.1f * std::sin(2.0f), 1e-6f);
     selected->RotationAxis = Vector3::Zero();
     EXPECT_EQ((Draw().at(1).world.topLeftCorner<3, 3>()), (Utils::Scaling(0.1f).topLeftCorner<3, 3>()));
+}
+
+TEST_F(Preview, DrawsTheSurroundingsFirstAndClickBoxesLast) {
+    builder.Part(0, Facing(3)).NotDrawn = true;
+    builder.Rect(1);
+    builder.Part(0, Facing(4));
+    Load();
+    CockpitModel::SurroundingObjects wall;
+    wall.objects.push_back({"wall", folder.Write("wall.obj", Support::ObjText().Tris().Text())});
+    preview.SetSurroundings(wall);
+    preview.CompleteSurroundings(context);
+    ASSERT_EQ(Draw().size(), 3u);
+    const DrawCall &control = context.draws[1], &box = context.draws[2];
+    EXPECT_EQ(control.geometry, Part(0, 1).geometry.get());
+    EXPECT_EQ(box.geometry, Part(0, 0).geometry.get());
+    EXPECT_EQ(TintOf(control), "0.3 0.3 0.3 / 0.7 0.7 0.7");
+    EXPECT_EQ(TintOf(box), "0.4 0.4 0.7 / 0.1 0.1 0.3, opacity 0.5, blend");
+    EXPECT_TRUE(control.params.depthWrite && !box.params.depthWrite);
+    EXPECT_TRUE(control.bitmap && !box.bitmap);
+    preview.OnMouseEvent(Pointer(kCanvasClick));
+    EXPECT_EQ(clicked, std::vector<NodePart*>{&Part(0)}) << "the wall at 0 is not picked";
+
+    preview.ShowSurroundings(false);
+    preview.OnMouseEvent(Pointer(kCanvasMove, {0, 0, -1}));
+    ASSERT_EQ(Draw().size(), 2u);
+    EXPECT_EQ(TintOf(context.draws[0]), "0.4 0.4 0.7 / 0.1 0.1 0.3");
+    preview.ShowSurroundings(true);
+    preview.SetScene(scene, &source, store.get());
+    EXPECT_EQ(Draw().size(), 2u) << "a new scene has none of the old one's";
 }
 
 TEST_F(Preview, HiddenTransparentPartsAreNeitherDrawnNorHit) {

@@ -22,6 +22,7 @@ std::string AccessibleNameOf(wxWindow& control) {
 
 TEST_F(AnnotatorWindowTest, NamesEveryControlForAssistiveTools) {
     Open();
+    ChooseMenuItem(*window->GetMenuBar()->GetMenu(4), 0); // the list of parts
     EXPECT_EQ(AccessibleNameOf(*selector), "Aircraft");
     EXPECT_EQ(AccessibleNameOf(*tree), "Nodes and parts of the cockpit");
     EXPECT_EQ(AccessibleNameOf(*canvas), "Cockpit");
@@ -36,7 +37,7 @@ TEST_F(AnnotatorWindowTest, NamesEveryControlForAssistiveTools) {
         }
     };
     visit(*window);
-    EXPECT_GE(named, 11);
+    EXPECT_GE(named, 13);
 }
 
 /// Whether the list of a choice is open: it then gets all events of the program.

@@ -4,6 +4,7 @@
 #include "Annotator/Window/CanvasPicture.h"
 #include "Annotator/Window/TestsWindow.h"
 #include "Annotator/Window/WindowFixture.h"
+#include "Support/ObjText.h"
 #include "Utils/FatalError.h"
 
 #include <boost/filesystem.hpp>
@@ -193,6 +194,26 @@ TEST_F(AnnotatorWindowTest, AsksBeforeAnotherReadingDiscardsAnEdit) {
     Save();
     EXPECT_TRUE(boost::filesystem::exists("QVRA/Annotations/full/Trainer.xml"));
     EXPECT_FALSE(boost::filesystem::exists("QVRA/Annotations/Trainer.xml"));
+}
+
+TEST_F(AnnotatorWindowTest, ShowsTheSurroundingsOfTheFullReading) {
+    folder.Write("wall.obj", ObjText().Tris().Text());
+    loader.aircraft[0].make = [this] {
+        auto cockpit = std::make_unique<ModelCockpit>(LeverModel());
+        cockpit->surroundings.objects.push_back({"wall", folder / "wall.obj", {0, 0, 0.5f}});
+        return cockpit;
+    };
+    Open();
+    Load();
+    const wxPoint at{canvas->GetClientSize().x / 2 + 5, canvas->GetClientSize().y / 2 - 5};
+    const auto colour = [&] { return ColourAt(CanvasPicture(*canvas), at.x, at.y); };
+    const wxColour lever = colour();
+    wxMenuBar& bar = *window->GetMenuBar();
+    ChooseMenuItem(*bar.GetMenu(2), 0);
+    EXPECT_TRUE(PumpUntil([&] { return colour() != lever; })) << "the wall is between the eye and the lever";
+    wxMenu& view = *bar.GetMenu(3);
+    ChooseMenuItem(view, view.GetMenuItemCount() - 1);
+    EXPECT_TRUE(PumpUntil([&] { return colour() == lever; }));
 }
 
 TEST_F(AnnotatorWindowTest, IsEmptyAfterALoadThatFails) {

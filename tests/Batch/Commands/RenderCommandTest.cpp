@@ -63,6 +63,17 @@ TEST_F(RenderCommand, DrawsWhatTheCameraSees) {
     EXPECT_TRUE(boost::filesystem::is_empty(installation / "QVRA")) << "drawn with the program's own data";
 }
 
+TEST_F(RenderCommand, DrawsTheCabinOfTheFullReading) {
+    installation.Write("Aircraft/Props/Cub/objects/wall.obj",
+                       ObjText().Texture("../red.png").Line("ANIM_trans 0 0 -1 0 0 -1 0 0").Tris().Text());
+    installation.Aircraft("Aircraft/Props/Cub", "Cub",
+                          "P _obja/0/_v10_att_file_stl wall.obj\nP _obja/0/_obj_flags 1\n");
+    const Colour red = Middle({});
+    EXPECT_EQ(Middle({"--full", "--position", "sim/slide=1"}), red) << "the slide is off the wall behind it";
+    EXPECT_EQ(Middle({"--full", "--bare", "--position", "sim/slide=1"}), kGround);
+    EXPECT_EQ(Render({"Cub", "--bare"}).exitCode, kWrongUsage);
+}
+
 TEST_F(RenderCommand, UsesThePilotsEyeByDefault) {
     // Nothing is in front of the eye, at x = -9 feet; the triangle is 45 degrees to the right.
     const ProgramResult ahead = Render({"Cub"});

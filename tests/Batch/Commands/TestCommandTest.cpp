@@ -123,5 +123,50 @@ TEST(TestCommand, KeepsTheExpectationsOfTheFullReadingApart) {
     EXPECT_EQ(installation.Read("merged.json"), installation.Read("full.json"));
 }
 
+TEST(TestCommand, TestsAgainstTheBlocksOfAVrConfig) {
+    const auto knob = [](const std::string& name) {
+        return "ATTR_manip_command_knob hand " + name + "/up " + name + "/down";
+    };
+    const Installation installation;
+    installation.Aircraft("Aircraft/Props/Jet", "Jet", ThreeParts());
+    installation.Aircraft("Aircraft/Props/Cub", "Cub",
+                          Support::ObjText()
+                              .Line(knob("a"))
+                              .Tris()
+                              .Tris()
+                              .Line("ATTR_manip_command_switch_up_down hand b/up b/down")
+                              .Tris()
+                              .Line("ATTR_manip_command_axis rotate_small 1 0 0 c/up c/down")
+                              .Tris()
+                              .Line("ATTR_manip_drag_xy hand 1 1 -1 1 -1 1 x/yoke_roll_ratio x/yoke_pitch_ratio")
+                              .Tris()
+                              .Toggle("sim/d")
+                              .Tris());
+    installation.Annotations("Cub", Expectation(0, 0, "Tap"));
+    const auto block = [](const std::string& first) { return "BEGIN_MANIP " + first + "\nEND_MANIP\n"; };
+    const std::string file = "Aircraft/Props/Cub/plane_vrconfig.txt", header = "A\n1100\nVRCONFIG\n";
+    installation.Write(file, header + block("command_knob a/up a/down") + block("command_switch_up_down b/up b/down") +
+                                 block("command_axis c/up c/down\nACTION command_axis 1 0 0 c/up c/down") +
+                                 block("command_axis c/up c/down\nACTION command_knob c/up c/down") +
+                                 block("drag_xy x/yoke_roll_ratio x/yoke_pitch_ratio") + block("toggle sim/d") +
+                                 block("command_knob not/up not/down"));
+    const ProgramResult result = RunBatch(installation, {"test", "--vrconfig", "--json", "a.json"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.output, testing::ContainsRegex("Cub +0 +3 +command_axis: .* +Move +Twist +- +8\n"));
+    EXPECT_THAT(result.errors, HasSubstr("4 tests passed, 1 failed"));
+    EXPECT_THAT(result.errors, HasSubstr("1 aircraft without a _vrconfig.txt, not tested: Jet\n"));
+    const ProgramResult merged = RunBatch(installation, {"merge", "--full", "--json", "b.json", "a.json"});
+    EXPECT_EQ(merged.output, result.output);
+    EXPECT_EQ(installation.Read("b.json"), installation.Read("a.json"));
+    RunBatch(installation, {"test", "--full", "--json", "c.json"});
+    EXPECT_EQ(RunBatch(installation, {"merge", "--full", "a.json", "c.json"}).exitCode, 2);
+    EXPECT_THAT(RunBatch(installation, {"test", "--vrconfig", "Jet"}).errors,
+                HasSubstr("no tests found: no _vrconfig"));
+    installation.Write(file, header + "BEGIN_MANIP command_knob a/up a/down\n");
+    const ProgramResult broken = RunBatch(installation, {"test", "--vrconfig"});
+    EXPECT_EQ(broken.exitCode, 3);
+    EXPECT_THAT(broken.errors, HasSubstr("plane_vrconfig.txt cannot be divided into blocks: line 4: found"));
+}
+
 } // namespace
 } // namespace Batch

@@ -69,6 +69,31 @@ TEST(TestReport, QuotesCsvFields) {
         "Piper,Aircraft/Piper.acf,,,,,,error,no <material>\n");
 }
 
+TEST(TestReport, TellsWhichBlocksFailedAndWhichAircraftHaveNone) {
+    TestReport report{Aircraft("Cub", {Part(3, 0, TouchInteractionType::Twist, TouchInteractionType::Tap)}),
+                      Aircraft("Jet", {})};
+    for (AircraftReport& aircraft : report) {
+        aircraft.tests.source = Annotator::ExpectationSource::VrConfig;
+        aircraft.tests.reading = CockpitModel::Reading::Full;
+    }
+    report[0].tests.parts[0].blockLine = 71;
+    report[1].tests.hasVrConfig = false;
+    report[1].tests.acfPath = "Aircraft/Jet/big.jet.acf";
+    EXPECT_THAT(CsvReport(report), HasSubstr("Twist,Tap,failed,,,71\n"
+                                             "Jet,Aircraft/Jet/big.jet.acf,,,,,,skipped,no big.jet_vrconfig.txt,,\n"));
+    EXPECT_THAT(TableText(report), testing::ContainsRegex("Plain +Block in line\n.* 71\n"));
+    EXPECT_THAT(TableText(report), Not(HasSubstr("Jet")));
+    const std::string junit = JUnitReport(report), html = HtmlReport(report), json = JsonReport(report);
+    EXPECT_THAT(junit, HasSubstr("tests=\"2\" failures=\"1\" errors=\"0\" skipped=\"1\""));
+    EXPECT_THAT(junit, HasSubstr("detected Tap; block in line 71\""));
+    EXPECT_THAT(junit, HasSubstr("<skipped message=\"no big.jet_vrconfig.txt\"/>"));
+    EXPECT_THAT(html, HasSubstr("<b class=\"\">1</b>aircraft without one"));
+    EXPECT_THAT(html, HasSubstr("not tested: no big.jet_vrconfig.txt"));
+    EXPECT_THAT(html, HasSubstr("<td class=\"number\">71</td>"));
+    EXPECT_EQ(JsonReport(ParseReport(json)), json);
+    EXPECT_THAT(json, HasSubstr("\"withoutVrConfig\": 1"));
+}
+
 /// All texts between two delimiters.
 std::vector<std::string> Between(const std::string& text, const std::string& before, const std::string& after) {
     std::vector<std::string> found;
