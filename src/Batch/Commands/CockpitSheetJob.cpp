@@ -10,6 +10,7 @@
 
 #include <boost/algorithm/string/join.hpp>
 #include <cmath>
+#include <utility>
 
 namespace Batch {
 
@@ -27,6 +28,18 @@ struct TouchablePart {
     Vector3 middle = Vector3::Zero(); ///< of the corners' box
 };
 
+/// The middle of the points' box; zero if there are none.
+Vector3 MiddleOf(const std::vector<Vector3>& points) {
+    if (points.empty())
+        return Vector3::Zero();
+    Vector3 least = points.front(), greatest = least;
+    for (const Vector3& point : points) {
+        least = least.cwiseMin(point);
+        greatest = greatest.cwiseMax(point);
+    }
+    return (least + greatest) / 2.0f;
+}
+
 std::vector<TouchablePart> FindTouchable(const Annotator::LoadedAircraft& aircraft, const PartPictures& pictures) {
     std::vector<TouchablePart> found;
     for (const auto& node : aircraft.built.sceneGraph->Nodes())
@@ -34,13 +47,7 @@ std::vector<TouchablePart> FindTouchable(const Annotator::LoadedAircraft& aircra
             if (!part->Rect() && !IsYoke(part->InteractionType))
                 continue;
             TouchablePart touchable{part.get(), pictures.Corners(*part)};
-            Vector3 least = Vector3::Zero(), greatest = Vector3::Zero();
-            for (const Vector3& corner : touchable.corners) {
-                const bool first = &corner == &touchable.corners.front();
-                least = first ? corner : least.cwiseMin(corner);
-                greatest = first ? corner : greatest.cwiseMax(corner);
-            }
-            touchable.middle = (least + greatest) / 2.0f;
+            touchable.middle = MiddleOf(touchable.corners);
             found.push_back(std::move(touchable));
         }
     return found;

@@ -1,6 +1,7 @@
 #include "Batch/Reports/Html.h"
 
 #include "Batch/Reports/TestReport.h"
+#include "Utils/Text.h"
 
 #include <boost/algorithm/string/replace.hpp>
 
@@ -9,7 +10,7 @@ namespace Batch {
 std::string Escaped(std::string_view text) {
     constexpr std::pair<const char*, const char*> kEntities[] = {
         {"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}};
-    std::string escaped = WithoutControls(text);
+    std::string escaped = WithoutControls(Utils::ToValidUtf8(text));
     for (const auto& [character, entity] : kEntities)
         boost::replace_all(escaped, character, entity);
     return escaped;

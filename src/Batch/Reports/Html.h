@@ -10,7 +10,7 @@ namespace Batch {
 
 /// Pieces of HTML pages. `content`, `head`, `rows` and `attributes` must already be markup.
 
-/// Any text as markup.
+/// Any bytes as markup.
 std::string Escaped(std::string_view text);
 std::string Element(const std::string& name, const std::string& content, const std::string& attributes = {});
 /// A table in a frame that scrolls sideways on narrow screens.

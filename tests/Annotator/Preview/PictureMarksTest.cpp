@@ -18,7 +18,7 @@ TEST(PictureMarks, FindsWherePointsAppear) {
     EXPECT_FALSE(ToPixel({1, 2, -2}, projection, {80, 40})) << "behind the camera";
     const std::vector<Vector3> points{{-1.01f, 0.99f, 2}, {0.99f, -0.99f, 2}, {0, 0, -1}};
     EXPECT_EQ(PixelBoxOf(points, projection, {80, 40}), (PixelBox{19, 10, 60, 30}));
-    EXPECT_FALSE(PixelBoxOf({{0, 0, -1}}, projection, {80, 40}));
+    EXPECT_FALSE(PixelBoxOf({Vector3(0, 0, -1)}, projection, {80, 40}));
 }
 
 TEST(PictureMarks, FramesABox) {

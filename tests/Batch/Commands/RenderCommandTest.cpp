@@ -102,7 +102,7 @@ TEST_F(RenderCommand, ReportsErrorsAndWritesNoImage) {
         {{"Cub", "--position", "sim/slide=1.5"}, kWrongUsage, "'sim/slide=1.5' is not from 0 to 1"},
         {{"Cub", "--position", "sim/other=1"}, kWrongUsage, "no animation of the cockpit uses the dataref sim/other"},
         {{"Cub", "--fit", "--eye", "1,2,3"}, kWrongUsage, "--eye excludes --fit"},
-        {{"Cub", "--sheet", "a.html"}, kWrongUsage, "--sheet excludes --out"},
+        {{"Cub", "--sheet", "a.html"}, kWrongUsage, "--out excludes --sheet"},
         {{"Piper"}, kAircraftFailed, "--untextured"},
         {{"Shell"},
          kAircraftFailed,
