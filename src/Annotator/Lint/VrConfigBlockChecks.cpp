@@ -90,14 +90,13 @@ std::optional<Type> NeededType(const VrConfigBlock& block, const Manipulator& ma
     const VrConfigDirective* const action = block.Find("ACTION");
     if (block.Find("YOKE_MANIP_ROTATE") || block.Find("YOKE_MANIP_TRANSLATE"))
         return Type::YokePart;
-    if (!action && !block.Find("DEG_PER_ACTION"))
-        return std::nullopt;
     const ManipulatorKeyword* const keyword = CockpitModel::FindManipulatorKeyword(block.ActionKeyword());
-    if (keyword && keyword->family == ManipulatorFamily::DragXY)
+    if (!keyword || keyword->family == ManipulatorFamily::DragXY || keyword->family == ManipulatorFamily::Untouched)
         return std::nullopt;
-    if (action && keyword && keyword->family == ManipulatorFamily::Button)
-        return Type::Tap;
-    return VrConfigKind(block, manipulator);
+    if (!action) // a switch may be a rotary selector
+        return block.Find("DEG_PER_ACTION") && keyword->family != ManipulatorFamily::Switch ? std::optional(Type::Twist)
+                                                                                            : std::nullopt;
+    return keyword->family == ManipulatorFamily::Button ? Type::Tap : VrConfigKind(block, manipulator);
 }
 
 bool Agree(Type needed, Type type) {
