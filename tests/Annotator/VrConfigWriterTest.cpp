@@ -1,5 +1,6 @@
 #include "Annotator/VrConfigWriter.h"
 
+#include "Annotator/Lint/VrConfigCheck.h"
 #include "CockpitModel/SceneGraph.h"
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/Installation.h"
@@ -29,6 +30,17 @@ struct Aircraft {
     VrConfigText Make() const { return MakeVrConfig(aircraft, *annotations, CockpitModel::ReadAcfPoints(acf)); }
     VrConfigText Merge(const std::string& text) const {
         return MergeVrConfig(aircraft, *annotations, CockpitModel::ReadAcfPoints(acf), text);
+    }
+
+    /// What the check finds in a text that is no note.
+    std::string Complaints(const std::string& text) const {
+        const Support::WorkingDirectory inside(installation.path);
+        installation.Write("Aircraft/Cub/plane_vrconfig.txt", text);
+        std::string complaints;
+        for (const LintFinding& finding : CheckVrConfig(*Sim::XPAircraftListLoader().LoadAircraftList().at(0)))
+            if (finding.severity != LintSeverity::Note)
+                complaints += std::to_string(finding.line) + ": " + finding.message + "\n";
+        return complaints;
     }
 
     // In feet: 0.5, 1, 2 and 3 m.
@@ -100,7 +112,9 @@ TEST(VrConfigWriterTest, TellsHowFarAKnobTurnsOrThatItGuesses) {
         {"a knob that the user taps", "ATTR_manip_command_knob hand a/up a/down\nTRIS 0 3", "", 0, Override("Tap")},
     };
     for (const auto& row : rows) {
-        const VrConfigText made = Aircraft(row.lines, row.overrides).Make();
+        const Aircraft aircraft(row.lines, row.overrides);
+        const VrConfigText made = aircraft.Make();
+        EXPECT_EQ(aircraft.Complaints(made.text), "") << row.name;
         EXPECT_EQ(Blocks(made.text), row.blocks.empty() ? "" : "BEGIN_MANIP " + row.blocks + "END_MANIP; ") << row.name;
         EXPECT_EQ(made.blocks, row.blocks.empty() ? 0u : 1u) << row.name;
         EXPECT_EQ(made.guesses, row.guesses) << row.name;
@@ -167,6 +181,7 @@ TEST(VrConfigWriterTest, AddsToAnAuthorsTextWhatItLacks) {
     EXPECT_THAT(added, HasSubstr("PRESET_XYZ -0.5 0.5 -1\r")) << "from the centre of gravity";
     EXPECT_THAT(added, HasSubstr("YOKE_MANIP_ROTATE 0.5 -0.5 -4 1 0 0 "));
     EXPECT_EQ(aircraft.Merge(merged.text).text, merged.text);
+    EXPECT_EQ(aircraft.Complaints(merged.text), "");
     EXPECT_THAT(aircraft.Merge("A\n1100\nVRCONFIG\nREF_POINT_ACF\n").text, HasSubstr("PRESET_XYZ -0.5 1 2\n"));
     EXPECT_THROW(aircraft.Merge("A\n1100\nVRCONFIG\nBEGIN_MANIP toggle a\n"), std::runtime_error);
 }

@@ -7,6 +7,7 @@
 """
 import json
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -19,7 +20,9 @@ import expected_full
 def main():
     installation = sys.argv[1]
     if len(sys.argv) > 2:
-        faults = program_faults(installation, sys.argv[2:]) + full_faults(installation, sys.argv[2:])
+        program = sys.argv[2:]
+        faults = program_faults(installation, program) + full_faults(installation, program)
+        faults += vrconfig_faults(installation, program)
     else:
         faults = readme_faults(installation)
     for fault in faults:
@@ -69,6 +72,20 @@ def full_faults(installation, program):
     if tested.returncode != 0:
         faults.append(f"test --full Scout ended with {tested.returncode}:\n{tested.stdout.decode()}")
     return faults
+
+
+def vrconfig_faults(installation, program):
+    """What 'vrconfig write' makes has neither errors nor warnings, and its blocks have the detected types."""
+    names = ["Scout", "Trainer", "Lark"]
+    with tempfile.TemporaryDirectory() as folder:
+        copy = shutil.copytree(installation, os.path.join(folder, "X-Plane"))
+        arguments = [*program, "-C", copy]
+        for name in names:
+            subprocess.run([*arguments, "vrconfig", "write", "--force", name], stderr=subprocess.DEVNULL, check=True)
+        for command in (["vrconfig", "check"], ["test", "--vrconfig", "--require-tests"]):
+            result = subprocess.run([*arguments, *command, *names], stdout=subprocess.PIPE, check=False)
+            if result.returncode != 0:
+                yield f"{command} of what was written ended with {result.returncode}:\n{result.stdout.decode()}"
 
 
 def readme_faults(installation):
