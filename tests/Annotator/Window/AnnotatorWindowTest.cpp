@@ -8,6 +8,7 @@
 #include "Utils/FatalError.h"
 
 #include <boost/filesystem.hpp>
+#include <cstring>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
 
