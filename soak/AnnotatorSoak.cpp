@@ -153,11 +153,11 @@ private:
         static constexpr struct {
             int weight; ///< of 1000
             void (Soak::*act)();
-        } kActions[] = {{20, &Soak::LoadAny},       {280, &Soak::Click},          {100, &Soak::Drag},
-                        {150, &Soak::SelectInTree}, {200, &Soak::Slide},          {150, &Soak::EditSave},
-                        {40, &Soak::TurnPage},      {20, &Soak::ShowTransparent}, {12, &Soak::Walk},
-                        {4, &Soak::Resize},         {1, &Soak::Reopen},           {3, &Soak::ChangeReading},
-                        {8, &Soak::UseList},        {6, &Soak::ChangeRecords},    {6, &Soak::GoToPart}};
+        } kActions[] = {
+            {20, &Soak::LoadAny}, {250, &Soak::Click},       {100, &Soak::Drag},    {150, &Soak::SelectInTree},
+            {200, &Soak::Slide},  {150, &Soak::EditSave},    {40, &Soak::TurnPage}, {20, &Soak::ShowTransparent},
+            {12, &Soak::Walk},    {4, &Soak::Resize},        {1, &Soak::Reopen},    {3, &Soak::ChangeReading},
+            {8, &Soak::UseList},  {6, &Soak::ChangeRecords}, {6, &Soak::GoToPart},  {30, &Soak::ChangeView}};
         ++steps;
         int at = Below(1000);
         for (const auto& action : kActions) {
@@ -240,6 +240,14 @@ private:
         Support::ChooseMenuItem(*window->GetMenuBar()->GetMenu(2), 0);
         Support::PumpFrames(2);
         ++loads;
+    }
+    void ChangeView() {
+        wxMenu& view = *window->GetMenuBar()->GetMenu(3);
+        const auto choice = static_cast<std::size_t>(Below(6));
+        if (choice >= 3)
+            Support::ChooseMenuItem(*view.FindItemByPosition(3)->GetSubMenu(), choice - 3);
+        else if (view.FindItemByPosition(choice)->IsEnabled())
+            Support::ChooseMenuItem(view, choice);
     }
     void Walk() {
         const int keys[] = {'W', 'A', 'S', 'D', WXK_LEFT, WXK_RIGHT, WXK_UP, WXK_DOWN};

@@ -1,6 +1,7 @@
 #include "Annotator/Preview/Framing.h"
 
 #include "Annotator/Preview/CanvasControl.h"
+#include "Annotator/Preview/ClearView.h"
 #include "Utils/Extent.h"
 
 #include <algorithm>
@@ -72,7 +73,7 @@ Vector3 Median(std::vector<Vector3> places) {
 
 /// The touchable parts that are entirely near the median of all; one that spans the fuselage is not, wherever its
 /// middle is.
-std::unordered_set<const NodePart*> TouchableParts(SceneGraph& sceneGraph) {
+std::vector<ViewTarget> TouchableParts(SceneGraph& sceneGraph) {
     std::vector<std::pair<const NodePart*, Extent>> parts;
     std::vector<Vector3> middles;
     VisitParts(sceneGraph, [&](const Matrix4& world, const NodePart& part) {
@@ -85,13 +86,13 @@ std::unordered_set<const NodePart*> TouchableParts(SceneGraph& sceneGraph) {
         parts.emplace_back(&part, extent);
         middles.push_back(extent.Middle());
     });
-    std::unordered_set<const NodePart*> chosen;
+    std::vector<ViewTarget> chosen;
     if (parts.empty())
         return chosen;
     const Vector3 median = Median(std::move(middles));
     for (const auto& [part, extent] : parts)
         if (Farthest(extent, median) <= kCockpitRadius)
-            chosen.insert(part);
+            chosen.push_back({part, extent.Middle()});
     return chosen;
 }
 
@@ -169,9 +170,16 @@ std::optional<Framing> FramePart(SceneGraph& sceneGraph, const NodePart& part, c
 }
 
 std::optional<Framing> FrameCockpit(SceneGraph& sceneGraph, float aspect) {
-    const auto parts = TouchableParts(sceneGraph);
-    return FrameParts(sceneGraph, [&parts](const NodePart& part) { return parts.empty() || parts.contains(&part); }, {},
-                      aspect, {.farthest = kFarthestCamera});
+    const std::vector<ViewTarget> targets = TouchableParts(sceneGraph);
+    std::unordered_set<const NodePart*> parts;
+    for (const ViewTarget& target : targets)
+        parts.insert(target.part);
+    auto framing =
+        FrameParts(sceneGraph, [&parts](const NodePart& part) { return parts.empty() || parts.contains(&part); }, {},
+                   aspect, {.farthest = kFarthestCamera});
+    if (framing)
+        framing->pose.position = Mirrored(FindClearView(sceneGraph, targets, Mirrored(framing->pose.position), aspect));
+    return framing;
 }
 
 bool SeesAnyPart(SceneGraph& sceneGraph, const PartFilter& wanted, const Matrix4& view, const Matrix4& projection) {

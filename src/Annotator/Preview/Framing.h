@@ -45,7 +45,7 @@ std::optional<Framing> FramePart(CockpitModel::SceneGraph& sceneGraph, const Coc
                                  const Utils::Vector3& eye, float aspect);
 
 /// The touchable parts that are entirely within 10 metres of the median one, seen from behind; all parts if there is no
-/// such part.
+/// such part. If walls or seats would hide them, the camera is in front of those and does not show all parts.
 std::optional<Framing> FrameCockpit(CockpitModel::SceneGraph& sceneGraph, float aspect);
 
 /// Whether a triangle of a wanted part is inside the view, hidden by others or not.

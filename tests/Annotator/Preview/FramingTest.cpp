@@ -63,7 +63,7 @@ TEST_F(FramingTest, APartTakesAThirdOfTheViewSeenFromThePilotsSide) {
 }
 
 TEST_F(FramingTest, TheCockpitIsWhatCanBeTouchedWithinTenMetresOfTheMedianPart) {
-    builder.Part(0, Square(-9, -9, 2, 18)); // cannot be touched
+    builder.Part(0, Square(-9, -9, 8, 18)); // cannot be touched
     Touchable(Square(0, 0, 5, 1));
     Touchable(Square(2, 0, 6, 1));
     Touchable(Square(2, 9, 5, 0.8f)); // up to 9.4 m away from the median
@@ -73,6 +73,17 @@ TEST_F(FramingTest, TheCockpitIsWhatCanBeTouchedWithinTenMetresOfTheMedianPart) 
     const Framing framing = FrameCockpit(*scene, kAspect).value();
     EXPECT_NEAR(std::max({Reach(framing, 1), Reach(framing, 2), Reach(framing, 3)}), 0.95f, 1e-4f);
     EXPECT_EQ(framing.pose.rotation, Vector3(0, 0, 0));
+}
+
+TEST_F(FramingTest, TheCameraIsInFrontOfAWallThatWouldHideTheCockpit) {
+    Touchable(Square(-1, -1, 5, 2));
+    builder.Part(0, Square(-9, -9, 4, 18));
+    Load();
+    // The square fills the view from 1.93 m = 1 / (0.95 tan 0.5); twelfths of that are tried, the sixth is 0.96 m.
+    EXPECT_NEAR(FrameCockpit(*scene, kAspect)->pose.position.z(), -4.04f, 0.01f);
+    const CockpitModel::Material glass{.BlendKind = CockpitModel::kOpaqueBlend, .Alpha = 0.5f};
+    scene->Nodes()[0]->parts[1]->material = &glass;
+    EXPECT_NEAR(FrameCockpit(*scene, kAspect)->pose.position.z(), -3.07f, 0.01f) << "through a window";
 }
 
 TEST_F(FramingTest, ACockpitWithoutTouchablePartsIsFramedAsAWhole) {
