@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <unordered_set>
+#include <utility>
 
 namespace Annotator {
 
@@ -34,6 +35,10 @@ struct Extent {
     }
     bool IsEmpty() const { return least.x() > greatest.x(); }
     Vector3 Middle() const { return (least + greatest) / 2.0f; }
+    /// The distance of the farthest corner of the box.
+    float Farthest(const Vector3& point) const {
+        return Utils::Length((point - least).cwiseAbs().cwiseMax((greatest - point).cwiseAbs()));
+    }
 };
 
 /// Between world and camera, whose z axes are opposite.
@@ -75,10 +80,11 @@ Vector3 Median(std::vector<Vector3> places) {
     return median;
 }
 
-/// The touchable parts near their median; empty if none is touchable.
+/// The touchable parts that are entirely near the median of all; one that spans the fuselage is not, wherever its
+/// middle is.
 std::unordered_set<const NodePart*> TouchableParts(SceneGraph& sceneGraph) {
-    std::vector<const NodePart*> parts;
-    std::vector<Vector3> places;
+    std::vector<std::pair<const NodePart*, Extent>> parts;
+    std::vector<Vector3> middles;
     VisitParts(sceneGraph, [&](const Matrix4& world, const NodePart& part) {
         if (!part.Rect())
             return;
@@ -86,16 +92,16 @@ std::unordered_set<const NodePart*> TouchableParts(SceneGraph& sceneGraph) {
         ForEachCorner(world, part, [&](const Vector3& corner) { extent.Add(corner); });
         if (extent.IsEmpty())
             return;
-        parts.push_back(&part);
-        places.push_back(extent.Middle());
+        parts.emplace_back(&part, extent);
+        middles.push_back(extent.Middle());
     });
     std::unordered_set<const NodePart*> chosen;
     if (parts.empty())
         return chosen;
-    const Vector3 median = Median(places);
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        if (Utils::Length(places[i] - median) <= kCockpitRadius)
-            chosen.insert(parts[i]);
+    const Vector3 median = Median(std::move(middles));
+    for (const auto& [part, extent] : parts)
+        if (extent.Farthest(median) <= kCockpitRadius)
+            chosen.insert(part);
     return chosen;
 }
 

@@ -44,7 +44,8 @@ std::optional<Framing> FrameParts(CockpitModel::SceneGraph& sceneGraph, const Pa
 std::optional<Framing> FramePart(CockpitModel::SceneGraph& sceneGraph, const CockpitModel::NodePart& part,
                                  const Utils::Vector3& eye, float aspect);
 
-/// The touchable parts within 10 metres of the median one, seen from behind; all parts if none is touchable.
+/// The touchable parts that are entirely within 10 metres of the median one, seen from behind; all parts if there is no
+/// such part.
 std::optional<Framing> FrameCockpit(CockpitModel::SceneGraph& sceneGraph, float aspect);
 
 /// Whether a triangle of a wanted part is inside the view, hidden by others or not.

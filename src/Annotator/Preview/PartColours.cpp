@@ -16,17 +16,18 @@ const Vector3 kOrange(0.90f, 0.62f, 0.0f), kSkyBlue(0.34f, 0.71f, 0.91f), kGreen
     kDark(0.25f, 0.25f, 0.25f);
 
 // Shares of the colour in the light that a part gives; their sum is 1.
-constexpr float kEmitted = 0.45f, kFacing = 0.25f, kTexture = 0.30f;
+constexpr float kEmitted = 0.65f, kFacing = 0.2f, kTexture = 0.15f;
 
 struct TypeColour {
     TouchInteractionType type;
     const Vector3& colour;
 };
 
+// The three frequent types have the colours that differ most.
 const std::array kTypeColours{
-    TypeColour{TouchInteractionType::Tap, kOrange},         TypeColour{TouchInteractionType::Twist, kGreen},
-    TypeColour{TouchInteractionType::Move, kPurple},        TypeColour{TouchInteractionType::Radio, kSkyBlue},
-    TypeColour{TouchInteractionType::YokePart, kVermilion}, TypeColour{TouchInteractionType::YokePrimary, kYellow},
+    TypeColour{TouchInteractionType::Tap, kSkyBlue},     TypeColour{TouchInteractionType::Twist, kYellow},
+    TypeColour{TouchInteractionType::Move, kVermilion},  TypeColour{TouchInteractionType::Radio, kGreen},
+    TypeColour{TouchInteractionType::YokePart, kPurple}, TypeColour{TouchInteractionType::YokePrimary, kOrange},
     TypeColour{TouchInteractionType::None, kDark},
 };
 

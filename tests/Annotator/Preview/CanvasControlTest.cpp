@@ -79,6 +79,30 @@ TEST(CanvasControl, AKeyMovesUntilItIsUp) {
         EXPECT_FALSE(control.SetKey(unused, true)) << unused;
 }
 
+TEST(CanvasControl, AMoveEndsEarlyByAKeyADragOrALoad) {
+    const std::pair<const char*, std::function<void(CanvasControl&)>> rows[] = {
+        {"held key", [](CanvasControl& control) { control.SetKey('W', true); }},
+        {"drag",
+         [](CanvasControl& control) {
+             control.Motion({1, 1}, true);
+         }},
+        {"load", [](CanvasControl& control) { control.StopMove(); }},
+        {"nothing",
+         [](CanvasControl& control) {
+             control.Press({1, 1});
+         }},
+    };
+    for (const auto& [name, act] : rows) {
+        CanvasControl control;
+        control.MoveTo({.position = {8, 0, 0}});
+        control.MoveCamera(0);
+        control.MoveCamera(kMoveSeconds / 2);
+        act(control);
+        control.MoveCamera(1);
+        EXPECT_NEAR(control.camera.Position().x(), std::string(name) == "nothing" ? 8 : 4, 1e-5f) << name;
+    }
+}
+
 struct CanvasPointer : testing::Test {
     CanvasPointer() {
         control.Resize({800, 400});

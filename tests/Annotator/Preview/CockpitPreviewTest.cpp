@@ -165,6 +165,42 @@ TEST_F(Preview, TintsByTheFirstCaseThatHolds) {
     }
 }
 
+TEST_F(Preview, PaintsByTypeUnderSelectionAndHover) {
+    for (int i = 0; i < 3; ++i)
+        builder.Part(0, Facing(3.0f + static_cast<float>(i)));
+    builder.Part(0, Facing(6)).MaterialIndex = kGlassMaterial;
+    Load();
+    preview.OnMouseEvent(Pointer(kCanvasMove)); // over part 0
+    const std::string standard = TintOf(Draw().at(2)), glass = TintOf(Draw().at(3));
+    for (int i = 0; i < 4; ++i)
+        Part(0, static_cast<std::size_t>(i)).InteractionType = TouchInteractionType::Twist;
+    AnnotationRecord overridden;
+    overridden.InteractionType = TouchInteractionType::Tap;
+    store->Set(Part(0, 3), overridden);
+    preview.SetSelectedPart(&Part(0, 1));
+    preview.ShowColours(PartColours::ByType);
+    const auto draws = Draw();
+    std::vector<const DrawCall*> parts;
+    for (const DrawCall& draw : draws)
+        if (draw.geometry != draws.at(2).geometry) // the markers' sphere
+            parts.push_back(&draw);
+    ASSERT_EQ(parts.size(), 4u);
+    const auto colour = [](const DrawCall& draw) -> Vector3 {
+        return draw.params.firstColour + draw.params.thirdColour + draw.params.fourthColour;
+    };
+    const auto legend = Legend(PartColours::ByType);
+    EXPECT_TRUE(colour(*parts[2]).isApprox(legend[1].colour)) << "Twist";
+    EXPECT_TRUE(colour(*parts[3]).isApprox(legend[0].colour)) << "Tap, by its override";
+    EXPECT_EQ(parts[3]->params.opacity, 0.5f);
+    EXPECT_TRUE(colour(*parts[1]).x() == 0 && colour(*parts[1]).z() > 0.6f) << "selected: blue";
+    EXPECT_GT(colour(*parts[0]).minCoeff(), 0.8f) << "under the pointer: almost white";
+    preview.SetSelectedPart(nullptr);
+    preview.ShowColours(PartColours::Standard);
+    EXPECT_EQ(TintOf(Draw().at(2)), standard);
+    EXPECT_EQ(TintOf(Draw().at(3)), glass);
+    EXPECT_EQ(colour(Draw().at(2)), Rendering::GeometryDrawParams().firstColour) << "nothing is added";
+}
+
 /// A part that an animation moves 10 m forward, below a node 1 m to the right.
 struct PreviewOfLever : Preview {
     PreviewOfLever() {

@@ -40,6 +40,24 @@ TEST_F(AnnotatorWindowTest, NamesEveryControlForAssistiveTools) {
     EXPECT_GE(named, 13);
 }
 
+TEST_F(AnnotatorWindowTest, RunsTheKeysOfTheMenusExceptWhileTheUserTypes) {
+    Open();
+    Load();
+    const auto distance = [&] { return canvas->control.camera.Position().norm(); };
+    auto& tooltip = *Find<wxTextCtrl>(*window);
+    wxUIActionSimulator user;
+    const auto press = [&](wxWindow& focused) {
+        focused.SetFocus();
+        PumpFrames(3);
+        user.Char(WXK_F7);
+        PumpFrames(30);
+    };
+    press(tooltip);
+    EXPECT_EQ(distance(), 0);
+    press(*canvas);
+    EXPECT_TRUE(PumpUntil([&] { return distance() > 0.1f; }));
+}
+
 /// Whether the list of a choice is open: it then gets all events of the program.
 bool ListIsOpen() {
     static auto* const grabbing = reinterpret_cast<void* (*)()>(dlsym(RTLD_DEFAULT, "gtk_grab_get_current"));

@@ -7,6 +7,7 @@
 #include "Utils/FatalError.h"
 
 #include <boost/filesystem.hpp>
+#include <cstring>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
 
@@ -193,6 +194,72 @@ TEST_F(AnnotatorWindowTest, AsksBeforeAnotherReadingDiscardsAnEdit) {
     Save();
     EXPECT_TRUE(boost::filesystem::exists("QVRA/Annotations/full/Trainer.xml"));
     EXPECT_FALSE(boost::filesystem::exists("QVRA/Annotations/Trainer.xml"));
+}
+
+TEST_F(AnnotatorWindowTest, MovesTheCameraFromTheMenuView) {
+    Open();
+    wxMenu& view = *window->GetMenuBar()->GetMenu(3);
+    const auto enabled = [&] {
+        std::string items;
+        for (std::size_t i = 0; i < 3; ++i)
+            items += view.FindItemByPosition(i)->IsEnabled() ? '1' : '0';
+        return items;
+    };
+    EXPECT_EQ(enabled(), "000") << "nothing is loaded";
+    Load();
+    EXPECT_EQ(enabled(), "101") << "no part is selected";
+    tree->SelectItem(Item({"N: 0", "N: 1", "P: 1"}));
+    EXPECT_EQ(enabled(), "111");
+    const Utils::Vector3 eye = canvas->control.camera.Position();
+    const auto distance = [&] { return (canvas->control.camera.Position() - eye).norm(); };
+    ChooseMenuItem(view, 1);
+    // A square of 0.1 m at a distance of 1 m takes a third of the view from about 0.3 m.
+    EXPECT_TRUE(PumpUntil([&] { return distance() > 0.6f; }));
+    EXPECT_LT(canvas->control.camera.Rotation().x(), -0.2f) << "it is above the eye";
+    ChooseMenuItem(view, 0);
+    EXPECT_TRUE(PumpUntil([&] { return distance() == 0; }));
+    EXPECT_EQ(canvas->control.camera.Rotation(), Utils::Vector3(0, 0, 0));
+    Load();
+    EXPECT_EQ(enabled(), "101");
+    window->FramePart();
+    PumpFrames(3);
+    EXPECT_EQ(distance(), 0) << "nothing is selected";
+}
+
+TEST_F(AnnotatorWindowTest, FramesTheCockpitIfTheFullReadingSeesNoPart) {
+    loader.aircraft[0].make = [] {
+        auto cockpit = std::make_unique<ModelCockpit>(LeverModel());
+        cockpit->pilotEye = {0, 0, 50};
+        return cockpit;
+    };
+    Open();
+    Load();
+    const auto place = [&] { return canvas->control.camera.Position().z(); };
+    EXPECT_EQ(place(), -50) << "the plain reading's camera stays at the eye";
+    ChooseMenuItem(*window->GetMenuBar()->GetMenu(2), 0);
+    EXPECT_TRUE(PumpUntil([&] { return place() > -0.9f; })) << "near the lever, 1 m in front of the origin";
+    const Utils::Vector3 framed = canvas->control.camera.Position();
+    PumpFrames(3);
+    EXPECT_EQ(canvas->control.camera.Position(), framed);
+}
+
+TEST_F(AnnotatorWindowTest, ColoursThePartsAndShowsALegend) {
+    Open();
+    Load();
+    const wxPoint middle{canvas->GetClientSize().x / 2, canvas->GetClientSize().y / 2};
+    const auto colours = [&](std::size_t choice) {
+        ChooseMenuItem(*window->GetMenuBar()->GetMenu(3)->FindItemByPosition(3)->GetSubMenu(), choice);
+        PumpFrames(2);
+        return CanvasPicture(*canvas);
+    };
+    const wxImage standard = CanvasPicture(*canvas), byType = colours(1), byResult = colours(2), again = colours(0);
+    EXPECT_EQ(ColourAt(byType, 10, 10), *wxWHITE) << "the legend";
+    EXPECT_NE(ColourAt(standard, 10, 10), *wxWHITE);
+    const wxColour lever = ColourAt(byResult, middle.x, middle.y); // without a test: yellow
+    EXPECT_GT(lever.Red(), 2 * lever.Blue());
+    EXPECT_GT(lever.Green(), 2 * lever.Blue());
+    const std::size_t size = static_cast<std::size_t>(3 * standard.GetWidth() * standard.GetHeight());
+    EXPECT_EQ(std::memcmp(standard.GetData(), again.GetData(), size), 0);
 }
 
 TEST_F(AnnotatorWindowTest, IsEmptyAfterALoadThatFails) {
