@@ -85,16 +85,16 @@ std::string LineText(const PartState& state) {
     return line(state) > 0 ? std::to_string(line(state)) : "";
 }
 
-constexpr PartColumn kColumns[] = {{"Part", 9, AddressText, AddressNumber},
-                                   {"Type", 12, TypeText},
-                                   {"Override", 14, OverrideText},
-                                   {"Expected", 12, ExpectedText},
-                                   {"Result", 9, ResultText},
-                                   {"Manipulator", 22, ManipulatorName},
-                                   {"Names", 42, NamesText},
-                                   {"Object", 28, ObjectText},
-                                   {"Line", 9, LineText<ManipulatorLine>, ManipulatorLine},
-                                   {"Drawn in Line", 14, LineText<DrawLine>, DrawLine}};
+constexpr PartColumn kColumns[] = {{"Part", 8, AddressText, AddressNumber},
+                                   {"Type", 11, TypeText},
+                                   {"Override", 20, OverrideText},
+                                   {"Expected", 11, ExpectedText},
+                                   {"Result", 8, ResultText},
+                                   {"Manipulator", 18, ManipulatorName},
+                                   {"Names", 40, NamesText},
+                                   {"Object", 26, ObjectText},
+                                   {"Line", 8, LineText<ManipulatorLine>, ManipulatorLine},
+                                   {"Drawn in Line", 13, LineText<DrawLine>, DrawLine}};
 
 constexpr PartChoice kChoices[] = {{"All", &PartState::IsAny},
                                    {"Touchable", &PartState::IsTouchable},

@@ -18,7 +18,7 @@ using CockpitModel::NodePart;
 
 namespace {
 
-constexpr int kGap = 5, kWidth = 1200, kHeight = 600;
+constexpr int kGap = 5, kWidth = 1340, kHeight = 600;
 constexpr const char* kRowsName = "Parts of the cockpit";
 
 } // namespace
