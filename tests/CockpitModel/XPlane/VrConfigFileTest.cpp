@@ -27,7 +27,7 @@ constexpr const char* kSeat =
     "PRESET_PSI 90 # right\nPRESET_THE -5\nPRESET_PHI 1\nEND_TELEPORT_HOTSPOT\n";
 
 TEST(VrConfigFile, PrintsWhatItParsed) {
-    for (const std::string text :
+    for (const std::string& text :
          {std::string(), std::string("\n"), std::string("A\r\n1100\r\nVRCONFIG\r\n\r\n# x\r\nEND_MANIP"),
           std::string("\xEF\xBB\xBF"
                       "A\n1100\nVRCONFIG\n \t\nNEW_WORD 1  2\n\nBEGIN_MANIP command a\n\tFUTURE x\nEND_MANIP\r"),
