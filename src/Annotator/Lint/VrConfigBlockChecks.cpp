@@ -49,10 +49,11 @@ std::size_t Difference(const VrConfigBlock& block, const Manipulator& manipulato
                                     : Utils::EditDistance(block.keyword, manipulator.keyword, kFewErrors - 1);
     if (std::ranges::is_permutation(block.names, manipulator.names))
         return keyword + (block.names == manipulator.names ? 0 : 1);
-    std::size_t names = 0;
-    if (block.names.size() != manipulator.names.size())
-        return most + 1;
-    for (std::size_t i = 0; i < block.names.size() && names <= most; ++i)
+    const std::size_t common = std::min(block.names.size(), manipulator.names.size());
+    // After an unknown keyword it is not known where the tooltip begins.
+    const std::size_t surplus = CockpitModel::FindManipulatorKeyword(block.keyword) ? block.names.size() - common : 0;
+    std::size_t names = (manipulator.names.size() - common + surplus) * kFewErrors;
+    for (std::size_t i = 0; i < common && names <= most; ++i)
         names += Utils::EditDistance(block.names[i], manipulator.names[i], most);
     return keyword + names;
 }
@@ -89,14 +90,13 @@ std::optional<Type> NeededType(const VrConfigBlock& block, const Manipulator& ma
     const VrConfigDirective* const action = block.Find("ACTION");
     if (block.Find("YOKE_MANIP_ROTATE") || block.Find("YOKE_MANIP_TRANSLATE"))
         return Type::YokePart;
-    if (!action && !block.Find("DEG_PER_ACTION"))
-        return std::nullopt;
     const ManipulatorKeyword* const keyword = CockpitModel::FindManipulatorKeyword(block.ActionKeyword());
-    if (keyword && keyword->family == ManipulatorFamily::DragXY)
+    if (!keyword || keyword->family == ManipulatorFamily::DragXY || keyword->family == ManipulatorFamily::Untouched)
         return std::nullopt;
-    if (action && keyword && keyword->family == ManipulatorFamily::Button)
-        return Type::Tap;
-    return VrConfigKind(block, manipulator);
+    if (!action) // a switch may be a rotary selector
+        return block.Find("DEG_PER_ACTION") && keyword->family != ManipulatorFamily::Switch ? std::optional(Type::Twist)
+                                                                                            : std::nullopt;
+    return keyword->family == ManipulatorFamily::Button ? Type::Tap : VrConfigKind(block, manipulator);
 }
 
 bool Agree(Type needed, Type type) {

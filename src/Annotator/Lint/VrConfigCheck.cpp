@@ -75,9 +75,9 @@ void CheckText(const VrConfigFile& file, LintFindings& findings) {
 std::string DirectiveLike(const std::string& word) {
     std::string nearest;
     std::size_t fewest = std::min(kMostErrors, word.size() / 3);
-    const std::string upper = Utils::ToLowerAscii(word);
+    const std::string lower = Utils::ToLowerAscii(word);
     for (const std::string_view known : CockpitModel::VrConfigKeywords()) {
-        const std::size_t errors = Utils::EditDistance(upper, Utils::ToLowerAscii(known), fewest);
+        const std::size_t errors = Utils::EditDistance(lower, Utils::ToLowerAscii(known), fewest);
         if (errors > fewest || (errors == fewest && !nearest.empty()))
             continue;
         fewest = errors;
@@ -220,8 +220,9 @@ void CheckAgainstCockpit(const VrConfigFile& file, const Sim::AircraftInfo& info
 
 void CheckFile(const path& file, const Sim::AircraftInfo& info, std::vector<LintFinding>& all) {
     LintFindings findings(file.string(), all);
-    if (boost::filesystem::file_size(file) > kLargestVrConfig) {
-        findings.Add(Error, "vr-size", 0, "the file has more than 16 MiB", "replace it by a VR configuration");
+    if (!Utils::OpenFile(file).is_open() || boost::filesystem::file_size(file) > kLargestVrConfig) {
+        findings.Add(Error, "vr-unreadable", 0, "the file cannot be read, or has more than 16 MiB",
+                     "replace it by a VR configuration that can be read");
         return;
     }
     const VrConfigFile config = CockpitModel::ParseVrConfig(Utils::ReadFile(file));
@@ -254,7 +255,7 @@ std::vector<LintFinding> CheckVrConfig(const Sim::AircraftInfo& info) {
     std::vector<LintFinding> findings;
     const path expected = CockpitModel::VrConfigPath(info.acfPath);
     const path file = Utils::OnDiskCase(Utils::FindIgnoringCase(expected));
-    if (!Utils::IsReadableFile(file)) {
+    if (file.empty()) {
         NoteNoFile(info, findings);
         return findings;
     }

@@ -272,8 +272,7 @@ private:
         }
     }
 
-    /// Reports what keeps the values from being exactly `count` numbers; a
-    /// comment may follow them.
+    /// Reports what keeps the values from being exactly `count` numbers; a comment may follow them.
     bool CheckNumbers(std::string_view word, Words values, std::size_t count) {
         const auto comment = std::ranges::find_if(values, [](auto value) { return value.starts_with('#'); });
         const Words numbers = values.first(static_cast<std::size_t>(comment - values.begin()));
@@ -317,12 +316,10 @@ private:
     /// The number of values of an ACTION is known only for keywords without any.
     void CheckAction(Words values) {
         if (values.empty()) {
-            Fault(Values, line, "no keyword",
-                  "the keyword of a manipulator after ACTION, then its values and "
-                  "names");
+            Fault(Values, line, "no keyword", "the keyword of a manipulator after ACTION, then its values and names");
             return;
         }
-        const ManipulatorKeyword* const keyword = FindManipulatorKeyword(std::string(values[0]));
+        const ManipulatorKeyword* const keyword = FindManipulatorKeyword(values[0]);
         if (!keyword || keyword->names == 0)
             return;
         const Words rest = values.subspan(1);
@@ -339,9 +336,8 @@ private:
     VrConfigFile& file;
     std::uint32_t line = 0;
     bool headerFault = false;
-    bool block = false,
-         hotspot = false;               ///< which of them is open: the last of its list
-    std::vector<std::string_view> seen; ///< of the open hotspot
+    bool block = false, hotspot = false; ///< which of them is open: the last of its list
+    std::vector<std::string_view> seen;  ///< keywords of the open hotspot
 };
 
 /// The next line with its end.

@@ -15,10 +15,11 @@ using testing::HasSubstr;
 /// One of each mechanism. The first manipulator is in line 12.
 ObjText Panel() {
     ObjText object = ObjText().Texture();
-    for (const char* line : {"command_knob rotate_small x/heading_up x/heading_dn Heading", "toggle hand 0 1 x/battery",
-                             "drag_axis rotate_medium 0 1 0 0 1 x/dimmer", "drag_axis hand 0 1 0 0 1 x/flaps",
-                             "command_switch_up_down hand x/lights_up x/lights_dn",
-                             "drag_xy hand 1 1 -1 1 -1 1 sim/joystick/yoke_roll_ratio sim/joystick/yoke_pitch_ratio"})
+    for (const char* line :
+         {"command_knob rotate_small x/heading_up x/heading_dn Heading", "toggle hand 0 1 x/battery",
+          "drag_axis rotate_medium 0 1 0 0 1 x/dimmer", "drag_axis hand 0 1 0 0 1 x/flaps",
+          "command_switch_up_down hand x/lights_up x/lights_dn", "command_axis rotate_large 0 0 1 x/trim_up x/trim_dn",
+          "drag_xy hand 1 1 -1 1 -1 1 sim/joystick/yoke_roll_ratio sim/joystick/yoke_pitch_ratio"})
         object.Line(std::string("ATTR_manip_") + line).Tris();
     return object;
 }
@@ -73,7 +74,8 @@ TEST_F(VrConfigCheckTest, FindsWhatDoesNotFitTheCockpit) {
     } rows[] = {
         {Seat() + Block("command_knob x/heading_up x/heading_dn Heading", "DEG_PER_ACTION 15\n") +
              Block("drag_axis x/dimmer", "ACTION axis_knob 0 1 0.05 x/dimmer\nDEG_PER_ACTION 15\n") +
-             Block("command_switch_up_down x/lights_up x/lights_dn", "HOLD_MANIP\n") + Block(yoke, sixteen),
+             Block("command_switch_up_down x/lights_up x/lights_dn", "HOLD_MANIP\n") +
+             Block("command_axis x/trim_up x/trim_dn", "DEG_PER_ACTION 5\n") + Block(yoke, sixteen),
          {}},
         {"REF_POINT_ACF\n" + Seat("0.3 3.3 0.2", "-1 2 -1 1 4 1"), {}},
         {Seat("0.3 3.348 -5.796", "-1 2 -7 1 4 -5"), {"warning pilot-hotspot@6"}, "0.52 m away"},
@@ -127,9 +129,10 @@ TEST_F(VrConfigCheckTest, FindsWhatDoesNotFitTheCockpit) {
 
 TEST_F(VrConfigCheckTest, NotesControlsThatABlockWouldImprove) {
     const std::vector<LintFinding> findings = Check(Seat() + Block("drag_axis x/dimmer"));
-    EXPECT_THAT(Places(findings, true), ElementsAre("note block-missing@12", "note block-missing@22"));
+    EXPECT_THAT(Places(findings, true),
+                ElementsAre("note block-missing@12", "note block-missing@22", "note block-missing@24"));
     EXPECT_THAT(findings.at(0).message, HasSubstr("'Heading', command_knob x/heading_up x/heading_dn (Twist)"));
-    EXPECT_THAT(findings.at(1).message, HasSubstr("(YokePrimary)"));
+    EXPECT_THAT(findings.at(2).message, HasSubstr("(YokePrimary)"));
 }
 
 TEST_F(VrConfigCheckTest, LetsAnnotationsCorrectTheType) {
@@ -142,7 +145,7 @@ TEST_F(VrConfigCheckTest, LetsAnnotationsCorrectTheType) {
 TEST_F(VrConfigCheckTest, NotesAMissingFileAndWarnsOfItsCase) {
     const auto missing = CheckVrConfig(*Sim::XPAircraftListLoader().LoadAircraftList().front());
     EXPECT_THAT(Places(missing), ElementsAre("note no-vrconfig@0"));
-    EXPECT_THAT(missing.at(0).message, HasSubstr("; 3 controls would work better"));
+    EXPECT_THAT(missing.at(0).message, HasSubstr("; 4 controls would work better"));
     EXPECT_THAT(Places(Check(Seat(), "Plane_VRconfig.txt")), ElementsAre("warning vrconfig-case@0"));
 }
 
