@@ -5,7 +5,11 @@
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/Installation.h"
 
+#include <algorithm>
+#include <array>
 #include <gmock/gmock.h>
+#include <optional>
+#include <sstream>
 
 namespace Annotator {
 namespace {
@@ -18,8 +22,8 @@ using testing::Not;
 struct Aircraft {
     explicit Aircraft(const std::string& lines, const std::string& overrides = {}) {
         const Support::WorkingDirectory inside(installation.path);
-        installation.Write("Aircraft/Cub/plane_cockpit.obj", Support::ObjText().Texture().Line(lines).Text());
-        installation.Aircraft("Aircraft/Cub", "Cub", acf);
+        installation.Write("Aircraft/Props/Cub/plane_cockpit.obj", Support::ObjText().Texture().Line(lines).Text());
+        installation.Aircraft("Aircraft/Props/Cub", "Cub", acf);
         const auto list = Sim::XPAircraftListLoader().LoadAircraftList();
         aircraft = LoadAircraft(*list.at(0), {.reading = CockpitModel::Reading::Full});
         annotations.emplace(*aircraft.built.sceneGraph);
@@ -35,7 +39,7 @@ struct Aircraft {
     /// What the check finds in a text that is no note.
     std::string Complaints(const std::string& text) const {
         const Support::WorkingDirectory inside(installation.path);
-        installation.Write("Aircraft/Cub/plane_vrconfig.txt", text);
+        installation.Write("Aircraft/Props/Cub/plane_vrconfig.txt", text);
         std::string complaints;
         for (const LintFinding& finding : CheckVrConfig(*Sim::XPAircraftListLoader().LoadAircraftList().at(0)))
             if (finding.severity != LintSeverity::Note)

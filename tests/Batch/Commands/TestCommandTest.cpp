@@ -152,7 +152,7 @@ TEST(TestCommand, TestsAgainstTheBlocksOfAVrConfig) {
                                  block("command_knob not/up not/down"));
     const ProgramResult result = RunBatch(installation, {"test", "--vrconfig", "--json", "a.json"});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.output, testing::ContainsRegex("Cub +0 +3 +command_axis: .* +Move +Twist +- +8\n"));
+    EXPECT_THAT(result.output, testing::ContainsRegex("Cub +0 +3 +command_axis: .* +Move +Twist +None +8\n"));
     EXPECT_THAT(result.errors, HasSubstr("4 tests passed, 1 failed"));
     EXPECT_THAT(result.errors, HasSubstr("1 aircraft without a _vrconfig.txt, not tested: Jet\n"));
     const ProgramResult merged = RunBatch(installation, {"merge", "--full", "--json", "b.json", "a.json"});
