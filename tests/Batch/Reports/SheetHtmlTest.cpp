@@ -22,7 +22,7 @@ TEST(SheetHtml, ListsThePartsBesideTheirPictures) {
     sheet.pictures = {
         {"iVBO",
          {{1, {3, 0}, TouchInteractionType::Tap, TouchInteractionType::Move, "push", "sim/<x>", "objects/p.obj", 12},
-          {2, {4, 1}, TouchInteractionType::YokePrimary, TouchInteractionType::YokePrimary}}}};
+          {2, {4, 1}, TouchInteractionType::YokePrimary, TouchInteractionType::YokePrimary, "", "", "", 0}}}};
     const std::string html = SheetHtml(sheet);
     EXPECT_THAT(html, HasSubstr("<title>A &lt;b&gt;</title>"));
     EXPECT_THAT(html, HasSubstr("Aircraft/a&amp;b.acf"));

@@ -1,4 +1,6 @@
 #include "CockpitModel/XPlane/SurroundingShape.h"
+
+#include "CockpitModel/AircraftCockpit.h"
 #include "Sim/XPAircraftInfo.h"
 #include "Support/ObjText.h"
 #include "Support/TemporaryFolder.h"
