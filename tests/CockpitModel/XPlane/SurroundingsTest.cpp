@@ -1,8 +1,12 @@
+#include "CockpitModel/XPlane/Surroundings.h"
+
+#include "CockpitModel/AircraftCockpit.h"
 #include "CockpitModel/XPlane/SurroundingShape.h"
 #include "Sim/XPAircraftInfo.h"
 #include "Support/ObjText.h"
 #include "Support/TemporaryFolder.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 #include <sstream>
 
