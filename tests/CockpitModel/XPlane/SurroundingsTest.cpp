@@ -1,3 +1,6 @@
+#include "CockpitModel/XPlane/Surroundings.h"
+
+#include "CockpitModel/AircraftCockpit.h"
 #include "CockpitModel/XPlane/SurroundingShape.h"
 
 #include "CockpitModel/AircraftCockpit.h"
@@ -5,6 +8,7 @@
 #include "Support/ObjText.h"
 #include "Support/TemporaryFolder.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 #include <sstream>
 
