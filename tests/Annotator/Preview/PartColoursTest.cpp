@@ -46,9 +46,10 @@ TEST(PartColours, ColourBlindEyesTellThemApart) {
         for (const auto& [name, eyes] : AllEyes())
             for (const LegendEntry& a : legend)
                 for (const LegendEntry& b : legend)
-                    if (&a < &b)
+                    if (&a < &b) {
                         EXPECT_GT((Seen(a.colour, eyes) - Seen(b.colour, eyes)).norm(), 15.0f)
                             << name << ": " << a.text << ", " << b.text;
+                    }
     }
     EXPECT_TRUE(Legend(PartColours::Standard).empty());
 }

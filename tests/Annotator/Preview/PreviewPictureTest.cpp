@@ -113,7 +113,7 @@ TEST_F(Picture, FitsTheCockpitOrAPart) {
 
 TEST_F(Picture, KeepsADistanceFromSmallParts) {
     const auto framing = FramePoints({{0, 0, 5}, {0.002f, 0, 5}}, {}, 1.0f);
-    EXPECT_TRUE(framing->position.isApprox(Vector3(0.001f, 0, -4.9f))) << framing->position;
+    EXPECT_TRUE(framing->pose.position.isApprox(Vector3(0.001f, 0, -4.9f))) << framing->pose.position;
     EXPECT_FALSE(FramePoints({}, {}, 1.0f));
 }
 
