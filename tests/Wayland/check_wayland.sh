@@ -44,13 +44,13 @@ wait_until() { # COMMAND...
 
 says() { # TEXT: the annotator refuses to start, with that text
   local output
-  output=$(env -u DISPLAY "$annotator" 2>&1) && fail "it started without an X server"
+  output=$(env -u DISPLAY timeout 30 "$annotator" 2>&1) && fail "it started without an X server"
   [[ "$output" == *"$1"* ]] || fail "without an X server it says: $output"
 }
 says "install the package xwayland"
 WAYLAND_DISPLAY='' says "DISPLAY is not set"
 
-Xvfb -displayfd 3 -screen 0 1700x1100x24 -fbdir "$folder/frame" 3>"$folder/screen" 2>/dev/null &
+timeout 150 Xvfb -displayfd 3 -screen 0 1700x1100x24 -fbdir "$folder/frame" 3>"$folder/screen" 2>/dev/null &
 started+=($!)
 wait_until test -s "$folder/screen"
 screen=:$(cat "$folder/screen")
@@ -58,24 +58,24 @@ screen=:$(cat "$folder/screen")
 pixman=--use-pixman backend=x11-backend.so
 [ "$(weston --version | sed 's/^weston \([0-9]*\).*/\1/')" -lt 13 ] || pixman=--renderer=pixman backend=x11
 printf '[core]\nxwayland=true\nidle-time=0\n[shell]\npanel-position=none\n[keyboard]\nkeymap_layout=us\n' >"$folder/weston.ini"
-DISPLAY=$screen weston --backend=$backend $pixman --config="$folder/weston.ini" --socket=$WAYLAND_DISPLAY --width=1700 --height=1100 \
+DISPLAY=$screen timeout -k 5 150 weston --backend=$backend $pixman --config="$folder/weston.ini" --socket=$WAYLAND_DISPLAY --width=1700 --height=1100 \
   --log="$folder/weston.log" >/dev/null 2>&1 &
 started+=($!)
 wait_until grep -q 'listening on display' "$folder/weston.log"
 export DISPLAY
 DISPLAY=$(sed -n 's/.*listening on display \(:[0-9]*\).*/\1/p' "$folder/weston.log")
 
-"$annotator" >"$folder/annotator.txt" 2>&1 &
+timeout -k 5 140 "$annotator" >"$folder/annotator.txt" 2>&1 &
 running=$!
 started+=("$running")
 wait_until grep -q 'Core Profile' "$log"
 
 find_window() {
-  window=$(xdotool search --onlyvisible --name '^Vorelle Aircraft Annotator$') && [ -n "$window" ]
+  window=$(timeout 10 xdotool search --onlyvisible --name '^Vorelle Aircraft Annotator$') && [ -n "$window" ]
 }
 wait_until find_window
 # xdotool counts the frame that weston draws around the window twice.
-read -r X Y WIDTH < <(python3 - "$window" <<'PYTHON'
+read -r X Y WIDTH < <(timeout 20 python3 - "$window" <<'PYTHON'
 import ctypes, sys
 x11 = ctypes.CDLL("libX11.so.6")
 x11.XOpenDisplay.restype = ctypes.c_void_p
@@ -106,7 +106,7 @@ print(100 - 100 * grey // (600 * 500), zlib.crc32(b"".join(rows)))
 PYTHON
 }
 outside() {
-  DISPLAY=$screen xdotool "$@"
+  DISPLAY=$screen timeout 20 xdotool "$@"
 }
 is_drawn() {
   read -r share _ < <(canvas) && [ "$share" -ge 20 ]

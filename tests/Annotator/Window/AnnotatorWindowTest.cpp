@@ -274,8 +274,8 @@ TEST_F(AnnotatorWindowTest, ColoursThePartsAndShowsALegend) {
         return CanvasPicture(*canvas);
     };
     const wxImage standard = CanvasPicture(*canvas), byType = colours(1), byResult = colours(2), again = colours(0);
-    EXPECT_EQ(ColourAt(byType, 10, 10), *wxWHITE) << "the legend";
-    EXPECT_NE(ColourAt(standard, 10, 10), *wxWHITE);
+    EXPECT_EQ(ColourAt(byType, 11, 11), *wxWHITE) << "the legend";
+    EXPECT_NE(ColourAt(standard, 11, 11), *wxWHITE);
     const wxColour lever = ColourAt(byResult, middle.x, middle.y); // without a test: yellow
     EXPECT_GT(lever.Red(), 2 * lever.Blue());
     EXPECT_GT(lever.Green(), 2 * lever.Blue());
