@@ -17,8 +17,8 @@ using CockpitModel::PartRay;
 using Utils::Matrix4;
 using Utils::Vector3;
 
-constexpr std::size_t kPlaces = 12;      // between the viewer and the middle of the targets
-constexpr std::size_t kMostTargets = 64; // that are tested
+constexpr std::size_t kPlaces = 8;       // between the viewer and the middle of the targets
+constexpr std::size_t kMostTargets = 24; // that are tested
 constexpr float kMost = 0.8f;            // of the targets that the best place shows
 constexpr float kTouching = 0.01f;       // metres; a panel around a button does not hide it
 

@@ -194,9 +194,8 @@ void CockpitPreview::TintByAnnotation(GeometryDrawParams& params, const NodePart
 
 void CockpitPreview::DrawMarkers(Frame& frame, const Matrix4& world, const NodePart& part) {
     GeometryDrawParams& params = frame.params;
+    params = frame.plain; // the part's own colour must not show
     params.blend = true;
-    params.depthWrite = true;
-    params.opacity = 1.0f;
     params.firstColour = params.secondColour = {0.1f, 0.5f, 0.1f};
     // A zero axis gives a quaternion without a vector part, whose matrix is the identity.
     const auto spin = Utils::RotationAboutAxis(part.RotationAxis, static_cast<float>(Seconds(spinTimer)));

@@ -193,6 +193,7 @@ TEST_F(Preview, PaintsByTypeUnderSelectionAndHover) {
     EXPECT_TRUE(colour(*parts[2]).isApprox(legend[1].colour)) << "Twist";
     EXPECT_TRUE(colour(*parts[3]).isApprox(legend[0].colour)) << "Tap, by its override";
     EXPECT_EQ(parts[3]->params.opacity, 0.5f);
+    EXPECT_EQ(colour(draws.at(2)), draws.at(2).params.firstColour) << "a marker";
     EXPECT_TRUE(colour(*parts[1]).x() == 0 && colour(*parts[1]).z() > 0.6f) << "selected: blue";
     EXPECT_GT(colour(*parts[0]).minCoeff(), 0.8f) << "under the pointer: almost white";
     preview.SetSelectedPart(nullptr);

@@ -79,7 +79,7 @@ TEST_F(FramingTest, TheCameraIsInFrontOfAWallThatWouldHideTheCockpit) {
     Touchable(Square(-1, -1, 5, 2));
     builder.Part(0, Square(-9, -9, 4, 18));
     Load();
-    // The square fills the view from 1.93 m = 1 / (0.95 tan 0.5); twelfths of that are tried, the sixth is 0.96 m.
+    // The square fills the view from 1.93 m = 1 / (0.95 tan 0.5); eighths of that are tried, the fourth is 0.96 m.
     EXPECT_NEAR(FrameCockpit(*scene, kAspect)->pose.position.z(), -4.04f, 0.01f);
     const CockpitModel::Material glass{.BlendKind = CockpitModel::kOpaqueBlend, .Alpha = 0.5f};
     scene->Nodes()[0]->parts[1]->material = &glass;
