@@ -3,6 +3,7 @@
 #include "Sim/XPAircraftListLoader.h"
 #include "Support/Installation.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace Annotator {
@@ -127,7 +128,9 @@ TEST_F(VrConfigCheckTest, FindsWhatDoesNotFitTheCockpit) {
     for (const auto& row : rows) {
         const std::vector<LintFinding> findings = OfBlocks(Check(row.text));
         EXPECT_EQ(Places(findings), row.places) << row.text;
-        EXPECT_THAT(findings.empty() ? "" : findings[0].message, HasSubstr(row.message)) << row.text;
+        const auto first =
+            std::ranges::find_if(findings, [](const auto& found) { return found.check != "block-missing"; });
+        EXPECT_THAT(first == findings.end() ? "" : first->message, HasSubstr(row.message)) << row.text;
     }
 }
 
@@ -158,7 +161,7 @@ TEST_F(VrConfigCheckTest, ChecksWhatItCanRead) {
     installation.Aircraft(kFolder, "Cub", acf + "P _obja/0/_v10_att_file_stl gone.obj\n");
     const std::vector<LintFinding> findings = OfBlocks(Check(Seat() + Block("toggle x/batery") + "END_MANIP\n"));
     EXPECT_THAT(Places(findings), ElementsAre("error vr-nesting@13", "note block-unmatched@11"));
-    EXPECT_THAT(findings.at(1).message,
+    EXPECT_THAT(findings.back().message,
                 HasSubstr("attached object could not be read; did you mean 'toggle x/battery'"));
     boost::filesystem::remove(installation / (kFolder + std::string("/plane_cockpit.obj")));
     EXPECT_THAT(Places(Check(Seat() + "END_MANIP\n")), ElementsAre("error not-loaded@0", "error vr-nesting@11"));
