@@ -1,12 +1,19 @@
 #include "Rendering/OpenGL/Sampler.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace Rendering::OpenGL {
 
 namespace {
 
 constexpr float kAnisotropy = 16.0f;
+
+/// Mesa's software renderer can take minutes for a frame with anisotropic filters.
+bool DrawsInSoftware() {
+    const auto* const name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    return name && std::string_view(name).starts_with("llvmpipe");
+}
 
 } // namespace
 
@@ -19,8 +26,9 @@ void SetUpSampler(GLuint sampler, GLint wrap) {
 }
 
 void MakeAnisotropic(GLuint sampler) {
-    if (!epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic") &&
-        !epoxy_has_gl_extension("GL_ARB_texture_filter_anisotropic"))
+    const bool supported = epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic") ||
+                           epoxy_has_gl_extension("GL_ARB_texture_filter_anisotropic");
+    if (!supported || DrawsInSoftware())
         return;
     float most = 1.0f;
     glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &most);

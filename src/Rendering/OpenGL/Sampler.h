@@ -8,7 +8,7 @@ namespace Rendering::OpenGL {
 
 /// Trilinear. `wrap` applies to u and v.
 void SetUpSampler(GLuint sampler, GLint wrap);
-/// With the device's maximum anisotropy, up to 16.
+/// With the maximum anisotropy of the device, up to 16; with none on a software renderer.
 void MakeAnisotropic(GLuint sampler);
 void BindPicture(GLuint unit, GLuint texture, GLuint sampler);
 
