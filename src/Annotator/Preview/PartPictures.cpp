@@ -4,6 +4,7 @@
 #include "Annotator/Preview/Framing.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Annotator {
 
@@ -13,6 +14,15 @@ using Utils::Vector3;
 
 /// After the end of the selection's pulse.
 constexpr double kPictureTime = 1.0; // seconds
+/// What is nearer to the camera than the parts by more is not drawn, as walls would hide them; metres.
+constexpr float kKeptBefore = 0.15f;
+
+float NearestDepth(const std::vector<Vector3>& points, const Utils::Matrix4& view) {
+    float nearest = std::numeric_limits<float>::max();
+    for (const Vector3& point : points)
+        nearest = std::min(nearest, Utils::TransformPoint(point, view).z());
+    return nearest;
+}
 
 } // namespace
 
@@ -36,7 +46,10 @@ PartPictures::Camera PartPictures::Frame(const std::vector<Vector3>& points, Ren
     if (const auto framing = FramePoints(points, control.camera, control.Aspect(), {.turn = true, .filled = filled})) {
         control.camera.SetPosition(framing->pose.position);
         control.camera.SetRotation(framing->pose.rotation);
-        control.SetFarPlane(std::max(kFarPlane, framing->farPlane));
+        const float farPlane = std::max(kFarPlane, framing->farPlane);
+        const Utils::Matrix4 view = control.camera.ViewMatrix();
+        const float nearPlane = std::max(kNearPlane, NearestDepth(points, view) - kKeptBefore);
+        return {view, Utils::PerspectiveFov(kFieldOfView, control.Aspect(), nearPlane, farPlane)};
     }
     return {control.camera.ViewMatrix(), control.projection};
 }

@@ -27,7 +27,7 @@ public:
     /// The part's corners in world space, as far as they are finite.
     std::vector<Utils::Vector3> Corners(const CockpitModel::NodePart& part) const;
     /// A camera on the side of the pilot's eye, from which the points take this share of the image's width or height,
-    /// but not nearer than 10 cm. It is at the eye if there are no points.
+    /// but not nearer than 10 cm. What is far before the points is cut off. It is at the eye if there are no points.
     Camera Frame(const std::vector<Utils::Vector3>& points, Rendering::Size size, float filled) const;
 
     /// Marks this part as selected in the next pictures; null for none.
