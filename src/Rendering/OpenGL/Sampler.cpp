@@ -9,13 +9,12 @@ namespace {
 
 constexpr float kAnisotropy = 16.0f;
 
-/// Mesa's software renderer can take minutes for a frame with anisotropic filters.
+} // namespace
+
 bool DrawsInSoftware() {
     const auto* const name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
     return name && std::string_view(name).starts_with("llvmpipe");
 }
-
-} // namespace
 
 void SetUpSampler(GLuint sampler, GLint wrap) {
     glSamplerParameteri(sampler, GL_TEXTURE_WRAP_S, wrap);

@@ -8,7 +8,9 @@ namespace Rendering::OpenGL {
 
 /// Trilinear. `wrap` applies to u and v.
 void SetUpSampler(GLuint sampler, GLint wrap);
-/// With the maximum anisotropy of the device, up to 16; with none on a software renderer.
+/// Whether Mesa's software renderer draws, which can take minutes for a frame with anisotropic filters.
+bool DrawsInSoftware();
+/// With the maximum anisotropy of the device, up to 16; with none in software.
 void MakeAnisotropic(GLuint sampler);
 void BindPicture(GLuint unit, GLuint texture, GLuint sampler);
 

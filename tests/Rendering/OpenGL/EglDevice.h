@@ -3,6 +3,7 @@
 #include "Rendering/OpenGL/EglContext.h"
 #include "Rendering/OpenGL/GLContext.h"
 #include "Rendering/OpenGL/GLFrameTarget.h"
+#include "Rendering/OpenGL/Sampler.h"
 
 namespace Conformance {
 
@@ -13,6 +14,7 @@ public:
 
     Rendering::OpenGL::GLContext& Context() { return context; }
     void MakeCurrent() { egl.MakeCurrent(); }
+    static bool IsAnisotropic() { return !Rendering::OpenGL::DrawsInSoftware(); }
     void Begin(Rendering::Size size) {
         if (frame.Size() != size)
             frame.Resize(size);
