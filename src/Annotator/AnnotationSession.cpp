@@ -66,6 +66,7 @@ void AnnotationSession::Load(const Sim::AircraftInfo& info, CockpitModel::Readin
     reading = newReading;
     plainAnnotations = source.ofPlain;
     aircraftName = info.displayName;
+    acfPath = info.acfPath;
     annotationPath = std::move(path);
     cockpit = std::move(opened.cockpit);
     panels = std::move(opened.panels);
@@ -84,6 +85,7 @@ void AnnotationSession::Clear() {
     panels.reset();
     cockpit.reset();
     annotationPath.clear();
+    acfPath.clear();
     aircraftName.clear();
     plainAnnotations = false;
 }

@@ -57,6 +57,7 @@ public:
     AnnotationSaveResult Undo();
 
     const std::string& AircraftName() const { return aircraftName; }     ///< empty without an aircraft
+    const std::string& AcfPath() const { return acfPath; }               ///< empty without an aircraft
     const std::string& AnnotationPath() const { return annotationPath; } ///< empty without an aircraft
     CockpitModel::Reading Reading() const { return reading; }            ///< of the last load
     /// The annotations are those of the plain reading, until the first save into the full reading's own file.
@@ -73,6 +74,7 @@ private:
     AnnotationSaveResult Store(const std::vector<RecordUpdate>& updates);
 
     std::string aircraftName;
+    std::string acfPath;
     std::string annotationPath;
     std::unique_ptr<CockpitModel::AircraftCockpit> cockpit;
     CockpitModel::GaugeRepository gaugeRepository;

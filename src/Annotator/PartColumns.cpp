@@ -4,6 +4,7 @@
 #include "CockpitModel/PartAddress.h"
 #include "CockpitModel/SceneGraph.h"
 #include "CockpitModel/Touch/Manipulator.h"
+#include "CockpitModel/XPlane/VrConfigParts.h"
 
 #include <boost/algorithm/string/join.hpp>
 #include <vector>
@@ -80,6 +81,10 @@ std::int64_t DrawLine(const PartState& state) {
     return state.part->block.SourceLine;
 }
 
+std::int64_t VrBlockLine(const PartState& state) {
+    return state.vrBlockLine;
+}
+
 template <std::int64_t (*line)(const PartState&)>
 std::string LineText(const PartState& state) {
     return line(state) > 0 ? std::to_string(line(state)) : "";
@@ -94,13 +99,15 @@ constexpr PartColumn kColumns[] = {{"Part", 8, AddressText, AddressNumber},
                                    {"Names", 40, NamesText},
                                    {"Object", 26, ObjectText},
                                    {"Line", 8, LineText<ManipulatorLine>, ManipulatorLine},
-                                   {"Drawn in Line", 13, LineText<DrawLine>, DrawLine}};
+                                   {"Drawn in Line", 13, LineText<DrawLine>, DrawLine},
+                                   {"VR", 6, LineText<VrBlockLine>, VrBlockLine}};
 
 constexpr PartChoice kChoices[] = {{"All", &PartState::IsAny},
                                    {"Touchable", &PartState::IsTouchable},
                                    {"Failing", &PartState::IsFailing},
                                    {"Not recorded", &PartState::IsUnrecorded},
-                                   {"Overridden", &PartState::IsOverridden}};
+                                   {"Overridden", &PartState::IsOverridden},
+                                   {"Wants a block", &PartState::WantsVrBlock}};
 
 } // namespace
 
@@ -118,6 +125,11 @@ bool PartState::IsUnrecorded() const {
 
 bool PartState::IsOverridden() const {
     return record.InteractionType || record.EventType || record.Reverse || record.Tooltip;
+}
+
+bool PartState::WantsVrBlock() const {
+    return vrBlockLine == 0 && part->manipulator &&
+           WantsVrConfigBlock(*part->manipulator, record.InteractionType.value_or(part->InteractionType));
 }
 
 std::span<const PartColumn> PartColumns() {

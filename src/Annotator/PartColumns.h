@@ -13,12 +13,14 @@ namespace Annotator {
 struct PartState {
     CockpitModel::NodePart* part = nullptr; ///< of the loaded scene
     CockpitModel::AnnotationRecord record;  ///< as stored; without values if there is none
+    std::uint32_t vrBlockLine = 0;          ///< of the part's block in the VR configuration; 0 if it has none
 
     bool IsAny() const { return true; }
     bool IsTouchable() const;  ///< it has a manipulator or belongs to a yoke
     bool IsFailing() const;    ///< the detected type is not the expected one
     bool IsUnrecorded() const; ///< can be touched, but has no expected type
     bool IsOverridden() const; ///< a value of its annotation replaces a detected one
+    bool WantsVrBlock() const; ///< a control of the full reading that would work better in VR with a block
 };
 
 using PartTest = bool (PartState::*)() const;

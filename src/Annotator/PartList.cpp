@@ -1,10 +1,14 @@
 #include "Annotator/PartList.h"
 
 #include "Annotator/AnnotationSession.h"
+#include "CockpitModel/XPlane/VrConfigParts.h"
+#include "Utils/Files.h"
+#include "Utils/Paths.h"
 #include "Utils/RangeCheck.h"
 #include "Utils/Text.h"
 
 #include <algorithm>
+#include <map>
 #include <ranges>
 
 namespace Annotator {
@@ -40,7 +44,21 @@ std::vector<NodePart*> PartsInTreeOrder(SceneGraph& scene) {
 }
 
 PartState StateOf(const AnnotationSession& session, NodePart& part) {
-    return {&part, session.Annotations()->Get(part).value_or(CockpitModel::AnnotationRecord())};
+    return {.part = &part, .record = session.Annotations()->Get(part).value_or(CockpitModel::AnnotationRecord())};
+}
+
+/// The line of the first block for each manipulator, in the aircraft's VR configuration; none if it cannot be read.
+std::map<std::string, std::uint32_t> VrBlockLines(const AnnotationSession& session) try {
+    std::map<std::string, std::uint32_t> lines;
+    if (session.Reading() == CockpitModel::Reading::Plain)
+        return lines;
+    const auto path = Utils::FindIgnoringCase(CockpitModel::VrConfigPath(session.AcfPath()));
+    if (!path.empty())
+        for (const auto& block : CockpitModel::ParseVrConfig(Utils::ReadFile(path)).blocks)
+            lines.try_emplace(VrConfigKey(block), static_cast<std::uint32_t>(block.firstLine));
+    return lines;
+} catch (const std::exception&) {
+    return {};
 }
 
 PartRow RowOf(PartState state) {
@@ -81,9 +99,16 @@ constexpr PartStep kSteps[] = {
 
 void PartList::Read(const AnnotationSession& session) {
     rows.clear();
-    if (session.Scene())
-        for (NodePart* const part : PartsInTreeOrder(*session.Scene()))
-            rows.push_back(RowOf(StateOf(session, *part)));
+    if (session.Scene()) {
+        const auto blocks = VrBlockLines(session);
+        for (NodePart* const part : PartsInTreeOrder(*session.Scene())) {
+            PartState state = StateOf(session, *part);
+            if (const auto block = part->manipulator ? blocks.find(VrConfigKey(*part->manipulator)) : blocks.end();
+                block != blocks.end())
+                state.vrBlockLine = block->second;
+            rows.push_back(RowOf(std::move(state)));
+        }
+    }
     Arrange();
 }
 

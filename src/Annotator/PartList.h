@@ -29,8 +29,8 @@ struct PartOrder {
 /// into the scene: Read must be called again after a load, and Clear before one. User interface thread.
 class PartList {
 public:
-    /// Reads the parts and their stored annotations, in the order of the tree; no rows without an aircraft. Keeps the
-    /// filter, the choice and the order.
+    /// Reads the parts and their stored annotations, in the order of the tree, and in the full reading the aircraft's
+    /// VR configuration; no rows without an aircraft. Keeps the filter, the choice and the order.
     void Read(const AnnotationSession& session);
     void Clear();
 

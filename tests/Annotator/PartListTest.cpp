@@ -2,7 +2,10 @@
 
 #include "Annotator/AnnotationSession.h"
 #include "CockpitModel/Touch/MouseRectCallbacks.h"
+#include "Sim/XPAircraftListLoader.h"
+#include "Support/Installation.h"
 #include "Support/MadeAircraft.h"
+#include "Support/ObjText.h"
 #include "Support/TemporaryFolder.h"
 
 #include <algorithm>
@@ -74,10 +77,10 @@ TEST_F(PartListTest, HasARowForEachPartInTheOrderOfTheTree) {
     std::vector<std::string> rows;
     for (std::size_t i = 0; i < list.ShownCount(); ++i)
         rows.push_back(boost::algorithm::join(list.Shown(i).texts, "|"));
-    EXPECT_THAT(rows, ElementsAre("0,0|None||||||Cub_cockpit.obj||5",
-                                  "1,0|Tap||Twist|failed|toggle|sim/Gear|Cub_cockpit.obj|8|9",
-                                  "1,1|Move|Twist, reversed|Move|passed|drag|sim/flaps|Cub_cockpit.obj|10|11",
-                                  "3,0|Tap||||other||||", "2,0|None||||||Cub_cockpit.obj||3"));
+    EXPECT_THAT(rows, ElementsAre("0,0|None||||||Cub_cockpit.obj||5|",
+                                  "1,0|Tap||Twist|failed|toggle|sim/Gear|Cub_cockpit.obj|8|9|",
+                                  "1,1|Move|Twist, reversed|Move|passed|drag|sim/flaps|Cub_cockpit.obj|10|11|",
+                                  "3,0|Tap||||other|||||", "2,0|None||||||Cub_cockpit.obj||3|"));
     EXPECT_EQ(list.PositionOf(Part(3, 0)), 3u);
     session.Clear();
     list.Read(session);
@@ -141,6 +144,26 @@ TEST_F(PartListTest, FindsTheNextPartOfAKindAndGoesRound) {
     session.Save();
     EXPECT_EQ(found(Part(1, 0), &PartState::IsFailing, false), "none");
     EXPECT_EQ(FindPart(AnnotationSession(), &PartState::IsAny, false), nullptr);
+}
+
+TEST(PartListOfTheFullReading, TellsTheBlockOfEachKnobAndWhichLackOne) {
+    const Installation installation;
+    const WorkingDirectory inside(installation.path);
+    ObjText knobs;
+    for (const char* knob : {"a/up a/down", "b/up b/down"})
+        knobs.Line(std::string("ATTR_manip_command_knob hand ") + knob).Tris();
+    installation.Aircraft("Aircraft/Props/Cub", "Cub", knobs);
+    installation.Write("Aircraft/Props/Cub/plane_vrconfig.txt",
+                       "A\n1100\nVRCONFIG\n\nBEGIN_MANIP command_knob a/up a/down\nEND_MANIP\n");
+    AnnotationSession session;
+    session.Load(*Sim::XPAircraftListLoader().LoadAircraftList().front(), CockpitModel::Reading::Full);
+    PartList list;
+    list.Read(session);
+    ASSERT_EQ(list.ShownCount(), 2u);
+    EXPECT_EQ(list.Shown(0).texts.at(ColumnTitled("VR")), "5");
+    list.SetChoice(PartChoices().size() - 1);
+    ASSERT_EQ(list.ShownCount(), 1u);
+    EXPECT_EQ(list.Shown(0).texts.at(ColumnTitled("Names")), "b/up b/down");
 }
 
 } // namespace
