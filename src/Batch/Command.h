@@ -54,8 +54,8 @@ struct Command {
     const char* name;
     const char* description; ///< one line
     const char* help;        ///< printed by --help below the options: details and examples
-    /// Adds the command's options to `app`, which outlives the action, and returns the action to run after parsing. Null
-    /// for a command that has subcommands.
+    /// Adds the command's options to `app`, which outlives the action, and returns the action to run after parsing.
+    /// Null for a command that has subcommands.
     Action (*prepare)(CLI::App& app);
     std::span<const Command> (*subcommands)() = nullptr;
 };

@@ -46,7 +46,7 @@ struct NumberMark {
     PixelColour colour;
 };
 
-/// The boxes for the marks' numbers, near their points and apart from each other, as long as the image has room.
+/// The boxes for the marks' numbers, near their points and apart from each other, as long as the image has space.
 std::vector<PixelBox> PlaceNumbers(const std::vector<NumberMark>& marks, Rendering::Size size);
 /// Draws each number on a plate of its colour, with a line to a dot at its point.
 void DrawNumbers(Rendering::MemBitmap& image, const std::vector<NumberMark>& marks);
