@@ -113,6 +113,9 @@ TYPED_TEST_P(ContextPictures, DrawsATriangleOfEitherWinding) {
     triangle[0].position = {-1, -1, 0.5f};
     triangle[1].position = {-1, 1.25f, 0.5f};
     triangle[2].position = {1.25f, -1, 0.5f};
+    // Without a gradient, Mesa's software renderer (25.0) filters to black under Direct3D.
+    triangle[1].texture = {0, 1};
+    triangle[2].texture = {1, 0};
     for (int winding = 0; winding < 2; ++winding) {
         this->Begin({4, 4});
         this->Draw(triangle, Flat());
