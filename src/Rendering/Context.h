@@ -79,7 +79,7 @@ struct CameraImage {
 /// bitmap's row 0 is its image's top row; texture coordinates have v = 0 at the bottom of the image, as in X-Plane, and
 /// each device flips what it must. All operations except DeferRelease belong to the rendering thread. A failing device
 /// call is a fatal error, and so is drawing with a multisampled bitmap, which must be resolved by a copy. Shared
-/// bitmaps, camera images, rectangles and the draw queue are not used by the programs here; they are kept on purpose
+/// bitmaps, camera images and the draw queue are not used by the programs here; they are kept on purpose
 /// and covered by tests.
 class Context : public Utils::NonAssignable {
 public:
